@@ -1,0 +1,16 @@
+# What a packager may set. Every default is neutral.
+
+set(CORVANE_BUILD_NUMBER "1" CACHE STRING "The build number shown behind the version")
+set(CORVANE_WEB_PAGE "https://corvane.example/" CACHE STRING "The product's web page")
+set(CORVANE_HOST_NAME "corvane.example" CACHE STRING "The host name shown for the web page")
+set(CORVANE_DONATION_PAGE "https://corvane.example/donate" CACHE STRING "The donation page")
+set(CORVANE_MAKER_PAGE "https://corvane.example/authors" CACHE STRING "The maker's web site")
+set(CORVANE_CREDIT "Made by the Corvane authors" CACHE STRING "The credit line")
+
+option(CORVANE_TESTS "Build the tests" ON)
+set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with: address, thread or none")
+
+set(CMAKE_CXX_STANDARD 23)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)

@@ -1,0 +1,14 @@
+# Warnings are errors, for the project's own code only.
+
+add_library(corvane_warnings INTERFACE)
+target_compile_options(corvane_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+    -Wold-style-cast -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(corvane_warnings INTERFACE
+        # Designated initialisers leave the rest at its defaults on purpose.
+        -Wno-missing-field-initializers
+        -Wduplicated-cond -Wlogical-op -Wuseless-cast)
+else()
+    target_compile_options(corvane_warnings INTERFACE -Wno-missing-designated-field-initializers)
+endif()

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "support/Geometry.h"
+
+#include <string>
+
+namespace corvane {
+
+/// A rectangle as it is stored.
+struct CodableRect {
+    double x = 0;
+    double y = 0;
+    double width = 0;
+    double height = 0;
+
+    CodableRect() = default;
+    CodableRect(double x, double y, double width, double height)
+        : x(x),
+          y(y),
+          width(width),
+          height(height) {}
+    explicit CodableRect(const Rectangle &rectangle)
+        : CodableRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height) {}
+
+    bool operator==(const CodableRect &) const = default;
+
+    Rectangle rectangle() const { return {x, y, width, height}; }
+
+    /// "300×200": width and height truncated to whole numbers. A size that is not finite or beyond
+    /// 64 bits is a programming error and stops the program.
+    std::string sizeLabel() const;
+};
+
+} // namespace corvane

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "support/Geometry.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane::platform {
+
+/// A window of another application. Main thread. Each read may fail on its own: the window may be
+/// gone.
+class AccessibilityWindow {
+  public:
+    virtual ~AccessibilityWindow() = default;
+
+    /// Valid UTF-8.
+    virtual std::optional<std::string> title() = 0;
+    /// Global display space.
+    virtual std::optional<Point> position() = 0;
+    virtual std::optional<Size> size() = 0;
+};
+
+/// The right to act on other applications, and their windows. Main thread.
+class Accessibility {
+  public:
+    virtual ~Accessibility() = default;
+
+    /// Whether clicks can reach other applications at this moment.
+    virtual bool isProcessTrusted() = 0;
+
+    /// The same, asking the user for the right where the system has a prompt for it.
+    virtual bool isProcessTrustedWithPrompt() = 0;
+
+    /// The application's windows in the order it gives them; nothing when they cannot be read.
+    virtual std::optional<std::vector<std::unique_ptr<AccessibilityWindow>>>
+    windows(std::int32_t processIdentifier) = 0;
+};
+
+} // namespace corvane::platform

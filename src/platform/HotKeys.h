@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <expected>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace corvane::platform {
+
+/// A key combination, in the system's numbers.
+struct HotKey {
+    std::uint32_t keyCode = 0;
+    std::uint32_t modifiers = 0;
+    std::uint32_t signature = 0;
+    std::uint32_t id = 0;
+
+    bool operator==(const HotKey &) const = default;
+};
+
+/// Holds a hot key or its handler; destroying it gives it back.
+class HotKeyReference {
+  public:
+    virtual ~HotKeyReference() = default;
+};
+
+/// The status of a refused registration, as the system numbers it.
+using HotKeyStatus = std::int32_t;
+
+/// System-wide keyboard shortcuts. Main thread.
+class HotKeys {
+  public:
+    virtual ~HotKeys() = default;
+
+    /// The facility's name for log lines.
+    virtual std::string_view mechanism() const = 0;
+
+    /// Calls `pressed` on the main thread, once for each press of the registered hot key however
+    /// long it is held, until the reference is destroyed.
+    virtual std::expected<std::unique_ptr<HotKeyReference>, HotKeyStatus>
+    installHandler(std::function<void()> pressed) = 0;
+
+    /// Fails when another program owns the combination or the keyboard has no such key.
+    virtual std::expected<std::unique_ptr<HotKeyReference>, HotKeyStatus>
+    registerHotKey(const HotKey &hotKey) = 0;
+};
+
+} // namespace corvane::platform

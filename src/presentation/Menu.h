@@ -1,0 +1,55 @@
+#pragma once
+
+#include "presentation/Symbol.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane {
+
+/// A command as a menu item sends it.
+struct MenuCommand {
+    /// Selector-style name, "startClicking:".
+    std::string action;
+    /// What the item stands for, such as a profile's id; empty for none.
+    std::string representedObject{};
+
+    bool operator==(const MenuCommand &) const = default;
+};
+
+/// Who answers an item's action.
+enum class MenuTarget { none, appDelegate };
+
+/// One line of a menu.
+struct MenuItem {
+    /// May hold a tab: what follows it is a hint shown at the trailing edge.
+    std::string title;
+    /// Empty for an item that does nothing.
+    std::string action{};
+    MenuTarget target = MenuTarget::none;
+    /// The key that performs the item together with Command while the menu has the keyboard; empty
+    /// for none.
+    std::string commandKey{};
+    std::optional<Symbol> image{};
+    bool isEnabled = true;
+    /// A check mark.
+    bool isOn = false;
+    bool isSeparator = false;
+    std::string representedObject{};
+    /// Absent for an item without a submenu.
+    std::optional<std::vector<MenuItem>> submenu{};
+
+    bool operator==(const MenuItem &) const = default;
+
+    static MenuItem separator() { return {.title = "", .isSeparator = true}; }
+};
+
+/// A whole menu, top to bottom.
+struct Menu {
+    std::vector<MenuItem> items;
+
+    bool operator==(const Menu &) const = default;
+};
+
+} // namespace corvane

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "model/CorvaneConfig.h"
+#include "services/DynamicZoneRect.h"
+#include "support/Geometry.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace corvane {
+
+namespace platform {
+class ContinuousClock;
+class MouseEvents;
+} // namespace platform
+
+/// Makes the clicks: one loop on a thread of its own for each run. Operations are done one at a
+/// time.
+class ClickerService {
+  public:
+    /// Called on the run's thread with the running count and the click's place in global display
+    /// space.
+    using ClickCallback = std::function<void(std::int64_t count, Point point)>;
+    /// Called on the run's thread when the limit is reached; never after a cancellation.
+    using FinishCallback = std::function<void()>;
+
+    ClickerService(platform::MouseEvents &mouseEvents, platform::ContinuousClock &clock);
+    /// Ends and awaits every run.
+    ~ClickerService();
+
+    /// Cancels a run under way and begins a new one with a copy of `config`; waits for no click.
+    void start(const CorvaneConfig &config, std::shared_ptr<DynamicZoneRect> dynamicZone,
+               ClickCallback onClick, FinishCallback onFinish);
+
+    /// Cancels the run under way, if any; it ends by itself within the click it is making.
+    void stop();
+
+    /// Waits until every cancelled or finished run has ended its thread.
+    void awaitEnd();
+
+  private:
+    class Run;
+
+    platform::MouseEvents &mouseEvents_;
+    platform::ContinuousClock &clock_;
+    std::mutex mutex_;
+    std::shared_ptr<Run> clickTask_;
+    std::vector<std::shared_ptr<Run>> endingRuns_;
+};
+
+} // namespace corvane

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/ProfileStore.h"
+#include "support/Failure.h"
+
+#include <filesystem>
+#include <mutex>
+
+namespace corvane {
+
+namespace platform {
+class FileSystem;
+}
+
+/// Reads and writes the profiles file. Operations are done one at a time; any thread.
+class ProfileService {
+  public:
+    ProfileService(platform::FileSystem &files, const std::filesystem::path &homeDirectory);
+
+    const std::filesystem::path &profilesFileURL() const { return profilesFileURL_; }
+
+    /// An empty store where there is no file.
+    Outcome<ProfileStore> load();
+
+    Outcome<> save(const ProfileStore &store);
+
+  private:
+    platform::FileSystem &files_;
+    const std::filesystem::path configDir_;
+    const std::filesystem::path profilesFileURL_;
+    std::mutex mutex_;
+};
+
+} // namespace corvane

@@ -1,0 +1,66 @@
+#include "support/Log.h"
+
+#include <array>
+#include <ctime>
+#include <string>
+#include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace corvane {
+
+namespace {
+
+std::function<void(std::string_view)> &logSink() {
+    static std::function<void(std::string_view)> sink;
+    return sink;
+}
+
+std::string timeStamp() {
+    const std::time_t now = std::time(nullptr);
+    std::tm utc{};
+    gmtime_r(&now, &utc);
+    std::array<char, 64> text{};
+    const std::size_t length =
+        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S +0000", &utc);
+    return {text.data(), length};
+}
+
+bool isRegularFile(int descriptor) {
+    struct stat status{};
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
+} // namespace
+
+void log(std::string_view message) {
+    if (logSink()) {
+        logSink()(message);
+    } else {
+        appendLogLine(logPath, message);
+    }
+}
+
+void appendLogLine(const char *path, std::string_view message) {
+    constexpr mode_t defaultAttributes = 0666;
+    // Anyone may have put something else under this name in a shared directory: a link is not
+    // followed and a pipe is not waited for.
+    const int descriptor =
+        open(path, O_WRONLY | O_CREAT | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC | O_NOCTTY,
+             defaultAttributes);
+    if (descriptor < 0) {
+        return;
+    }
+    if (isRegularFile(descriptor)) {
+        const std::string line = timeStamp().append(" ").append(message).append("\n");
+        // One write of the whole line, so that lines of several threads and processes stay whole.
+        [[maybe_unused]] const ssize_t written = write(descriptor, line.data(), line.size());
+    }
+    close(descriptor);
+}
+
+void useLogSink(std::function<void(std::string_view)> sink) { logSink() = std::move(sink); }
+
+} // namespace corvane
