@@ -1,0 +1,44 @@
+#include "support/Geometry.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+TEST(Geometry, MinimumEdgesAreInsideAndMaximumEdgesOutside) {
+    const Rectangle zone{10, 20, 30, 40};
+    EXPECT_TRUE(zone.contains({10, 20}));
+    EXPECT_TRUE(zone.contains({39.9, 59.9}));
+    EXPECT_FALSE(zone.contains({40, 30}));
+    EXPECT_FALSE(zone.contains({20, 60}));
+    EXPECT_FALSE(zone.contains({9.9, 30}));
+}
+
+TEST(Geometry, AnEmptyRectangleContainsNothing) {
+    EXPECT_FALSE((Rectangle{10, 20, 0, 40}).contains({10, 20}));
+    EXPECT_FALSE((Rectangle{10, 20, 30, 0}).contains({10, 20}));
+}
+
+TEST(Geometry, ANegativeSizeMeansTheMirroredArea) {
+    const Rectangle zone{40, 60, -30, -40};
+    EXPECT_TRUE(zone.contains({10, 20}));
+    EXPECT_FALSE(zone.contains({40, 60}));
+}
+
+TEST(Geometry, FlipsBetweenTheSpacesEitherWay) {
+    const Rectangle onScreen{100, 200, 300, 150};
+    const Rectangle global = flipped(onScreen, 1080);
+    EXPECT_EQ(global, (Rectangle{100, 730, 300, 150}));
+    EXPECT_EQ(flipped(global, 1080), onScreen);
+    EXPECT_EQ(flipped(Point{300, 100}, 1080), (Point{300, 980}));
+}
+
+TEST(Geometry, SpansTwoPointsInAnyOrder) {
+    const Rectangle expected{1, 2, 3, 4};
+    EXPECT_EQ(Rectangle::spanning({1, 2}, {4, 6}), expected);
+    EXPECT_EQ(Rectangle::spanning({4, 6}, {1, 2}), expected);
+    EXPECT_EQ(Rectangle::spanning({1, 6}, {4, 2}), expected);
+}
+
+} // namespace
+} // namespace corvane
