@@ -1,19 +1,19 @@
 #pragma once
 
-#include "app/AppState.h"
 #include "app/HotkeyService.h"
-#include "app/SharedServices.h"
-#include "overlay/RippleWindow.h"
-#include "overlay/ZoneOverlayWindow.h"
+#include "model/ClickMode.h"
+#include "model/CorvaneConfig.h"
 #include "presentation/Menu.h"
-#include "services/DynamicZoneRect.h"
 #include "services/ZonePickerService.h"
+#include "support/Geometry.h"
 #include "ui/StatusBarController.h"
 
 #include <cstdint>
-#include <list>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
+#include <utility>
 
 namespace corvane {
 
@@ -22,24 +22,36 @@ class Platform;
 class Timer;
 } // namespace platform
 class AnchorTracking;
+class AppState;
+class DynamicZoneRect;
+class RippleWindow;
+class ZoneOverlayWindow;
+struct SharedServices;
 
 /// The surface every command arrives at, and the owner of the user-interface objects. Main thread.
 ///
-/// One source file a subject: AppDelegate (the command table), AppDelegate+Launch,
-/// AppDelegate+RunControl, AppDelegate+ZoneSelection, AppDelegate+Profiles, AppDelegate+Settings.
-class AppDelegate {
+/// Each subject has a source file of its own: AppDelegate (the command table), AppDelegate+Launch,
+/// AppDelegate+RunControl, AppDelegate+ZoneSelection.
+class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
   public:
+    /// Both outlive the delegate.
     AppDelegate(platform::Platform &platform, SharedServices &shared);
     ~AppDelegate();
 
+    AppDelegate(const AppDelegate &) = delete;
+    AppDelegate &operator=(const AppDelegate &) = delete;
+
+    /// Shows the status item at once, then loads the files and registers the hot key.
     void applicationDidFinishLaunching();
+
+    /// Stops clicking and gives the hot key back.
     void applicationWillTerminate();
+
+    /// The user started the program again while it runs: shows where it is.
+    void applicationShouldHandleReopen();
 
     /// Carries out a menu command by its name; an unknown one does nothing.
     void perform(const MenuCommand &command);
-
-    /// The user started the program again while it runs: shows that it is there.
-    void applicationShouldHandleReopen();
 
     void startClicking();
     void stopClicking();
@@ -50,32 +62,59 @@ class AppDelegate {
     void openAccessibilitySettings();
 
   private:
+    /// A callback that does nothing once the delegate is gone.
+    template <typename Work>
+    auto weakly(Work work) {
+        return [held = weak_from_this(), work = std::move(work)](const auto &...arguments) {
+            if (const auto self = held.lock()) {
+                work(*self, arguments...);
+            }
+        };
+    }
+
+    void terminate();
+    void refreshStatusBar();
+
     void finishLaunching();
+    void startAccessibilityPolling(std::function<void(bool isTrusted)> callback);
+    void accessibilityChecked(bool isTrusted);
     void registerHotkey();
-    void startAccessibilityPolling();
-    void accessibilityChecked(bool isGranted);
+
+    /// A start under way: what it will run with.
+    struct RunPlan {
+        CorvaneConfig config;
+        /// Present when the zone follows a window.
+        std::shared_ptr<DynamicZoneRect> dynamicZone{};
+    };
 
     void startRun();
     void stopRun();
-    bool isAllowedToStart();
-    void beginRun(CorvaneConfig config, std::shared_ptr<DynamicZoneRect> dynamicZone);
+    bool checkPermissionToStart();
+    std::optional<RunPlan> planRun();
+    bool continueAtLastPosition(const WindowAnchor &anchor);
+    void followWindow(const WindowAnchor &anchor, std::shared_ptr<DynamicZoneRect> dynamicZone);
+    void beginRun(const RunPlan &plan);
     void runProgressed(std::int64_t count, Point point);
+    void showZoneOverlay(const Rectangle &zone);
     void showRipple(Point point);
     std::optional<double> primaryScreenHeight() const;
     void setMode(ClickMode mode);
-    void refreshStatusBar();
+
+    void pickZone();
+    void zonePicked(const std::optional<ZonePickResult> &result);
 
     platform::Platform &platform_;
-    AppState &appState_;
     SharedServices &shared_;
+    AppState &appState_;
     HotkeyService hotkeyService_;
     StatusBarController statusBarController_;
     std::unique_ptr<ZoneOverlayWindow> zoneOverlayWindow_;
     std::unique_ptr<AnchorTracking> anchorTrackingTask_;
     std::unique_ptr<platform::Timer> accessibilityPollTimer_;
-    std::list<RippleWindow> ripples_;
-    /// Held weakly by every callback that may come later than the delegate's end.
-    std::shared_ptr<AppDelegate *> self_;
+    std::set<std::shared_ptr<RippleWindow>> rippleWindows_;
+    /// Tells the callbacks of the present run from late ones of the runs before it.
+    std::uint64_t runNumber_ = 0;
+    bool isAskingToStart_ = false;
 };
 
 } // namespace corvane

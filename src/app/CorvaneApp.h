@@ -2,7 +2,8 @@
 
 #include "app/AppDelegate.h"
 #include "app/SharedServices.h"
-#include "presentation/Menu.h"
+
+#include <memory>
 
 namespace corvane {
 
@@ -18,13 +19,11 @@ class CorvaneApp {
     explicit CorvaneApp(platform::Platform &platform);
     ~CorvaneApp();
 
-    void applicationDidFinishLaunching() { appDelegate_.applicationDidFinishLaunching(); }
-    void applicationWillTerminate() { appDelegate_.applicationWillTerminate(); }
-    void applicationShouldHandleReopen() { appDelegate_.applicationShouldHandleReopen(); }
+    AppDelegate &appDelegate() { return *appDelegate_; }
 
   private:
     SharedServices shared_;
-    AppDelegate appDelegate_;
+    std::shared_ptr<AppDelegate> appDelegate_;
 };
 
 } // namespace corvane

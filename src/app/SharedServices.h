@@ -14,9 +14,9 @@ namespace platform {
 class Platform;
 }
 
-/// The one instance of each service in the program, kept for its life.
-class SharedServices {
-  public:
+/// The one instance of each service in the program, kept for its life. Destroying it ends every run
+/// and finishes every save.
+struct SharedServices {
     explicit SharedServices(platform::Platform &platform);
 
     ConfigService configService;
@@ -24,12 +24,8 @@ class SharedServices {
     ClickerService clickerService;
     WindowResolver windowResolver;
     ZonePickerService zonePickerService;
-
-  private:
-    /// Does the stores' file work; finishes all of it before the stores go.
-    SerialQueue storeQueue_;
-
-  public:
+    /// Does the stores' file work; goes before they do, when all of it is finished.
+    SerialQueue storeQueue;
     AppState appState;
 };
 

@@ -13,14 +13,9 @@ struct CodableRect {
     double width = 0;
     double height = 0;
 
-    CodableRect() = default;
-    CodableRect(double x, double y, double width, double height)
-        : x(x),
-          y(y),
-          width(width),
-          height(height) {}
-    explicit CodableRect(const Rectangle &rectangle)
-        : CodableRect(rectangle.x, rectangle.y, rectangle.width, rectangle.height) {}
+    static CodableRect of(const Rectangle &rectangle) {
+        return {rectangle.x, rectangle.y, rectangle.width, rectangle.height};
+    }
 
     bool operator==(const CodableRect &) const = default;
 

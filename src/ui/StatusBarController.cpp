@@ -1,0 +1,155 @@
+#include "ui/StatusBarController.h"
+
+#include "app/AppState.h"
+#include "platform/StatusBar.h"
+#include "support/Localised.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+constexpr double iconPointSize = 14;
+constexpr double menuSymbolPointSize = 13;
+constexpr double dotDiameter = 7;
+constexpr double dotTrailingGap = 1;
+constexpr double dotTop = 2;
+constexpr const char *hotkeySuffix = "\t⇧⌘Y";
+
+MenuItem information(std::string title) { return {.title = std::move(title), .isEnabled = false}; }
+
+MenuItem command(std::string title, std::string action, bool isEnabled) {
+    return {.title = std::move(title),
+            .action = std::move(action),
+            .target = MenuTarget::appDelegate,
+            .isEnabled = isEnabled};
+}
+
+MenuItem withImage(MenuItem item, std::string symbol) {
+    item.image = Symbol{.name = std::move(symbol), .pointSize = menuSymbolPointSize};
+    return item;
+}
+
+MenuItem checked(MenuItem item, bool isOn) {
+    item.isOn = isOn;
+    return item;
+}
+
+std::string zoneTitle(const CorvaneConfig &config, platform::Applications &applications) {
+    std::string title = localised("Defined Zone");
+    if (config.clickMode == ClickMode::zone && config.zoneRect) {
+        title += " (" + config.zoneRect->sizeLabel() + ")";
+        if (config.windowAnchor) {
+            title += " (" + config.windowAnchor->appName(applications) + ")";
+        }
+    }
+    return title;
+}
+
+std::string rateLine(const CorvaneConfig &config) {
+    return localised("Rate: ") + std::to_string(config.clickRate) + "/" +
+           std::string(storedValue(config.timeUnit)) + " — " + config.maxClicksLabel();
+}
+
+MenuItem startOrStopItem(bool isRunning, bool isGranted) {
+    return isRunning
+               ? withImage(command(localised("Stop") + hotkeySuffix, "stopClicking:", true),
+                           "stop.fill")
+               : withImage(command(localised("Start") + hotkeySuffix, "startClicking:", isGranted),
+                           "play.fill");
+}
+
+std::vector<MenuItem> profilesSubmenu(const AppState &state, bool isIdle) {
+    std::vector<MenuItem> items;
+    for (const Profile &profile : state.profiles) {
+        MenuItem item = checked(command(profile.name, "loadProfile:", isIdle),
+                                state.activeProfileID == profile.id);
+        item.representedObject = profile.id.text();
+        items.push_back(std::move(item));
+    }
+    if (items.empty()) {
+        items.push_back(information(localised("No profiles")));
+    }
+    items.push_back(MenuItem::separator());
+    items.push_back(withImage(
+        command(localised("Save current config..."), "saveAsProfile:", isIdle), "plus.circle"));
+    return items;
+}
+
+} // namespace
+
+StatusBarController::StatusBarController(const AppState &appState,
+                                         platform::Applications &applications)
+    : appState_(appState),
+      applications_(applications) {}
+
+StatusBarController::~StatusBarController() = default;
+
+void StatusBarController::updateIcon() {
+    const auto button = statusItem ? statusItem->buttonSize() : std::nullopt;
+    if (!button) {
+        return;
+    }
+    StatusIcon icon{.image = {.name = "cursorarrow.click.2",
+                              .pointSize = iconPointSize,
+                              .description = "Corvane"},
+                    .title = ""};
+    if (appState_.status == ClickStatus::running) {
+        icon.dot = StatusDot{.frame = {button->width - dotDiameter - dotTrailingGap, dotTop,
+                                       dotDiameter, dotDiameter},
+                             .cornerRadius = dotDiameter / 2,
+                             .colour = {ColourName::systemGreen}};
+    }
+    statusItem->setIcon(icon);
+}
+
+void StatusBarController::rebuildMenu() {
+    if (statusItem) {
+        statusItem->setMenu(menu());
+    }
+}
+
+Menu StatusBarController::menu() const {
+    const CorvaneConfig &config = appState_.config;
+    const bool isRunning = appState_.status == ClickStatus::running;
+    const bool isZoneMode = config.clickMode == ClickMode::zone;
+
+    std::vector<MenuItem> items;
+    items.push_back(information(appState_.statusText()));
+    if (!appState_.isAccessibilityGranted) {
+        items.push_back(withImage(command(localised("Open Accessibility Settings..."),
+                                          "openAccessibilitySettings:", true),
+                                  "lock.shield"));
+    }
+    items.push_back(MenuItem::separator());
+    items.push_back(startOrStopItem(isRunning, appState_.isAccessibilityGranted));
+    items.push_back(MenuItem::separator());
+    items.push_back(
+        checked(command(localised("Free Cursor"), "setModeCursor:", !isRunning), !isZoneMode));
+    items.push_back(
+        checked(command(zoneTitle(config, applications_), "setModeZone:", !isRunning), isZoneMode));
+    if (isZoneMode) {
+        items.push_back(withImage(command(localised("Define zone..."), "selectZone:", !isRunning),
+                                  "rectangle.dashed"));
+    }
+    items.push_back(MenuItem::separator());
+    items.push_back(information(rateLine(config)));
+    items.push_back(MenuItem::separator());
+    items.push_back(withImage(
+        {.title = localised("Profiles"), .submenu = profilesSubmenu(appState_, !isRunning)},
+        "person.crop.rectangle.stack"));
+    items.push_back(MenuItem::separator());
+    MenuItem settings =
+        withImage(command(localised("Settings..."), "showConfig:", !isRunning), "gearshape");
+    settings.commandKey = ",";
+    items.push_back(std::move(settings));
+    items.push_back(
+        {.title = localised("Quit Corvane"), .action = "terminate:", .commandKey = "q"});
+    return {std::move(items)};
+}
+
+} // namespace corvane
