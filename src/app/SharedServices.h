@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/AppState.h"
 #include "services/ClickerService.h"
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
 #include "services/WindowResolver.h"
 #include "services/ZonePickerService.h"
+#include "state/AppState.h"
 #include "support/SerialQueue.h"
 
 namespace corvane {

@@ -1,7 +1,7 @@
 #include "ui/StatusBarController.h"
 
-#include "app/AppState.h"
 #include "platform/StatusBar.h"
+#include "state/AppState.h"
 #include "support/Localised.h"
 
 #include <optional>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/ClickStatus.h"
 #include "model/CorvaneConfig.h"
 #include "model/Profile.h"
+#include "state/ClickStatus.h"
 
 #include <cstdint>
 #include <functional>
