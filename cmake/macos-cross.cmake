@@ -32,5 +32,10 @@ set(CMAKE_INSTALL_NAME_TOOL llvm-install-name-tool-19)
 set(CMAKE_EXE_LINKER_FLAGS_INIT
     "-fuse-ld=lld -nostdlib -Wl,-undefined,dynamic_lookup -lobjc")
 
+if(NOT EXISTS "${MACOS_SDK}/System/Library/Frameworks/ServiceManagement.framework")
+    set(CMAKE_OBJCXX_FLAGS_INIT "-iframework ${CMAKE_CURRENT_LIST_DIR}/macos-cross")
+    string(APPEND CMAKE_EXE_LINKER_FLAGS_INIT " -F${CMAKE_CURRENT_LIST_DIR}/macos-cross")
+endif()
+
 set(CMAKE_FIND_ROOT_PATH "${MACOS_SDK}")
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

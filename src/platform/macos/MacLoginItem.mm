@@ -1,0 +1,40 @@
+#import "platform/macos/MacLoginItem.h"
+
+#import "platform/macos/Text.h"
+
+#import <ServiceManagement/ServiceManagement.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+Outcome<> outcome(BOOL isDone, NSError *error) {
+    if (isDone) {
+        return {};
+    }
+    return std::unexpected(Failure{error == nil ? "" : utf8(error.localizedDescription)});
+}
+
+} // namespace
+
+bool MacLoginItem::isEnabled() const {
+    return SMAppService.mainAppService.status == SMAppServiceStatusEnabled;
+}
+
+Outcome<> MacLoginItem::registerItem() {
+    NSError *error = nil;
+    const BOOL isDone = [SMAppService.mainAppService registerAndReturnError:&error];
+    return outcome(isDone, error);
+}
+
+Outcome<> MacLoginItem::unregisterItem() {
+    NSError *error = nil;
+    const BOOL isDone = [SMAppService.mainAppService unregisterAndReturnError:&error];
+    return outcome(isDone, error);
+}
+
+} // namespace corvane::macos

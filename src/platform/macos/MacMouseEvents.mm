@@ -1,0 +1,113 @@
+#import "platform/macos/MacMouseEvents.h"
+
+#import "platform/macos/CFReference.h"
+#import "platform/macos/Geometry.h"
+
+#import <ApplicationServices/ApplicationServices.h>
+#import <Foundation/Foundation.h>
+
+#include <utility>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+// A click thread has no run loop that would empty an autorelease pool: each operation has its own.
+
+CGEventType systemType(platform::MouseEventType type) {
+    switch (type) {
+    case platform::MouseEventType::leftMouseDown:
+        return kCGEventLeftMouseDown;
+    case platform::MouseEventType::leftMouseUp:
+        return kCGEventLeftMouseUp;
+    }
+}
+
+class MacMouseEvent : public platform::MouseEvent {
+  public:
+    explicit MacMouseEvent(CFReference<CGEventRef> event) : event_(std::move(event)) {}
+
+    void setClickState(std::int64_t state) override {
+        @autoreleasepool {
+            CGEventSetIntegerValueField(event_.get(), kCGMouseEventClickState, state);
+        }
+    }
+
+    void post() override {
+        @autoreleasepool {
+            CGEventPost(kCGHIDEventTap, event_.get());
+        }
+    }
+
+  private:
+    CFReference<CGEventRef> event_;
+};
+
+class MacMouseEventSource : public platform::MouseEventSource {
+  public:
+    explicit MacMouseEventSource(CFReference<CGEventSourceRef> source)
+        : source_(std::move(source)) {}
+
+    std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
+                                                           Point location) override {
+        @autoreleasepool {
+            CFReference event(CGEventCreateMouseEvent(source_.get(), systemType(type),
+                                                      systemPoint(location), kCGMouseButtonLeft));
+            return event ? std::make_unique<MacMouseEvent>(std::move(event)) : nullptr;
+        }
+    }
+
+  private:
+    CFReference<CGEventSourceRef> source_;
+};
+
+class MacMouseSession : public platform::MouseSession {
+  public:
+    MacMouseSession() {
+        @autoreleasepool {
+            // While it is held, the system neither naps this program nor stretches its timers.
+            activity_ = [NSProcessInfo.processInfo
+                beginActivityWithOptions:NSActivityUserInitiated | NSActivityLatencyCritical
+                                  reason:@"Clicking"];
+        }
+    }
+    MacMouseSession(const MacMouseSession &) = delete;
+    MacMouseSession &operator=(const MacMouseSession &) = delete;
+    ~MacMouseSession() override {
+        @autoreleasepool {
+            [NSProcessInfo.processInfo endActivity:activity_];
+        }
+    }
+
+    std::optional<Point> cursorLocation() override {
+        @autoreleasepool {
+            const CFReference event(CGEventCreate(nullptr));
+            if (!event) {
+                return std::nullopt;
+            }
+            return portablePoint(CGEventGetLocation(event.get()));
+        }
+    }
+
+    std::unique_ptr<platform::MouseEventSource> createEventSource() override {
+        @autoreleasepool {
+            CFReference source(CGEventSourceCreate(kCGEventSourceStateHIDSystemState));
+            return source ? std::make_unique<MacMouseEventSource>(std::move(source)) : nullptr;
+        }
+    }
+
+  private:
+    id<NSObject> activity_;
+};
+
+} // namespace
+
+std::unique_ptr<platform::MouseSession> MacMouseEvents::openSession() {
+    return std::make_unique<MacMouseSession>();
+}
+
+} // namespace corvane::macos

@@ -1,0 +1,88 @@
+#import "platform/macos/MacWindowList.h"
+
+#import "platform/macos/CFReference.h"
+#import "platform/macos/Text.h"
+
+#import <AppKit/AppKit.h>
+
+#include <limits>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+/// Nothing when the entry is missing or of another kind.
+id entryOf(NSDictionary *dictionary, NSString *key, Class kind) {
+    NSObject *object = dictionary[key];
+    return [object isKindOfClass:kind] ? object : nil;
+}
+
+NSNumber *number(NSDictionary *dictionary, NSString *key) {
+    return entryOf(dictionary, key, NSNumber.class);
+}
+
+std::optional<std::int64_t> integer(NSNumber *value) {
+    if (value == nil || CFNumberIsFloatType((__bridge CFNumberRef)value)) {
+        return std::nullopt;
+    }
+    return value.longLongValue;
+}
+
+std::optional<std::int32_t> processIdentifier(NSNumber *owner) {
+    const auto value = integer(owner);
+    if (!value || *value < std::numeric_limits<std::int32_t>::min() ||
+        *value > std::numeric_limits<std::int32_t>::max()) {
+        return std::nullopt;
+    }
+    return static_cast<std::int32_t>(*value);
+}
+
+std::optional<Rectangle> bounds(NSDictionary *dictionary) {
+    NSNumber *x = number(dictionary, @"X");
+    NSNumber *y = number(dictionary, @"Y");
+    NSNumber *width = number(dictionary, @"Width");
+    NSNumber *height = number(dictionary, @"Height");
+    if (x == nil || y == nil || width == nil || height == nil) {
+        return std::nullopt;
+    }
+    return Rectangle{x.doubleValue, y.doubleValue, width.doubleValue, height.doubleValue};
+}
+
+std::optional<std::string> portableText(NSString *text) {
+    return text == nil ? std::nullopt : std::optional(utf8(text));
+}
+
+platform::WindowListEntry entry(NSDictionary *window) {
+    NSString *const boundsKey = (__bridge NSString *)kCGWindowBounds;
+    NSString *const ownerKey = (__bridge NSString *)kCGWindowOwnerPID;
+    NSString *const nameKey = (__bridge NSString *)kCGWindowName;
+    NSString *const layerKey = (__bridge NSString *)kCGWindowLayer;
+    return {.bounds = bounds(entryOf(window, boundsKey, NSDictionary.class)),
+            .ownerProcessIdentifier = processIdentifier(number(window, ownerKey)),
+            .name = portableText(entryOf(window, nameKey, NSString.class)),
+            .layer = integer(number(window, layerKey))};
+}
+
+} // namespace
+
+std::optional<std::vector<platform::WindowListEntry>> MacWindowList::onScreenWindows() {
+    const CFReference list(CGWindowListCopyWindowInfo(
+        kCGWindowListOptionOnScreenOnly | kCGWindowListExcludeDesktopElements, kCGNullWindowID));
+    if (!list) {
+        return std::nullopt;
+    }
+    std::vector<platform::WindowListEntry> entries;
+    for (NSObject *window in (__bridge NSArray *)list.get()) {
+        if (![window isKindOfClass:NSDictionary.class]) {
+            return std::nullopt;
+        }
+        entries.push_back(entry(static_cast<NSDictionary *>(window)));
+    }
+    return entries;
+}
+
+} // namespace corvane::macos
