@@ -1,0 +1,62 @@
+#include "platform/linux/DescriptorWait.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <ctime>
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/timerfd.h>
+
+namespace corvane::x11 {
+
+DescriptorWait::DescriptorWait(platform::ContinuousClock &clock)
+    : clock_(clock),
+      timer_(timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
+      wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
+
+void DescriptorWait::waitUntil(platform::Instant deadline) {
+    // A timer set to zero would never fire.
+    if (isCancelled_ || deadline <= clock_.now()) {
+        return;
+    }
+    if (wakeUp_.isOpen() && setTimer(deadline)) {
+        waitForDescriptors();
+    } else {
+        waitInSlices(deadline);
+    }
+}
+
+void DescriptorWait::cancel() {
+    isCancelled_ = true;
+    eventfd_write(wakeUp_.get(), 1);
+}
+
+bool DescriptorWait::setTimer(platform::Instant deadline) const {
+    const auto whole = std::chrono::floor<std::chrono::seconds>(deadline);
+    const itimerspec setting{
+        .it_interval = {},
+        .it_value = {.tv_sec = whole.count(), .tv_nsec = (deadline - whole).count()}};
+    return timerfd_settime(timer_.get(), TFD_TIMER_ABSTIME, &setting, nullptr) == 0;
+}
+
+void DescriptorWait::waitForDescriptors() const {
+    std::array<pollfd, 2> descriptors{{{.fd = timer_.get(), .events = POLLIN, .revents = 0},
+                                       {.fd = wakeUp_.get(), .events = POLLIN, .revents = 0}}};
+    while (poll(descriptors.data(), descriptors.size(), -1) < 0 && errno == EINTR) {
+    }
+}
+
+void DescriptorWait::waitInSlices(platform::Instant deadline) const {
+    constexpr auto slice = std::chrono::milliseconds(5);
+    while (!isCancelled_) {
+        const auto left = deadline - clock_.now();
+        if (left <= left.zero()) {
+            return;
+        }
+        clock_.hold(std::min<std::chrono::nanoseconds>(left, slice));
+    }
+}
+
+} // namespace corvane::x11

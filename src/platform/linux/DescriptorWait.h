@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/ContinuousClock.h"
+#include "platform/posix/FileDescriptor.h"
+
+#include <atomic>
+
+namespace corvane::x11 {
+
+/// A wait on a timer descriptor and an event descriptor. Without descriptors to be had it sleeps in
+/// short slices instead.
+class DescriptorWait : public platform::CancellableWait {
+  public:
+    /// The clock outlives the wait.
+    explicit DescriptorWait(platform::ContinuousClock &clock);
+
+    void waitUntil(platform::Instant deadline) override;
+    void cancel() override;
+    bool isCancelled() const override { return isCancelled_; }
+
+  private:
+    bool setTimer(platform::Instant deadline) const;
+    void waitForDescriptors() const;
+    void waitInSlices(platform::Instant deadline) const;
+
+    platform::ContinuousClock &clock_;
+    const posix::FileDescriptor timer_;
+    const posix::FileDescriptor wakeUp_;
+    std::atomic<bool> isCancelled_ = false;
+};
+
+} // namespace corvane::x11

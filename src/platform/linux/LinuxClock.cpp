@@ -1,0 +1,44 @@
+#include "platform/linux/LinuxClock.h"
+
+#include "platform/linux/DescriptorWait.h"
+
+#include <cerrno>
+#include <ctime>
+
+#include <sys/prctl.h>
+
+namespace corvane::x11 {
+
+namespace {
+
+using std::chrono::nanoseconds;
+using std::chrono::seconds;
+
+/// Ends sleeps of the calling thread at their time; by default the kernel may gather them.
+void sleepPrecisely() { prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL); }
+
+timespec timespecOf(platform::Instant instant) {
+    const auto whole = std::chrono::floor<seconds>(instant);
+    return {.tv_sec = whole.count(), .tv_nsec = (instant - whole).count()};
+}
+
+} // namespace
+
+platform::Instant LinuxClock::now() const {
+    timespec time{};
+    clock_gettime(CLOCK_BOOTTIME, &time);
+    return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
+}
+
+void LinuxClock::hold(nanoseconds duration) {
+    const timespec deadline = timespecOf(now() + duration);
+    sleepPrecisely();
+    while (clock_nanosleep(CLOCK_BOOTTIME, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
+    }
+}
+
+std::unique_ptr<platform::CancellableWait> LinuxClock::makeWait() {
+    return std::make_unique<DescriptorWait>(*this);
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "platform/linux/KeyboardChanges.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <vector>
+
+namespace corvane::x11 {
+
+/// Key grabs on the root window.
+class LinuxHotKeys : public platform::HotKeys {
+  public:
+    /// The events outlive the hot keys; these outlive every reference.
+    explicit LinuxHotKeys(XcbEvents &events);
+
+    std::string_view mechanism() const override { return "X11"; }
+
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    installHandler(std::function<void()> pressed) override;
+
+    /// A failure's status is the X error code: 10 where another program owns the combination, 2
+    /// where the keyboard has no such key.
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    registerHotKey(const platform::HotKey &hotKey) override;
+
+  private:
+    using Handler = std::function<void()>;
+
+    void pressed();
+
+    XcbEvents &events_;
+    const KeyboardChanges keyboardChanges_;
+    std::vector<std::weak_ptr<const Handler>> handlers_;
+};
+
+} // namespace corvane::x11
