@@ -1,0 +1,25 @@
+#pragma once
+
+#include "presentation/BorderlessWindow.h"
+
+#import <AppKit/AppKit.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// A borderless window above the others.
+@interface MacOverlayWindow : NSWindow
+
+- (instancetype)initWithDescription:(const corvane::BorderlessWindow &)description
+                        contentView:(NSView *)contentView NS_DESIGNATED_INITIALIZER;
+- (instancetype)initWithContentRect:(NSRect)contentRect
+                          styleMask:(NSWindowStyleMask)style
+                            backing:(NSBackingStoreType)backing
+                              defer:(BOOL)isDeferred NS_UNAVAILABLE;
+
+@end
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,65 @@
+#import "platform/macos/MacOverlayWindows.h"
+
+#import "platform/macos/Geometry.h"
+#import "platform/macos/MacOverlayView.h"
+#import "platform/macos/MacOverlayWindow.h"
+
+#include <utility>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+class MacOverlay : public platform::NativeOverlay {
+  public:
+    MacOverlay(const BorderlessWindow &window, platform::OverlayEvents events)
+        : view_([[MacOverlayView alloc] initWithEvents:std::move(events) cursor:window.cursor]),
+          window_([[MacOverlayWindow alloc] initWithDescription:window contentView:view_]) {}
+    MacOverlay(const MacOverlay &) = delete;
+    MacOverlay &operator=(const MacOverlay &) = delete;
+    ~MacOverlay() override {
+        [view_ disconnect];
+        [window_ orderOut:nil];
+        // One of the window's own events may be under way: it lasts until that turn is over.
+        CFAutorelease(CFBridgingRetain(window_));
+    }
+
+    void orderFront() override { [window_ orderFront:nil]; }
+    void makeKeyAndOrderFront() override { [window_ makeKeyAndOrderFront:nil]; }
+    void orderOut() override { [window_ orderOut:nil]; }
+
+    void setFrame(const Rectangle &frame) override {
+        [window_ setFrame:systemRectangle(frame) display:YES];
+    }
+
+    void setDrawing(const Drawing &drawing) override { [view_ setDrawing:drawing]; }
+
+    void play(const Animation &animation, std::function<void()> completion) override {
+        const std::weak_ptr<bool> alive = alive_;
+        [view_ play:animation
+            completion:[alive, completion = std::move(completion)] {
+                if (!alive.expired()) {
+                    completion();
+                }
+            }];
+    }
+
+  private:
+    MacOverlayView *view_;
+    MacOverlayWindow *window_;
+    /// Expires with this overlay, for animations that end later.
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+};
+
+} // namespace
+
+std::unique_ptr<platform::NativeOverlay> MacOverlayWindows::create(const BorderlessWindow &window,
+                                                                   platform::OverlayEvents events) {
+    return std::make_unique<MacOverlay>(window, std::move(events));
+}
+
+} // namespace corvane::macos

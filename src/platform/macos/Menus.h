@@ -1,0 +1,29 @@
+#pragma once
+
+#include "presentation/Menu.h"
+
+#import <AppKit/AppKit.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+namespace corvane::macos {
+
+/// A new menu with the same items. Whether an item with a live target can be chosen is left to the
+/// system's automatic enabling.
+NSMenu *makeMenu(const std::vector<MenuItem> &items);
+
+/// Whether one menu can take on the other's texts and states without gaining or losing an item.
+bool haveSameShape(const std::vector<MenuItem> &items, const std::vector<MenuItem> &others);
+
+/// Changes in place what differs between `shown`, which `menu` was made from, and `newest`, which
+/// has the same shape.
+void updateMenu(NSMenu *menu, const std::vector<MenuItem> &shown,
+                const std::vector<MenuItem> &newest);
+
+} // namespace corvane::macos
+
+NS_ASSUME_NONNULL_END
