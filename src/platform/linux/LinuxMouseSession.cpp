@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxMouseSession.h"
 
+#include "platform/linux/ServerAbilities.h"
+
 #include <xcb/xtest.h>
 
 #include <algorithm>
@@ -11,12 +13,6 @@ namespace corvane::x11 {
 namespace {
 
 constexpr std::uint8_t logicalLeftButton = 1;
-
-bool offersFakeInput(const XcbConnection &connection) {
-    const xcb_query_extension_reply_t *extension =
-        xcb_get_extension_data(connection.get(), &xcb_test_id);
-    return extension != nullptr && extension->present != 0;
-}
 
 /// Presses or releases a button wherever the cursor is: the program never moves it.
 class FakeButtonEvent : public platform::MouseEvent {

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "presentation/AccessibilityGuide.h"
+
+#include <QPointer>
+
+class QDialog;
+
+namespace corvane::x11 {
+
+/// Shows a guide in a window of its own, one at a time. Main thread.
+class AccessibilityGuideWindow {
+  public:
+    AccessibilityGuideWindow() = default;
+    ~AccessibilityGuideWindow();
+
+    AccessibilityGuideWindow(const AccessibilityGuideWindow &) = delete;
+    AccessibilityGuideWindow &operator=(const AccessibilityGuideWindow &) = delete;
+
+    /// Opens the window, in place of one that is open, and gives it the keyboard.
+    void show(const AccessibilityGuide &guide);
+
+  private:
+    QPointer<QDialog> dialog_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/LoginItem.h"
+
+#include <filesystem>
+
+namespace corvane::platform {
+class FileSystem;
+}
+
+namespace corvane::x11 {
+
+/// An entry in the user's autostart directory.
+class LinuxLoginItem : public platform::LoginItem {
+  public:
+    /// `program` is the absolute path to start. The files outlive the item.
+    LinuxLoginItem(platform::FileSystem &files, const std::filesystem::path &configDirectory,
+                   std::filesystem::path program);
+
+    /// An entry that is hidden, switched off or whose program is gone is not enabled.
+    bool isEnabled() const override;
+    Outcome<> registerItem() override;
+    Outcome<> unregisterItem() override;
+
+  private:
+    platform::FileSystem &files_;
+    const std::filesystem::path entryFile_;
+    const std::filesystem::path program_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <functional>
+
+namespace corvane::x11 {
+
+/// Opens addresses through the desktop.
+class LinuxWorkspace : public platform::Workspace {
+  public:
+    /// `showAccessibilityGuide` stands in for the settings page this desktop does not have.
+    explicit LinuxWorkspace(std::function<void()> showAccessibilityGuide);
+
+    void openUrl(const std::string &url) override;
+
+  private:
+    std::function<void()> showAccessibilityGuide_;
+};
+
+} // namespace corvane::x11

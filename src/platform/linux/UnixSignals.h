@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/posix/FileDescriptor.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+
+namespace corvane::x11 {
+
+/// Turns the signals that ask a program to end (TERM, INT, HUP) into a call on the main thread, and
+/// ignores writing to a closed pipe. One at a time; needs Qt's event loop.
+class UnixSignals {
+  public:
+    explicit UnixSignals(std::function<void()> endRequested);
+    ~UnixSignals();
+
+    UnixSignals(const UnixSignals &) = delete;
+    UnixSignals &operator=(const UnixSignals &) = delete;
+
+  private:
+    void drain() const;
+
+    const std::function<void()> endRequested_;
+    posix::FileDescriptor readEnd_;
+    posix::FileDescriptor writeEnd_;
+    std::unique_ptr<QSocketNotifier> arrived_;
+};
+
+} // namespace corvane::x11

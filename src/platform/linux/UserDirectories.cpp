@@ -1,0 +1,42 @@
+#include "platform/linux/UserDirectories.h"
+
+#include <array>
+#include <cstdlib>
+#include <optional>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+namespace {
+
+std::optional<std::filesystem::path> absolutePathIn(const char *variable) {
+    const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe)
+    if (value == nullptr || !std::filesystem::path(value).is_absolute()) {
+        return std::nullopt;
+    }
+    return value;
+}
+
+std::filesystem::path homeInPasswordDatabase() {
+    passwd entry{};
+    passwd *found = nullptr;
+    std::array<char, 16384> texts{};
+    getpwuid_r(getuid(), &entry, texts.data(), texts.size(), &found);
+    const std::filesystem::path home = found != nullptr ? found->pw_dir : "";
+    return home.is_absolute() ? home : "/";
+}
+
+} // namespace
+
+std::filesystem::path homeDirectory() {
+    const auto home = absolutePathIn("HOME");
+    return home ? *home : homeInPasswordDatabase();
+}
+
+std::filesystem::path configDirectory() {
+    return absolutePathIn("XDG_CONFIG_HOME").value_or(homeDirectory() / ".config");
+}
+
+} // namespace corvane::x11
