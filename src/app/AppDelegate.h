@@ -13,6 +13,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <string>
 #include <utility>
 
 namespace corvane {
@@ -23,15 +24,17 @@ class Timer;
 } // namespace platform
 class AnchorTracking;
 class AppState;
+class ConfigWindow;
 class DynamicZoneRect;
 class RippleWindow;
+class SettingsTab;
 class ZoneOverlayWindow;
 struct SharedServices;
 
 /// The surface every command arrives at, and the owner of the user-interface objects. Main thread.
 ///
 /// Each subject has a source file of its own: AppDelegate (the command table), AppDelegate+Launch,
-/// AppDelegate+RunControl, AppDelegate+ZoneSelection.
+/// AppDelegate+RunControl, AppDelegate+ZoneSelection, AppDelegate+Profiles, AppDelegate+Settings.
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
   public:
     /// Both outlive the delegate.
@@ -60,6 +63,13 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void setModeZone();
     void selectZone();
     void openAccessibilitySettings();
+    /// Applies the profile of that id; does nothing for any other text.
+    void loadProfile(const std::string &idText);
+    /// Asks for a name and saves the present configuration under it.
+    void saveAsProfile();
+    /// Brings the settings window to the front; a closed one is replaced by a new one.
+    void showConfig();
+    void toolbarTabSelected(const std::string &identifier);
 
   private:
     /// A callback that does nothing once the delegate is gone.
@@ -67,7 +77,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     auto weakly(Work work) {
         return [held = weak_from_this(), work = std::move(work)](const auto &...arguments) {
             if (const auto self = held.lock()) {
-                work(*self, arguments...);
+                std::invoke(work, *self, arguments...);
             }
         };
     }
@@ -103,11 +113,20 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void pickZone();
     void zonePicked(const std::optional<ZonePickResult> &result);
 
+    void reopenConfig();
+    std::shared_ptr<SettingsTab> makeTab(const std::string &identifier);
+    std::shared_ptr<SettingsTab> makeGeneralTab();
+    std::shared_ptr<SettingsTab> makeProfilesTab();
+    void saveSettings(const CorvaneConfig &config);
+    void removeAnchor();
+    void profilesChanged();
+
     platform::Platform &platform_;
     SharedServices &shared_;
     AppState &appState_;
     HotkeyService hotkeyService_;
     StatusBarController statusBarController_;
+    std::unique_ptr<ConfigWindow> configWindow_;
     std::unique_ptr<ZoneOverlayWindow> zoneOverlayWindow_;
     std::unique_ptr<AnchorTracking> anchorTrackingTask_;
     std::unique_ptr<platform::Timer> accessibilityPollTimer_;

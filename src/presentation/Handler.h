@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 
 namespace corvane {
 
@@ -12,8 +13,9 @@ struct Handler {
     std::function<void(Arguments...)> function{};
 
     void operator()(Arguments... arguments) const {
-        if (function) {
-            function(arguments...);
+        // A copy, because the call may replace the value that holds this one.
+        if (const auto held = function) {
+            held(std::move(arguments)...);
         }
     }
 

@@ -3,6 +3,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 
 namespace corvane {
 
@@ -36,6 +38,21 @@ std::string decimalText(double value) {
         text += ".0";
     }
     return text;
+}
+
+std::string fixedNumberText(double value, int decimals) {
+    // The longest double has 309 digits before the point.
+    std::string text(static_cast<std::size_t>(decimals) + 320, '\0');
+    const auto [end, error] = std::to_chars(text.data(), text.data() + text.size(), value,
+                                            std::chars_format::fixed, decimals);
+    text.resize(static_cast<std::size_t>(end - text.data()));
+    return text;
+}
+
+std::string truncatedNumberText(double value) {
+    constexpr double limit = 0x1p63;
+    const bool fits = value >= -limit && value < limit;
+    return fits ? std::to_string(static_cast<std::int64_t>(value)) : shortestNumberText(value);
 }
 
 std::string rectangleText(const Rectangle &rectangle) {
