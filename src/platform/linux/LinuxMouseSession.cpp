@@ -67,6 +67,13 @@ LinuxMouseSession::LinuxMouseSession(std::unique_ptr<XcbConnection> connection)
     }
 }
 
+/// The last release of the button must not be lost with the connection.
+LinuxMouseSession::~LinuxMouseSession() {
+    if (isUsable()) {
+        connection_->synchronise();
+    }
+}
+
 std::optional<Point> LinuxMouseSession::cursorLocation() {
     if (!isUsable()) {
         return std::nullopt;

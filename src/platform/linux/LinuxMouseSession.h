@@ -13,6 +13,10 @@ class LinuxMouseSession : public platform::MouseSession {
   public:
     /// Without a connection every operation fails.
     explicit LinuxMouseSession(std::unique_ptr<XcbConnection> connection);
+    ~LinuxMouseSession() override;
+
+    LinuxMouseSession(const LinuxMouseSession &) = delete;
+    LinuxMouseSession &operator=(const LinuxMouseSession &) = delete;
 
     std::optional<Point> cursorLocation() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;

@@ -36,6 +36,11 @@ XcbConnection::XcbConnection(Handle connection, int screenNumber, const xcb_scre
       screenNumber_(screenNumber),
       screen_(screen) {}
 
+void XcbConnection::synchronise() const {
+    const XcbReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+}
+
 xcb_atom_t XcbConnection::atom(std::string_view name) const {
     const auto cookie =
         xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());

@@ -27,6 +27,10 @@ class XcbConnection {
 
     void flush() const { xcb_flush(get()); }
 
+    /// Waits until the server has carried out every request so far; it drops those it has not read
+    /// when the connection ends.
+    void synchronise() const;
+
     /// The atom of that name, made where missing; XCB_ATOM_NONE when the server does not answer.
     xcb_atom_t atom(std::string_view name) const;
 

@@ -1,0 +1,43 @@
+#include "app/AnchorTracking.h"
+
+#include "platform/MainQueue.h"
+#include "services/DynamicZoneRect.h"
+#include "services/WindowResolver.h"
+
+#include <chrono>
+#include <utility>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::chrono::milliseconds pauseBetweenPasses{16};
+
+} // namespace
+
+AnchorTracking::AnchorTracking(platform::MainQueue &mainQueue, const WindowResolver &resolver,
+                               WindowAnchor anchor, std::shared_ptr<DynamicZoneRect> dynamicZone,
+                               std::function<void(const Rectangle &zone)> onMoved)
+    : mainQueue_(mainQueue),
+      resolver_(resolver),
+      anchor_(std::move(anchor)),
+      dynamicZone_(std::move(dynamicZone)),
+      onMoved_(std::move(onMoved)) {
+    scheduleNextPass();
+}
+
+AnchorTracking::~AnchorTracking() = default;
+
+void AnchorTracking::scheduleNextPass() {
+    timer_ = mainQueue_.after(pauseBetweenPasses, [this] { pass(); });
+}
+
+void AnchorTracking::pass() {
+    if (const auto resolved = resolver_.resolve(anchor_)) {
+        dynamicZone_->setRect(resolved->zone);
+        onMoved_(resolved->zone);
+    }
+    scheduleNextPass();
+}
+
+} // namespace corvane

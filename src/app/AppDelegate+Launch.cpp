@@ -1,0 +1,82 @@
+#include "app/AppDelegate.h"
+#include "app/SharedServices.h"
+#include "platform/Accessibility.h"
+#include "platform/MainQueue.h"
+#include "platform/Platform.h"
+#include "platform/StatusBar.h"
+#include "platform/Workspace.h"
+#include "support/Log.h"
+
+#include <chrono>
+#include <string>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::chrono::seconds accessibilityPollPeriod{3};
+constexpr const char *accessibilitySettingsUrl =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+} // namespace
+
+void AppDelegate::applicationDidFinishLaunching() {
+    statusBarController_.statusItem = platform_.statusBar().createItem(
+        weakly([](AppDelegate &self, const MenuCommand &command) { self.perform(command); }));
+    refreshStatusBar();
+    platform_.mainQueue().post(weakly([](AppDelegate &self) {
+        self.appState_.loadConfig(self.weakly([](AppDelegate &loading) {
+            loading.appState_.loadProfiles(
+                loading.weakly([](AppDelegate &loaded) { loaded.finishLaunching(); }));
+        }));
+    }));
+}
+
+void AppDelegate::finishLaunching() {
+    const bool isTrusted = platform_.accessibility().isProcessTrustedWithPrompt();
+    appState_.isAccessibilityGranted = isTrusted;
+    log(std::string("Initial accessibility: ") + (isTrusted ? "true" : "false"));
+    startAccessibilityPolling(
+        weakly([](AppDelegate &self, bool nowTrusted) { self.accessibilityChecked(nowTrusted); }));
+    statusBarController_.rebuildMenu();
+    registerHotkey();
+}
+
+void AppDelegate::startAccessibilityPolling(std::function<void(bool isTrusted)> callback) {
+    accessibilityPollTimer_ = platform_.mainQueue().every(
+        accessibilityPollPeriod,
+        [&accessibility = platform_.accessibility(), callback = std::move(callback)] {
+            callback(accessibility.isProcessTrusted());
+        });
+}
+
+void AppDelegate::accessibilityChecked(bool isTrusted) {
+    const bool wasGranted = std::exchange(appState_.isAccessibilityGranted, isTrusted);
+    statusBarController_.rebuildMenu();
+    if (!wasGranted && isTrusted) {
+        log("Accessibility granted — registering hotkey");
+        registerHotkey();
+    }
+}
+
+void AppDelegate::registerHotkey() {
+    hotkeyService_.registerHotkey(weakly([](AppDelegate &self) { self.toggleClicking(); }));
+}
+
+void AppDelegate::openAccessibilitySettings() {
+    platform_.workspace().openUrl(accessibilitySettingsUrl);
+}
+
+void AppDelegate::applicationShouldHandleReopen() {
+    if (statusBarController_.statusItem) {
+        statusBarController_.statusItem->openMenu();
+    }
+}
+
+void AppDelegate::applicationWillTerminate() {
+    accessibilityPollTimer_.reset();
+    hotkeyService_.unregister();
+    shared_.clickerService.stop();
+}
+
+} // namespace corvane

@@ -1,0 +1,38 @@
+#include "app/AppDelegate.h"
+#include "app/SharedServices.h"
+#include "platform/MainQueue.h"
+#include "platform/Platform.h"
+
+namespace corvane {
+
+void AppDelegate::selectZone() {
+    if (appState_.status == ClickStatus::running) {
+        stopRun();
+    }
+    platform_.mainQueue().post(weakly([](AppDelegate &self) { self.pickZone(); }));
+}
+
+void AppDelegate::pickZone() {
+    appState_.status = ClickStatus::pickingZone;
+    statusBarController_.rebuildMenu();
+    shared_.zonePickerService.pick(
+        weakly([](AppDelegate &self, const std::optional<ZonePickResult> &result) {
+            self.zonePicked(result);
+        }));
+}
+
+void AppDelegate::zonePicked(const std::optional<ZonePickResult> &result) {
+    if (result) {
+        appState_.config.zoneRect = CodableRect::of(result->absoluteRect);
+        appState_.config.windowAnchor = result->windowAnchor;
+        appState_.config.clickMode = ClickMode::zone;
+        appState_.saveConfig();
+    }
+    // The hot key may have started a run over the open picker: that goes on.
+    if (appState_.status == ClickStatus::pickingZone) {
+        appState_.status = ClickStatus::idle;
+    }
+    statusBarController_.rebuildMenu();
+}
+
+} // namespace corvane
