@@ -67,18 +67,21 @@ QPixmap SymbolImages::pixmap(const std::string &name, const QColor &colour, int 
     return pixmap;
 }
 
-QIcon SymbolImages::icon(const std::string &name, const QPalette &palette,
-                         QPalette::ColorRole role) {
+QIcon SymbolImages::icon(const std::string &name, const QPalette &palette, QPalette::ColorRole role,
+                         QPalette::ColorRole activeRole) {
     constexpr std::array sizes{16, 20, 22, 24, 32, 40, 48, 64};
     QIcon icon;
-    for (const auto size : sizes) {
-        const auto normal = image(name, palette.color(QPalette::Active, role), size);
-        if (normal.isNull()) {
-            return {};
+    const auto add = [&](int size, const QColor &colour, QIcon::Mode mode) {
+        const auto drawing = image(name, colour, size);
+        if (!drawing.isNull()) {
+            icon.addPixmap(QPixmap::fromImage(drawing), mode);
         }
-        icon.addPixmap(QPixmap::fromImage(normal), QIcon::Normal);
-        const auto disabled = image(name, palette.color(QPalette::Disabled, role), size);
-        icon.addPixmap(QPixmap::fromImage(disabled), QIcon::Disabled);
+    };
+    for (const auto size : sizes) {
+        add(size, palette.color(QPalette::Active, role), QIcon::Normal);
+        add(size, palette.color(QPalette::Disabled, role), QIcon::Disabled);
+        add(size, palette.color(QPalette::Active, activeRole), QIcon::Active);
+        add(size, palette.color(QPalette::Active, activeRole), QIcon::Selected);
     }
     return icon;
 }

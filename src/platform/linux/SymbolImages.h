@@ -26,10 +26,10 @@ class SymbolImages {
     QPixmap pixmap(const std::string &name, const QColor &colour, int points, qreal ratio,
                    FontWeight weight = FontWeight::regular);
 
-    /// In the palette's text colour, and paler where it stands for something disabled; null when
-    /// there is no such symbol.
-    QIcon icon(const std::string &name, const QPalette &palette,
-               QPalette::ColorRole role = QPalette::WindowText);
+    /// In a colour of the palette, paler where it stands for something disabled, and in the colour
+    /// of another role under the pointer or selected; null when there is no such symbol.
+    QIcon icon(const std::string &name, const QPalette &palette, QPalette::ColorRole role,
+               QPalette::ColorRole activeRole);
 
   private:
     /// The drawing's source with strokes of that weight; empty when there is none.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "presentation/Menu.h"
+
+#include <QString>
+#include <QStringList>
+
+namespace corvane::platform {
+
+/// A menu item's text as this desktop shows it.
+struct MenuText {
+    /// One line without control characters, shortened in the middle where it is very long.
+    QString label;
+    /// The keys to press together, modifiers first: "Super", "Shift", "Y". Empty for none.
+    QStringList keys;
+};
+
+/// The item's title, and as keys either its hint or its own key together with Control.
+MenuText menuText(const MenuItem &item);
+
+/// For a menu drawn by the toolkit: '&' is doubled, the keys follow a tab.
+QString popupText(const MenuText &text);
+
+/// For a menu drawn by the panel: '_' is doubled.
+QString panelLabel(const MenuText &text);
+
+} // namespace corvane::platform
