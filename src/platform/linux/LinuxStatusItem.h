@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/StatusBar.h"
+#include "platform/linux/MenuRenderer.h"
+#include "platform/linux/PanelMenu.h"
+#include "platform/linux/StatusNotifierHost.h"
+#include "platform/linux/StatusNotifierItem.h"
+#include "platform/linux/SymbolImages.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace corvane::platform {
+
+/// The status item on whatever panel the desktop has: by preference as a status notifier item,
+/// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
+/// may come, go or restart at any time. Panels show no text beside an item: the icon's title is not
+/// drawn.
+class LinuxStatusItem : public StatusItem {
+  public:
+    /// `events` outlives the item.
+    LinuxStatusItem(x11::XcbEvents &events, std::function<void(const MenuCommand &)> perform);
+    ~LinuxStatusItem() override;
+    LinuxStatusItem(const LinuxStatusItem &) = delete;
+    LinuxStatusItem &operator=(const LinuxStatusItem &) = delete;
+
+    std::optional<Size> buttonSize() const override;
+    void setIcon(const StatusIcon &icon) override;
+    void setMenu(const Menu &menu) override;
+    void setToolTip(const std::string &text) override;
+    void openMenu() override;
+
+  private:
+    void panelAnswered(bool isPresent);
+    void showInSystemTray();
+    void watchSystemTray();
+    void receive(const xcb_generic_event_t &event);
+    void paintIcon();
+    void openMenuAt(QPoint place);
+
+    x11::XcbEvents &events_;
+    xcb_atom_t managerAtom_;
+    x11::XcbEvents::Subscription subscription_;
+    SymbolImages symbols_;
+    QDBusConnection bus_;
+    MenuRenderer popup_;
+    PanelMenu panelMenu_;
+    StatusNotifierItem notifierItem_;
+    StatusNotifierHost notifierHost_;
+    std::unique_ptr<QSystemTrayIcon> trayIcon_;
+    std::optional<StatusIcon> icon_;
+    QIcon painted_;
+    QString toolTip_;
+};
+
+} // namespace corvane::platform
