@@ -1,0 +1,33 @@
+#pragma once
+
+#include "presentation/Alert.h"
+
+#include <QDialog>
+
+class QBoxLayout;
+class QLineEdit;
+
+namespace corvane::platform {
+
+/// The window of one alert. Main thread.
+class AlertDialog : public QDialog {
+  public:
+    explicit AlertDialog(const Alert &alert);
+
+    /// How the user answered; the last button until then.
+    AlertResponse response() const;
+
+  protected:
+    void showEvent(QShowEvent *event) override;
+
+  private:
+    QBoxLayout *makeTexts(const Alert &alert);
+    QBoxLayout *makeButtons(const Alert &alert);
+    void addField(QBoxLayout &layout, const Alert &alert);
+    void showOnEveryWorkspace();
+
+    std::size_t chosen_;
+    QLineEdit *field_ = nullptr;
+};
+
+} // namespace corvane::platform

@@ -1,0 +1,13 @@
+#include "platform/linux/LinuxAlerts.h"
+
+#include "platform/linux/AlertDialog.h"
+
+namespace corvane::platform {
+
+AlertResponse LinuxAlerts::runModal(const Alert &alert) {
+    AlertDialog dialog(alert);
+    dialog.exec();
+    return dialog.response();
+}
+
+} // namespace corvane::platform

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/Alerts.h"
+
+namespace corvane::platform {
+
+/// Alerts as dialogs above all windows on every workspace. Closing one, Escape and the end of the
+/// program answer with the last button.
+class LinuxAlerts : public Alerts {
+  public:
+    AlertResponse runModal(const Alert &alert) override;
+};
+
+} // namespace corvane::platform
