@@ -1,0 +1,19 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+namespace corvane::macos {
+
+/// A main menu that nobody sees, because the program shows no menu bar: it gives the fields and
+/// windows of the program the keys for undoing, copying, pasting, closing and quitting.
+NSMenu *makeEditingKeys();
+
+} // namespace corvane::macos
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/macos/MacAccessibility.h"
+#include "platform/macos/MacAlerts.h"
+#include "platform/macos/MacApplication.h"
+#include "platform/macos/MacApplications.h"
+#include "platform/macos/MacClock.h"
+#include "platform/macos/MacHotKeys.h"
+#include "platform/macos/MacLocalisation.h"
+#include "platform/macos/MacLoginItem.h"
+#include "platform/macos/MacMainQueue.h"
+#include "platform/macos/MacMouseEvents.h"
+#include "platform/macos/MacOverlayWindows.h"
+#include "platform/macos/MacScreens.h"
+#include "platform/macos/MacStatusBar.h"
+#include "platform/macos/MacWindowList.h"
+#include "platform/macos/MacWorkspace.h"
+#include "platform/macos/settings/MacSettingsWindows.h"
+#include "platform/posix/PosixFileSystem.h"
+
+namespace corvane::macos {
+
+/// Everything of macOS that the portable application uses.
+class MacPlatform : public platform::Platform {
+  public:
+    platform::Accessibility &accessibility() override { return accessibility_; }
+    platform::Alerts &alerts() override { return alerts_; }
+    platform::Application &application() override { return application_; }
+    platform::Applications &applications() override { return applications_; }
+    platform::ContinuousClock &clock() override { return clock_; }
+    platform::FileSystem &fileSystem() override { return fileSystem_; }
+    platform::HotKeys &hotKeys() override { return hotKeys_; }
+    platform::Localisation &localisation() override { return localisation_; }
+    platform::LoginItem &loginItem() override { return loginItem_; }
+    platform::MainQueue &mainQueue() override { return mainQueue_; }
+    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
+    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
+    platform::Screens &screens() override { return screens_; }
+    platform::SettingsWindows &settingsWindows() override { return settingsWindows_; }
+    platform::StatusBar &statusBar() override { return statusBar_; }
+    platform::WindowList &windowList() override { return windowList_; }
+    platform::Workspace &workspace() override { return workspace_; }
+
+  private:
+    MacAccessibility accessibility_;
+    MacAlerts alerts_;
+    MacApplication application_;
+    MacApplications applications_;
+    MacClock clock_;
+    posix::PosixFileSystem fileSystem_;
+    MacHotKeys hotKeys_;
+    MacLocalisation localisation_;
+    MacLoginItem loginItem_;
+    MacMainQueue mainQueue_;
+    MacMouseEvents mouseEvents_;
+    MacOverlayWindows overlayWindows_;
+    MacScreens screens_;
+    MacSettingsWindows settingsWindows_;
+    MacStatusBar statusBar_;
+    MacWindowList windowList_;
+    MacWorkspace workspace_;
+};
+
+} // namespace corvane::macos

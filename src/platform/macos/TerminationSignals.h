@@ -1,0 +1,28 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+namespace corvane::macos {
+
+/// Turns the signals that ask a program to end into an orderly termination, for as long as it
+/// exists.
+class TerminationSignals {
+  public:
+    TerminationSignals();
+    TerminationSignals(const TerminationSignals &) = delete;
+    TerminationSignals &operator=(const TerminationSignals &) = delete;
+    ~TerminationSignals();
+
+  private:
+    NSArray<dispatch_source_t> *sources_;
+};
+
+} // namespace corvane::macos
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,51 @@
+#import "platform/macos/settings/MacBoxView.h"
+
+#import "platform/macos/settings/Styles.h"
+
+#import <QuartzCore/QuartzCore.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace macos = corvane::macos;
+
+@implementation MacBoxView {
+    std::optional<corvane::Background> _background;
+}
+
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
+    if (self != nil) {
+        self.wantsLayer = YES;
+        // A capsule's corners depend on its height.
+        self.layerContentsRedrawPolicy = NSViewLayerContentsRedrawDuringViewResize;
+        self.translatesAutoresizingMaskIntoConstraints = NO;
+    }
+    return self;
+}
+
+- (void)setBackground:(const std::optional<corvane::Background> &)background {
+    if (background != _background) {
+        _background = background;
+        self.needsDisplay = YES;
+    }
+}
+
+- (BOOL)wantsUpdateLayer {
+    return YES;
+}
+
+/// Called again whenever the appearance changes.
+- (void)updateLayer {
+    if (!_background) {
+        self.layer.backgroundColor = nullptr;
+        return;
+    }
+    const bool isCapsule = _background->shape == corvane::BackgroundShape::capsule;
+    self.layer.backgroundColor = macos::backgroundColour(_background->fill).CGColor;
+    self.layer.cornerCurve = isCapsule ? kCACornerCurveCircular : kCACornerCurveContinuous;
+    self.layer.cornerRadius = isCapsule ? self.bounds.size.height / 2 : _background->cornerRadius;
+}
+
+@end

@@ -1,0 +1,22 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <functional>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// An area that opens something when it is clicked or, with the keyboard, pressed.
+@interface MacLinkView : NSView
+
+- (instancetype)initWithAction:(std::function<void()>)action NS_DESIGNATED_INITIALIZER;
+- (instancetype)initWithFrame:(NSRect)frame NS_UNAVAILABLE;
+- (nullable instancetype)initWithCoder:(NSCoder *)coder NS_UNAVAILABLE;
+
+@end
+
+NS_ASSUME_NONNULL_END

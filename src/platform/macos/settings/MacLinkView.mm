@@ -1,0 +1,79 @@
+#import "platform/macos/settings/MacLinkView.h"
+
+#include <utility>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+@implementation MacLinkView {
+    std::function<void()> _action;
+}
+
+- (instancetype)initWithAction:(std::function<void()>)action {
+    self = [super initWithFrame:NSZeroRect];
+    if (self != nil) {
+        _action = std::move(action);
+        self.translatesAutoresizingMaskIntoConstraints = NO;
+        self.accessibilityElement = YES;
+        self.accessibilityRole = NSAccessibilityLinkRole;
+    }
+    return self;
+}
+
+/// The label's own views take no part in clicks.
+- (NSView *)hitTest:(NSPoint)point {
+    return [super hitTest:point] == nil ? nil : self;
+}
+
+- (void)mouseDown:(NSEvent *)event {
+    // Without the base class's answer the release would go elsewhere.
+}
+
+- (void)mouseUp:(NSEvent *)event {
+    const NSPoint place = [self convertPoint:event.locationInWindow fromView:nil];
+    if (NSPointInRect(place, self.bounds)) {
+        [self press];
+    }
+}
+
+- (void)resetCursorRects {
+    [self addCursorRect:self.bounds cursor:NSCursor.pointingHandCursor];
+}
+
+- (BOOL)acceptsFirstResponder {
+    return NSApp.fullKeyboardAccessEnabled;
+}
+
+- (BOOL)canBecomeKeyView {
+    return NSApp.fullKeyboardAccessEnabled;
+}
+
+- (void)keyDown:(NSEvent *)event {
+    if ([event.charactersIgnoringModifiers isEqualToString:@" "]) {
+        [self press];
+    } else {
+        [super keyDown:event];
+    }
+}
+
+- (void)drawFocusRingMask {
+    NSRectFill(self.bounds);
+}
+
+- (NSRect)focusRingMaskBounds {
+    return self.bounds;
+}
+
+- (BOOL)accessibilityPerformPress {
+    [self press];
+    return YES;
+}
+
+- (void)press {
+    // A copy: the action may destroy this view.
+    const auto action = _action;
+    action();
+}
+
+@end

@@ -1,0 +1,123 @@
+#import "platform/macos/settings/MacSettingsWindows.h"
+
+#import "platform/macos/Text.h"
+#import "platform/macos/settings/MacToolbarDelegate.h"
+#import "platform/macos/settings/RenderedView.h"
+
+#include <utility>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+NSWindow *makeWindow(const SettingsWindow &description) {
+    // The height is a placeholder: the content decides it.
+    NSWindow *window =
+        [[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, description.width, 1)
+                                    styleMask:NSWindowStyleMaskTitled | NSWindowStyleMaskClosable
+                                      backing:NSBackingStoreBuffered
+                                        defer:NO];
+    window.title = systemText(description.title);
+    window.releasedWhenClosed = NO;
+    window.autorecalculatesKeyViewLoop = YES;
+    return window;
+}
+
+NSToolbar *makeToolbar(const Toolbar &description, MacToolbarDelegate *delegate) {
+    NSToolbar *toolbar = [[NSToolbar alloc] initWithIdentifier:systemText(description.identifier)];
+    toolbar.delegate = delegate;
+    toolbar.displayMode = NSToolbarDisplayModeIconAndLabel;
+    toolbar.selectedItemIdentifier = systemText(description.selectedItem);
+    return toolbar;
+}
+
+/// The window's own view around the content, whose size is left to the content.
+NSView *makeContentView(NSView *content) {
+    NSView *view = [[NSView alloc] initWithFrame:NSZeroRect];
+    [view addSubview:content];
+    [NSLayoutConstraint activateConstraints:@[
+        [content.leadingAnchor constraintEqualToAnchor:view.leadingAnchor],
+        [content.trailingAnchor constraintEqualToAnchor:view.trailingAnchor],
+        [content.topAnchor constraintEqualToAnchor:view.topAnchor],
+        [content.bottomAnchor constraintEqualToAnchor:view.bottomAnchor],
+    ]];
+    return view;
+}
+
+class MacSettingsWindow : public platform::NativeSettingsWindow {
+  public:
+    MacSettingsWindow(const SettingsWindow &description,
+                      std::function<void(const std::string &)> toolbarItemSelected)
+        : toolbarDelegate_([[MacToolbarDelegate alloc]
+              initWithToolbar:description.toolbar
+                     selected:std::move(toolbarItemSelected)]),
+          window_(makeWindow(description)) {
+        window_.toolbar = makeToolbar(description.toolbar, toolbarDelegate_);
+        window_.toolbarStyle = NSWindowToolbarStylePreference;
+    }
+    MacSettingsWindow(const MacSettingsWindow &) = delete;
+    MacSettingsWindow &operator=(const MacSettingsWindow &) = delete;
+    ~MacSettingsWindow() override {
+        [window_ orderOut:nil];
+        // One of its own events may be under way: both last until that turn is over.
+        CFAutorelease(CFBridgingRetain(toolbarDelegate_));
+        CFAutorelease(CFBridgingRetain(window_));
+    }
+
+    bool isVisible() const override { return window_.visible; }
+    void makeKeyAndOrderFront() override { [window_ makeKeyAndOrderFront:nil]; }
+    void orderOut() override { [window_ orderOut:nil]; }
+    void center() override { [window_ center]; }
+    void setTitle(const std::string &title) override { window_.title = systemText(title); }
+
+    void setSelectedToolbarItem(const std::string &identifier) override {
+        window_.toolbar.selectedItemIdentifier = systemText(identifier);
+    }
+
+    void setContent(const View &content) override {
+        auto next = std::make_unique<RenderedView>(content, surroundings());
+        window_.contentView = makeContentView(next->box());
+        content_ = std::move(next);
+        fitHeight();
+    }
+
+    void updateContent(const View &content) override {
+        if (content_ == nullptr || !content_->canShow(content)) {
+            setContent(content);
+            return;
+        }
+        content_->update(content, surroundings());
+        fitHeight();
+    }
+
+  private:
+    static Surroundings surroundings() { return {.ordinaryColour = NSColor.labelColor}; }
+
+    /// Gives the window the height of its content; the top edge stays where it is.
+    void fitHeight() {
+        NSView *content = content_->box();
+        [window_ layoutIfNeeded];
+        NSRect frame = [window_ frameRectForContentRect:{NSZeroPoint, content.fittingSize}];
+        frame.origin =
+            NSMakePoint(NSMinX(window_.frame), NSMaxY(window_.frame) - frame.size.height);
+        [window_ setFrame:frame display:YES];
+    }
+
+    MacToolbarDelegate *toolbarDelegate_;
+    NSWindow *window_;
+    std::unique_ptr<RenderedView> content_;
+};
+
+} // namespace
+
+std::unique_ptr<platform::NativeSettingsWindow>
+MacSettingsWindows::create(const SettingsWindow &window,
+                           std::function<void(const std::string &identifier)> toolbarItemSelected) {
+    return std::make_unique<MacSettingsWindow>(window, std::move(toolbarItemSelected));
+}
+
+} // namespace corvane::macos

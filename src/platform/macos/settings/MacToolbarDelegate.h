@@ -1,0 +1,28 @@
+#pragma once
+
+#include "presentation/SettingsWindow.h"
+
+#import <AppKit/AppKit.h>
+
+#include <functional>
+#include <string>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+NS_ASSUME_NONNULL_BEGIN
+
+/// Gives a toolbar its items and hears which one the user chooses.
+@interface MacToolbarDelegate : NSObject <NSToolbarDelegate>
+
+- (instancetype)initWithToolbar:(const corvane::Toolbar &)toolbar
+                       selected:(std::function<void(const std::string &)>)selected
+    NS_DESIGNATED_INITIALIZER;
+- (instancetype)init NS_UNAVAILABLE;
+
+- (void)toolbarTabSelected:(NSToolbarItem *)sender;
+
+@end
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,35 @@
+#import "platform/macos/Symbols.h"
+#import "platform/macos/settings/RenderedContent.h"
+#import "platform/macos/settings/Styles.h"
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+class RenderedSymbolImage : public RenderedContent {
+  public:
+    NSView *view() const override { return image_; }
+
+    void update(const View &next, const Surroundings &surroundings) override {
+        image_.image = symbolImage({.name = std::get<SymbolImage>(next.content).name});
+        image_.symbolConfiguration = symbolConfiguration(next.font);
+        image_.contentTintColor = foregroundColour(next.foreground, surroundings.ordinaryColour);
+        prepareControl(image_, next);
+        describe(image_, next);
+    }
+
+  private:
+    NSImageView *image_ = [[NSImageView alloc] initWithFrame:NSZeroRect];
+};
+
+} // namespace
+
+std::unique_ptr<RenderedContent> makeSymbolImage() {
+    return std::make_unique<RenderedSymbolImage>();
+}
+
+} // namespace corvane::macos
