@@ -2,6 +2,7 @@
 #include "app/SharedServices.h"
 #include "platform/MainQueue.h"
 #include "platform/Platform.h"
+#include "ui/ConfigWindow.h"
 
 namespace corvane {
 
@@ -9,15 +10,24 @@ void AppDelegate::selectZone() {
     if (appState_.status == ClickStatus::running) {
         stopRun();
     }
-    platform_.mainQueue().post(weakly([](AppDelegate &self) { self.pickZone(); }));
+    const bool wasConfigVisible = configWindow_ && configWindow_->isVisible();
+    if (configWindow_) {
+        // It must not cover the screen that is being marked.
+        configWindow_->orderOut();
+    }
+    platform_.mainQueue().post(
+        weakly([wasConfigVisible](AppDelegate &self) { self.pickZone(wasConfigVisible); }));
 }
 
-void AppDelegate::pickZone() {
+void AppDelegate::pickZone(bool wasConfigVisible) {
     appState_.status = ClickStatus::pickingZone;
     statusBarController_.rebuildMenu();
     shared_.zonePickerService.pick(
-        weakly([](AppDelegate &self, const std::optional<ZonePickResult> &result) {
+        weakly([wasConfigVisible](AppDelegate &self, const std::optional<ZonePickResult> &result) {
             self.zonePicked(result);
+            if (wasConfigVisible) {
+                self.reopenConfig();
+            }
         }));
 }
 

@@ -110,7 +110,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     std::optional<double> primaryScreenHeight() const;
     void setMode(ClickMode mode);
 
-    void pickZone();
+    void pickZone(bool wasConfigVisible);
     void zonePicked(const std::optional<ZonePickResult> &result);
 
     void reopenConfig();
