@@ -1,0 +1,114 @@
+#include "XClient.h"
+
+#include "platform/linux/XcbKeyboard.h"
+
+#include <gtest/gtest.h>
+#include <xcb/xtest.h>
+
+#include <array>
+#include <cstdlib>
+#include <ranges>
+
+#include <poll.h>
+
+namespace corvane::contract {
+
+namespace {
+
+constexpr int patienceMilliseconds = 20000;
+
+} // namespace
+
+XClient::XClient() : connection_(x11::XcbConnection::open().value_or(nullptr)) {
+    const auto keyboard = xcb_xkb_use_extension(connection_->get(), 1, 0);
+    const x11::XcbReply<xcb_xkb_use_extension_reply_t> reply(
+        xcb_xkb_use_extension_reply(connection_->get(), keyboard, nullptr));
+    EXPECT_TRUE(reply && reply->supported != 0);
+}
+
+XClient::~XClient() = default;
+
+void XClient::coverScreen() {
+    const xcb_screen_t &screen = connection_->screen();
+    const xcb_window_t window = xcb_generate_id(connection_->get());
+    const std::array<std::uint32_t, 2> values{1, XCB_EVENT_MASK_BUTTON_PRESS |
+                                                     XCB_EVENT_MASK_BUTTON_RELEASE};
+    xcb_create_window(connection_->get(), XCB_COPY_FROM_PARENT, window, connection_->root(), 0, 0,
+                      screen.width_in_pixels, screen.height_in_pixels, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                      XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
+    xcb_map_window(connection_->get(), window);
+    synchronise();
+}
+
+x11::XcbReply<xcb_generic_event_t> XClient::nextEvent() {
+    x11::XcbReply<xcb_generic_event_t> event(xcb_poll_for_event(connection_->get()));
+    pollfd readable{.fd = connection_->fileDescriptor(), .events = POLLIN, .revents = 0};
+    while (!event && poll(&readable, 1, patienceMilliseconds) > 0) {
+        event.reset(xcb_poll_for_event(connection_->get()));
+    }
+    return event;
+}
+
+void XClient::synchronise() { connection_->synchronise(); }
+
+void XClient::moveCursor(std::int16_t x, std::int16_t y) {
+    xcb_test_fake_input(connection_->get(), XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME,
+                        connection_->root(), x, y, 0);
+    synchronise();
+}
+
+void XClient::pressKey(xcb_keycode_t key) {
+    xcb_test_fake_input(connection_->get(), XCB_KEY_PRESS, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                        0);
+    synchronise();
+}
+
+void XClient::releaseKey(xcb_keycode_t key) {
+    xcb_test_fake_input(connection_->get(), XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                        0);
+    synchronise();
+}
+
+void XClient::strike(const std::vector<xcb_keycode_t> &keys) {
+    for (const xcb_keycode_t key : keys) {
+        pressKey(key);
+    }
+    for (const xcb_keycode_t key : keys | std::views::reverse) {
+        releaseKey(key);
+    }
+}
+
+void XClient::lockLayout(std::uint8_t index) {
+    xcb_xkb_latch_lock_state(connection_->get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, index, 0, 0, 0);
+    synchronise();
+}
+
+void XClient::lockModifiers(std::uint8_t mask, bool isOn) {
+    const std::uint8_t locked = isOn ? mask : 0;
+    xcb_xkb_latch_lock_state(connection_->get(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0,
+                             0);
+    synchronise();
+}
+
+std::vector<std::uint8_t> XClient::pointerMapping() {
+    const x11::XcbReply<xcb_get_pointer_mapping_reply_t> reply(xcb_get_pointer_mapping_reply(
+        connection_->get(), xcb_get_pointer_mapping(connection_->get()), nullptr));
+    const std::uint8_t *buttons = xcb_get_pointer_mapping_map(reply.get());
+    return {buttons, buttons + xcb_get_pointer_mapping_map_length(reply.get())};
+}
+
+void XClient::setPointerMapping(const std::vector<std::uint8_t> &mapping) {
+    const x11::XcbReply<xcb_set_pointer_mapping_reply_t> reply(xcb_set_pointer_mapping_reply(
+        connection_->get(),
+        xcb_set_pointer_mapping(connection_->get(), static_cast<std::uint8_t>(mapping.size()),
+                                mapping.data()),
+        nullptr));
+    EXPECT_TRUE(reply && reply->status == XCB_MAPPING_STATUS_SUCCESS);
+}
+
+void setLayouts(const std::string &layouts) {
+    EXPECT_EQ(std::system(("setxkbmap -layout " + layouts).c_str()), 0); // NOLINT
+}
+
+} // namespace corvane::contract
