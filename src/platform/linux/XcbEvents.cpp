@@ -9,6 +9,7 @@ namespace corvane::x11 {
 XcbEvents::XcbEvents(std::unique_ptr<XcbConnection> connection,
                      std::function<void()> connectionLost)
     : connection_(std::move(connection)),
+      masks_(*connection_),
       connectionLost_(std::move(connectionLost)),
       readable_(connection_->fileDescriptor(), QSocketNotifier::Read) {
     QObject::connect(&readable_, &QSocketNotifier::activated,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/EventMasks.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <QMetaObject>
@@ -30,8 +31,11 @@ class XcbEvents {
     const XcbConnection &connection() const { return *connection_; }
 
     /// Calls `handler` with every event, whomever it is for, until the subscription is given up.
-    /// Errors of unchecked requests are not events. Selecting the events is the subscriber's part.
+    /// Errors of unchecked requests are not events. Selecting the events is the subscriber's part,
+    /// for events of a window's mask through `masks`.
     [[nodiscard]] Subscription subscribe(Handler handler);
+
+    EventMasks &masks() { return masks_; }
 
     /// The type of an event, whether the server or another client sent it.
     static int typeOf(const xcb_generic_event_t &event);
@@ -45,6 +49,7 @@ class XcbEvents {
     void checkConnection();
 
     std::unique_ptr<XcbConnection> connection_;
+    EventMasks masks_;
     std::function<void()> connectionLost_;
     std::vector<std::weak_ptr<const Handler>> handlers_;
     QSocketNotifier readable_;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/linux/XcbEvents.h"
+
+#include <functional>
+
+namespace corvane::x11 {
+
+/// Whether a compositing manager blends windows on the screen; it may come and go at any time.
+/// Main thread.
+class Compositor {
+  public:
+    /// Calls `changed` after each change. The events outlive the compositor.
+    Compositor(XcbEvents &events, std::function<void()> changed);
+
+    bool isRunning() const { return isRunning_; }
+
+  private:
+    void follow(XcbEvents &events);
+    bool readIsRunning() const;
+    void update();
+
+    const XcbConnection &connection_;
+    std::function<void()> changed_;
+    /// Owned by the compositing manager of this X screen.
+    xcb_atom_t selection_;
+    bool isRunning_;
+    XcbEvents::Subscription subscription_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/Screens.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <optional>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// The monitors RandR reports, in native pixels; the whole X screen where there is no RandR.
+class LinuxScreens : public platform::Screens {
+  public:
+    /// The events outlive the screens.
+    explicit LinuxScreens(XcbEvents &events);
+
+    /// Monitors that show the same area are one screen.
+    std::vector<platform::Screen> screens() const override { return screens_; }
+
+    /// Converts from screen space to the root window's pixels; unchanged without screens.
+    Rectangle toRoot(const Rectangle &rectangle) const;
+    /// Converts from the root window's pixels to screen space; unchanged without screens.
+    Point toScreenSpace(Point point) const;
+
+  private:
+    void follow(XcbEvents &events, std::uint8_t firstEvent);
+    void read();
+    std::vector<Rectangle> monitors() const;
+    std::optional<double> primaryHeight() const;
+
+    const XcbConnection &connection_;
+    bool hasMonitors_ = false;
+    std::vector<platform::Screen> screens_;
+    XcbEvents::Subscription subscription_;
+};
+
+} // namespace corvane::x11
