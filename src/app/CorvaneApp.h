@@ -21,6 +21,10 @@ class CorvaneApp {
 
     AppDelegate &appDelegate() { return *appDelegate_; }
 
+    /// Waits until all that was changed so far is saved, for a program that has to end without
+    /// destroying its application.
+    void finishSaves() { shared_.storeQueue.drain(); }
+
   private:
     SharedServices shared_;
     std::shared_ptr<AppDelegate> appDelegate_;
