@@ -70,4 +70,10 @@ QString panelLabel(const MenuText &text) {
     return shown.replace(u'_', QStringLiteral("__"));
 }
 
+QStringList panelKeys(const MenuText &text) {
+    auto keys = text.keys;
+    keys.replaceInStrings(QStringLiteral(","), QStringLiteral("comma"));
+    return keys;
+}
+
 } // namespace corvane::platform

@@ -24,4 +24,7 @@ QString popupText(const MenuText &text);
 /// For a menu drawn by the panel: '_' is doubled.
 QString panelLabel(const MenuText &text);
 
+/// The keys by the names panels know them by.
+QStringList panelKeys(const MenuText &text);
+
 } // namespace corvane::platform

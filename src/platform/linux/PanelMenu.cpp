@@ -143,7 +143,7 @@ QVariantMap PanelMenu::propertiesOf(const MenuItem &item) {
                            {QStringLiteral("enabled"), item.isEnabled}};
     if (!text.keys.isEmpty()) {
         properties.insert(QStringLiteral("shortcut"),
-                          QVariant::fromValue(QList<QStringList>{text.keys}));
+                          QVariant::fromValue(QList<QStringList>{panelKeys(text)}));
     }
     if (item.isOn) {
         properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
