@@ -18,7 +18,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -133,7 +133,7 @@ void AlertDialog::showOnEveryWorkspace() {
     }
     auto *connection = application->connection();
     constexpr std::string_view name = "_NET_WM_DESKTOP";
-    const x11::XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, name.size(), name.data()), nullptr));
     if (atom) {
         constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
@@ -149,6 +149,6 @@ void AlertDialog::showEvent(QShowEvent *event) {
     activateWindow();
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

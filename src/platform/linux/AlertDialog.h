@@ -7,7 +7,7 @@
 class QBoxLayout;
 class QLineEdit;
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The window of one alert. Main thread.
 class AlertDialog : public QDialog {
@@ -30,4 +30,4 @@ class AlertDialog : public QDialog {
     QLineEdit *field_ = nullptr;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

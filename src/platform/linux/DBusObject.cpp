@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 DBusObject::DBusObject(QDBusConnection connection, QString path, QString interface)
     : connection_(std::move(connection)),
@@ -57,4 +57,4 @@ std::optional<QVariantList> DBusObject::callProperties(const QString &method,
     return QVariantList{QVariant::fromValue(QDBusVariant(*property))};
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// An object of this program that other programs reach over D-Bus: one interface with methods,
 /// properties that only this program changes, and signals. Main thread.
@@ -39,4 +39,4 @@ class DBusObject : public QDBusVirtualObject {
     QString interface_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -2,7 +2,7 @@
 
 #include "platform/linux/AlertDialog.h"
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 AlertResponse LinuxAlerts::runModal(const Alert &alert) {
     AlertDialog dialog(alert);
@@ -10,4 +10,4 @@ AlertResponse LinuxAlerts::runModal(const Alert &alert) {
     return dialog.response();
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

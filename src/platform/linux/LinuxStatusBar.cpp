@@ -4,11 +4,11 @@
 
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
-std::unique_ptr<StatusItem>
+std::unique_ptr<platform::StatusItem>
 LinuxStatusBar::createItem(std::function<void(const MenuCommand &)> perform) {
     return std::make_unique<LinuxStatusItem>(events_, std::move(perform));
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -3,19 +3,19 @@
 #include "platform/StatusBar.h"
 #include "platform/linux/XcbEvents.h"
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The desktop's panel.
-class LinuxStatusBar : public StatusBar {
+class LinuxStatusBar : public platform::StatusBar {
   public:
     /// `events` outlives the bar and its items.
-    explicit LinuxStatusBar(x11::XcbEvents &events) : events_(events) {}
+    explicit LinuxStatusBar(XcbEvents &events) : events_(events) {}
 
-    std::unique_ptr<StatusItem>
+    std::unique_ptr<platform::StatusItem>
     createItem(std::function<void(const MenuCommand &)> perform) override;
 
   private:
-    x11::XcbEvents &events_;
+    XcbEvents &events_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

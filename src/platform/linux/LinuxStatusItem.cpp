@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -20,7 +20,7 @@ QDBusConnection ownConnection() {
 
 } // namespace
 
-LinuxStatusItem::LinuxStatusItem(x11::XcbEvents &events,
+LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
                                  std::function<void(const MenuCommand &)> perform)
     : events_(events),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { receive(event); })),
@@ -45,7 +45,9 @@ void LinuxStatusItem::setIcon(const StatusIcon &icon) {
 
 void LinuxStatusItem::setMenu(const Menu &menu) {
     popup_.setMenu(menu);
-    panelMenu_.setMenu(menu);
+    if (isOnPanel_) {
+        panelMenu_.setMenu(menu);
+    }
 }
 
 void LinuxStatusItem::setToolTip(const std::string &text) {
@@ -67,12 +69,14 @@ void LinuxStatusItem::openMenuAt(QPoint place) {
 }
 
 void LinuxStatusItem::panelAnswered(bool isPresent) {
+    isOnPanel_ = isPresent;
     paintIcon();
     if (!isPresent) {
         showInSystemTray();
         return;
     }
     trayIcon_.reset();
+    panelMenu_.setMenu(popup_.shown());
     notifierHost_.registerItem();
 }
 
@@ -94,7 +98,7 @@ void LinuxStatusItem::showInSystemTray() {
 
 void LinuxStatusItem::watchSystemTray() {
     const auto &connection = events_.connection();
-    const x11::XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+    const XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
         connection.get(), xcb_get_window_attributes(connection.get(), connection.root()), nullptr));
     if (!reply) {
         return;
@@ -105,7 +109,7 @@ void LinuxStatusItem::watchSystemTray() {
 }
 
 void LinuxStatusItem::receive(const xcb_generic_event_t &event) {
-    if (x11::XcbEvents::typeOf(event) != XCB_CLIENT_MESSAGE) {
+    if (XcbEvents::typeOf(event) != XCB_CLIENT_MESSAGE) {
         return;
     }
     const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(event);
@@ -133,4 +137,4 @@ void LinuxStatusItem::paintIcon() {
     }
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

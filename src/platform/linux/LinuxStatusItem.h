@@ -14,16 +14,16 @@
 #include <memory>
 #include <optional>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The status item on whatever panel the desktop has: by preference as a status notifier item,
 /// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
 /// may come, go or restart at any time. Panels show no text beside an item: the icon's title is not
 /// drawn.
-class LinuxStatusItem : public StatusItem {
+class LinuxStatusItem : public platform::StatusItem {
   public:
     /// `events` outlives the item.
-    LinuxStatusItem(x11::XcbEvents &events, std::function<void(const MenuCommand &)> perform);
+    LinuxStatusItem(XcbEvents &events, std::function<void(const MenuCommand &)> perform);
     ~LinuxStatusItem() override;
     LinuxStatusItem(const LinuxStatusItem &) = delete;
     LinuxStatusItem &operator=(const LinuxStatusItem &) = delete;
@@ -42,19 +42,20 @@ class LinuxStatusItem : public StatusItem {
     void paintIcon();
     void openMenuAt(QPoint place);
 
-    x11::XcbEvents &events_;
+    XcbEvents &events_;
     xcb_atom_t managerAtom_;
-    x11::XcbEvents::Subscription subscription_;
+    XcbEvents::Subscription subscription_;
     SymbolImages symbols_;
     QDBusConnection bus_;
     MenuRenderer popup_;
     PanelMenu panelMenu_;
     StatusNotifierItem notifierItem_;
     StatusNotifierHost notifierHost_;
+    bool isOnPanel_ = false;
     std::unique_ptr<QSystemTrayIcon> trayIcon_;
     std::optional<StatusIcon> icon_;
     QIcon painted_;
     QString toolTip_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -40,4 +40,4 @@ MenuAlignment alignMenu(const std::vector<MenuItem> &from, const std::vector<Men
     return {.leading = leading, .removed = removed, .inserted = inserted};
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

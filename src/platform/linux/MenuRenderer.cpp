@@ -9,7 +9,7 @@
 
 Q_DECLARE_METATYPE(corvane::MenuItem)
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -189,4 +189,4 @@ void MenuRenderer::choose(QAction &action) {
         Qt::QueuedConnection);
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// Shows menu values in one menu of the toolkit, which is kept: only what differs from the value
 /// before is touched, so that an open menu stays open and usable. Main thread.
@@ -24,6 +24,7 @@ class MenuRenderer {
     MenuRenderer &operator=(const MenuRenderer &) = delete;
 
     void setMenu(const Menu &menu);
+    const Menu &shown() const { return shown_; }
 
     QMenu &menu();
 
@@ -45,4 +46,4 @@ class MenuRenderer {
     std::unique_ptr<PopupMenu> menu_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -5,7 +5,7 @@
 #include <array>
 #include <optional>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -76,4 +76,4 @@ QStringList panelKeys(const MenuText &text) {
     return keys;
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

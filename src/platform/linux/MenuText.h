@@ -5,7 +5,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// A menu item's text as this desktop shows it.
 struct MenuText {
@@ -27,4 +27,4 @@ QString panelLabel(const MenuText &text);
 /// The keys by the names panels know them by.
 QStringList panelKeys(const MenuText &text);
 
-} // namespace corvane::platform
+} // namespace corvane::x11

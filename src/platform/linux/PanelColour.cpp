@@ -8,26 +8,26 @@
 #include <optional>
 #include <string>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
-xcb_window_t trayManager(const x11::XcbConnection &connection) {
+xcb_window_t trayManager(const XcbConnection &connection) {
     const auto selection =
         connection.atom("_NET_SYSTEM_TRAY_S" + std::to_string(connection.screenNumber()));
-    const x11::XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         connection.get(), xcb_get_selection_owner(connection.get(), selection), nullptr));
     return reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 /// The manager's foreground colour: the first three of the twelve numbers it publishes.
-std::optional<QColor> publishedColour(const x11::XcbConnection &connection) {
+std::optional<QColor> publishedColour(const XcbConnection &connection) {
     const auto manager = trayManager(connection);
     if (manager == XCB_WINDOW_NONE) {
         return std::nullopt;
     }
     constexpr std::uint32_t channels = 3;
-    const x11::XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
         connection.get(),
         xcb_get_property(connection.get(), 0, manager, connection.atom("_NET_SYSTEM_TRAY_COLORS"),
                          XCB_ATOM_CARDINAL, 0, channels),
@@ -47,7 +47,7 @@ bool isDesktop(QLatin1String name) {
 
 } // namespace
 
-QColor panelColour(const x11::XcbConnection &connection) {
+QColor panelColour(const XcbConnection &connection) {
     if (const auto published = publishedColour(connection)) {
         return *published;
     }
@@ -60,4 +60,4 @@ QColor panelColour(const x11::XcbConnection &connection) {
     return {0x3d, 0x84, 0xf5};
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -9,7 +9,7 @@
 #include <iterator>
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -339,4 +339,4 @@ QString PanelMenu::introspect(const QString & /*path*/) const {
 )xml");
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// A menu that the desktop's panel draws, over com.canonical.dbusmenu. An unchanged menu sends
 /// nothing, changed texts and states are sent as such, and only lines that come or go make the
@@ -71,4 +71,4 @@ class PanelMenu : public DBusObject {
     uint revision_ = 1;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

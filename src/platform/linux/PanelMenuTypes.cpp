@@ -3,7 +3,7 @@
 #include <QDBusMetaType>
 #include <QDBusVariant>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 void registerPanelMenuTypes() {
     qDBusRegisterMetaType<PanelItemProperties>();
@@ -69,4 +69,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemLayout &
     return argument;
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

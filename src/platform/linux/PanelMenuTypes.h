@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The values of com.canonical.dbusmenu as they travel.
 
@@ -39,8 +39,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemNames &v
 QDBusArgument &operator<<(QDBusArgument &argument, const PanelItemLayout &value);
 const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemLayout &value);
 
-} // namespace corvane::platform
+} // namespace corvane::x11
 
-Q_DECLARE_METATYPE(corvane::platform::PanelItemProperties)
-Q_DECLARE_METATYPE(corvane::platform::PanelItemNames)
-Q_DECLARE_METATYPE(corvane::platform::PanelItemLayout)
+Q_DECLARE_METATYPE(corvane::x11::PanelItemProperties)
+Q_DECLARE_METATYPE(corvane::x11::PanelItemNames)
+Q_DECLARE_METATYPE(corvane::x11::PanelItemLayout)

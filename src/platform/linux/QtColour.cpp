@@ -1,6 +1,6 @@
 #include "platform/linux/QtColour.h"
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -32,4 +32,4 @@ QColor qtColour(const Colour &colour) {
     return shown;
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -4,9 +4,9 @@
 
 #include <QColor>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The shade of a named colour on this desktop.
 QColor qtColour(const Colour &colour);
 
-} // namespace corvane::platform
+} // namespace corvane::x11

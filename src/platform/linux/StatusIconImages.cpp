@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -53,4 +53,4 @@ QList<QImage> statusIconImages(const StatusIcon &icon, const QColor &colour,
     return images;
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

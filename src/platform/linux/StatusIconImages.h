@@ -8,7 +8,7 @@
 #include <QImage>
 #include <QList>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The button a status icon is laid out in, points.
 inline constexpr Size statusButtonSize{22, 22};
@@ -16,4 +16,4 @@ inline constexpr Size statusButtonSize{22, 22};
 /// The icon in the sizes panels ask for, its dot painted in; empty when there is no such symbol.
 QList<QImage> statusIconImages(const StatusIcon &icon, const QColor &colour, SymbolImages &symbols);
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -72,4 +72,4 @@ void StatusNotifierHost::registerItem() {
     });
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

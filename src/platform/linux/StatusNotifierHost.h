@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// Whether a panel shows status notifier items, now and whenever that changes. Main thread.
 class StatusNotifierHost {
@@ -29,4 +29,4 @@ class StatusNotifierHost {
     QDBusServiceWatcher watcher_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -7,7 +7,7 @@
 
 #include <utility>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 StatusNotifierItem::StatusNotifierItem(const QDBusConnection &connection, QString menuPath,
                                        std::function<void(QPoint)> activate)
@@ -116,4 +116,4 @@ QString StatusNotifierItem::introspect(const QString & /*path*/) const {
 )xml");
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

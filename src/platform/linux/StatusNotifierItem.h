@@ -8,7 +8,7 @@
 
 #include <functional>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// A status item that the desktop's panel shows, over org.kde.StatusNotifierItem. Main thread.
 class StatusNotifierItem : public DBusObject {
@@ -37,4 +37,4 @@ class StatusNotifierItem : public DBusObject {
     QString toolTip_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -3,7 +3,7 @@
 #include <QDBusMetaType>
 #include <QtEndian>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 NotifierPixmap NotifierPixmap::of(const QImage &image) {
     const auto argb = image.convertToFormat(QImage::Format_ARGB32);
@@ -47,4 +47,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &
     return argument;
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

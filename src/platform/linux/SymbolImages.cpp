@@ -7,7 +7,7 @@
 #include <array>
 #include <cmath>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 namespace {
 
@@ -95,4 +95,4 @@ QByteArray SymbolImages::drawing(const std::string &name, FontWeight weight) {
     return file.readAll().replace(regularStroke, strokeOf(weight));
 }
 
-} // namespace corvane::platform
+} // namespace corvane::x11

@@ -12,7 +12,7 @@
 
 #include <string>
 
-namespace corvane::platform {
+namespace corvane::x11 {
 
 /// The program's own drawings by symbol name, each in one colour. Main thread. What has been drawn
 /// once is kept.
@@ -38,4 +38,4 @@ class SymbolImages {
     QHash<QByteArray, QImage> images_;
 };
 
-} // namespace corvane::platform
+} // namespace corvane::x11
