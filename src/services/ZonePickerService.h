@@ -7,6 +7,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace corvane {
@@ -47,12 +48,24 @@ class ZonePickerService {
     void pick(Answer answer);
 
   private:
+    /// A callback that does nothing once the service is gone.
+    template <typename Work>
+    auto weakly(Work work) {
+        return [held = std::weak_ptr(self_), work = std::move(work)](const auto &...arguments) {
+            if (const auto self = held.lock()) {
+                work(**self, arguments...);
+            }
+        };
+    }
+
     void openOverlays();
     void beginDrag(Point point);
     void updateDrag(Point point);
     void finish(Point point);
     void cancel();
     void cleanUp();
+    ZonePickResult anchoredIfWanted(const Rectangle &zone);
+    bool wantsAnchor(const WindowAnchor &anchor);
     void answer(const std::optional<ZonePickResult> &result);
 
     platform::Screens &screens_;
@@ -64,6 +77,8 @@ class ZonePickerService {
     std::vector<std::unique_ptr<OverlayWindow>> overlayWindows_;
     Answer continuation_;
     std::optional<Point> dragOrigin_;
+    /// What the overlays' callbacks hold weakly.
+    std::shared_ptr<ZonePickerService *> self_ = std::make_shared<ZonePickerService *>(this);
 };
 
 } // namespace corvane
