@@ -1,0 +1,125 @@
+#include "support/HandTurnedClock.h"
+
+#include "support/Patience.h"
+
+#include <algorithm>
+
+namespace corvane::testing {
+
+/// All state is guarded by the clock's mutex.
+class HandTurnedClock::Wait : public platform::CancellableWait {
+  public:
+    explicit Wait(HandTurnedClock &clock) : clock_(clock) {}
+
+    void waitUntil(platform::Instant deadline) override {
+        std::unique_lock lock(clock_.mutex_);
+        if (!isCancelled_) {
+            clock_.block(lock, deadline, this);
+        }
+    }
+
+    void cancel() override {
+        const std::lock_guard lock(clock_.mutex_);
+        isCancelled_ = true;
+        clock_.release([this](const Sleeper &sleeper) { return sleeper.wait == this; });
+    }
+
+    bool isCancelled() const override {
+        const std::lock_guard lock(clock_.mutex_);
+        return isCancelled_;
+    }
+
+  private:
+    HandTurnedClock &clock_;
+    bool isCancelled_ = false;
+};
+
+platform::Instant HandTurnedClock::now() const {
+    const std::lock_guard lock(mutex_);
+    return now_;
+}
+
+void HandTurnedClock::hold(Duration duration) {
+    std::unique_lock lock(mutex_);
+    holds_.push_back(duration);
+    const platform::Instant deadline = now_ + duration;
+    if (holdsBlock_) {
+        block(lock, deadline, nullptr);
+    } else {
+        now_ = deadline;
+        release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
+    }
+}
+
+std::unique_ptr<platform::CancellableWait> HandTurnedClock::makeWait() {
+    return std::make_unique<Wait>(*this);
+}
+
+void HandTurnedClock::advance(Duration duration) { advanceTo(now() + duration); }
+
+void HandTurnedClock::advanceTo(platform::Instant moment) {
+    const std::lock_guard lock(mutex_);
+    now_ = std::max(now_, moment);
+    release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
+}
+
+void HandTurnedClock::setHoldsBlock(bool holdsBlock) {
+    const std::lock_guard lock(mutex_);
+    holdsBlock_ = holdsBlock;
+    if (!holdsBlock) {
+        release([](const Sleeper &sleeper) { return sleeper.wait == nullptr; });
+    }
+}
+
+bool HandTurnedClock::awaitBlocked(std::size_t threads) const {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, patience, [&] { return countBlocked() >= threads; });
+}
+
+std::size_t HandTurnedClock::blockedCount() const {
+    const std::lock_guard lock(mutex_);
+    return countBlocked();
+}
+
+std::vector<platform::Instant> HandTurnedClock::deadlines() const {
+    const std::lock_guard lock(mutex_);
+    std::vector<platform::Instant> result;
+    for (const Sleeper &sleeper : sleepers_) {
+        if (!sleeper.isReleased) {
+            result.push_back(sleeper.deadline);
+        }
+    }
+    return result;
+}
+
+std::vector<HandTurnedClock::Duration> HandTurnedClock::holds() const {
+    const std::lock_guard lock(mutex_);
+    return holds_;
+}
+
+void HandTurnedClock::block(std::unique_lock<std::mutex> &lock, platform::Instant deadline,
+                            const Wait *wait) {
+    if (deadline <= now_) {
+        return;
+    }
+    const auto sleeper = sleepers_.insert(sleepers_.end(), {deadline, wait});
+    changed_.notify_all();
+    changed_.wait(lock, [&] { return sleeper->isReleased; });
+    sleepers_.erase(sleeper);
+}
+
+template <typename Condition>
+void HandTurnedClock::release(Condition condition) {
+    for (Sleeper &sleeper : sleepers_) {
+        sleeper.isReleased = sleeper.isReleased || condition(sleeper);
+    }
+    changed_.notify_all();
+}
+
+std::size_t HandTurnedClock::countBlocked() const {
+    return static_cast<std::size_t>(
+        std::count_if(sleepers_.begin(), sleepers_.end(),
+                      [](const Sleeper &sleeper) { return !sleeper.isReleased; }));
+}
+
+} // namespace corvane::testing

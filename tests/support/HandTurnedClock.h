@@ -1,0 +1,69 @@
+#pragma once
+
+#include "platform/ContinuousClock.h"
+
+#include <condition_variable>
+#include <cstddef>
+#include <list>
+#include <mutex>
+#include <vector>
+
+namespace corvane::testing {
+
+/// A clock that stands still until a test turns it. Threads that wait on it block until it is
+/// turned to their deadline, so a test decides when each of them goes on. Any thread.
+class HandTurnedClock : public platform::ContinuousClock {
+  public:
+    using Duration = std::chrono::nanoseconds;
+
+    platform::Instant now() const override;
+
+    /// Turns the clock by `duration` itself, unless holds block.
+    void hold(Duration duration) override;
+
+    std::unique_ptr<platform::CancellableWait> makeWait() override;
+
+    /// Turns the clock and lets every thread go on whose deadline is reached. When it returns,
+    /// those threads no longer count as blocked.
+    void advance(Duration duration);
+    /// The same up to a moment; one that has passed changes nothing.
+    void advanceTo(platform::Instant moment);
+
+    /// Whether holds block until the clock is turned. Turning this off ends the holds under way.
+    void setHoldsBlock(bool holdsBlock);
+
+    /// Waits until at least that many threads are blocked; false when that did not happen in time.
+    [[nodiscard]] bool awaitBlocked(std::size_t threads = 1) const;
+
+    /// How many threads are blocked, in a wait or a blocking hold.
+    std::size_t blockedCount() const;
+
+    /// Until when the blocked threads wait, in the order they began to.
+    std::vector<platform::Instant> deadlines() const;
+
+    /// The duration of every hold so far.
+    std::vector<Duration> holds() const;
+
+  private:
+    class Wait;
+    struct Sleeper {
+        platform::Instant deadline;
+        /// Null for a hold.
+        const Wait *wait;
+        bool isReleased = false;
+    };
+
+    void block(std::unique_lock<std::mutex> &lock, platform::Instant deadline, const Wait *wait);
+    template <typename Condition>
+    void release(Condition condition);
+    std::size_t countBlocked() const;
+
+    mutable std::mutex mutex_;
+    mutable std::condition_variable changed_;
+    platform::Instant now_ = std::chrono::hours(1);
+    bool holdsBlock_ = false;
+    std::list<Sleeper> sleepers_;
+    std::vector<Duration> holds_;
+};
+
+} // namespace corvane::testing

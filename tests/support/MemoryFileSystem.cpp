@@ -1,0 +1,101 @@
+#include "support/MemoryFileSystem.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace corvane::testing {
+
+namespace {
+
+std::unexpected<Failure> missing(const std::filesystem::path &path) {
+    return std::unexpected(Failure{path.string() + ": No such file or directory"});
+}
+
+bool isInside(const std::filesystem::path &path, const std::filesystem::path &directory) {
+    return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==
+           directory.end();
+}
+
+} // namespace
+
+bool MemoryFileSystem::exists(const std::filesystem::path &path) {
+    const std::lock_guard lock(mutex_);
+    return files_.contains(path) || directories_.contains(path);
+}
+
+Outcome<std::string> MemoryFileSystem::readFile(const std::filesystem::path &path) {
+    const std::lock_guard lock(mutex_);
+    if (faults_.read) {
+        return std::unexpected(*faults_.read);
+    }
+    const auto found = files_.find(path);
+    if (found == files_.end()) {
+        return missing(path);
+    }
+    return found->second;
+}
+
+Outcome<> MemoryFileSystem::createDirectories(const std::filesystem::path &path) {
+    const std::lock_guard lock(mutex_);
+    if (faults_.createDirectories) {
+        return std::unexpected(*faults_.createDirectories);
+    }
+    addDirectories(path);
+    return {};
+}
+
+Outcome<> MemoryFileSystem::replaceFile(const std::filesystem::path &path,
+                                        std::string_view content) {
+    const std::lock_guard lock(mutex_);
+    writes_.push_back(path);
+    if (faults_.write) {
+        return std::unexpected(*faults_.write);
+    }
+    if (!directories_.contains(path.parent_path())) {
+        return missing(path);
+    }
+    files_[path] = content;
+    return {};
+}
+
+void MemoryFileSystem::put(const std::filesystem::path &path, std::string content) {
+    const std::lock_guard lock(mutex_);
+    addDirectories(path.parent_path());
+    files_[path] = std::move(content);
+}
+
+void MemoryFileSystem::remove(const std::filesystem::path &path) {
+    const std::lock_guard lock(mutex_);
+    std::erase_if(files_, [&](const auto &file) { return isInside(file.first, path); });
+    std::erase_if(directories_,
+                  [&](const std::filesystem::path &each) { return isInside(each, path); });
+}
+
+void MemoryFileSystem::setFaults(const DiskFaults &faults) {
+    const std::lock_guard lock(mutex_);
+    faults_ = faults;
+}
+
+std::optional<std::string> MemoryFileSystem::content(const std::filesystem::path &path) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = files_.find(path);
+    return found == files_.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool MemoryFileSystem::isDirectory(const std::filesystem::path &path) const {
+    const std::lock_guard lock(mutex_);
+    return directories_.contains(path);
+}
+
+std::vector<std::filesystem::path> MemoryFileSystem::writes() const {
+    const std::lock_guard lock(mutex_);
+    return writes_;
+}
+
+void MemoryFileSystem::addDirectories(const std::filesystem::path &path) {
+    for (std::filesystem::path each = path; each != each.parent_path(); each = each.parent_path()) {
+        directories_.insert(each);
+    }
+}
+
+} // namespace corvane::testing

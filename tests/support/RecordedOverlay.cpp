@@ -1,0 +1,35 @@
+#include "support/RecordedOverlay.h"
+
+#include <utility>
+
+namespace corvane::testing {
+
+namespace {
+
+/// The event is a copy: it may destroy the overlay.
+template <typename Event, typename Value>
+void send(bool isVisible, const Event event, Value value) {
+    if (isVisible && event) {
+        event(value);
+    }
+}
+
+} // namespace
+
+void RecordedOverlay::mouseDown(Point point) { send(isVisible, events_.mouseDown, point); }
+
+void RecordedOverlay::mouseDragged(Point point) { send(isVisible, events_.mouseDragged, point); }
+
+void RecordedOverlay::mouseUp(Point point) { send(isVisible, events_.mouseUp, point); }
+
+void RecordedOverlay::keyDown(platform::Key key) { send(isVisible && isKey, events_.keyDown, key); }
+
+void RecordedOverlay::completeAnimations() {
+    for (const std::function<void()> &completion : std::exchange(completions_, {})) {
+        if (completion) {
+            completion();
+        }
+    }
+}
+
+} // namespace corvane::testing

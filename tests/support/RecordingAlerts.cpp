@@ -1,0 +1,19 @@
+#include "support/RecordingAlerts.h"
+
+namespace corvane::testing {
+
+AlertResponse RecordingAlerts::runModal(const Alert &alert) {
+    mainThread_.check();
+    shown.push_back(alert);
+    if (whileShown) {
+        whileShown(alert);
+    }
+    if (answers.empty()) {
+        return {.button = alert.buttons.size() - 1};
+    }
+    const AlertResponse answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+} // namespace corvane::testing

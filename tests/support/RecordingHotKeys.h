@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "support/OneThread.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane::testing {
+
+/// Hot keys without a keyboard. Main thread.
+class RecordingHotKeys : public platform::HotKeys {
+  public:
+    std::string_view mechanism() const override { return mechanismName; }
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    installHandler(std::function<void()> pressed) override;
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    registerHotKey(const platform::HotKey &hotKey) override;
+
+    std::string mechanismName = "Carbon";
+    /// With what status the next attempts fail; nothing for success.
+    std::optional<platform::HotKeyStatus> installFailure;
+    std::optional<platform::HotKeyStatus> registerFailure;
+
+    std::size_t handlerCount() const { return handlers_.size(); }
+    /// Those registered now.
+    std::vector<platform::HotKey> registered() const;
+    /// How often a registration was tried.
+    int registrations = 0;
+
+    /// Presses the registered hot key; without one or without a handler nothing happens.
+    void press();
+
+  private:
+    template <typename Value>
+    class Reference;
+
+    const OneThread mainThread_{"hot keys"};
+    std::map<int, std::function<void()>> handlers_;
+    std::map<int, platform::HotKey> hotKeys_;
+    int nextNumber_ = 0;
+};
+
+} // namespace corvane::testing

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/OverlayWindows.h"
+#include "support/OneThread.h"
+#include "support/RecordedOverlay.h"
+
+#include <memory>
+#include <vector>
+
+namespace corvane::testing {
+
+/// Overlays without a screen; keeps every one ever made. Main thread.
+class RecordingOverlayWindows : public platform::OverlayWindows {
+  public:
+    std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,
+                                                    platform::OverlayEvents events) override;
+
+    /// All overlays ever made, in that order, the destroyed ones included.
+    const std::vector<std::shared_ptr<RecordedOverlay>> &all() const { return overlays_; }
+
+    /// Those on the screen now, in the order they were made.
+    std::vector<std::shared_ptr<RecordedOverlay>> visible() const;
+
+    /// Those that are not destroyed.
+    std::vector<std::shared_ptr<RecordedOverlay>> living() const;
+
+    /// Ends every animation under way and calls the completions.
+    void completeAnimations();
+
+  private:
+    class Overlay;
+
+    const OneThread mainThread_{"overlay windows"};
+    std::vector<std::shared_ptr<RecordedOverlay>> overlays_;
+};
+
+} // namespace corvane::testing

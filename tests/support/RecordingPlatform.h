@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "support/FakeAccessibility.h"
+#include "support/FakeApplications.h"
+#include "support/FakeLocalisation.h"
+#include "support/FakeScreens.h"
+#include "support/FakeWindowList.h"
+#include "support/HandTurnedClock.h"
+#include "support/MemoryFileSystem.h"
+#include "support/RecordingAlerts.h"
+#include "support/RecordingApplication.h"
+#include "support/RecordingHotKeys.h"
+#include "support/RecordingLoginItem.h"
+#include "support/RecordingMainQueue.h"
+#include "support/RecordingMouseEvents.h"
+#include "support/RecordingOverlayWindows.h"
+#include "support/RecordingSettingsWindows.h"
+#include "support/RecordingStatusBar.h"
+#include "support/RecordingWorkspace.h"
+
+namespace corvane::testing {
+
+/// A system in memory: it records what the program does, and a test plays the user, the other
+/// programs and the clock. The thread that creates it is the main thread.
+class RecordingPlatform : public platform::Platform {
+  public:
+    FakeAccessibility &accessibility() override { return accessibility_; }
+    RecordingAlerts &alerts() override { return alerts_; }
+    RecordingApplication &application() override { return application_; }
+    FakeApplications &applications() override { return applications_; }
+    HandTurnedClock &clock() override { return clock_; }
+    MemoryFileSystem &fileSystem() override { return fileSystem_; }
+    RecordingHotKeys &hotKeys() override { return hotKeys_; }
+    FakeLocalisation &localisation() override { return localisation_; }
+    RecordingLoginItem &loginItem() override { return loginItem_; }
+    RecordingMainQueue &mainQueue() override { return mainQueue_; }
+    RecordingMouseEvents &mouseEvents() override { return mouseEvents_; }
+    RecordingOverlayWindows &overlayWindows() override { return overlayWindows_; }
+    FakeScreens &screens() override { return screens_; }
+    RecordingSettingsWindows &settingsWindows() override { return settingsWindows_; }
+    RecordingStatusBar &statusBar() override { return statusBar_; }
+    FakeWindowList &windowList() override { return windowList_; }
+    RecordingWorkspace &workspace() override { return workspace_; }
+
+    /// Lets time pass for the main thread: turns the clock from one timer to the next and the main
+    /// queue with it. Main thread.
+    void advance(std::chrono::nanoseconds duration);
+
+  private:
+    FakeAccessibility accessibility_;
+    RecordingAlerts alerts_;
+    RecordingApplication application_;
+    FakeApplications applications_;
+    HandTurnedClock clock_;
+    MemoryFileSystem fileSystem_;
+    RecordingHotKeys hotKeys_;
+    FakeLocalisation localisation_;
+    RecordingLoginItem loginItem_;
+    RecordingMainQueue mainQueue_{clock_};
+    RecordingMouseEvents mouseEvents_{clock_};
+    RecordingOverlayWindows overlayWindows_;
+    FakeScreens screens_;
+    RecordingSettingsWindows settingsWindows_;
+    RecordingStatusBar statusBar_;
+    FakeWindowList windowList_;
+    RecordingWorkspace workspace_;
+};
+
+} // namespace corvane::testing
