@@ -1,0 +1,131 @@
+#include "ClickClient.h"
+
+#include "TextFile.h"
+#include "WaitUntil.h"
+#include "platform/linux/XcbReply.h"
+
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+
+namespace corvane::desktop {
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+std::string commandToOpen(int number, const ClickClient::Window &window) {
+    std::string line = "open";
+    const auto add = [&line](const std::string &field) { line += "\t" + field; };
+    for (const int value :
+         {number, window.x, window.y, window.width, window.height, window.pid,
+          window.isFullscreen ? 1 : 0, window.isOverride ? 1 : 0, window.ownShadow}) {
+        add(std::to_string(value));
+    }
+    add(window.className);
+    add(window.title);
+    return line;
+}
+
+ButtonEvent buttonEvent(const Fields &fields) {
+    return {.isPress = fields[0] == "press",
+            .window = std::stoi(fields[1]),
+            .button = std::stoi(fields[2]),
+            .state = std::stoi(fields[3]),
+            .position = {std::stoi(fields[4]), std::stoi(fields[5])},
+            .milliseconds = std::stoll(fields[6]),
+            .nanoseconds = std::stoll(fields[7])};
+}
+
+} // namespace
+
+ClickClient::ClickClient(const VirtualDesktop &desktop)
+    : desktop_(desktop),
+      program_(desktop.start({CORVANE_CLICK_CLIENT})) {}
+
+int ClickClient::open(const Window &window) {
+    const int number = ++windowCount_;
+    send(commandToOpen(number, window));
+    if (!waitUntil([&] { return lastReport("mapped", number).has_value(); })) {
+        throw std::runtime_error("The window did not come up: " + program_->standardError());
+    }
+    return number;
+}
+
+xcb_window_t ClickClient::windowId(int window) const {
+    return static_cast<xcb_window_t>(std::stoul(lastReport("mapped", window).value().at(2)));
+}
+
+void ClickClient::move(int window, Position position) {
+    send("move\t" + std::to_string(window) + "\t" + std::to_string(position.x) + "\t" +
+         std::to_string(position.y));
+    if (!waitUntil([&] { return this->position(window) == position; })) {
+        throw std::runtime_error("The window did not move");
+    }
+}
+
+void ClickClient::retitle(int window, const std::string &title) {
+    const std::size_t before = reports("retitled").size();
+    send("retitle\t" + std::to_string(window) + "\t" + title);
+    waitUntil([&] { return reports("retitled").size() > before; });
+}
+
+void ClickClient::close(int window) {
+    send("close\t" + std::to_string(window));
+    if (!waitUntil([&] { return lastReport("closed", window).has_value(); })) {
+        throw std::runtime_error("The window did not close");
+    }
+}
+
+Position ClickClient::position(int window) const {
+    const DisplayConnection &connection = desktop_.connection();
+    const x11::XcbReply<xcb_translate_coordinates_reply_t> reply(xcb_translate_coordinates_reply(
+        connection.get(),
+        xcb_translate_coordinates(connection.get(), windowId(window), connection.root(), 0, 0),
+        nullptr));
+    if (!reply) {
+        throw std::runtime_error("The window is gone");
+    }
+    return {reply->dst_x, reply->dst_y};
+}
+
+std::vector<ButtonEvent> ClickClient::events() const {
+    std::vector<ButtonEvent> events;
+    for (const std::string &line : wholeLines(program_->standardOutput())) {
+        const Fields fields = split(line, '\t');
+        if (fields.front() == "press" || fields.front() == "release") {
+            events.push_back(buttonEvent(fields));
+        }
+    }
+    return events;
+}
+
+int ClickClient::pressCount() const { return static_cast<int>(reports("press").size()); }
+int ClickClient::releaseCount() const { return static_cast<int>(reports("release").size()); }
+
+bool ClickClient::waitForClicks(int count, std::chrono::milliseconds limit) const {
+    return waitUntil([&] { return pressCount() >= count && releaseCount() >= count; }, limit);
+}
+
+void ClickClient::send(const std::string &line) const { program_->write(line + "\n"); }
+
+std::vector<Fields> ClickClient::reports(const std::string &kind) const {
+    std::vector<Fields> found;
+    for (const std::string &line : wholeLines(program_->standardOutput())) {
+        Fields fields = split(line, '\t');
+        if (fields.front() == kind) {
+            found.push_back(std::move(fields));
+        }
+    }
+    return found;
+}
+
+std::optional<Fields> ClickClient::lastReport(const std::string &kind, int window) const {
+    const std::vector<Fields> all = reports(kind);
+    const auto found = std::find_if(all.rbegin(), all.rend(), [&](const Fields &fields) {
+        return fields.at(1) == std::to_string(window);
+    });
+    return found == all.rend() ? std::nullopt : std::optional(*found);
+}
+
+} // namespace corvane::desktop

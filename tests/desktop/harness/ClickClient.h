@@ -1,0 +1,91 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "Pointer.h"
+#include "VirtualDesktop.h"
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// A mouse button going down or up in a window of a `ClickClient`.
+struct ButtonEvent {
+    bool isPress = false;
+    /// The number the test gave the window.
+    int window = 0;
+    int button = 0;
+    /// Modifiers and buttons just before the event, as in the X event.
+    int state = 0;
+    /// Where the pointer was, on the root window.
+    Position position;
+    /// The server's clock.
+    std::int64_t milliseconds = 0;
+    /// The monotonic clock when the program saw it.
+    std::int64_t nanoseconds = 0;
+};
+
+/// Another program with windows that note every click they get.
+class ClickClient {
+  public:
+    /// A window as the program opens it, by its own numbers: the window manager may change them.
+    struct Window {
+        std::string title = "Target";
+        /// The class part of WM_CLASS.
+        std::string className = "Target";
+        /// The client area, in pixels.
+        int x = 100;
+        int y = 100;
+        int width = 400;
+        int height = 300;
+        /// What the window says of its process: 0 for nothing, -1 for the truth.
+        int pid = -1;
+        bool isFullscreen = false;
+        /// Whether the window manager is kept out.
+        bool isOverride = false;
+        /// The width of the shadow the program draws around its own frame; 0 for none.
+        int ownShadow = 0;
+    };
+
+    explicit ClickClient(const VirtualDesktop &desktop);
+
+    /// Opens a window and waits until it is on screen; gives the window's number.
+    int open(const Window &window);
+    int open() { return open(Window{}); }
+
+    xcb_window_t windowId(int window) const;
+
+    /// Moves the window and waits until its client area is there.
+    void move(int window, Position position);
+    void retitle(int window, const std::string &title);
+    void close(int window);
+
+    /// Where the client area is on the root window.
+    Position position(int window) const;
+
+    /// Every event so far, in order.
+    std::vector<ButtonEvent> events() const;
+    int pressCount() const;
+    int releaseCount() const;
+
+    /// Waits until there are that many presses and as many releases; false when time runs out.
+    bool waitForClicks(int count, std::chrono::milliseconds limit = patience) const;
+
+    pid_t pid() const { return program_->pid(); }
+
+  private:
+    void send(const std::string &line) const;
+    std::vector<std::vector<std::string>> reports(const std::string &kind) const;
+    std::optional<std::vector<std::string>> lastReport(const std::string &kind, int window) const;
+
+    const VirtualDesktop &desktop_;
+    std::unique_ptr<ChildProcess> program_;
+    int windowCount_ = 0;
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "PrivateMounts.h"
+#include "VirtualDesktop.h"
+
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// The real program on a virtual desktop. It finds a private file in the place of the diagnostic
+/// log, so that several can run at the same time.
+class CorvaneProcess {
+  public:
+    struct Options {
+        std::vector<std::string> arguments;
+        /// Variables to set beside those of the desktop.
+        Environment environment;
+        /// Variables to take away.
+        std::vector<std::string> withoutVariables;
+        PrivateMounts mounts;
+    };
+
+    CorvaneProcess(const VirtualDesktop &desktop, Options options);
+    explicit CorvaneProcess(const VirtualDesktop &desktop) : CorvaneProcess(desktop, Options{}) {}
+
+    ChildProcess &process() { return *process_; }
+
+    /// Waits until the launch sequence is through; false when time runs out or the program ends.
+    bool waitUntilReady();
+
+    /// The messages logged so far, without their time stamps.
+    std::vector<std::string> log() const;
+    int logCount(std::string_view message) const;
+
+    /// Waits until the message has been logged `count` times; false when time runs out.
+    bool waitForLog(std::string_view message, int count = 1);
+    /// The same for any message that begins so.
+    bool waitForLogBeginning(std::string_view beginning, int count = 1);
+
+    std::string standardOutput() const { return process_->standardOutput(); }
+    std::string standardError() const { return process_->standardError(); }
+
+    /// The log, what was printed and how the program ended, for the message of a failed test.
+    std::string story();
+
+  private:
+    std::filesystem::path logFile_;
+    std::unique_ptr<ChildProcess> process_;
+};
+
+/// Where the program reads and writes its settings on that desktop.
+std::filesystem::path settingsFile(const VirtualDesktop &desktop);
+std::filesystem::path profilesFile(const VirtualDesktop &desktop);
+
+/// Puts the text into the settings file.
+void writeSettings(const VirtualDesktop &desktop, std::string_view text);
+
+} // namespace corvane::desktop

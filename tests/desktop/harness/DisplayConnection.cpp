@@ -1,0 +1,53 @@
+#include "DisplayConnection.h"
+
+#include "platform/linux/XcbReply.h"
+
+#include <stdexcept>
+
+namespace corvane::desktop {
+
+using x11::XcbReply;
+
+DisplayConnection::DisplayConnection(const std::string &display)
+    : connection_(xcb_connect(display.c_str(), nullptr)) {
+    if (xcb_connection_has_error(get()) != 0) {
+        throw std::runtime_error("No X server at " + display);
+    }
+    screen_ = xcb_setup_roots_iterator(xcb_get_setup(get())).data;
+    root_ = screen_->root;
+}
+
+void DisplayConnection::synchronize() const {
+    const XcbReply<xcb_get_input_focus_reply_t> answer(
+        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+    if (!answer) {
+        throw std::runtime_error("The X server is gone");
+    }
+}
+
+xcb_atom_t DisplayConnection::atom(std::string_view name) const {
+    const auto cookie =
+        xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookie, nullptr));
+    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+}
+
+xcb_window_t DisplayConnection::selectionOwner(std::string_view name) const {
+    const auto cookie = xcb_get_selection_owner(get(), atom(name));
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(get(), cookie, nullptr));
+    return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+std::optional<std::uint32_t> DisplayConnection::property(xcb_window_t window,
+                                                         std::string_view name) const {
+    const auto cookie =
+        xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    if (!reply || reply->format != 32 || reply->value_len < 1) {
+        return std::nullopt;
+    }
+    return *static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
+}
+
+} // namespace corvane::desktop

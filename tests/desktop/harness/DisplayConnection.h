@@ -1,0 +1,44 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvane::desktop {
+
+/// A test's own connection to an X server.
+class DisplayConnection {
+  public:
+    /// Throws when the server cannot be reached.
+    explicit DisplayConnection(const std::string &display);
+
+    xcb_connection_t *get() const { return connection_.get(); }
+    xcb_window_t root() const { return root_; }
+    const xcb_screen_t &screen() const { return *screen_; }
+
+    /// Sends everything and waits until the server has carried it out.
+    void synchronize() const;
+
+    xcb_atom_t atom(std::string_view name) const;
+
+    /// The owner of a selection; XCB_WINDOW_NONE without one.
+    xcb_window_t selectionOwner(std::string_view name) const;
+
+    /// The first value of a 32-bit property.
+    std::optional<std::uint32_t> property(xcb_window_t window, std::string_view name) const;
+
+  private:
+    struct Disconnect {
+        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
+    };
+
+    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    const xcb_screen_t *screen_ = nullptr;
+    xcb_window_t root_ = XCB_WINDOW_NONE;
+};
+
+} // namespace corvane::desktop

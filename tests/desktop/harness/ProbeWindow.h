@@ -1,0 +1,26 @@
+#pragma once
+
+#include "DisplayConnection.h"
+
+namespace corvane::desktop {
+
+/// A small window that shows whether the window manager is at work. A window manager announces
+/// itself before it listens, and forgets windows that come up in between.
+class ProbeWindow {
+  public:
+    /// The connection outlives it.
+    explicit ProbeWindow(const DisplayConnection &connection);
+    ProbeWindow(const ProbeWindow &) = delete;
+    ProbeWindow &operator=(const ProbeWindow &) = delete;
+    ~ProbeWindow();
+
+    /// Asks to be shown, again if it has been forgotten; whether the window manager took care of
+    /// it within a moment.
+    bool isManaged() const;
+
+  private:
+    const DisplayConnection &connection_;
+    xcb_window_t id_;
+};
+
+} // namespace corvane::desktop

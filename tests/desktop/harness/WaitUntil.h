@@ -1,0 +1,25 @@
+#pragma once
+
+#include <chrono>
+#include <thread>
+
+namespace corvane::desktop {
+
+/// How long a test waits for what it expects to happen; generous, for a loaded machine.
+inline constexpr std::chrono::seconds patience{30};
+
+/// Asks again and again until the condition holds; false when `limit` passes first.
+template <typename Condition>
+bool waitUntil(Condition condition, std::chrono::milliseconds limit = patience) {
+    constexpr std::chrono::milliseconds pause{5};
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (!condition()) {
+        if (std::chrono::steady_clock::now() >= deadline) {
+            return false;
+        }
+        std::this_thread::sleep_for(pause);
+    }
+    return true;
+}
+
+} // namespace corvane::desktop
