@@ -7,9 +7,8 @@ namespace corvane::x11 {
 
 /// Gives memory back that XCB allocated.
 struct XcbFree {
-    void operator()(void *memory) const {
-        std::free(memory);
-    } // NOLINT(cppcoreguidelines-no-malloc)
+    // NOLINTNEXTLINE(cppcoreguidelines-no-malloc, cppcoreguidelines-owning-memory)
+    void operator()(void *memory) const { std::free(memory); }
 };
 
 /// A reply, an event or an error of the X server.
