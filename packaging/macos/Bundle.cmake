@@ -1,0 +1,44 @@
+# Makes the application bundle Corvane.app: property list, icon and signature.
+
+set_target_properties(corvane PROPERTIES
+    OUTPUT_NAME Corvane
+    RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}"
+    MACOSX_BUNDLE TRUE
+    MACOSX_BUNDLE_INFO_PLIST "${PROJECT_SOURCE_DIR}/packaging/macos/Info.plist.in")
+
+find_program(RSVG_CONVERT rsvg-convert)
+find_package(Python3 COMPONENTS Interpreter)
+if(RSVG_CONVERT AND Python3_FOUND)
+    set(drawing "${PROJECT_SOURCE_DIR}/resources/AppIcon.svg")
+    set(make_icns "${PROJECT_SOURCE_DIR}/packaging/macos/make-icns")
+    set(icon "${CMAKE_CURRENT_BINARY_DIR}/AppIcon.icns")
+    add_custom_command(OUTPUT "${icon}"
+        COMMAND Python3::Interpreter "${make_icns}" "${drawing}" "${icon}"
+        DEPENDS "${drawing}" "${make_icns}"
+        COMMENT "Rendering the application icon"
+        VERBATIM)
+    set_source_files_properties("${icon}" PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+    target_sources(corvane PRIVATE "${icon}")
+else()
+    message(WARNING "The bundle gets no icon: rsvg-convert or Python is missing")
+endif()
+
+if(NOT CMAKE_CROSSCOMPILING)
+    # The hardened runtime is for builds that are handed out; with it an ad-hoc signature gains
+    # nothing.
+    set(signing_options --force --sign "${CORVANE_SIGNING_IDENTITY}")
+    if(NOT CORVANE_SIGNING_IDENTITY STREQUAL "-")
+        list(APPEND signing_options --options runtime --timestamp)
+    endif()
+    add_custom_command(TARGET corvane POST_BUILD
+        COMMAND codesign ${signing_options} "$<TARGET_BUNDLE_DIR:corvane>"
+        COMMENT "Signing Corvane.app"
+        VERBATIM)
+
+    install(TARGETS corvane BUNDLE DESTINATION .)
+    set(CPACK_GENERATOR DragNDrop)
+    set(CPACK_PACKAGE_NAME Corvane)
+    set(CPACK_PACKAGE_VENDOR Corvane)
+    set(CPACK_PACKAGE_FILE_NAME "Corvane-${PROJECT_VERSION}")
+    include(CPack)
+endif()
