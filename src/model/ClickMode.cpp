@@ -1,0 +1,24 @@
+#include "model/ClickMode.h"
+
+#include "support/Localised.h"
+
+namespace corvane {
+
+std::string_view storedValue(ClickMode mode) {
+    return mode == ClickMode::cursor ? "cursor" : "zone";
+}
+
+std::optional<ClickMode> clickModeFromStoredValue(std::string_view text) {
+    for (const ClickMode mode : allClickModes) {
+        if (storedValue(mode) == text) {
+            return mode;
+        }
+    }
+    return std::nullopt;
+}
+
+std::string displayName(ClickMode mode) {
+    return localised(mode == ClickMode::cursor ? "Free Cursor" : "Defined Zone");
+}
+
+} // namespace corvane

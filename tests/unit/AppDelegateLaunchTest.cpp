@@ -1,0 +1,144 @@
+#include "support/AppDelegateTest.h"
+
+namespace corvane {
+namespace {
+
+constexpr const char *settingsUrl =
+    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+
+class AppDelegateLaunchTest : public testing::AppDelegateTest {};
+
+TEST_F(AppDelegateLaunchTest, TheStatusItemIsThereBeforeTheFilesAreRead) {
+    delegate->applicationDidFinishLaunching();
+    EXPECT_EQ(statusItem().titles().front(), "Idle");
+    EXPECT_EQ(statusItem().iconsSet, 1);
+    EXPECT_TRUE(platform.hotKeys().registered().empty());
+}
+
+TEST_F(AppDelegateLaunchTest, TheLoadedSettingsAreShown) {
+    platform.fileSystem().put(shared.configService.configFileURL(),
+                              R"({"clickRate":7,"timeUnit":"m","maxClicks":3})");
+    launch();
+    EXPECT_NE(statusItem().find("Rate: 7/m — 3x"), nullptr);
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+}
+
+TEST_F(AppDelegateLaunchTest, WithoutPermissionTheUserIsAskedOnceAndTheHotKeyStillRegistered) {
+    platform.accessibility().isTrusted = false;
+    launch();
+    EXPECT_EQ(platform.accessibility().prompts, 1);
+    EXPECT_EQ(logged("Initial accessibility: false"), 1);
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+    EXPECT_NE(statusItem().find("Open Accessibility Settings..."), nullptr);
+    platform.advance(std::chrono::seconds(9));
+    EXPECT_EQ(platform.accessibility().prompts, 1);
+}
+
+TEST_F(AppDelegateLaunchTest, WithPermissionThatIsLogged) {
+    launch();
+    EXPECT_EQ(logged("Initial accessibility: true"), 1);
+    EXPECT_TRUE(state().isAccessibilityGranted);
+}
+
+TEST_F(AppDelegateLaunchTest, EveryGrantIsNoticedWithinThreeSecondsAndRegistersOnce) {
+    platform.accessibility().isTrusted = false;
+    launch();
+    const char *const grantLine = "Accessibility granted — registering hotkey";
+
+    platform.accessibility().isTrusted = true;
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_EQ(logged(grantLine), 1);
+    EXPECT_EQ(platform.hotKeys().registrations, 2);
+    EXPECT_EQ(statusItem().find("Open Accessibility Settings..."), nullptr);
+    platform.advance(std::chrono::seconds(9));
+    EXPECT_EQ(logged(grantLine), 1);
+
+    platform.accessibility().isTrusted = false;
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_NE(statusItem().find("Open Accessibility Settings..."), nullptr);
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+    platform.accessibility().isTrusted = true;
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_EQ(logged(grantLine), 2);
+    EXPECT_EQ(platform.hotKeys().registrations, 3);
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+}
+
+TEST_F(AppDelegateLaunchTest, ARefusedHotKeyDoesNotEndTheLaunch) {
+    platform.hotKeys().registerFailure = 10;
+    launch();
+    EXPECT_EQ(logged("Failed to register hotkey: 10"), 1);
+    statusItem().choose("Start\t⇧⌘Y");
+    EXPECT_EQ(state().status, ClickStatus::running);
+}
+
+TEST_F(AppDelegateLaunchTest, DamagedFilesLeaveTheDefaultsAndTheFilesAlone) {
+    const auto &file = shared.configService.configFileURL();
+    platform.fileSystem().put(file, "[]");
+    ::testing::internal::CaptureStdout();
+    launch();
+    settle();
+    const std::string output = ::testing::internal::GetCapturedStdout();
+    EXPECT_EQ(output.rfind("[Corvane] Failed to load config: ", 0), 0U) << output;
+    EXPECT_EQ(state().config, CorvaneConfig{});
+    EXPECT_EQ(configFile(), "[]");
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+}
+
+TEST_F(AppDelegateLaunchTest, TheAccessibilitySettingsOpenByTheirAddress) {
+    platform.accessibility().isTrusted = false;
+    launch();
+    statusItem().choose("Open Accessibility Settings...");
+    EXPECT_EQ(platform.workspace().opened, std::vector<std::string>{settingsUrl});
+}
+
+TEST_F(AppDelegateLaunchTest, QuittingIsTheApplicationsOwnBusiness) {
+    launch();
+    statusItem().choose("Quit Corvane");
+    EXPECT_EQ(platform.application().terminations, 1);
+}
+
+TEST_F(AppDelegateLaunchTest, UnknownCommandsDoNothing) {
+    launch();
+    const int menusSet = statusItem().menusSet;
+    statusItem().perform({"noSuchCommand:"});
+    statusItem().perform({""});
+    EXPECT_EQ(statusItem().menusSet, menusSet);
+    EXPECT_EQ(state().status, ClickStatus::idle);
+}
+
+TEST_F(AppDelegateLaunchTest, TerminatingStopsTheRunAndGivesEverythingBack) {
+    launch();
+    startRunning();
+    settle();
+    const auto writes = platform.fileSystem().writes();
+    delegate->applicationWillTerminate();
+    shared.clickerService.awaitEnd();
+    EXPECT_TRUE(platform.hotKeys().registered().empty());
+    EXPECT_EQ(platform.mainQueue().timerCount(), 0U);
+    EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
+    EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 1);
+    EXPECT_EQ(platform.fileSystem().writes(), writes);
+}
+
+TEST_F(AppDelegateLaunchTest, NothingReachesADelegateThatIsGone) {
+    launch();
+    startRunning();
+    const auto item = platform.statusBar().items().back();
+    delegate.reset();
+    EXPECT_TRUE(item->isDestroyed);
+    platform.hotKeys().press();
+    shared.clickerService.stop();
+    shared.clickerService.awaitEnd();
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_EQ(state().status, ClickStatus::running);
+}
+
+TEST_F(AppDelegateLaunchTest, StartingTheProgramAgainShowsTheMenu) {
+    launch();
+    delegate->applicationShouldHandleReopen();
+    EXPECT_EQ(statusItem().menusOpened, 1);
+}
+
+} // namespace
+} // namespace corvane
