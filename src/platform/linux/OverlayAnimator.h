@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/linux/XcbConnection.h"
+
+#include <QTimer>
+
+#include <chrono>
+#include <vector>
+
+namespace corvane::x11 {
+
+class OverlayPlayback;
+
+/// One clock for all animations that are running. Main thread.
+class OverlayAnimator {
+  public:
+    using Time = std::chrono::steady_clock::time_point;
+
+    /// The connection outlives the animator, which outlives every playback.
+    explicit OverlayAnimator(const XcbConnection &connection);
+
+    /// Has a playback advance about sixty times a second until it is over.
+    void add(OverlayPlayback &playback);
+    void remove(OverlayPlayback &playback);
+
+  private:
+    void advance();
+    void finish();
+
+    const XcbConnection &connection_;
+    std::vector<OverlayPlayback *> running_;
+    /// Over, but not told so yet.
+    std::vector<OverlayPlayback *> over_;
+    QTimer timer_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/linux/OverlayVisual.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+
+#include <optional>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// What an overlay's window shows, kept on the server, so that showing it again costs next to
+/// nothing.
+class OverlayPicture {
+  public:
+    /// Shows nothing until something is put into it. The visual outlives the picture.
+    OverlayPicture(const OverlayVisual &visual, QSize size);
+    ~OverlayPicture();
+
+    OverlayPicture(const OverlayPicture &) = delete;
+    OverlayPicture &operator=(const OverlayPicture &) = delete;
+
+    /// Replaces the pixels beneath `image`, premultiplied 32-bit, with its top left corner at `at`.
+    void put(const QImage &image, QPoint at);
+
+    /// Limits the window to where `image`, which covers the whole picture, is not transparent.
+    void cutOut(const QImage &image);
+
+    /// None while the picture is empty.
+    xcb_pixmap_t pixmap() const { return pixmap_; }
+
+    /// The only parts of the window that exist, in bands from the top; absent for the whole window.
+    const std::optional<std::vector<xcb_rectangle_t>> &areas() const { return areas_; }
+
+  private:
+    const OverlayVisual &visual_;
+    const QSize size_;
+    xcb_pixmap_t pixmap_ = XCB_PIXMAP_NONE;
+    std::optional<std::vector<xcb_rectangle_t>> areas_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,93 @@
+#include "platform/linux/OverlayStack.h"
+
+#include <algorithm>
+#include <array>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// Another program may insist on being above everything too; neither side must keep the server busy
+/// with that.
+constexpr std::chrono::milliseconds restackInterval(100);
+
+} // namespace
+
+OverlayStack::OverlayStack(XcbEvents &events)
+    : events_(events),
+      subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
+    restackTimer_.setSingleShot(true);
+    QObject::connect(&restackTimer_, &QTimer::timeout, [this] { restack(); });
+}
+
+void OverlayStack::insert(xcb_window_t window, int level) {
+    std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
+    const auto place =
+        std::ranges::find_if(entries_, [level](const Entry &entry) { return entry.level > level; });
+    putInPlace(entries_.insert(place, Entry{window, level}));
+    if (!rootEvents_) {
+        rootEvents_.emplace(events_.masks().select(events_.connection().root(),
+                                                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
+    }
+}
+
+void OverlayStack::remove(xcb_window_t window) {
+    std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
+    if (entries_.empty()) {
+        rootEvents_.reset();
+    }
+}
+
+OverlayStack::Entries::iterator OverlayStack::find(xcb_window_t window) {
+    return std::ranges::find(entries_, window, &Entry::window);
+}
+
+/// Directly below the next higher overlay, the highest above everything.
+void OverlayStack::putInPlace(Entries::const_iterator entry) const {
+    xcb_connection_t *const connection = events_.connection().get();
+    const auto above = entry + 1;
+    if (above == entries_.end()) {
+        constexpr std::uint32_t mode = XCB_STACK_MODE_ABOVE;
+        xcb_configure_window(connection, entry->window, XCB_CONFIG_WINDOW_STACK_MODE, &mode);
+        return;
+    }
+    const std::array<std::uint32_t, 2> values{above->window, XCB_STACK_MODE_BELOW};
+    xcb_configure_window(connection, entry->window,
+                         XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
+}
+
+void OverlayStack::handle(const xcb_generic_event_t &event) {
+    if (entries_.empty()) {
+        return;
+    }
+    const int type = XcbEvents::typeOf(event);
+    if (type == XCB_CONFIGURE_NOTIFY) {
+        const auto &change = reinterpret_cast<const xcb_configure_notify_event_t &>(event);
+        if (contains(change.above_sibling) && !contains(change.window)) {
+            restackSoon();
+        }
+    } else if (type == XCB_MAP_NOTIFY) {
+        const auto &shown = reinterpret_cast<const xcb_map_notify_event_t &>(event);
+        if (shown.event == events_.connection().root() && !contains(shown.window)) {
+            restackSoon();
+        }
+    }
+}
+
+void OverlayStack::restackSoon() {
+    if (!restackTimer_.isActive()) {
+        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now() - lastRestack_);
+        restackTimer_.start(std::max(std::chrono::milliseconds(0), restackInterval - elapsed));
+    }
+}
+
+void OverlayStack::restack() {
+    lastRestack_ = std::chrono::steady_clock::now();
+    for (auto entry = entries_.cend(); entry != entries_.cbegin();) {
+        putInPlace(--entry);
+    }
+    events_.connection().flush();
+}
+
+} // namespace corvane::x11

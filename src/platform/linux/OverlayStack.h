@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/linux/XcbEvents.h"
+
+#include <QTimer>
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// The order of the overlays on the screen: higher levels above lower ones, and all of them above
+/// the windows of other programs, also of those that are raised later. Main thread.
+class OverlayStack {
+  public:
+    /// The events outlive the stack.
+    explicit OverlayStack(XcbEvents &events);
+
+    /// Puts a window above those of its level.
+    void insert(xcb_window_t window, int level);
+    void remove(xcb_window_t window);
+
+  private:
+    struct Entry {
+        xcb_window_t window;
+        int level;
+    };
+    using Entries = std::vector<Entry>;
+
+    Entries::iterator find(xcb_window_t window);
+    bool contains(xcb_window_t window) { return find(window) != entries_.end(); }
+    void putInPlace(Entries::const_iterator entry) const;
+    void handle(const xcb_generic_event_t &event);
+    void restackSoon();
+    void restack();
+
+    XcbEvents &events_;
+    /// From the lowest to the highest.
+    Entries entries_;
+    /// Held while there are entries.
+    std::optional<EventMasks::Selection> rootEvents_;
+    XcbEvents::Subscription subscription_;
+    QTimer restackTimer_;
+    std::chrono::steady_clock::time_point lastRestack_;
+};
+
+} // namespace corvane::x11

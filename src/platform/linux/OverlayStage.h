@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/linux/Compositor.h"
+#include "platform/linux/LinuxScreens.h"
+#include "platform/linux/OverlayAnimation.h"
+#include "platform/linux/OverlayAnimator.h"
+#include "platform/linux/OverlayKeyboard.h"
+#include "platform/linux/OverlayPainter.h"
+#include "platform/linux/OverlayStack.h"
+#include "platform/linux/OverlaySurfaces.h"
+#include "platform/linux/OverlayVisual.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <memory>
+#include <vector>
+
+namespace corvane::x11 {
+
+class LinuxOverlay;
+
+/// What all overlays share. Main thread.
+class OverlayStage {
+  public:
+    /// Null where the server cannot show overlays that let the mouse through. Everything given
+    /// outlives the stage, which outlives every overlay.
+    static std::unique_ptr<OverlayStage> make(XcbEvents &events, const LinuxScreens &screens,
+                                              SymbolImages &symbols);
+
+    OverlayStage(const OverlayStage &) = delete;
+    OverlayStage &operator=(const OverlayStage &) = delete;
+
+    const XcbConnection &connection() const { return connection_; }
+    const LinuxScreens &screens() const { return screens_; }
+    const OverlayVisual &visual() const { return *visual_; }
+    const OverlayPainter &painter() const { return painter_; }
+    OverlaySurfaces &surfaces() { return surfaces_; }
+    OverlayStack &stack() { return stack_; }
+    OverlayKeyboard &keyboard() { return keyboard_; }
+    OverlayAnimator &animator() { return animator_; }
+
+    /// Whether what is translucent shows the screen beneath.
+    bool blends() const { return visual_->hasAlpha() && compositor_.isRunning(); }
+
+    /// The pictures of an animation over a scene, shared with others that play the same.
+    std::shared_ptr<OverlayAnimation> animation(const OverlayScene &scene,
+                                                const Animation &animation);
+
+    /// From now on the overlay hears of mouse events and of changes of the screen.
+    void add(LinuxOverlay &overlay) { overlays_.push_back(&overlay); }
+    void remove(LinuxOverlay &overlay) { std::erase(overlays_, &overlay); }
+
+  private:
+    OverlayStage(XcbEvents &events, const LinuxScreens &screens, SymbolImages &symbols,
+                 std::unique_ptr<OverlayVisual> visual);
+
+    void handle(const xcb_generic_event_t &event);
+    LinuxOverlay *overlayOf(xcb_window_t window) const;
+    void compositorChanged();
+
+    const XcbConnection &connection_;
+    const LinuxScreens &screens_;
+    std::unique_ptr<OverlayVisual> visual_;
+    OverlayPainter painter_;
+    OverlaySurfaces surfaces_;
+    OverlayStack stack_;
+    OverlayKeyboard keyboard_;
+    OverlayAnimator animator_;
+    Compositor compositor_;
+    /// Those played last.
+    std::vector<std::shared_ptr<OverlayAnimation>> animations_;
+    std::vector<LinuxOverlay *> overlays_;
+    XcbEvents::Subscription subscription_;
+};
+
+} // namespace corvane::x11
