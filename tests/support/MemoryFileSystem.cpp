@@ -40,6 +40,9 @@ Outcome<> MemoryFileSystem::createDirectories(const std::filesystem::path &path)
     if (faults_.createDirectories) {
         return std::unexpected(*faults_.createDirectories);
     }
+    if (files_.contains(path)) {
+        return std::unexpected(Failure{path.string() + ": Not a directory"});
+    }
     addDirectories(path);
     return {};
 }

@@ -18,9 +18,10 @@ constexpr platform::HotKey commandShiftY{
 
 constexpr xcb_keycode_t superKey = 133;
 constexpr xcb_keycode_t shiftKey = 50;
-/// The keys with Y on an American and on a German keyboard.
-constexpr xcb_keycode_t americanY = 29;
-constexpr xcb_keycode_t germanY = 52;
+constexpr xcb_keycode_t americanY = desktop::Keyboard::physicalY;
+constexpr xcb_keycode_t germanY = desktop::Keyboard::physicalZ;
+
+constexpr std::uint16_t combination = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
 
 constexpr platform::HotKeyStatus badValue = 2;
 constexpr platform::HotKeyStatus badAccess = 10;
@@ -88,9 +89,9 @@ TEST_F(LinuxHotKeysTest, HearsItWhateverLocksAreOn) {
 
 TEST_F(LinuxHotKeysTest, HoldingTheKeyIsOnePress) {
     registerKey();
-    user_.pressKey(superKey);
-    user_.pressKey(shiftKey);
-    user_.pressKey(americanY);
+    user_.keyboard().press(superKey);
+    user_.keyboard().press(shiftKey);
+    user_.keyboard().press(americanY);
     // The server repeats the key by itself; the repeats are events like any other.
     int repeats = 0;
     const auto subscription = events_.subscribe([&repeats](const xcb_generic_event_t &event) {
@@ -99,9 +100,9 @@ TEST_F(LinuxHotKeysTest, HoldingTheKeyIsOnePress) {
     ASSERT_TRUE(turnUntil([&repeats] { return repeats >= 3; }));
     EXPECT_EQ(presses_, 1);
     // Letting go of the modifiers first is no press either.
-    user_.releaseKey(superKey);
-    user_.releaseKey(shiftKey);
-    user_.releaseKey(americanY);
+    user_.keyboard().release(superKey);
+    user_.keyboard().release(shiftKey);
+    user_.keyboard().release(americanY);
     settle(events_);
     EXPECT_EQ(presses_, 1);
     EXPECT_EQ(pressesOf(americanY), 1);
@@ -149,48 +150,45 @@ TEST_F(LinuxHotKeysTest, FollowsTheActiveLayout) {
 
 TEST_F(LinuxHotKeysTest, IsRefusedWhileAnotherProgramHasIt) {
     XClient other;
-    const auto taken = xcb_grab_key_checked(other.connection().get(), 0, other.connection().root(),
-                                            XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT, americanY,
-                                            XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    ASSERT_EQ(other.connection().check(taken), nullptr);
+    ASSERT_EQ(other.grabKey(americanY, combination), 0);
 
     const auto refused = hotKeys_.registerHotKey(commandShiftY);
     ASSERT_FALSE(refused.has_value());
     EXPECT_EQ(refused.error(), badAccess);
 
-    xcb_ungrab_key(other.connection().get(), XCB_GRAB_ANY, other.connection().root(),
-                   XCB_MOD_MASK_ANY);
-    other.synchronise();
+    other.giveKeysBack();
     registerKey();
     EXPECT_EQ(pressesOf(americanY), 1);
 }
 
 TEST_F(LinuxHotKeysTest, ARefusalLeavesNoCombinationTaken) {
     XClient other;
-    const auto grab = [&other](int modifiers) {
-        return other.connection().check(
-            xcb_grab_key_checked(other.connection().get(), 0, other.connection().root(),
-                                 static_cast<std::uint16_t>(modifiers), americanY,
-                                 XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
-    };
-    constexpr int combination = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
-    ASSERT_EQ(grab(combination | XCB_MOD_MASK_LOCK), nullptr);
+    ASSERT_EQ(other.grabKey(americanY, combination | XCB_MOD_MASK_LOCK), 0);
     ASSERT_FALSE(hotKeys_.registerHotKey(commandShiftY).has_value());
-    events_.connection().flush();
     settle(events_);
-    EXPECT_EQ(grab(combination), nullptr);
+    EXPECT_EQ(other.grabKey(americanY, combination), 0);
 }
 
 TEST_F(LinuxHotKeysTest, IsGivenBackWithItsReference) {
     registerKey();
+    XClient other;
+    EXPECT_EQ(other.grabKey(americanY, combination), badAccess);
     key_.reset();
     settle(events_);
     EXPECT_EQ(pressesOf(americanY), 0);
+    EXPECT_EQ(other.grabKey(americanY, combination), 0);
+}
+
+TEST_F(LinuxHotKeysTest, ComesBackWithALayoutUnderWhichItIsFree) {
+    registerKey();
     XClient other;
-    const auto taken = xcb_grab_key_checked(other.connection().get(), 0, other.connection().root(),
-                                            XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT, americanY,
-                                            XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
-    EXPECT_EQ(other.connection().check(taken), nullptr);
+    ASSERT_EQ(other.grabKey(germanY, combination), 0);
+    setLayouts("de");
+    settle(events_);
+    EXPECT_EQ(pressesOf(germanY), 0);
+    setLayouts("us");
+    settle(events_);
+    EXPECT_EQ(pressesOf(americanY), 1);
 }
 
 TEST_F(LinuxHotKeysTest, APressWithoutAHandlerIsIgnored) {

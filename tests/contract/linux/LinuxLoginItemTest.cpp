@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxLoginItem.h"
 
-#include "TemporaryDirectory.h"
+#include "TemporaryFolder.h"
 #include "platform/posix/PosixFileSystem.h"
 
 #include <gtest/gtest.h>
@@ -31,7 +31,7 @@ class LinuxLoginItemTest : public testing::Test {
         return content.str();
     }
 
-    TemporaryDirectory config_;
+    desktop::TemporaryFolder config_;
     std::filesystem::path entryFile_ = config_.path() / "autostart" / "corvane.desktop";
     posix::PosixFileSystem files_;
     x11::LinuxLoginItem item_{files_, config_.path(), "/bin/sh"};

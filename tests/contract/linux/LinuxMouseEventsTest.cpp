@@ -19,7 +19,7 @@ class LinuxMouseEventsTest : public testing::Test {
   protected:
     void SetUp() override {
         user_.coverScreen();
-        user_.moveCursor(120, 80);
+        user_.pointer().moveTo({120, 80});
     }
 
     /// The button event the window under the cursor sees next.
@@ -69,7 +69,7 @@ TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
 TEST_F(LinuxMouseEventsTest, ReadsTheCursorInRootPixels) {
     const auto session = mouseEvents_.openSession();
     EXPECT_EQ(session->cursorLocation(), (Point{120, 80}));
-    user_.moveCursor(0, 0);
+    user_.pointer().moveTo({0, 0});
     EXPECT_EQ(session->cursorLocation(), (Point{0, 0}));
 }
 

@@ -1,5 +1,8 @@
 #include "platform/linux/ServerAbilities.h"
 
+#include "EnvironmentVariable.h"
+#include "VirtualDesktop.h"
+
 #include <gtest/gtest.h>
 
 namespace corvane::contract {
@@ -11,6 +14,15 @@ TEST(ServerAbilitiesTest, AnOrdinaryServerTakesPressesAndIsNotInsideWayland) {
     ASSERT_TRUE(connection.has_value());
     EXPECT_TRUE(x11::offersFakeInput(**connection));
     EXPECT_FALSE(x11::isInsideWayland(**connection));
+}
+
+TEST(ServerAbilitiesTest, AServerWithoutTheTestExtensionTakesNoPresses) {
+    const desktop::VirtualDesktop desktop(
+        {.windowManager = desktop::WindowManager::none, .withoutExtensions = {"XTEST"}});
+    const EnvironmentVariable display("DISPLAY", desktop.display());
+    const auto connection = x11::XcbConnection::open();
+    ASSERT_TRUE(connection.has_value());
+    EXPECT_FALSE(x11::offersFakeInput(**connection));
 }
 
 } // namespace

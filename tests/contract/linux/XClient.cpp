@@ -3,7 +3,6 @@
 #include "platform/linux/XcbKeyboard.h"
 
 #include <gtest/gtest.h>
-#include <xcb/xtest.h>
 
 #include <array>
 #include <cstdlib>
@@ -19,92 +18,81 @@ constexpr int patienceMilliseconds = 20000;
 
 } // namespace
 
-XClient::XClient() : connection_(x11::XcbConnection::open().value_or(nullptr)) {
-    const auto keyboard = xcb_xkb_use_extension(connection_->get(), 1, 0);
-    const x11::XcbReply<xcb_xkb_use_extension_reply_t> reply(
-        xcb_xkb_use_extension_reply(connection_->get(), keyboard, nullptr));
+XClient::XClient() : connection_(std::getenv("DISPLAY")) { // NOLINT(concurrency-mt-unsafe)
+    const x11::XcbReply<xcb_xkb_use_extension_reply_t> reply(xcb_xkb_use_extension_reply(
+        connection_.get(), xcb_xkb_use_extension(connection_.get(), 1, 0), nullptr));
     EXPECT_TRUE(reply && reply->supported != 0);
 }
 
-XClient::~XClient() = default;
-
 void XClient::coverScreen() {
-    const xcb_screen_t &screen = connection_->screen();
-    const xcb_window_t window = xcb_generate_id(connection_->get());
+    const xcb_screen_t &screen = connection_.screen();
+    const xcb_window_t window = xcb_generate_id(connection_.get());
     const std::array<std::uint32_t, 2> values{1, XCB_EVENT_MASK_BUTTON_PRESS |
                                                      XCB_EVENT_MASK_BUTTON_RELEASE};
-    xcb_create_window(connection_->get(), XCB_COPY_FROM_PARENT, window, connection_->root(), 0, 0,
+    xcb_create_window(connection_.get(), XCB_COPY_FROM_PARENT, window, connection_.root(), 0, 0,
                       screen.width_in_pixels, screen.height_in_pixels, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
                       XCB_CW_OVERRIDE_REDIRECT | XCB_CW_EVENT_MASK, values.data());
-    xcb_map_window(connection_->get(), window);
-    synchronise();
+    xcb_map_window(connection_.get(), window);
+    connection_.synchronize();
 }
 
 x11::XcbReply<xcb_generic_event_t> XClient::nextEvent() {
-    x11::XcbReply<xcb_generic_event_t> event(xcb_poll_for_event(connection_->get()));
-    pollfd readable{.fd = connection_->fileDescriptor(), .events = POLLIN, .revents = 0};
+    x11::XcbReply<xcb_generic_event_t> event(xcb_poll_for_event(connection_.get()));
+    pollfd readable{
+        .fd = xcb_get_file_descriptor(connection_.get()), .events = POLLIN, .revents = 0};
     while (!event && poll(&readable, 1, patienceMilliseconds) > 0) {
-        event.reset(xcb_poll_for_event(connection_->get()));
+        event.reset(xcb_poll_for_event(connection_.get()));
     }
     return event;
 }
 
-void XClient::synchronise() { connection_->synchronise(); }
-
-void XClient::moveCursor(std::int16_t x, std::int16_t y) {
-    xcb_test_fake_input(connection_->get(), XCB_MOTION_NOTIFY, 0, XCB_CURRENT_TIME,
-                        connection_->root(), x, y, 0);
-    synchronise();
-}
-
-void XClient::pressKey(xcb_keycode_t key) {
-    xcb_test_fake_input(connection_->get(), XCB_KEY_PRESS, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                        0);
-    synchronise();
-}
-
-void XClient::releaseKey(xcb_keycode_t key) {
-    xcb_test_fake_input(connection_->get(), XCB_KEY_RELEASE, key, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
-                        0);
-    synchronise();
-}
-
 void XClient::strike(const std::vector<xcb_keycode_t> &keys) {
     for (const xcb_keycode_t key : keys) {
-        pressKey(key);
+        keyboard_.press(key);
     }
     for (const xcb_keycode_t key : keys | std::views::reverse) {
-        releaseKey(key);
+        keyboard_.release(key);
     }
 }
 
 void XClient::lockLayout(std::uint8_t index) {
-    xcb_xkb_latch_lock_state(connection_->get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, index, 0, 0, 0);
-    synchronise();
+    xcb_xkb_latch_lock_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, index, 0, 0, 0);
+    connection_.synchronize();
 }
 
 void XClient::lockModifiers(std::uint8_t mask, bool isOn) {
     const std::uint8_t locked = isOn ? mask : 0;
-    xcb_xkb_latch_lock_state(connection_->get(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0,
+    xcb_xkb_latch_lock_state(connection_.get(), XCB_XKB_ID_USE_CORE_KBD, mask, locked, 0, 0, 0, 0,
                              0);
-    synchronise();
+    connection_.synchronize();
 }
 
 std::vector<std::uint8_t> XClient::pointerMapping() {
     const x11::XcbReply<xcb_get_pointer_mapping_reply_t> reply(xcb_get_pointer_mapping_reply(
-        connection_->get(), xcb_get_pointer_mapping(connection_->get()), nullptr));
+        connection_.get(), xcb_get_pointer_mapping(connection_.get()), nullptr));
     const std::uint8_t *buttons = xcb_get_pointer_mapping_map(reply.get());
     return {buttons, buttons + xcb_get_pointer_mapping_map_length(reply.get())};
 }
 
 void XClient::setPointerMapping(const std::vector<std::uint8_t> &mapping) {
+    const auto length = static_cast<std::uint8_t>(mapping.size());
     const x11::XcbReply<xcb_set_pointer_mapping_reply_t> reply(xcb_set_pointer_mapping_reply(
-        connection_->get(),
-        xcb_set_pointer_mapping(connection_->get(), static_cast<std::uint8_t>(mapping.size()),
-                                mapping.data()),
+        connection_.get(), xcb_set_pointer_mapping(connection_.get(), length, mapping.data()),
         nullptr));
     EXPECT_TRUE(reply && reply->status == XCB_MAPPING_STATUS_SUCCESS);
+}
+
+int XClient::grabKey(xcb_keycode_t key, std::uint16_t modifiers) {
+    const auto request = xcb_grab_key_checked(connection_.get(), 0, connection_.root(), modifiers,
+                                              key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const x11::XcbReply<xcb_generic_error_t> error(xcb_request_check(connection_.get(), request));
+    return error ? error->error_code : 0;
+}
+
+void XClient::giveKeysBack() {
+    xcb_ungrab_key(connection_.get(), XCB_GRAB_ANY, connection_.root(), XCB_MOD_MASK_ANY);
+    connection_.synchronize();
 }
 
 void setLayouts(const std::string &layouts) {

@@ -1,14 +1,13 @@
 #pragma once
 
-#include "platform/linux/XcbConnection.h"
+#include "DisplayConnection.h"
+#include "Keyboard.h"
+#include "Pointer.h"
 #include "platform/linux/XcbReply.h"
 
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <functional>
-#include <memory>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,25 +17,16 @@ namespace corvane::contract {
 class XClient {
   public:
     XClient();
-    ~XClient();
 
-    XClient(const XClient &) = delete;
-    XClient &operator=(const XClient &) = delete;
-
-    const x11::XcbConnection &connection() const { return *connection_; }
+    const desktop::DisplayConnection &connection() const { return connection_; }
+    const desktop::Keyboard &keyboard() const { return keyboard_; }
+    const desktop::Pointer &pointer() const { return pointer_; }
 
     /// Shows a window over the whole screen that hears of mouse buttons.
     void coverScreen();
 
-    /// The next event of the window, waited for; null when none comes.
+    /// The next event, waited for; null when none comes.
     x11::XcbReply<xcb_generic_event_t> nextEvent();
-
-    /// Waits until the server has done everything asked of it.
-    void synchronise();
-
-    void moveCursor(std::int16_t x, std::int16_t y);
-    void pressKey(xcb_keycode_t key);
-    void releaseKey(xcb_keycode_t key);
 
     /// Presses the keys in order and releases them in the opposite one.
     void strike(const std::vector<xcb_keycode_t> &keys);
@@ -50,8 +40,14 @@ class XClient {
     std::vector<std::uint8_t> pointerMapping();
     void setPointerMapping(const std::vector<std::uint8_t> &mapping);
 
+    /// Takes a key away from everybody else; the X error code, 0 for none.
+    int grabKey(xcb_keycode_t key, std::uint16_t modifiers);
+    void giveKeysBack();
+
   private:
-    std::unique_ptr<x11::XcbConnection> connection_;
+    desktop::DisplayConnection connection_;
+    desktop::Keyboard keyboard_{connection_};
+    desktop::Pointer pointer_{connection_};
 };
 
 /// Gives the keyboard one or more layouts, "us" or "de,ru".

@@ -1,3 +1,5 @@
+#include "VirtualDesktop.h"
+
 #include <QApplication>
 #include <gtest/gtest.h>
 
@@ -6,6 +8,9 @@ int main(int argc, char **argv) {
     if (GTEST_FLAG_GET(list_tests)) {
         return RUN_ALL_TESTS();
     }
+    const corvane::desktop::VirtualDesktop desktop(
+        {.windowManager = corvane::desktop::WindowManager::none});
+    desktop.adoptEnvironment();
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();
 }
