@@ -1,0 +1,37 @@
+#pragma once
+
+#include "platform/linux/AccessibleRole.h"
+#include "platform/linux/ViewWidget.h"
+
+#include <QToolButton>
+
+class QMenu;
+
+namespace corvane::x11 {
+
+class SymbolImages;
+
+/// Shows a symbol that opens a menu.
+class MenuButtonWidget : public QToolButton, public ViewWidget, public AccessibleRole {
+  public:
+    explicit MenuButtonWidget(SymbolImages &symbols);
+
+    QWidget &widget() override { return *this; }
+    void render(const View &view, Rendering rendering) override;
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::ButtonMenu; }
+
+  protected:
+    bool event(QEvent *event) override;
+
+  private:
+    const MenuButton &menuButton() const { return std::get<MenuButton>(view_.content); }
+    void refresh();
+    void openMenu();
+    void addItem(QMenu &menu, const MenuButtonItem &item);
+
+    SymbolImages &symbols_;
+    View view_{MenuButton{}};
+};
+
+} // namespace corvane::x11

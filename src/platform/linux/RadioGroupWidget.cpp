@@ -1,0 +1,65 @@
+#include "platform/linux/RadioGroupWidget.h"
+
+#include "platform/linux/DisplayText.h"
+
+#include <QPointer>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+RadioGroupWidget::RadioGroupWidget() {
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(6);
+}
+
+void RadioGroupWidget::render(const View &view, Rendering) {
+    view_ = view;
+    while (buttons_.size() < picker().options.size()) {
+        addButton();
+    }
+    while (buttons_.size() > picker().options.size()) {
+        delete buttons_.back();
+        buttons_.pop_back();
+    }
+    refresh();
+}
+
+void RadioGroupWidget::addButton() {
+    auto *button = new QRadioButton(this);
+    connect(button, &QRadioButton::clicked, this,
+            [this, index = buttons_.size()] { choose(index); });
+    layout()->addWidget(button);
+    buttons_.push_back(button);
+}
+
+void RadioGroupWidget::choose(std::size_t index) {
+    if (index == picker().selected) {
+        return;
+    }
+    const QPointer<RadioGroupWidget> self(this);
+    picker().changed(index);
+    // Only the view says which one is chosen.
+    if (self) {
+        refresh();
+    }
+}
+
+void RadioGroupWidget::refresh() {
+    setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    for (std::size_t index = 0; index < buttons_.size(); ++index) {
+        const QString title = QString::fromStdString(picker().options[index]);
+        buttons_[index]->setText(withoutMnemonic(title));
+        buttons_[index]->setAccessibleName(title);
+    }
+    if (picker().selected < buttons_.size()) {
+        buttons_[picker().selected]->setChecked(true);
+    }
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

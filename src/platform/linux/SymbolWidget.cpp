@@ -1,0 +1,51 @@
+#include "platform/linux/SymbolWidget.h"
+
+#include "platform/linux/SymbolImages.h"
+#include "platform/linux/ViewStyling.h"
+
+#include <QEvent>
+#include <QPainter>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// The height of a symbol, in heights of its font's capitals with what they stand on.
+constexpr double heightOfFont = 1.15;
+
+} // namespace
+
+SymbolWidget::SymbolWidget(SymbolImages &symbols) : symbols_(symbols) {}
+
+void SymbolWidget::render(const View &view, Rendering) {
+    if (view == view_) {
+        return;
+    }
+    view_ = view;
+    refresh();
+}
+
+void SymbolWidget::refresh() {
+    const QFontMetrics metrics(viewFont(view_.font));
+    const int side = static_cast<int>(metrics.ascent() * heightOfFont);
+    setFixedSize(side, side);
+    setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    update();
+}
+
+bool SymbolWidget::event(QEvent *event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        refresh();
+    }
+    return QWidget::event(event);
+}
+
+void SymbolWidget::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0,
+                       symbols_.pixmap(std::get<SymbolImage>(view_.content).name,
+                                       foregroundColour(view_.foreground, palette()), width(),
+                                       devicePixelRatioF()));
+}
+
+} // namespace corvane::x11
