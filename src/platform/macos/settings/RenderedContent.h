@@ -55,8 +55,8 @@ std::unique_ptr<RenderedContent> makeLink();
 /// Gives the control the view's words for a screen reader, and keeps it at its natural width.
 void prepareControl(NSView *control, const View &view);
 
-/// The words a screen reader says for a view that only shows something.
-void describe(NSView *control, const View &view);
+/// Makes a screen reader take notice of a picture or a group only where the view has words for it.
+void describe(NSView *shown, const View &view);
 
 } // namespace corvane::macos
 

@@ -64,9 +64,9 @@ void prepareControl(NSView *control, const View &view) {
     }
 }
 
-void describe(NSView *control, const View &view) {
-    control.accessibilityElement = !view.accessibilityLabel.empty();
-    control.accessibilityLabel = systemText(view.accessibilityLabel);
+void describe(NSView *shown, const View &view) {
+    shown.accessibilityElement = !view.accessibilityLabel.empty();
+    shown.accessibilityLabel = systemText(view.accessibilityLabel);
 }
 
 } // namespace corvane::macos

@@ -22,7 +22,6 @@ class RenderedRadioGroup : public RenderedContent {
         column_.orientation = NSUserInterfaceLayoutOrientationVertical;
         column_.alignment = NSLayoutAttributeLeading;
         column_.spacing = optionSpacing;
-        column_.accessibilityElement = YES;
         column_.accessibilityRole = NSAccessibilityRadioGroupRole;
     }
 
@@ -37,7 +36,7 @@ class RenderedRadioGroup : public RenderedContent {
             makeOptions();
         }
         showSelection();
-        prepareControl(column_, next);
+        describe(column_, next);
     }
 
   private:

@@ -38,6 +38,10 @@ class RenderedStack : public RenderedContent {
         stack_.alignment = systemAlignment(stack);
         stack_.distribution = NSStackViewDistributionFill;
         stack_.spacing = stack.spacing;
+        // One that takes all the width there is does not cling to its children.
+        [stack_ setHuggingPriority:contentFillsWidth(next) ? 1 : NSLayoutPriorityDefaultLow
+                    forOrientation:NSLayoutConstraintOrientationHorizontal];
+        describe(stack_, next);
         updateChildren(stack, surroundings);
         arrange();
         shareWidth(stack.axis);
@@ -75,8 +79,8 @@ class RenderedStack : public RenderedContent {
         }
     }
 
-    /// Children that take all the width there is are as wide as a column, or share what a row has
-    /// left in equal parts.
+    /// Children that take all the width there is are as wide as a column. In a row they are equally
+    /// wide where that cuts off no text.
     void shareWidth(Axis axis) {
         [NSLayoutConstraint deactivateConstraints:constraints_];
         NSMutableArray<NSLayoutConstraint *> *constraints = [NSMutableArray array];
@@ -88,8 +92,11 @@ class RenderedStack : public RenderedContent {
             if (reference == nil) {
                 reference = child->box();
             } else {
-                [constraints addObject:[child->box().widthAnchor
-                                           constraintEqualToAnchor:reference.widthAnchor]];
+                NSLayoutConstraint *constraint =
+                    [child->box().widthAnchor constraintEqualToAnchor:reference.widthAnchor];
+                constraint.priority = axis == Axis::vertical ? NSLayoutPriorityRequired
+                                                             : NSLayoutPriorityDefaultLow - 1;
+                [constraints addObject:constraint];
             }
         }
         [NSLayoutConstraint activateConstraints:constraints];
