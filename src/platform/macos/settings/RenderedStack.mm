@@ -28,6 +28,8 @@ NSLayoutAttribute systemAlignment(const Stack &stack) {
 
 class RenderedStack : public RenderedContent {
   public:
+    RenderedStack() { stack_.accessibilityRole = NSAccessibilityGroupRole; }
+
     NSView *view() const override { return stack_; }
 
     void update(const View &next, const Surroundings &surroundings) override {

@@ -1,0 +1,35 @@
+#import "MacBackEnd.h"
+
+#import "RecorderBackEnd.h"
+
+#import <CoreFoundation/CoreFoundation.h>
+
+#include <chrono>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::contract {
+
+bool MacBackEnd::turnUntil(const std::function<bool()> &condition) {
+    constexpr std::chrono::seconds patience{20};
+    constexpr CFTimeInterval pause = 0.005;
+    const auto start = platform_.clock().now();
+    while (!condition()) {
+        if (platform_.clock().now() - start > patience) {
+            return false;
+        }
+        @autoreleasepool {
+            CFRunLoopRunInMode(kCFRunLoopDefaultMode, pause, true);
+        }
+    }
+    return true;
+}
+
+std::vector<BackEndKind> backEndKinds() {
+    return {{.name = "Recorder", .make = RecorderBackEnd::make},
+            {.name = "Mac", .make = MacBackEnd::make}};
+}
+
+} // namespace corvane::contract
