@@ -5,6 +5,8 @@
 #include <string>
 #include <system_error>
 
+#include <unistd.h>
+
 namespace corvane::desktop {
 
 TemporaryFolder::TemporaryFolder() {
