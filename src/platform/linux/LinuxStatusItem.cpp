@@ -22,15 +22,13 @@ QDBusConnection ownConnection() {
 
 LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
                                  std::function<void(const MenuCommand &)> perform)
-    : events_(events),
-      subscription_(events.subscribe([this](const xcb_generic_event_t &event) { receive(event); })),
+    : tray_(
+          events, [this] { paintIcon(); }, [this] { trayVanished(); }),
       bus_(ownConnection()),
       popup_(symbols_, perform),
       panelMenu_(bus_, symbols_, perform),
       notifierItem_(bus_, panelMenu_.path(), [this](QPoint place) { openMenuAt(place); }),
-      notifierHost_(bus_, [this](bool isPresent) { panelAnswered(isPresent); }) {
-    watchSystemTray();
-}
+      notifierHost_(bus_, [this](bool isPresent) { panelAnswered(isPresent); }) {}
 
 LinuxStatusItem::~LinuxStatusItem() { QDBusConnection::disconnectFromBus(bus_.name()); }
 
@@ -96,25 +94,11 @@ void LinuxStatusItem::showInSystemTray() {
     trayIcon_->show();
 }
 
-void LinuxStatusItem::watchSystemTray() {
-    const auto &connection = events_.connection();
-    const XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
-        connection.get(), xcb_get_window_attributes(connection.get(), connection.root()), nullptr));
-    if (!reply) {
-        return;
-    }
-    // The mask belongs to the whole connection: keep what others have asked for.
-    const std::uint32_t mask = reply->your_event_mask | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(connection.get(), connection.root(), XCB_CW_EVENT_MASK, &mask);
-}
-
-void LinuxStatusItem::receive(const xcb_generic_event_t &event) {
-    if (XcbEvents::typeOf(event) != XCB_CLIENT_MESSAGE) {
-        return;
-    }
-    const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(event);
-    if (message.type == managerAtom_) {
-        paintIcon();
+void LinuxStatusItem::trayVanished() {
+    if (trayIcon_) {
+        // The tray may have taken the icon's window with it.
+        trayIcon_.reset();
+        showInSystemTray();
     }
 }
 
@@ -122,7 +106,7 @@ void LinuxStatusItem::paintIcon() {
     if (!icon_) {
         return;
     }
-    const auto colour = panelColour(events_.connection());
+    const auto colour = panelColour(tray_);
     const auto images = statusIconImages(*icon_, colour, symbols_);
     if (images.isEmpty()) {
         return;

@@ -6,7 +6,7 @@
 #include "platform/linux/StatusNotifierHost.h"
 #include "platform/linux/StatusNotifierItem.h"
 #include "platform/linux/SymbolImages.h"
-#include "platform/linux/XcbEvents.h"
+#include "platform/linux/SystemTray.h"
 
 #include <QSystemTrayIcon>
 
@@ -37,14 +37,11 @@ class LinuxStatusItem : public platform::StatusItem {
   private:
     void panelAnswered(bool isPresent);
     void showInSystemTray();
-    void watchSystemTray();
-    void receive(const xcb_generic_event_t &event);
+    void trayVanished();
     void paintIcon();
     void openMenuAt(QPoint place);
 
-    XcbEvents &events_;
-    xcb_atom_t managerAtom_;
-    XcbEvents::Subscription subscription_;
+    SystemTray tray_;
     SymbolImages symbols_;
     QDBusConnection bus_;
     MenuRenderer popup_;

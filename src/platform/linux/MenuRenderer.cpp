@@ -30,6 +30,14 @@ QKeySequence keySequence(const MenuItem &item) {
                : QKeySequence(QStringLiteral("Ctrl+") + QString::fromStdString(item.commandKey));
 }
 
+/// What an item does, without what it looks like.
+MenuItem behaviour(const MenuItem &item) {
+    return {.title = {},
+            .action = item.action,
+            .commandKey = item.commandKey,
+            .representedObject = item.representedObject};
+}
+
 /// Takes the action out of its menu; whoever is in the middle of using it may finish.
 void discard(QMenu &menu, QAction &action) {
     menu.removeAction(&action);
@@ -142,9 +150,7 @@ void MenuRenderer::patch(QAction &action, const MenuItem *from, const MenuItem &
         action.setIcon(icon(to));
     }
     patchSubmenu(action, from, to);
-    auto ownItem = to;
-    ownItem.submenu.reset();
-    action.setData(QVariant::fromValue(ownItem));
+    action.setData(QVariant::fromValue(behaviour(to)));
 }
 
 void MenuRenderer::patchSubmenu(QAction &action, const MenuItem *from, const MenuItem &to) {

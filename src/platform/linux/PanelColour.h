@@ -4,10 +4,10 @@
 
 namespace corvane::x11 {
 
-class XcbConnection;
+class SystemTray;
 
-/// The colour in which symbols stand on the desktop's panel: what the panel of that X server says,
-/// else what its desktop is known for, else one that shows on light and dark. Main thread.
-QColor panelColour(const XcbConnection &connection);
+/// The colour in which symbols stand on the desktop's panel: what the tray says, else what the
+/// desktop is known for, else one that shows on light and dark. Main thread.
+QColor panelColour(const SystemTray &tray);
 
 } // namespace corvane::x11
