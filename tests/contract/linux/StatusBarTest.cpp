@@ -1,0 +1,337 @@
+#include "EventLoop.h"
+#include "FakePanel.h"
+#include "FakeTray.h"
+#include "SampleMenu.h"
+#include "XClient.h"
+#include "platform/linux/LinuxStatusBar.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QDBusObjectPath>
+#include <QImage>
+#include <QMenu>
+#include <QScreen>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvane::contract {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class StatusBarTest : public testing::Test {
+  protected:
+    StatusBarTest() {
+        item_ =
+            bar_.createItem([this](const MenuCommand &command) { commands_.push_back(command); });
+        item_->setIcon(
+            {.image = {.name = "cursorarrow.click.2", .description = "Corvane"}, .title = ""});
+        item_->setMenu(sampleMenu());
+    }
+
+    static bool registers(const FakePanel &panel, qsizetype count = 1) {
+        return turnUntil([&] { return panel.items().size() >= count; });
+    }
+
+    static bool docks(FakeTray &tray) {
+        return turnUntil([&] { return tray.icons() == 1; });
+    }
+
+    static QMenu *openPopup() { return qobject_cast<QMenu *>(QApplication::activePopupWidget()); }
+
+    static bool opensPopup() {
+        return turnUntil([] { return openPopup() != nullptr; });
+    }
+
+    /// Presses and releases a mouse button where the tray shows its icon.
+    void clickIcon(int button) {
+        user_.pointer().moveTo({FakeTray::iconMiddle, FakeTray::iconMiddle});
+        user_.pointer().click(button);
+    }
+
+    XClient user_;
+    x11::XcbEvents events_{x11::XcbConnection::open().value(),
+                           [] { ADD_FAILURE() << "the server is gone"; }};
+    x11::LinuxStatusBar bar_{events_};
+    std::vector<MenuCommand> commands_;
+    std::unique_ptr<platform::StatusItem> item_;
+};
+
+TEST_F(StatusBarTest, KeepsTheItemOnADesktopWithoutAPanel) {
+    EXPECT_EQ(item_->buttonSize(), (Size{22, 22}));
+    item_->openMenu();
+    ASSERT_TRUE(opensPopup());
+    EXPECT_EQ(openPopup()->actions().size(), static_cast<qsizetype>(sampleMenu().items.size()));
+    openPopup()->actions().at(7)->trigger();
+    EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
+    EXPECT_EQ(commands_.at(0), (MenuCommand{.action = "terminate:"}));
+    openPopup()->close();
+}
+
+TEST_F(StatusBarTest, OpensTheMenuAtThePointerWithoutAPanel) {
+    user_.pointer().moveTo({211, 97});
+    ASSERT_TRUE(turnUntil([] { return QCursor::pos() == QPoint(211, 97); }));
+    item_->openMenu();
+    ASSERT_TRUE(opensPopup());
+    EXPECT_TRUE(openPopup()->geometry().adjusted(-2, -2, 2, 2).contains(QPoint(211, 97)));
+    openPopup()->close();
+}
+
+TEST_F(StatusBarTest, RegistersWithAPanel) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    EXPECT_EQ(panel.itemProperty(u"Category"_s).toString(), u"ApplicationStatus"_s);
+    EXPECT_EQ(panel.itemProperty(u"Status"_s).toString(), u"Active"_s);
+    EXPECT_EQ(panel.itemProperty(u"Title"_s).toString(), u"Corvane"_s);
+    EXPECT_TRUE(panel.itemProperty(u"ItemIsMenu"_s).toBool());
+    EXPECT_EQ(panel.itemProperty(u"Menu"_s).value<QDBusObjectPath>().path(), u"/MenuBar"_s);
+    EXPECT_FALSE(panel.itemProperty(u"NoSuchProperty"_s).isValid());
+}
+
+TEST_F(StatusBarTest, GivesThePanelItsIconInSizesItTakes) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto pixmaps = panel.iconPixmaps();
+    ASSERT_FALSE(pixmaps.isEmpty());
+    for (const auto &pixmap : pixmaps) {
+        EXPECT_GE(pixmap.width, 16);
+        EXPECT_LE(pixmap.width, 64);
+        EXPECT_EQ(pixmap.height, pixmap.width);
+        EXPECT_EQ(pixmap.bytes.size(), 4 * pixmap.width * pixmap.height);
+    }
+}
+
+TEST_F(StatusBarTest, ShowsANewIconOnlyWhenItDiffers) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    panel.layout();
+    const auto before = panel.newIcons();
+    StatusIcon icon{.image = {.name = "cursorarrow.click.2", .description = "Corvane"},
+                    .title = ""};
+    item_->setIcon(icon);
+    panel.layout();
+    EXPECT_EQ(panel.newIcons(), before);
+
+    const auto idle = panel.iconPixmaps().last().bytes;
+    icon.dot =
+        StatusDot{.frame = {14, 2, 7, 7}, .cornerRadius = 3.5, .colour = {ColourName::systemGreen}};
+    item_->setIcon(icon);
+    EXPECT_NE(panel.iconPixmaps().last().bytes, idle);
+    EXPECT_EQ(panel.newIcons(), before + 1);
+}
+
+TEST_F(StatusBarTest, KeepsTheIconWhenASymbolIsMissing) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto before = panel.iconPixmaps().last().bytes;
+    item_->setIcon({.image = {.name = "no.such.symbol"}, .title = ""});
+    EXPECT_EQ(panel.iconPixmaps().last().bytes, before);
+}
+
+TEST_F(StatusBarTest, GivesThePanelItsToolTip) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    item_->setToolTip("Corvane is idle");
+    const auto toolTip = qdbus_cast<x11::NotifierToolTip>(panel.itemProperty(u"ToolTip"_s));
+    EXPECT_EQ(toolTip.title, u"Corvane is idle"_s);
+}
+
+TEST_F(StatusBarTest, GivesThePanelTheWholeMenu) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto layout = panel.layout();
+    ASSERT_EQ(layout.children.size(), 8);
+    const auto property = [&](qsizetype line, const QString &name) {
+        return layout.children.at(line).properties.value(name);
+    };
+    EXPECT_EQ(property(0, u"label"_s).toString(), u"Running"_s);
+    EXPECT_FALSE(property(0, u"enabled"_s).toBool());
+    EXPECT_EQ(property(1, u"type"_s).toString(), u"separator"_s);
+    EXPECT_EQ(property(2, u"label"_s).toString(), u"Stop"_s);
+    EXPECT_TRUE(property(2, u"enabled"_s).toBool());
+    EXPECT_EQ(qdbus_cast<QList<QStringList>>(property(2, u"shortcut"_s)),
+              (QList<QStringList>{{u"Super"_s, u"Shift"_s, u"Y"_s}}));
+    EXPECT_FALSE(QImage::fromData(property(2, u"icon-data"_s).toByteArray(), "PNG").isNull());
+    EXPECT_EQ(property(3, u"toggle-state"_s).toInt(), 1);
+    EXPECT_EQ(property(3, u"toggle-type"_s).toString(), u"checkmark"_s);
+    EXPECT_FALSE(property(4, u"toggle-type"_s).isValid());
+    EXPECT_EQ(property(5, u"children-display"_s).toString(), u"submenu"_s);
+    EXPECT_EQ(layout.children.at(5).children.size(), 4);
+    EXPECT_EQ(qdbus_cast<QList<QStringList>>(property(7, u"shortcut"_s)),
+              (QList<QStringList>{{u"Control"_s, u"Q"_s}}));
+}
+
+TEST_F(StatusBarTest, ShowsNamesLiterallyOnThePanel) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    item_->setMenu(sampleMenu({"A & B & C", "snake_case", "two\nlines"}));
+    const auto names = panel.layout().children.at(5).children;
+    EXPECT_EQ(names.at(0).properties.value(u"label"_s).toString(), u"A & B & C"_s);
+    EXPECT_EQ(names.at(1).properties.value(u"label"_s).toString(), u"snake__case"_s);
+    EXPECT_EQ(names.at(2).properties.value(u"label"_s).toString(), u"two lines"_s);
+}
+
+TEST_F(StatusBarTest, SendsNothingForAnUnchangedMenu) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    panel.layout();
+    const auto layoutsBefore = panel.layoutUpdates();
+    const auto updatesBefore = panel.updates().size();
+    for (int count = 0; count < 50; ++count) {
+        item_->setMenu(sampleMenu());
+    }
+    panel.layout();
+    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore);
+    EXPECT_EQ(panel.updates().size(), updatesBefore);
+}
+
+TEST_F(StatusBarTest, SendsOneChangedTitleWithoutANewLayout) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto before = panel.layout();
+    const auto layoutsBefore = panel.layoutUpdates();
+    const auto updatesBefore = panel.updates().size();
+    auto menu = sampleMenu();
+    menu.items[0].title = "Running (1)";
+    item_->setMenu(menu);
+    const auto after = panel.layout();
+    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore);
+    ASSERT_EQ(panel.updates().size(), updatesBefore + 1);
+    EXPECT_EQ(panel.updates().last().id, before.children.at(0).id);
+    EXPECT_EQ(panel.updates().last().properties, (QVariantMap{{u"label"_s, u"Running (1)"_s}}));
+    EXPECT_EQ(after.children.at(0).properties.value(u"label"_s).toString(), u"Running (1)"_s);
+}
+
+TEST_F(StatusBarTest, SendsOneNewLayoutForALineThatComes) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto before = panel.layout();
+    const auto layoutsBefore = panel.layoutUpdates();
+    auto menu = sampleMenu();
+    menu.items.insert(menu.items.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
+    item_->setMenu(menu);
+    const auto after = panel.layout();
+    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore + 1);
+    ASSERT_EQ(after.children.size(), before.children.size() + 1);
+    EXPECT_EQ(after.children.at(4).id, before.children.at(4).id);
+    EXPECT_EQ(after.children.at(6).id, before.children.at(5).id);
+}
+
+TEST_F(StatusBarTest, CarriesOutWhatIsChosenOnThePanel) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    EXPECT_TRUE(panel.choose(panel.line(u"Work"_s).id));
+    EXPECT_TRUE(panel.choose(panel.line(u"Quit Corvane"_s).id));
+    EXPECT_TRUE(turnUntil([this] { return commands_.size() == 2; }));
+    EXPECT_EQ(commands_, (std::vector<MenuCommand>{
+                             {.action = "loadProfile:", .representedObject = "id of Work"},
+                             {.action = "terminate:"}}));
+}
+
+TEST_F(StatusBarTest, RefusesWhatCannotBeChosenOnThePanel) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    EXPECT_TRUE(panel.choose(panel.line(u"Running"_s).id));
+    EXPECT_TRUE(panel.choose(panel.line(u"Free Cursor"_s).id));
+    EXPECT_FALSE(panel.choose(123456));
+    EXPECT_TRUE(panel.choose(panel.line(u"Stop"_s).id));
+    EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
+    EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = "stopClicking:"}}));
+}
+
+TEST_F(StatusBarTest, OpensItsOwnMenuForAPanelThatDoesNot) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    panel.activate(120, 80);
+    ASSERT_TRUE(opensPopup());
+    EXPECT_TRUE(openPopup()->geometry().adjusted(-2, -2, 2, 2).contains(QPoint(120, 80)));
+    openPopup()->close();
+}
+
+TEST_F(StatusBarTest, RegistersAgainWithAPanelThatRestarts) {
+    auto panel = std::make_unique<FakePanel>();
+    ASSERT_TRUE(registers(*panel));
+    panel.reset();
+    panel = std::make_unique<FakePanel>();
+    ASSERT_TRUE(registers(*panel));
+    EXPECT_EQ(panel->layout().children.size(), 8);
+}
+
+TEST_F(StatusBarTest, WaitsForThePanelsHost) {
+    FakeTray tray;
+    ASSERT_TRUE(docks(tray));
+    FakePanel panel(false);
+    panel.addHost();
+    ASSERT_TRUE(registers(panel));
+    EXPECT_TRUE(turnUntil([&] { return tray.icons() == 0; }));
+}
+
+TEST_F(StatusBarTest, MovesBetweenPanelAndTrayAsTheyComeAndGo) {
+    auto panel = std::make_unique<FakePanel>();
+    ASSERT_TRUE(registers(*panel));
+    FakeTray tray;
+    panel.reset();
+    ASSERT_TRUE(docks(tray));
+    FakePanel next;
+    ASSERT_TRUE(registers(next));
+    EXPECT_TRUE(turnUntil([&] { return tray.icons() == 0; }));
+}
+
+TEST_F(StatusBarTest, LeavesThePanelWhenItIsDestroyed) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    item_.reset();
+    EXPECT_FALSE(panel.itemProperty(u"Title"_s).isValid());
+}
+
+TEST_F(StatusBarTest, DocksIntoATrayThatAppearsLater) {
+    item_->openMenu();
+    ASSERT_TRUE(opensPopup());
+    openPopup()->close();
+    FakeTray tray;
+    EXPECT_TRUE(docks(tray));
+}
+
+TEST_F(StatusBarTest, DocksAgainIntoATrayThatRestarts) {
+    auto tray = std::make_unique<FakeTray>();
+    ASSERT_TRUE(docks(*tray));
+    tray.reset();
+    tray = std::make_unique<FakeTray>();
+    EXPECT_TRUE(docks(*tray));
+}
+
+class StatusBarButtonTest : public StatusBarTest, public testing::WithParamInterface<int> {};
+
+TEST_P(StatusBarButtonTest, OpensTheMenuFromTheTray) {
+    FakeTray tray;
+    ASSERT_TRUE(docks(tray));
+    ASSERT_TRUE(turnUntil([&] {
+        tray.icons();
+        clickIcon(GetParam());
+        return openPopup() != nullptr;
+    }));
+    EXPECT_EQ(openPopup()->actions().size(), static_cast<qsizetype>(sampleMenu().items.size()));
+    openPopup()->close();
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, StatusBarButtonTest,
+                         testing::Values(XCB_BUTTON_INDEX_1, XCB_BUTTON_INDEX_3));
+
+TEST_F(StatusBarTest, TakesTheColourThatTheTrayPublishes) {
+    FakeTray tray(QColor(0, 255, 255));
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const auto pixmap = panel.iconPixmaps().last();
+    // The bytes come most significant first: alpha, red, green, blue.
+    const auto *arrow = pixmap.bytes.constData() +
+                        4 * (pixmap.width * (pixmap.height * 15 / 24) + pixmap.width * 15 / 24);
+    EXPECT_EQ(QByteArray(arrow, 4), QByteArray("\xFF\x00\xFF\xFF", 4));
+}
+
+} // namespace
+
+} // namespace corvane::contract
