@@ -114,12 +114,14 @@ void AppDelegate::beginRun(const RunPlan &plan) {
         decimalText(config.clickInterval()) + "s maxClicks=" + std::to_string(config.maxClicks));
 
     const std::uint64_t run = ++runNumber_;
-    const auto onMainThread = [this, run](auto work) {
-        platform_.mainQueue().post(weakly([run, work](AppDelegate &self) {
-            if (self.runNumber_ == run) {
-                work(self);
+    // Called on the run's own thread, which may outlive the delegate.
+    const auto onMainThread = [held = weak_from_this(), &mainQueue = platform_.mainQueue(),
+                               run](auto work) {
+        mainQueue.post([held, run, work] {
+            if (const auto self = held.lock(); self && self->runNumber_ == run) {
+                work(*self);
             }
-        }));
+        });
     };
     platform_.mainQueue().post(weakly([plan, onMainThread](AppDelegate &self) {
         self.shared_.clickerService.start(
