@@ -80,12 +80,12 @@ bool CorvaneProcess::waitForLog(std::string_view message, int count) {
     return waitUntil([&] { return logCount(message) >= count; });
 }
 
-bool CorvaneProcess::waitForLogBeginning(std::string_view beginning, int count) {
-    return waitUntil([&] {
-        return std::ranges::count_if(log(), [&](const std::string &message) {
-                   return message.starts_with(beginning);
-               }) >= count;
-    });
+bool CorvaneProcess::waitForLogBeginning(std::string_view beginning, int count,
+                                         std::chrono::milliseconds limit) {
+    const auto begins = [beginning](const std::string &message) {
+        return message.starts_with(beginning);
+    };
+    return waitUntil([&] { return std::ranges::count_if(log(), begins) >= count; }, limit);
 }
 
 std::string CorvaneProcess::story() {

@@ -41,7 +41,8 @@ class CorvaneProcess {
     /// Waits until the message has been logged `count` times; false when time runs out.
     bool waitForLog(std::string_view message, int count = 1);
     /// The same for any message that begins so.
-    bool waitForLogBeginning(std::string_view beginning, int count = 1);
+    bool waitForLogBeginning(std::string_view beginning, int count = 1,
+                             std::chrono::milliseconds limit = patience);
 
     std::string standardOutput() const { return process_->standardOutput(); }
     std::string standardError() const { return process_->standardError(); }

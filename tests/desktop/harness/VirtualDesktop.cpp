@@ -196,6 +196,14 @@ void VirtualDesktop::startPanel() {
             [this] { return connection_->selectionOwner(traySelection) != XCB_WINDOW_NONE; });
 }
 
+bool VirtualDesktop::isWhole() const {
+    const auto runs = [](const std::unique_ptr<ChildProcess> &program) {
+        return !program || program->isRunning();
+    };
+    return runs(server_) && runs(messageBus_) && runs(windowManager_) && runs(compositor_) &&
+           runs(panel_);
+}
+
 void VirtualDesktop::stopServer() {
     server_->signal(SIGKILL);
     server_->waitForEnd();

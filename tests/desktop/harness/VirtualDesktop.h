@@ -63,6 +63,9 @@ class VirtualDesktop {
     /// Ends it and waits until translucency is gone.
     void stopCompositor();
 
+    /// Whether every program of the desktop still runs.
+    bool isWhole() const;
+
     /// Takes the X server away from everybody.
     void stopServer();
 

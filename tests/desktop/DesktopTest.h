@@ -1,0 +1,55 @@
+#pragma once
+
+#include "harness/ClickClient.h"
+#include "harness/CorvaneProcess.h"
+#include "harness/Keyboard.h"
+#include "harness/Pointer.h"
+#include "harness/Settings.h"
+#include "harness/VirtualDesktop.h"
+#include "harness/WaitUntil.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace corvane::desktop {
+
+/// A desktop with a window of another program, the pointer over it, and hands on the mouse and the
+/// keyboard.
+class DesktopTest : public testing::Test {
+  protected:
+    /// In the middle of the window.
+    static constexpr Position target{500, 400};
+
+    explicit DesktopTest(const VirtualDesktop::Options &options = {}) : desktop_(options) {
+        pointer_.moveTo(target);
+    }
+
+    /// Starts the program with these settings and waits until it is ready.
+    std::unique_ptr<CorvaneProcess> start(const Settings &settings,
+                                          CorvaneProcess::Options options = {});
+
+    /// Waits for a click of the test's own in the window: whatever was clicked before has arrived
+    /// then too.
+    void waitForEverything();
+
+    /// Presses of the left button that have arrived.
+    int clickCount() const;
+
+    /// Whether nothing more is clicked for a while, many times the interval of the fastest run.
+    bool staysQuiet();
+
+    /// Waits until a run clicks.
+    bool waitForMoreClicks(int count);
+
+    VirtualDesktop desktop_;
+    ClickClient client_{desktop_};
+    int window_ = client_.open({.x = 300, .y = 250});
+    Pointer pointer_{desktop_.connection()};
+    Keyboard keyboard_{desktop_.connection()};
+
+  private:
+    int ownClicks_ = 0;
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,58 @@
+#include "DesktopTest.h"
+#include "harness/TextFile.h"
+
+#include <csignal>
+
+namespace corvane::desktop {
+
+namespace {
+
+/// How the program ends, by the signal that asks it to.
+class EndTest : public DesktopTest, public testing::WithParamInterface<int> {};
+
+TEST_P(EndTest, leavesTheButtonReleasedAndTheFilesWhole) {
+    const auto corvane = start({.clickRate = 100});
+    const std::string settings = readFile(settingsFile(desktop_));
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
+    ASSERT_TRUE(waitUntil([this] { return pointer_.isLeftButtonDown(); }));
+    corvane->process().signal(GetParam());
+
+    EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << corvane->story();
+    EXPECT_FALSE(pointer_.isLeftButtonDown());
+    waitForEverything();
+    EXPECT_EQ(client_.pressCount(), client_.releaseCount());
+    EXPECT_TRUE(
+        corvane->waitForLog("Clicker stopped after " + std::to_string(clickCount()) + " clicks"))
+        << corvane->story();
+    EXPECT_EQ(readFile(settingsFile(desktop_)), settings);
+}
+
+TEST_P(EndTest, endsWhenIdle) {
+    const auto corvane = start({});
+    corvane->process().signal(GetParam());
+    EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << corvane->story();
+    EXPECT_EQ(corvane->logCount("Clicker stopped after 0 clicks"), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, EndTest, testing::Values(SIGTERM, SIGINT, SIGHUP),
+                         [](const auto &each) {
+                             return std::string("signal") + sigabbrev_np(each.param);
+                         });
+
+class LostServerTest : public DesktopTest {};
+
+TEST_F(LostServerTest, endsInOrder) {
+    const auto corvane = start({.clickRate = 50});
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(waitForMoreClicks(2)) << corvane->story();
+    desktop_.stopServer();
+    const auto end = corvane->process().waitForEnd();
+    ASSERT_TRUE(end.has_value()) << corvane->story();
+    EXPECT_EQ(end->exitCode, 1) << corvane->story();
+    EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
+}
+
+} // namespace
+
+} // namespace corvane::desktop

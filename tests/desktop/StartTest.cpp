@@ -1,0 +1,88 @@
+#include "DesktopTest.h"
+#include "harness/TextFile.h"
+
+#include <gmock/gmock.h>
+
+namespace corvane::desktop {
+
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class StartTest : public DesktopTest {
+  protected:
+    /// Runs the program to its end.
+    ProcessEnd runToEnd(CorvaneProcess &corvane) {
+        const auto end = corvane.process().waitForEnd();
+        EXPECT_TRUE(end.has_value()) << corvane.story();
+        return end.value_or(ProcessEnd{});
+    }
+};
+
+TEST_F(StartTest, tellsItsVersion) {
+    CorvaneProcess corvane(desktop_, {.arguments = {"--version"}});
+    EXPECT_EQ(runToEnd(corvane).exitCode, 0);
+    EXPECT_THAT(corvane.standardOutput(), testing::MatchesRegex("Corvane [0-9.]+ \\([0-9]+\\)\n"));
+    EXPECT_EQ(corvane.standardError(), "");
+}
+
+TEST_F(StartTest, answersWithoutADisplay) {
+    CorvaneProcess corvane(desktop_, {.arguments = {"--help"}, .withoutVariables = {"DISPLAY"}});
+    EXPECT_EQ(runToEnd(corvane).exitCode, 0);
+    EXPECT_THAT(corvane.standardOutput(), StartsWith("Usage: corvane"));
+    EXPECT_FALSE(std::filesystem::exists(settingsFile(desktop_)));
+}
+
+TEST_F(StartTest, refusesAnUnknownOption) {
+    CorvaneProcess corvane(desktop_, {.arguments = {"--frobnicate"}});
+    EXPECT_GT(runToEnd(corvane).exitCode, 0);
+    EXPECT_EQ(wholeLines(corvane.standardError()).size(), 1);
+    EXPECT_THAT(corvane.standardError(), HasSubstr("--frobnicate"));
+    EXPECT_EQ(corvane.standardOutput(), "");
+}
+
+TEST_F(StartTest, saysInOneLineThatThereIsNoDisplay) {
+    CorvaneProcess without(desktop_, {.withoutVariables = {"DISPLAY"}});
+    EXPECT_EQ(runToEnd(without).exitCode, 1);
+    EXPECT_EQ(wholeLines(without.standardError()).size(), 1) << without.story();
+    EXPECT_THAT(without.standardError(), HasSubstr("display"));
+    CorvaneProcess unreachable(desktop_, {.environment = {{"DISPLAY", ":65000"}}});
+    EXPECT_EQ(runToEnd(unreachable).exitCode, 1);
+    EXPECT_EQ(wholeLines(unreachable.standardError()).size(), 1) << unreachable.story();
+}
+
+TEST_F(StartTest, aSecondStartSaysSoAndTheFirstGoesOn) {
+    const auto first = start({.clickRate = 20});
+    CorvaneProcess second(desktop_);
+    EXPECT_EQ(runToEnd(second).exitCode, 0) << second.story();
+    EXPECT_THAT(second.standardOutput() + second.standardError(), HasSubstr("already"));
+    EXPECT_TRUE(second.log().empty()) << second.story();
+
+    EXPECT_TRUE(first->process().isRunning());
+    keyboard_.pressHotKey();
+    EXPECT_TRUE(first->waitForLogBeginning("Clicker started")) << first->story();
+}
+
+TEST_F(StartTest, printsNothingUnexpected) {
+    const auto corvane = start({});
+    EXPECT_EQ(corvane->standardOutput(),
+              "[Corvane] Loaded config from " + settingsFile(desktop_).string() + "\n");
+    EXPECT_EQ(corvane->standardError(), "");
+    EXPECT_EQ(corvane->log().front(), "Initial accessibility: true");
+}
+
+class NoTestExtensionTest : public testing::Test {
+  protected:
+    VirtualDesktop desktop_{{.withoutExtensions = {"XTEST"}}};
+};
+
+TEST_F(NoTestExtensionTest, startsButIsNotGranted) {
+    CorvaneProcess corvane(desktop_);
+    ASSERT_TRUE(corvane.waitUntilReady()) << corvane.story();
+    EXPECT_EQ(corvane.logCount("Initial accessibility: false"), 1) << corvane.story();
+}
+
+} // namespace
+
+} // namespace corvane::desktop

@@ -1,0 +1,76 @@
+#include "StatusPanel.h"
+
+#include "TextFile.h"
+#include "WaitUntil.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace corvane::desktop {
+
+namespace {
+
+bool isAnswered(const std::vector<std::string> &lines) {
+    return !lines.empty() && (lines.back() == "done" || lines.back() == "refused");
+}
+
+} // namespace
+
+StatusPanel::StatusPanel(const VirtualDesktop &desktop)
+    : program_(desktop.start({CORVANE_STATUS_PANEL})) {
+    // It answers once it is on the bus.
+    ask("menu");
+}
+
+bool StatusPanel::waitForItem() const {
+    return waitUntil([this] {
+        return std::ranges::count(wholeLines(program_->standardOutput()), "registered") > 0;
+    });
+}
+
+std::vector<MenuLine> StatusPanel::menu() {
+    std::vector<MenuLine> menu;
+    for (const std::string &line : ask("menu")) {
+        const std::vector<std::string> fields = split(line, '\t');
+        if (fields.front() == "line") {
+            menu.push_back({.depth = std::stoi(fields.at(1)),
+                            .isSeparator = fields.at(2) == "1",
+                            .isEnabled = fields.at(3) == "1",
+                            .isChecked = fields.at(4) == "1",
+                            .title = fields.at(5)});
+        }
+    }
+    return menu;
+}
+
+std::optional<MenuLine> StatusPanel::line(const std::string &title) {
+    for (const MenuLine &line : menu()) {
+        if (line.title == title) {
+            return line;
+        }
+    }
+    return std::nullopt;
+}
+
+bool StatusPanel::choose(const std::string &title) {
+    return ask("choose\t" + title).back() == "done";
+}
+
+std::vector<std::string> StatusPanel::ask(const std::string &command) {
+    program_->write(command + "\n");
+    std::vector<std::string> answer;
+    const bool hasCome = waitUntil([&] {
+        const std::vector<std::string> lines = wholeLines(program_->standardOutput());
+        answer.assign(lines.begin() + static_cast<std::ptrdiff_t>(readLines_), lines.end());
+        // What registers at the same time is told between the answers.
+        std::erase(answer, "registered");
+        readLines_ += isAnswered(answer) ? lines.size() - readLines_ : 0;
+        return isAnswered(answer);
+    });
+    if (!hasCome) {
+        throw std::runtime_error("The panel does not answer: " + program_->standardError());
+    }
+    return answer;
+}
+
+} // namespace corvane::desktop

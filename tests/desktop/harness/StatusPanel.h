@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "VirtualDesktop.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// A line of a menu as a panel gets it.
+struct MenuLine {
+    /// 0 for the lines of the menu itself, 1 for those of a submenu.
+    int depth = 0;
+    bool isSeparator = false;
+    bool isEnabled = true;
+    bool isChecked = false;
+    std::string title;
+
+    bool operator==(const MenuLine &) const = default;
+};
+
+/// A panel that shows status items by the message bus (StatusNotifierItem).
+class StatusPanel {
+  public:
+    explicit StatusPanel(const VirtualDesktop &desktop);
+
+    /// Waits until a program has registered its item; false when time runs out.
+    bool waitForItem() const;
+
+    /// The menu of the item that registered last.
+    std::vector<MenuLine> menu();
+
+    /// The line with that title; nothing where there is none.
+    std::optional<MenuLine> line(const std::string &title);
+
+    /// Chooses the line with that title; false where there is none or the program refuses.
+    bool choose(const std::string &title);
+
+  private:
+    std::vector<std::string> ask(const std::string &command);
+
+    std::unique_ptr<ChildProcess> program_;
+    std::size_t readLines_ = 0;
+};
+
+} // namespace corvane::desktop

@@ -1,0 +1,57 @@
+#include "ClickReport.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <sstream>
+
+namespace corvane::desktop {
+
+namespace {
+
+constexpr double nanosecondsPerMillisecond = 1e6;
+constexpr double nanosecondsPerSecond = 1e9;
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::ranges::nth_element(values, middle);
+    return *middle;
+}
+
+} // namespace
+
+ClickReport::ClickReport(const std::vector<ButtonEvent> &events) {
+    constexpr int leftButton = 1;
+    for (const ButtonEvent &event : events) {
+        const auto time = static_cast<double>(event.nanoseconds);
+        if (event.button != leftButton) {
+            continue;
+        }
+        if (event.isPress) {
+            pressed_.push_back(time);
+        } else {
+            ++releases_;
+            if (!pressed_.empty()) {
+                holds_.push_back(time - pressed_.back());
+            }
+        }
+    }
+}
+
+std::string ClickReport::text() const {
+    std::ostringstream line;
+    line << presses() << " presses, " << releases() << " releases";
+    if (pressed_.size() > 1 && !holds_.empty()) {
+        line << std::fixed << std::setprecision(2) << ", " << clicksPerSecond()
+             << " a second, held for " << median(holds_) / nanosecondsPerMillisecond
+             << " ms (median), " << *std::ranges::max_element(holds_) / nanosecondsPerMillisecond
+             << " ms at most";
+    }
+    return line.str();
+}
+
+double ClickReport::clicksPerSecond() const {
+    const double seconds = (pressed_.back() - pressed_.front()) / nanosecondsPerSecond;
+    return static_cast<double>(pressed_.size() - 1) / seconds;
+}
+
+} // namespace corvane::desktop
