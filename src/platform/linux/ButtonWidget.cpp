@@ -1,11 +1,12 @@
 #include "platform/linux/ButtonWidget.h"
 
+#include "platform/linux/ContinuousCorners.h"
 #include "platform/linux/DisplayText.h"
 #include "platform/linux/SymbolImages.h"
 #include "platform/linux/ViewStyling.h"
 
-#include <QApplication>
 #include <QEvent>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -13,12 +14,18 @@ namespace corvane::x11 {
 
 namespace {
 
-constexpr int leastProminentWidth = 76;
+constexpr int leastWidth = 80;
+constexpr int leastSmallWidth = 60;
+constexpr int smallControlHeight = 24;
+constexpr int horizontalPadding = 12;
+constexpr int verticalPadding = 3;
+constexpr double cornerRadius = 6;
 
 } // namespace
 
 ButtonWidget::ButtonWidget(SymbolImages &symbols) : symbols_(symbols) {
     setAutoDefault(false);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QPushButton::clicked, this, [this] { button().action(); });
 }
@@ -40,33 +47,48 @@ void ButtonWidget::refresh() {
                           : QString::fromStdString(view_.accessibilityLabel));
     setEnabled(button().isEnabled);
     setFont(viewFont({.role = isSmall ? FontRole::callout : FontRole::body}));
-    setPalette(colours());
     setIcon(button().symbol ? symbols_.icon(button().symbol->name, palette(), QPalette::ButtonText,
                                             QPalette::ButtonText)
                             : QIcon());
     updateGeometry();
 }
 
-/// A prominent button is filled with the colour that stands for what is chosen.
-QPalette ButtonWidget::colours() const {
-    QPalette colours = QApplication::palette(this);
-    if (button().style == ButtonStyle::borderedProminent) {
-        for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-            colours.setColor(group, QPalette::Button,
-                             colours.color(QPalette::Active, QPalette::Highlight));
-            colours.setColor(group, QPalette::ButtonText,
-                             colours.color(QPalette::Active, QPalette::HighlightedText));
-        }
-    }
-    return colours;
+QSize ButtonWidget::sizeHint() const {
+    const bool isSmall = button().controlSize == ControlSize::small;
+    const int icon = button().symbol ? iconSize().width() + 4 : 0;
+    const int width = fontMetrics().horizontalAdvance(text()) + icon + 2 * horizontalPadding;
+    return {std::max(width, isSmall ? leastSmallWidth : leastWidth),
+            std::max(fontMetrics().height() + 2 * verticalPadding,
+                     isSmall ? smallControlHeight : controlHeight)};
 }
 
-QSize ButtonWidget::sizeHint() const {
-    QSize size = QPushButton::sizeHint();
+void ButtonWidget::paintEvent(QPaintEvent *event) {
     if (button().style == ButtonStyle::borderedProminent) {
-        size.setWidth(std::max(size.width(), leastProminentWidth));
+        paintProminent();
+    } else {
+        QPushButton::paintEvent(event);
     }
-    return size;
+}
+
+/// Filled with the colour that stands out; no style of the toolkit has such a button.
+void ButtonWidget::paintProminent() {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF bounds = rect();
+    QColor fill = isEnabled() ? accentColour() : faded(palette(), 0.1);
+    if (isDown()) {
+        fill = fill.darker(120);
+    } else if (isEnabled() && underMouse()) {
+        fill = fill.lighter(108);
+    }
+    painter.fillPath(continuousRoundedRectangle(bounds, cornerRadius), fill);
+    if (hasFocus()) {
+        painter.setPen(QPen(accentTextColour(), 1.5));
+        painter.drawPath(
+            continuousRoundedRectangle(bounds.adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius - 2));
+    }
+    painter.setPen(isEnabled() ? accentTextColour() : faded(palette(), 0.45));
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
 }
 
 bool ButtonWidget::event(QEvent *event) {

@@ -23,11 +23,12 @@ class ButtonWidget : public QPushButton, public ViewWidget {
 
   protected:
     bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
   private:
     const Button &button() const { return std::get<Button>(view_.content); }
     void refresh();
-    QPalette colours() const;
+    void paintProminent();
 
     SymbolImages &symbols_;
     View view_{Button{}};

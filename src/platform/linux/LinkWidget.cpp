@@ -1,6 +1,7 @@
 #include "platform/linux/LinkWidget.h"
 
 #include "platform/linux/SymbolImages.h"
+#include "platform/linux/ViewStyling.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -65,7 +66,7 @@ void LinkWidget::showLabel(Rendering rendering) {
 void LinkWidget::refreshColours() {
     QPalette colours = QApplication::palette(this);
     if (!link().isPlain) {
-        colours.setColor(QPalette::WindowText, colours.color(QPalette::Link));
+        colours.setColor(QPalette::WindowText, textColour(Colour{ColourName::systemBlue}, colours));
     }
     setPalette(colours);
 }

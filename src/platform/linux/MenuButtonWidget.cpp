@@ -12,6 +12,8 @@
 namespace corvane::x11 {
 
 MenuButtonWidget::MenuButtonWidget(SymbolImages &symbols) : symbols_(symbols) {
+    constexpr int iconSide = 20;
+    setIconSize({iconSide, iconSide});
     setAutoRaise(true);
     setFocusPolicy(Qt::StrongFocus);
     connect(this, &QToolButton::clicked, this, &MenuButtonWidget::openMenu);

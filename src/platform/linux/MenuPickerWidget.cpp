@@ -1,5 +1,7 @@
 #include "platform/linux/MenuPickerWidget.h"
 
+#include "platform/linux/ViewStyling.h"
+
 #include <QPointer>
 #include <QWheelEvent>
 
@@ -7,6 +9,7 @@ namespace corvane::x11 {
 
 MenuPickerWidget::MenuPickerWidget() {
     setFocusPolicy(Qt::StrongFocus);
+    setMinimumHeight(controlHeight);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QComboBox::activated, this, [this](int index) {
         const auto chosen = static_cast<std::size_t>(index);

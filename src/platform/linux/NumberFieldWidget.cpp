@@ -1,5 +1,6 @@
 #include "platform/linux/NumberFieldWidget.h"
 
+#include "platform/linux/ViewStyling.h"
 #include "presentation/WholeNumber.h"
 
 #include <QFocusEvent>
@@ -10,6 +11,8 @@ namespace corvane::x11 {
 
 NumberFieldWidget::NumberFieldWidget() {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setMinimumHeight(controlHeight);
+    setTextMargins(fieldMargin, 0, fieldMargin, 0);
     connect(this, &QLineEdit::textEdited, this, &NumberFieldWidget::takeOver);
     showValue();
 }

@@ -14,7 +14,6 @@ namespace corvane::x11 {
 namespace {
 
 constexpr int stepperWidth = 20;
-constexpr int stepperHeight = 26;
 constexpr double cornerRadius = 5;
 constexpr int repeatDelay = 400;
 constexpr int repeatPeriod = 60;
@@ -39,7 +38,7 @@ void StepperWidget::render(const View &view, Rendering) {
     }
 }
 
-QSize StepperWidget::sizeHint() const { return {stepperWidth, stepperHeight}; }
+QSize StepperWidget::sizeHint() const { return {stepperWidth, controlHeight}; }
 
 bool StepperWidget::canStep(bool isUp) const {
     return isUp ? stepper().incremented().has_value() : stepper().decremented().has_value();

@@ -8,13 +8,6 @@
 
 namespace corvane::x11 {
 
-namespace {
-
-/// The height of a symbol, in heights of its font's capitals with what they stand on.
-constexpr double heightOfFont = 1.15;
-
-} // namespace
-
 SymbolWidget::SymbolWidget(SymbolImages &symbols) : symbols_(symbols) {}
 
 void SymbolWidget::render(const View &view, Rendering) {
@@ -26,8 +19,7 @@ void SymbolWidget::render(const View &view, Rendering) {
 }
 
 void SymbolWidget::refresh() {
-    const QFontMetrics metrics(viewFont(view_.font));
-    const int side = static_cast<int>(metrics.ascent() * heightOfFont);
+    const int side = QFontMetrics(viewFont(view_.font)).height();
     setFixedSize(side, side);
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
     update();
@@ -44,7 +36,7 @@ void SymbolWidget::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.drawPixmap(0, 0,
                        symbols_.pixmap(std::get<SymbolImage>(view_.content).name,
-                                       foregroundColour(view_.foreground, palette()), width(),
+                                       symbolColour(view_.foreground, palette()), width(),
                                        devicePixelRatioF()));
 }
 

@@ -1,8 +1,12 @@
 #include "platform/linux/TextFieldWidget.h"
 
+#include "platform/linux/ViewStyling.h"
+
 namespace corvane::x11 {
 
 TextFieldWidget::TextFieldWidget() {
+    setMinimumHeight(controlHeight);
+    setTextMargins(fieldMargin, 0, fieldMargin, 0);
     connect(this, &QLineEdit::textEdited, this,
             [this](const QString &text) { field().changed(text.toStdString()); });
 }

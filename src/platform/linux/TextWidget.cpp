@@ -97,7 +97,7 @@ void TextWidget::resizeEvent(QResizeEvent *event) {
 
 void TextWidget::paintEvent(QPaintEvent *) {
     QPainter painter(this);
-    painter.setPen(foregroundColour(view_.foreground, palette()));
+    painter.setPen(textColour(view_.foreground, palette()));
     if (isSingleLine()) {
         const QString fitting = fontMetrics().elidedText(shown_, Qt::ElideRight, width());
         painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, fitting);

@@ -74,8 +74,8 @@ void ToolbarButton::paintEvent(QPaintEvent *) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
         painter.drawPath(shape);
     }
-    const QColor colour = isSelected_ ? foregroundColour(Colour{ColourName::systemBlue}, palette())
-                                      : foregroundColour(HierarchicalStyle::secondary, palette());
+    const QColor colour = isSelected_ ? textColour(Colour{ColourName::systemBlue}, palette())
+                                      : textColour(HierarchicalStyle::secondary, palette());
     painter.drawPixmap((width() - iconSide) / 2, verticalPadding,
                        symbols_.pixmap(item_.image.name, colour, iconSide, devicePixelRatioF()));
     painter.setPen(colour);

@@ -84,12 +84,12 @@ bool isDark(const QPalette &palette) {
 }
 
 QColor faded(const QPalette &palette, double strength) {
-    QColor colour = palette.color(QPalette::WindowText);
+    QColor colour = palette.color(QPalette::Active, QPalette::WindowText);
     colour.setAlphaF(static_cast<float>(strength));
     return colour;
 }
 
-QColor foregroundColour(const std::optional<ShapeStyle> &style, const QPalette &palette) {
+QColor textColour(const std::optional<ShapeStyle> &style, const QPalette &palette) {
     if (!style) {
         return palette.color(QPalette::WindowText);
     }
@@ -98,6 +98,15 @@ QColor foregroundColour(const std::optional<ShapeStyle> &style, const QPalette &
     }
     return readable(qtColour(std::get<Colour>(*style)), palette);
 }
+
+QColor symbolColour(const std::optional<ShapeStyle> &style, const QPalette &palette) {
+    const auto *colour = style ? std::get_if<Colour>(&*style) : nullptr;
+    return colour ? qtColour(*colour) : textColour(style, palette);
+}
+
+QColor accentColour() { return qtColour({ColourName::systemBlue}).darker(118); }
+
+QColor accentTextColour() { return Qt::white; }
 
 QColor fillColour(const ShapeStyle &style, const QPalette &palette) {
     constexpr double fillStrength = 0.055;

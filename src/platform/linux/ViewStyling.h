@@ -10,12 +10,23 @@
 
 namespace corvane::x11 {
 
-/// The colour of a text or a symbol on a window of that palette; the palette's own text colour for
-/// no style.
-QColor foregroundColour(const std::optional<ShapeStyle> &style, const QPalette &palette);
+/// The least height of a control in a row, and the space beside the text in a field; points.
+inline constexpr int controlHeight = 26;
+inline constexpr int fieldMargin = 3;
+
+/// The colour of a text on a window of that palette, dark or light enough to be read; the palette's
+/// own text colour for no style.
+QColor textColour(const std::optional<ShapeStyle> &style, const QPalette &palette);
+
+/// The colour of a symbol on a window of that palette; the palette's own text colour for no style.
+QColor symbolColour(const std::optional<ShapeStyle> &style, const QPalette &palette);
 
 /// The colour of a shape behind others on a window of that palette.
 QColor fillColour(const ShapeStyle &style, const QPalette &palette);
+
+/// What stands for the program's own choice, and a text on it can be read.
+QColor accentColour();
+QColor accentTextColour();
 
 /// A colour of the window's text that is so strong, from 0 to 1.
 QColor faded(const QPalette &palette, double strength);
