@@ -1,0 +1,39 @@
+#include "platform/linux/LinuxAccessibility.h"
+
+#include "platform/linux/LinuxAccessibilityWindows.h"
+#include "platform/linux/ServerAbilities.h"
+
+namespace corvane::x11 {
+
+LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection,
+                                       LinuxAccessibilityWindows &windows)
+    : connection_(connection),
+      windows_(windows),
+      isInsideWayland_(isInsideWayland(connection)) {}
+
+bool LinuxAccessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
+
+bool LinuxAccessibility::isProcessTrustedWithPrompt() {
+    const bool isTrusted = isProcessTrusted();
+    if (!isTrusted) {
+        showGuide();
+    }
+    return isTrusted;
+}
+
+std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+LinuxAccessibility::windows(std::int32_t processIdentifier) {
+    return windows_.windows(processIdentifier);
+}
+
+void LinuxAccessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }
+
+AccessibilityObstacle LinuxAccessibility::obstacle() const {
+    if (isInsideWayland_) {
+        return AccessibilityObstacle::waylandSession;
+    }
+    return offersFakeInput(connection_) ? AccessibilityObstacle::none
+                                        : AccessibilityObstacle::noTestExtension;
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/linux/AccessibilityGuideWindow.h"
+#include "platform/linux/XcbConnection.h"
+
+namespace corvane::x11 {
+
+class LinuxAccessibilityWindows;
+
+/// The right to act on other applications: here a matter of the server and the session.
+class LinuxAccessibility : public platform::Accessibility {
+  public:
+    /// Both outlive it.
+    LinuxAccessibility(const XcbConnection &connection, LinuxAccessibilityWindows &windows);
+
+    bool isProcessTrusted() override;
+    bool isProcessTrustedWithPrompt() override;
+    std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+    windows(std::int32_t processIdentifier) override;
+
+    /// Shows the user what is missing and how to get it.
+    void showGuide();
+
+  private:
+    AccessibilityObstacle obstacle() const;
+
+    const XcbConnection &connection_;
+    LinuxAccessibilityWindows &windows_;
+    const bool isInsideWayland_;
+    AccessibilityGuideWindow guideWindow_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,23 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include "platform/linux/UserDirectories.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <QCoreApplication>
+
+namespace corvane::x11 {
+
+LinuxPlatform::LinuxPlatform(XcbEvents &events)
+    : screens_(events),
+      overlayWindows_(events, screens_, symbols_),
+      windowList_(events),
+      applications_(events),
+      accessibilityWindows_(events),
+      accessibility_(events.connection(), accessibilityWindows_),
+      hotKeys_(events),
+      loginItem_(fileSystem_, configDirectory(),
+                 QCoreApplication::applicationFilePath().toStdString()),
+      workspace_([this] { accessibility_.showGuide(); }),
+      statusBar_(events) {}
+
+} // namespace corvane::x11

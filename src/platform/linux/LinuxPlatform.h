@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/linux/LinuxAccessibility.h"
+#include "platform/linux/LinuxAccessibilityWindows.h"
+#include "platform/linux/LinuxAlerts.h"
+#include "platform/linux/LinuxApplication.h"
+#include "platform/linux/LinuxApplications.h"
+#include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHotKeys.h"
+#include "platform/linux/LinuxLocalisation.h"
+#include "platform/linux/LinuxLoginItem.h"
+#include "platform/linux/LinuxMainQueue.h"
+#include "platform/linux/LinuxMouseEvents.h"
+#include "platform/linux/LinuxOverlayWindows.h"
+#include "platform/linux/LinuxScreens.h"
+#include "platform/linux/LinuxSettingsWindows.h"
+#include "platform/linux/LinuxStatusBar.h"
+#include "platform/linux/LinuxWindowList.h"
+#include "platform/linux/LinuxWorkspace.h"
+#include "platform/linux/SymbolImages.h"
+#include "platform/posix/PosixFileSystem.h"
+
+namespace corvane::x11 {
+
+class XcbEvents;
+
+/// The Linux desktop under X11. Made on the main thread, after the Qt application.
+class LinuxPlatform : public platform::Platform {
+  public:
+    /// The events outlive the platform.
+    explicit LinuxPlatform(XcbEvents &events);
+
+    platform::Accessibility &accessibility() override { return accessibility_; }
+    platform::Alerts &alerts() override { return alerts_; }
+    platform::Application &application() override { return application_; }
+    platform::Applications &applications() override { return applications_; }
+    platform::ContinuousClock &clock() override { return clock_; }
+    platform::FileSystem &fileSystem() override { return fileSystem_; }
+    platform::HotKeys &hotKeys() override { return hotKeys_; }
+    platform::Localisation &localisation() override { return localisation_; }
+    platform::LoginItem &loginItem() override { return loginItem_; }
+    platform::MainQueue &mainQueue() override { return mainQueue_; }
+    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
+    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
+    platform::Screens &screens() override { return screens_; }
+    platform::SettingsWindows &settingsWindows() override { return settingsWindows_; }
+    platform::StatusBar &statusBar() override { return statusBar_; }
+    platform::WindowList &windowList() override { return windowList_; }
+    platform::Workspace &workspace() override { return workspace_; }
+
+  private:
+    posix::PosixFileSystem fileSystem_;
+    LinuxClock clock_;
+    LinuxMainQueue mainQueue_;
+    LinuxLocalisation localisation_;
+    LinuxApplication application_;
+    LinuxMouseEvents mouseEvents_;
+    LinuxScreens screens_;
+    SymbolImages symbols_;
+    LinuxOverlayWindows overlayWindows_;
+    LinuxWindowList windowList_;
+    LinuxApplications applications_;
+    LinuxAccessibilityWindows accessibilityWindows_;
+    LinuxAccessibility accessibility_;
+    LinuxHotKeys hotKeys_;
+    LinuxLoginItem loginItem_;
+    LinuxWorkspace workspace_;
+    LinuxAlerts alerts_;
+    LinuxStatusBar statusBar_;
+    LinuxSettingsWindows settingsWindows_;
+};
+
+} // namespace corvane::x11
