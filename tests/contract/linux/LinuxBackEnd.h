@@ -1,0 +1,30 @@
+#pragma once
+
+#include "BackEnd.h"
+#include "EnvironmentVariable.h"
+#include "TemporaryFolder.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/XcbEvents.h"
+
+namespace corvane::contract {
+
+/// The real back end, with a home directory of its own.
+class LinuxBackEnd : public BackEnd {
+  public:
+    static std::unique_ptr<BackEnd> make() { return std::make_unique<LinuxBackEnd>(); }
+
+    platform::Platform &platform() override { return platform_; }
+    bool turnUntil(const std::function<bool()> &condition) override;
+    std::filesystem::path directory() override { return directory_.path(); }
+
+  private:
+    desktop::TemporaryFolder home_;
+    desktop::TemporaryFolder directory_;
+    EnvironmentVariable homeVariable_{"HOME", home_.path()};
+    EnvironmentVariable configVariable_{"XDG_CONFIG_HOME", std::nullopt};
+    x11::XcbEvents events_{x11::XcbConnection::open().value(),
+                           [] { ADD_FAILURE() << "the server is gone"; }};
+    x11::LinuxPlatform platform_{events_};
+};
+
+} // namespace corvane::contract
