@@ -14,6 +14,7 @@ bool RecorderBackEnd::turnUntil(const std::function<bool()> &condition) {
             return false;
         }
         platform_.advance(std::chrono::milliseconds(1));
+        platform_.overlayWindows().completeAnimations();
     }
     return true;
 }

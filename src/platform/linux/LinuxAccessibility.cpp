@@ -1,14 +1,11 @@
 #include "platform/linux/LinuxAccessibility.h"
 
-#include "platform/linux/LinuxAccessibilityWindows.h"
 #include "platform/linux/ServerAbilities.h"
 
 namespace corvane::x11 {
 
-LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection,
-                                       LinuxAccessibilityWindows &windows)
+LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection)
     : connection_(connection),
-      windows_(windows),
       isInsideWayland_(isInsideWayland(connection)) {}
 
 bool LinuxAccessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
@@ -22,8 +19,8 @@ bool LinuxAccessibility::isProcessTrustedWithPrompt() {
 }
 
 std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
-LinuxAccessibility::windows(std::int32_t processIdentifier) {
-    return windows_.windows(processIdentifier);
+LinuxAccessibility::windows(std::int32_t /*processIdentifier*/) {
+    return std::nullopt;
 }
 
 void LinuxAccessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }

@@ -6,13 +6,11 @@
 
 namespace corvane::x11 {
 
-class LinuxAccessibilityWindows;
-
 /// The right to act on other applications: here a matter of the server and the session.
 class LinuxAccessibility : public platform::Accessibility {
   public:
-    /// Both outlive it.
-    LinuxAccessibility(const XcbConnection &connection, LinuxAccessibilityWindows &windows);
+    /// The connection outlives it.
+    explicit LinuxAccessibility(const XcbConnection &connection);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
@@ -26,7 +24,6 @@ class LinuxAccessibility : public platform::Accessibility {
     AccessibilityObstacle obstacle() const;
 
     const XcbConnection &connection_;
-    LinuxAccessibilityWindows &windows_;
     const bool isInsideWayland_;
     AccessibilityGuideWindow guideWindow_;
 };

@@ -50,7 +50,7 @@ bool LinuxLoginItem::isEnabled() const {
         values.contains("Exec") &&
         (tryExec == values.end() || access(tryExec->second.c_str(), X_OK) == 0);
     return is("Type", "Application") && isStartable && !is("Hidden", "true") &&
-           !is("X-GNOME-Autostart-enabled", "false");
+           !is("X-GNOME-Autostart-enabled", "false") && !is("X-MATE-Autostart-enabled", "false");
 }
 
 Outcome<> LinuxLoginItem::registerItem() {

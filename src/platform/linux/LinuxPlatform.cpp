@@ -10,10 +10,7 @@ namespace corvane::x11 {
 LinuxPlatform::LinuxPlatform(XcbEvents &events)
     : screens_(events),
       overlayWindows_(events, screens_, symbols_),
-      windowList_(events),
-      applications_(events),
-      accessibilityWindows_(events),
-      accessibility_(events.connection(), accessibilityWindows_),
+      accessibility_(events.connection()),
       hotKeys_(events),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),

@@ -2,10 +2,8 @@
 
 #include "platform/Platform.h"
 #include "platform/linux/LinuxAccessibility.h"
-#include "platform/linux/LinuxAccessibilityWindows.h"
 #include "platform/linux/LinuxAlerts.h"
 #include "platform/linux/LinuxApplication.h"
-#include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHotKeys.h"
 #include "platform/linux/LinuxLocalisation.h"
@@ -16,9 +14,9 @@
 #include "platform/linux/LinuxScreens.h"
 #include "platform/linux/LinuxSettingsWindows.h"
 #include "platform/linux/LinuxStatusBar.h"
-#include "platform/linux/LinuxWindowList.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SymbolImages.h"
+#include "platform/linux/UnreadWindows.h"
 #include "platform/posix/PosixFileSystem.h"
 
 namespace corvane::x11 {
@@ -59,9 +57,8 @@ class LinuxPlatform : public platform::Platform {
     LinuxScreens screens_;
     SymbolImages symbols_;
     LinuxOverlayWindows overlayWindows_;
-    LinuxWindowList windowList_;
-    LinuxApplications applications_;
-    LinuxAccessibilityWindows accessibilityWindows_;
+    UnreadWindowList windowList_;
+    UnknownApplications applications_;
     LinuxAccessibility accessibility_;
     LinuxHotKeys hotKeys_;
     LinuxLoginItem loginItem_;

@@ -62,8 +62,8 @@ TEST_F(LinuxLoginItemTest, RemovesTheEntry) {
 TEST_F(LinuxLoginItemTest, AnEntryTheDesktopPassesOverIsOff) {
     writeEntry(entryWith(""));
     EXPECT_TRUE(item_.isEnabled());
-    for (const char *line :
-         {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n", "TryExec=/nowhere/corvane\n"}) {
+    for (const char *line : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n",
+                             "X-MATE-Autostart-enabled=false\n", "TryExec=/nowhere/corvane\n"}) {
         writeEntry(entryWith(line));
         EXPECT_FALSE(item_.isEnabled()) << line;
     }

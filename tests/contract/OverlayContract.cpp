@@ -1,0 +1,99 @@
+#include "BackEnd.h"
+#include "platform/ContinuousClock.h"
+#include "platform/OverlayWindows.h"
+#include "platform/Platform.h"
+
+#include <chrono>
+
+namespace corvane::contract {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr Path circle{.kind = Path::Kind::ellipse, .bounds = {10, 10, 20, 20}};
+
+constexpr BorderlessWindow smallWindow{.frame = {100, 100, 40, 40}};
+
+class OverlayContract : public ContractTest {
+  protected:
+    std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window = smallWindow) {
+        auto overlay = platform().overlayWindows().create(window, {});
+        EXPECT_NE(overlay, nullptr);
+        return overlay;
+    }
+
+    static Animation ripple(milliseconds duration) {
+        return {.key = "ripple",
+                .shape = {.path = circle, .stroke = Colour{ColourName::systemBlue}},
+                .endPath = {.kind = Path::Kind::ellipse, .bounds = {0, 0, 40, 40}},
+                .duration = duration,
+                .timing = TimingFunction::easeOut};
+    }
+
+    /// Lets that much time pass.
+    void wait(milliseconds duration) {
+        const auto end = platform().clock().now() + duration;
+        EXPECT_TRUE(backEnd().turnUntil([&] { return platform().clock().now() >= end; }));
+    }
+};
+
+TEST_P(OverlayContract, BearsEveryUseInAnyOrder) {
+    const auto overlay = create();
+    overlay->orderOut();
+    overlay->setDrawing({Shape{.path = circle, .fill = Colour{ColourName::systemGreen, 0.5}}});
+    overlay->orderFront();
+    overlay->setFrame({-50, -50, 400, 300});
+    overlay->setDrawing({});
+    overlay->makeKeyAndOrderFront();
+    overlay->setFrame({0, 0, 0, 0});
+    overlay->orderOut();
+    overlay->orderFront();
+    wait(milliseconds(5));
+}
+
+TEST_P(OverlayContract, AnAnimationEndsOnceAndLater) {
+    const auto overlay = create();
+    overlay->orderFront();
+    int completions = 0;
+    overlay->play(ripple(milliseconds(20)), [&completions] { ++completions; });
+    EXPECT_EQ(completions, 0);
+    ASSERT_TRUE(backEnd().turnUntil([&completions] { return completions > 0; }));
+    wait(milliseconds(50));
+    EXPECT_EQ(completions, 1);
+}
+
+TEST_P(OverlayContract, AnAnimationEndsAlsoOffTheScreen) {
+    const auto overlay = create();
+    bool isCompleted = false;
+    overlay->play(ripple(milliseconds(10)), [&isCompleted] { isCompleted = true; });
+    EXPECT_TRUE(backEnd().turnUntil([&isCompleted] { return isCompleted; }));
+}
+
+TEST_P(OverlayContract, ADestroyedOverlayCallsNothing) {
+    auto overlay = create();
+    overlay->orderFront();
+    int completions = 0;
+    overlay->play(ripple(milliseconds(10)), [&completions] { ++completions; });
+    overlay.reset();
+    wait(milliseconds(40));
+    EXPECT_EQ(completions, 0);
+}
+
+TEST_P(OverlayContract, AnOverlayMayEndInsideItsCompletion) {
+    auto overlay = create();
+    overlay->orderFront();
+    bool isCompleted = false;
+    overlay->play(ripple(milliseconds(10)), [&] {
+        overlay.reset();
+        isCompleted = true;
+    });
+    EXPECT_TRUE(backEnd().turnUntil([&isCompleted] { return isCompleted; }));
+    wait(milliseconds(20));
+}
+
+CORVANE_CONTRACT(OverlayContract);
+
+} // namespace
+
+} // namespace corvane::contract
