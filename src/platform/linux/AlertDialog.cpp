@@ -83,18 +83,19 @@ QBoxLayout *AlertDialog::makeTexts(const Alert &alert) {
     texts->addWidget(makeLabel(alert.messageText, messageFont));
     texts->addWidget(makeLabel(alert.informativeText, font()));
     if (alert.field) {
-        addField(*texts, alert);
+        addField(*texts, *alert.field, alert.informativeText);
     }
     texts->addStretch(1);
     return texts;
 }
 
-void AlertDialog::addField(QBoxLayout &layout, const Alert &alert) {
-    field_ = new QLineEdit(QString::fromStdString(alert.field->text));
-    field_->setPlaceholderText(QString::fromStdString(alert.field->placeholder));
-    field_->setFixedSize(static_cast<int>(std::lround(alert.field->size.width)),
-                         static_cast<int>(std::lround(alert.field->size.height)));
-    field_->setAccessibleName(QString::fromStdString(alert.informativeText));
+void AlertDialog::addField(QBoxLayout &layout, const AlertField &field,
+                           const std::string &description) {
+    field_ = new QLineEdit(QString::fromStdString(field.text));
+    field_->setPlaceholderText(QString::fromStdString(field.placeholder));
+    field_->setFixedSize(static_cast<int>(std::lround(field.size.width)),
+                         static_cast<int>(std::lround(field.size.height)));
+    field_->setAccessibleName(QString::fromStdString(description));
     field_->selectAll();
     layout.addSpacing(6);
     layout.addWidget(field_);

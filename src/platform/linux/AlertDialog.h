@@ -4,6 +4,8 @@
 
 #include <QDialog>
 
+#include <string>
+
 class QBoxLayout;
 class QLineEdit;
 
@@ -23,7 +25,7 @@ class AlertDialog : public QDialog {
   private:
     QBoxLayout *makeTexts(const Alert &alert);
     QBoxLayout *makeButtons(const Alert &alert);
-    void addField(QBoxLayout &layout, const Alert &alert);
+    void addField(QBoxLayout &layout, const AlertField &field, const std::string &description);
     void showOnEveryWorkspace();
 
     std::size_t chosen_;

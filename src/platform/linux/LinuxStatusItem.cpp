@@ -21,7 +21,7 @@ QDBusConnection ownConnection() {
 } // namespace
 
 LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
-                                 std::function<void(const MenuCommand &)> perform)
+                                 const std::function<void(const MenuCommand &)> &perform)
     : tray_(
           events, [this] { paintIcon(); }, [this] { trayVanished(); }),
       bus_(ownConnection()),

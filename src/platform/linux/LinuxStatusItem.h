@@ -23,7 +23,7 @@ namespace corvane::x11 {
 class LinuxStatusItem : public platform::StatusItem {
   public:
     /// `events` outlives the item.
-    LinuxStatusItem(XcbEvents &events, std::function<void(const MenuCommand &)> perform);
+    LinuxStatusItem(XcbEvents &events, const std::function<void(const MenuCommand &)> &perform);
     ~LinuxStatusItem() override;
     LinuxStatusItem(const LinuxStatusItem &) = delete;
     LinuxStatusItem &operator=(const LinuxStatusItem &) = delete;

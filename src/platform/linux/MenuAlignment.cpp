@@ -23,8 +23,7 @@ bool isSameItem(const MenuItem &one, const MenuItem &other) {
 } // namespace
 
 MenuAlignment alignMenu(const std::vector<MenuItem> &from, const std::vector<MenuItem> &to) {
-    const auto [fromHead, toHead] =
-        std::mismatch(from.begin(), from.end(), to.begin(), to.end(), isSameItem);
+    const auto [fromHead, toHead] = std::ranges::mismatch(from, to, isSameItem);
     const auto [fromTail, toTail] =
         std::mismatch(from.rbegin(), std::make_reverse_iterator(fromHead), to.rbegin(),
                       std::make_reverse_iterator(toHead), isSameItem);

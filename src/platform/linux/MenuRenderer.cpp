@@ -176,9 +176,10 @@ void MenuRenderer::tintImages(QMenu &menu, const std::vector<MenuItem> &items) {
     const auto actions = menu.actions();
     for (std::size_t index = 0; index < items.size(); ++index) {
         auto &action = *actions[static_cast<qsizetype>(index)];
-        action.setIcon(icon(items[index]));
-        if (items[index].submenu) {
-            tintImages(*action.menu(), *items[index].submenu);
+        const auto &item = items[index];
+        action.setIcon(icon(item));
+        if (item.submenu) {
+            tintImages(*action.menu(), *item.submenu);
         }
     }
 }

@@ -15,6 +15,8 @@ void registerPanelMenuTypes() {
     qDBusRegisterMetaType<QList<int>>();
 }
 
+// NOLINTBEGIN(bugprone-return-const-ref-from-parameter): what the toolkit asks for
+
 QDBusArgument &operator<<(QDBusArgument &argument, const PanelItemProperties &value) {
     argument.beginStructure();
     argument << value.id << value.properties;
@@ -68,5 +70,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemLayout &
     argument.endStructure();
     return argument;
 }
+
+// NOLINTEND(bugprone-return-const-ref-from-parameter)
 
 } // namespace corvane::x11

@@ -19,6 +19,8 @@ void registerNotifierTypes() {
     qDBusRegisterMetaType<NotifierToolTip>();
 }
 
+// NOLINTBEGIN(bugprone-return-const-ref-from-parameter): what the toolkit asks for
+
 QDBusArgument &operator<<(QDBusArgument &argument, const NotifierPixmap &value) {
     argument.beginStructure();
     argument << value.width << value.height << value.bytes;
@@ -46,5 +48,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &
     argument.endStructure();
     return argument;
 }
+
+// NOLINTEND(bugprone-return-const-ref-from-parameter)
 
 } // namespace corvane::x11
