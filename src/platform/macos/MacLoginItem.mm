@@ -12,8 +12,10 @@ namespace corvane::macos {
 
 namespace {
 
-Outcome<> outcome(BOOL isDone, NSError *error) {
-    if (isDone) {
+/// A refusal that leaves the item as it was wanted, such as removing one that is not there, is
+/// none.
+Outcome<> outcome(BOOL isDone, bool isAsWanted, NSError *error) {
+    if (isDone || isAsWanted) {
         return {};
     }
     return std::unexpected(Failure{error == nil ? "" : utf8(error.localizedDescription)});
@@ -28,13 +30,13 @@ bool MacLoginItem::isEnabled() const {
 Outcome<> MacLoginItem::registerItem() {
     NSError *error = nil;
     const BOOL isDone = [SMAppService.mainAppService registerAndReturnError:&error];
-    return outcome(isDone, error);
+    return outcome(isDone, isEnabled(), error);
 }
 
 Outcome<> MacLoginItem::unregisterItem() {
     NSError *error = nil;
     const BOOL isDone = [SMAppService.mainAppService unregisterAndReturnError:&error];
-    return outcome(isDone, error);
+    return outcome(isDone, !isEnabled(), error);
 }
 
 } // namespace corvane::macos

@@ -79,10 +79,11 @@ class MacSettingsWindow : public platform::NativeSettingsWindow {
     }
 
     void setContent(const View &content) override {
+        const CGFloat top = NSMaxY(window_.frame);
         auto next = std::make_unique<RenderedView>(content, surroundings());
         window_.contentView = makeContentView(next->box());
         content_ = std::move(next);
-        fitHeight();
+        fitHeight(top);
     }
 
     void updateContent(const View &content) override {
@@ -90,20 +91,19 @@ class MacSettingsWindow : public platform::NativeSettingsWindow {
             setContent(content);
             return;
         }
+        const CGFloat top = NSMaxY(window_.frame);
         content_->update(content, surroundings());
-        fitHeight();
+        fitHeight(top);
     }
 
   private:
     static Surroundings surroundings() { return {.ordinaryColour = NSColor.labelColor}; }
 
-    /// Gives the window the height of its content; the top edge stays where it is.
-    void fitHeight() {
-        NSView *content = content_->box();
+    /// Gives the window the height of its content, with its top edge where it was.
+    void fitHeight(CGFloat top) {
         [window_ layoutIfNeeded];
-        NSRect frame = [window_ frameRectForContentRect:{NSZeroPoint, content.fittingSize}];
-        frame.origin =
-            NSMakePoint(NSMinX(window_.frame), NSMaxY(window_.frame) - frame.size.height);
+        NSRect frame = [window_ frameRectForContentRect:{NSZeroPoint, content_->box().fittingSize}];
+        frame.origin = NSMakePoint(NSMinX(window_.frame), top - frame.size.height);
         [window_ setFrame:frame display:YES];
     }
 
