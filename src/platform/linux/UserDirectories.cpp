@@ -39,4 +39,8 @@ std::filesystem::path configDirectory() {
     return absolutePathIn("XDG_CONFIG_HOME").value_or(homeDirectory() / ".config");
 }
 
+std::filesystem::path dataDirectory() {
+    return absolutePathIn("XDG_DATA_HOME").value_or(homeDirectory() / ".local" / "share");
+}
+
 } // namespace corvane::x11

@@ -12,4 +12,8 @@ std::filesystem::path homeDirectory();
 /// else .config in the home directory.
 std::filesystem::path configDirectory();
 
+/// Where the user's own applications and data lie: what XDG_DATA_HOME says if that is an absolute
+/// path, else .local/share in the home directory.
+std::filesystem::path dataDirectory();
+
 } // namespace corvane::x11

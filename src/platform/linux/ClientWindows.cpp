@@ -1,0 +1,200 @@
+#include "platform/linux/ClientWindows.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// A safety net for window managers that forget to tell.
+constexpr std::chrono::milliseconds longestTrust(500);
+
+/// How long windows are watched after somebody has asked for them.
+constexpr std::chrono::seconds watchTime(2);
+
+} // namespace
+
+ClientWindows::ClientWindows(XcbEvents &events)
+    : events_(events),
+      reader_(events.connection()),
+      rootEvents_(
+          events.masks().select(events.connection().root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
+      subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
+}
+
+const std::vector<WindowOwner> &ClientWindows::owners() {
+    if (isListStale_ || Clock::now() - listRead_ >= longestTrust) {
+        refreshList();
+    }
+    return owners_;
+}
+
+/// Whose window one is does not change, so that only new ones are asked for.
+void ClientWindows::refreshList() {
+    const std::vector<xcb_window_t> windows = reader_.windows();
+    std::map<xcb_window_t, WindowOwner> known;
+    for (WindowOwner &owner : owners_) {
+        known.emplace(owner.window, std::move(owner));
+    }
+    std::vector<xcb_window_t> unknown;
+    std::ranges::copy_if(windows, std::back_inserter(unknown),
+                         [&known](xcb_window_t window) { return !known.contains(window); });
+    for (WindowOwner &owner : reader_.owners(unknown)) {
+        known.emplace(owner.window, std::move(owner));
+    }
+    owners_.clear();
+    for (const xcb_window_t window : windows) {
+        owners_.push_back(known.at(window));
+    }
+    isListStale_ = false;
+    listRead_ = Clock::now();
+}
+
+std::vector<WindowFacts> ClientWindows::windowsOf(std::int32_t processIdentifier) {
+    std::vector<xcb_window_t> windows;
+    for (const WindowOwner &owner : owners()) {
+        if (owner.processIdentifier == processIdentifier) {
+            windows.push_back(owner.window);
+        }
+    }
+    refresh(windows);
+    std::vector<WindowFacts> facts;
+    for (const xcb_window_t window : windows) {
+        const auto watched = watched_.find(window);
+        if (watched != watched_.end() && watched->second.facts.layer == 0 &&
+            !watched->second.facts.isDesktop) {
+            facts.push_back(watched->second.facts);
+        }
+    }
+    return facts;
+}
+
+void ClientWindows::refresh(const std::vector<xcb_window_t> &windows) {
+    const auto now = Clock::now();
+    std::vector<xcb_window_t> stale;
+    for (const xcb_window_t window : windows) {
+        Watched &watched = watch(window);
+        watched.lastAsked = now;
+        if (watched.isStale || now - watched.lastRead >= longestTrust) {
+            stale.push_back(window);
+        }
+    }
+    if (stale.empty()) {
+        return;
+    }
+    auto facts = reader_.facts(stale);
+    for (const xcb_window_t window : stale) {
+        const auto found = std::ranges::find(facts, window, &WindowFacts::window);
+        if (found == facts.end()) {
+            watched_.erase(window);
+            continue;
+        }
+        Watched &watched = watched_.at(window);
+        watched.facts = std::move(*found);
+        watched.isStale = false;
+        watched.lastRead = now;
+    }
+}
+
+ClientWindows::Watched &ClientWindows::watch(xcb_window_t window) {
+    const auto [entry, isNew] = watched_.try_emplace(window);
+    Watched &watched = entry->second;
+    if (isNew) {
+        watched.events = events_.masks().select(window, XCB_EVENT_MASK_PROPERTY_CHANGE |
+                                                            XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
+    if (watched.frame == XCB_WINDOW_NONE) {
+        watchFrame(window, watched);
+    }
+    return watched;
+}
+
+void ClientWindows::watchFrame(xcb_window_t window, Watched &watched) {
+    watched.frame = reader_.outermost(window);
+    if (watched.frame != window) {
+        watched.frameEvents =
+            events_.masks().select(watched.frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+    }
+}
+
+void ClientWindows::handle(const xcb_generic_event_t &event) {
+    switch (XcbEvents::typeOf(event)) {
+    case XCB_PROPERTY_NOTIFY: {
+        const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
+        if (change.window == connection().root()) {
+            rootChanged(change.atom);
+        } else if (isTelling(change.atom)) {
+            windowChanged(change.window, false);
+        }
+        break;
+    }
+    case XCB_CONFIGURE_NOTIFY:
+        windowChanged(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window, false);
+        break;
+    case XCB_MAP_NOTIFY:
+        windowChanged(reinterpret_cast<const xcb_map_notify_event_t &>(event).window, false);
+        break;
+    case XCB_UNMAP_NOTIFY:
+        windowChanged(reinterpret_cast<const xcb_unmap_notify_event_t &>(event).window, false);
+        break;
+    case XCB_DESTROY_NOTIFY:
+        windowChanged(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window, false);
+        break;
+    case XCB_REPARENT_NOTIFY:
+        windowChanged(reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window, true);
+        break;
+    default:
+        break;
+    }
+}
+
+void ClientWindows::rootChanged(xcb_atom_t property) {
+    const WindowAtoms &atoms = reader_.atoms();
+    if (property == atoms.clientList || property == atoms.supportingWmCheck) {
+        // The number of a window that has gone may be another's soon.
+        owners_.clear();
+        isListStale_ = true;
+    } else if (property == atoms.clientListStacking) {
+        isListStale_ = true;
+    } else if (property == atoms.currentDesktop) {
+        for (auto &[window, watched] : watched_) {
+            watched.isStale = true;
+        }
+    }
+    forgetUnasked();
+}
+
+void ClientWindows::windowChanged(xcb_window_t window, bool isReparented) {
+    for (auto &[client, watched] : watched_) {
+        if (client == window || watched.frame == window) {
+            watched.isStale = true;
+            if (isReparented) {
+                watched.frame = XCB_WINDOW_NONE;
+            }
+        }
+    }
+    forgetUnasked();
+}
+
+bool ClientWindows::isTelling(xcb_atom_t property) const {
+    const WindowAtoms &atoms = reader_.atoms();
+    const std::array telling{atoms.name,
+                             atoms.state,
+                             atoms.wmState,
+                             atoms.desktop,
+                             atoms.type,
+                             atoms.frameExtents,
+                             atoms.clientFrameExtents,
+                             static_cast<xcb_atom_t>(XCB_ATOM_WM_NAME)};
+    return std::ranges::find(telling, property) != telling.end();
+}
+
+void ClientWindows::forgetUnasked() {
+    const auto now = Clock::now();
+    std::erase_if(watched_,
+                  [now](const auto &entry) { return now - entry.second.lastAsked >= watchTime; });
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,62 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// The applications installed for the user, by their desktop files. They are read when they are
+/// first asked for, and again when the folders have changed. Main thread.
+class DesktopEntries {
+  public:
+    /// Folders that hold desktop files, the most important first. Names are given in the language
+    /// of `locale`, like "de_AT.UTF-8".
+    DesktopEntries(std::vector<std::filesystem::path> folders, std::string_view locale);
+
+    /// The folders and the language the environment names.
+    static DesktopEntries ofUser();
+
+    /// The identifier of the application whose windows have that WM_CLASS: its desktop file's name
+    /// without the suffix. Nothing when none fits.
+    std::optional<std::string> identifierFor(const std::string &instanceName,
+                                             const std::string &className);
+
+    /// The application's name in the user's language.
+    std::optional<std::string> nameOf(const std::string &identifier);
+
+  private:
+    struct Entry {
+        std::string name;
+        // In lower case, as windows and files rarely agree on that.
+        std::string windowClass;
+        std::string program;
+        bool isListed = true;
+    };
+    using Times = std::vector<std::filesystem::file_time_type>;
+    using Clock = std::chrono::steady_clock;
+
+    void readAgainIfChanged();
+    Times folderTimes() const;
+    void readFolder(const std::filesystem::path &folder);
+    void readFile(const std::filesystem::path &file, const std::string &identifier);
+    std::string localisedName(const std::map<std::string, std::string> &values) const;
+    std::optional<std::string> find(const std::string &instanceName,
+                                    const std::string &className) const;
+
+    const std::vector<std::filesystem::path> folders_;
+    /// The keys of the name, the best first.
+    const std::vector<std::string> nameKeys_;
+    std::optional<Times> readTimes_;
+    Clock::time_point lastCheck_;
+    /// By identifier; nothing for one that is hidden on purpose.
+    std::map<std::string, std::optional<Entry>> entries_;
+    std::map<std::pair<std::string, std::string>, std::optional<std::string>> identifiers_;
+};
+
+} // namespace corvane::x11

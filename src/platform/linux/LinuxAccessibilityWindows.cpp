@@ -1,0 +1,42 @@
+#include "platform/linux/LinuxAccessibilityWindows.h"
+
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+class LinuxAccessibilityWindow : public platform::AccessibilityWindow {
+  public:
+    explicit LinuxAccessibilityWindow(WindowFacts facts) : facts_(std::move(facts)) {}
+
+    std::optional<std::string> title() override { return facts_.title; }
+
+    std::optional<Point> position() override {
+        return facts_.isOnScreen ? std::optional(Point{facts_.bounds.x, facts_.bounds.y})
+                                 : std::nullopt;
+    }
+
+    std::optional<Size> size() override {
+        return facts_.isOnScreen ? std::optional(facts_.bounds.size()) : std::nullopt;
+    }
+
+  private:
+    const WindowFacts facts_;
+};
+
+} // namespace
+
+std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+LinuxAccessibilityWindows::windows(std::int32_t processIdentifier) {
+    std::vector<std::unique_ptr<platform::AccessibilityWindow>> windows;
+    for (WindowFacts &facts : windows_.windowsOf(processIdentifier)) {
+        windows.push_back(std::make_unique<LinuxAccessibilityWindow>(std::move(facts)));
+    }
+    if (windows_.connection().isLost()) {
+        return std::nullopt;
+    }
+    return windows;
+}
+
+} // namespace corvane::x11

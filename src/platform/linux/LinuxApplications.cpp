@@ -1,0 +1,57 @@
+#include "platform/linux/LinuxApplications.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+LinuxApplications::LinuxApplications(ClientWindows &windows, DesktopEntries entries)
+    : windows_(windows),
+      entries_(std::move(entries)),
+      ownProcess_(getpid()) {}
+
+std::optional<platform::RunningApplication>
+LinuxApplications::running(std::int32_t processIdentifier) {
+    const auto &owners = windows_.owners();
+    const auto owner = std::ranges::find(owners, std::optional(processIdentifier),
+                                         &WindowOwner::processIdentifier);
+    if (owner == owners.end()) {
+        return std::nullopt;
+    }
+    return platform::RunningApplication{processIdentifier, identifierOf(*owner)};
+}
+
+std::vector<platform::RunningApplication>
+LinuxApplications::running(const std::string &bundleIdentifier) {
+    std::set<std::int32_t> processes;
+    for (const WindowOwner &owner : windows_.owners()) {
+        if (owner.processIdentifier && identifierOf(owner) == bundleIdentifier) {
+            processes.insert(*owner.processIdentifier);
+        }
+    }
+    std::vector<platform::RunningApplication> applications;
+    for (const std::int32_t process : processes) {
+        applications.push_back({process, bundleIdentifier});
+    }
+    return applications;
+}
+
+std::optional<std::string> LinuxApplications::displayName(const std::string &bundleIdentifier) {
+    return entries_.nameOf(bundleIdentifier);
+}
+
+/// Nothing for a window without a class and without a desktop file that fits.
+std::optional<std::string> LinuxApplications::identifierOf(const WindowOwner &owner) {
+    if (owner.processIdentifier == ownProcess_) {
+        return ownBundleIdentifier();
+    }
+    if (const auto identifier = entries_.identifierFor(owner.instanceName, owner.className)) {
+        return identifier;
+    }
+    return owner.className.empty() ? std::nullopt : std::optional(owner.className);
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,71 @@
+#include "platform/linux/WindowOwnerRequest.h"
+
+#include "platform/linux/WindowTitle.h"
+
+namespace corvane::x11 {
+
+namespace {
+
+xcb_res_query_client_ids_cookie_t askForProcess(const XcbConnection &connection,
+                                                xcb_window_t window) {
+    const xcb_res_client_id_spec_t question{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    return xcb_res_query_client_ids(connection.get(), 1, &question);
+}
+
+std::optional<std::int32_t> positive(std::uint32_t number) {
+    const auto identifier = static_cast<std::int32_t>(number);
+    return identifier > 0 ? std::optional(identifier) : std::nullopt;
+}
+
+} // namespace
+
+WindowOwnerRequest::WindowOwnerRequest(const XcbConnection &connection, const WindowAtoms &atoms,
+                                       xcb_window_t window, bool asksServer)
+    : connection_(connection),
+      window_(window),
+      processIdentifier_(connection, window, atoms.processIdentifier),
+      windowClass_(connection, window, XCB_ATOM_WM_CLASS) {
+    if (asksServer) {
+        client_ = askForProcess(connection, window);
+    }
+}
+
+/// What the server knows of its client counts more than what the window says of itself: a program
+/// in a sandbox has another number there.
+WindowOwner WindowOwnerRequest::answer() {
+    WindowOwner owner{.window = window_, .processIdentifier = processOfClient()};
+    const auto said = processIdentifier_.number();
+    if (!owner.processIdentifier && said) {
+        owner.processIdentifier = positive(*said);
+    }
+    const std::string_view names = windowClass_.bytes();
+    const std::string_view instance = names.substr(0, names.find('\0'));
+    std::string_view rest = names.substr(std::min(instance.size() + 1, names.size()));
+    owner.instanceName = latin1Text(instance);
+    owner.className = latin1Text(rest.substr(0, rest.find('\0')));
+    return owner;
+}
+
+std::optional<std::int32_t> WindowOwnerRequest::processOfClient() const {
+    if (!client_) {
+        return std::nullopt;
+    }
+    xcb_generic_error_t *error = nullptr;
+    const XcbReply<xcb_res_query_client_ids_reply_t> reply(
+        xcb_res_query_client_ids_reply(connection_.get(), *client_, &error));
+    XcbReply<xcb_generic_error_t>(error).reset();
+    if (!reply) {
+        return std::nullopt;
+    }
+    auto identifiers = xcb_res_query_client_ids_ids_iterator(reply.get());
+    for (; identifiers.rem > 0; xcb_res_client_id_value_next(&identifiers)) {
+        const auto *value = identifiers.data;
+        const bool isProcess = (value->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0;
+        if (isProcess && xcb_res_client_id_value_value_length(value) > 0) {
+            return positive(*xcb_res_client_id_value_value(value));
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace corvane::x11
