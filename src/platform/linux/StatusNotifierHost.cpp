@@ -50,6 +50,10 @@ StatusNotifierHost::StatusNotifierHost(QDBusConnection connection,
 }
 
 void StatusNotifierHost::ask() {
+    if (!connection_.isConnected()) {
+        answered_(false);
+        return;
+    }
     auto call = QDBusMessage::createMethodCall(
         service, path, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     call << service << QStringLiteral("IsStatusNotifierHostRegistered");

@@ -4,6 +4,7 @@
 #include "SampleMenu.h"
 #include "XClient.h"
 #include "platform/linux/LinuxStatusBar.h"
+#include "platform/linux/StatusNotifierHost.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -14,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -294,6 +296,14 @@ TEST_F(StatusBarTest, DocksIntoATrayThatAppearsLater) {
     openPopup()->close();
     FakeTray tray;
     EXPECT_TRUE(docks(tray));
+}
+
+TEST(StatusNotifierHostTest, AnswersThatThereIsNoPanelWithoutABus) {
+    std::optional<bool> isPresent;
+    const x11::StatusNotifierHost host(QDBusConnection(u"no such connection"_s),
+                                       [&isPresent](bool answer) { isPresent = answer; });
+    EXPECT_TRUE(turnUntil([&isPresent] { return isPresent.has_value(); }));
+    EXPECT_FALSE(isPresent.value_or(true));
 }
 
 TEST_F(StatusBarTest, DocksAgainIntoATrayThatRestarts) {
