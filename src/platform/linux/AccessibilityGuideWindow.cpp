@@ -1,5 +1,7 @@
 #include "platform/linux/AccessibilityGuideWindow.h"
 
+#include "platform/linux/WindowActivation.h"
+
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -55,8 +57,7 @@ void AccessibilityGuideWindow::show(const AccessibilityGuide &guide) {
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
     fill(*dialog_, guide);
     dialog_->show();
-    dialog_->raise();
-    dialog_->activateWindow();
+    activateIgnoringOthers(*dialog_);
 }
 
 } // namespace corvane::x11

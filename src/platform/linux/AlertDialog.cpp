@@ -2,6 +2,7 @@
 
 #include "platform/linux/AlertImage.h"
 #include "platform/linux/DisplayText.h"
+#include "platform/linux/WindowActivation.h"
 #include "platform/linux/XcbReply.h"
 
 #include <QBoxLayout>
@@ -146,8 +147,9 @@ void AlertDialog::showOnEveryWorkspace() {
 void AlertDialog::showEvent(QShowEvent *event) {
     showOnEveryWorkspace();
     QDialog::showEvent(event);
-    raise();
-    activateWindow();
+    // The window is on the screen when this event has been handled.
+    QMetaObject::invokeMethod(
+        this, [this] { activateIgnoringOthers(*this); }, Qt::QueuedConnection);
 }
 
 } // namespace corvane::x11

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxApplication.h"
 
 #include "platform/linux/UserDirectories.h"
+#include "platform/linux/WindowActivation.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -22,8 +23,7 @@ void LinuxApplication::terminate() { QCoreApplication::exit(0); }
 void LinuxApplication::activateIgnoringOtherApps() {
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (isOrdinaryWindow(*widget)) {
-            widget->raise();
-            widget->activateWindow();
+            activateIgnoringOthers(*widget);
         }
     }
 }

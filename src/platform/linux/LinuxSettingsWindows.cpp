@@ -4,6 +4,7 @@
 #include "platform/linux/SettingsWindowWidget.h"
 #include "platform/linux/SymbolImages.h"
 #include "platform/linux/ToolbarWidget.h"
+#include "platform/linux/WindowActivation.h"
 
 #include <QThread>
 
@@ -49,8 +50,7 @@ class LinuxSettingsWindow : public platform::NativeSettingsWindow {
             widget_->toolbar().focusSelectedItem();
             widget_->show();
         }
-        widget_->raise();
-        widget_->activateWindow();
+        activateIgnoringOthers(*widget_);
     }
 
     void orderOut() override { widget_->hide(); }

@@ -1,5 +1,6 @@
 #include "EventLoop.h"
 #include "platform/linux/LinuxAlerts.h"
+#include "platform/linux/XcbEvents.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -10,6 +11,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 
 namespace corvane::contract {
@@ -60,6 +62,20 @@ void strike(Qt::Key key, const QString &text = QString()) {
 }
 
 QList<QPushButton *> buttonsOf(QDialog &dialog) { return dialog.findChildren<QPushButton *>(); }
+
+/// Whether the window manager was asked to activate the window, by a task bar as far as it knows.
+bool isActivationRequested(const x11::XcbConnection &observer, WId window) {
+    while (const x11::XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(observer.get())}) {
+        const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(*event);
+        constexpr std::uint32_t fromTaskBar = 2;
+        if (x11::XcbEvents::typeOf(*event) == XCB_CLIENT_MESSAGE && message.window == window &&
+            message.type == observer.atom("_NET_ACTIVE_WINDOW") &&
+            message.data.data32[0] == fromTaskBar) {
+            return true;
+        }
+    }
+    return false;
+}
 
 TEST(AlertsTest, AnswersReturnWithTheFirstButton) {
     EXPECT_EQ(answer(question(), [](QDialog &) { strike(Qt::Key_Return); }).button, 0U);
@@ -190,6 +206,33 @@ TEST(AlertsTest, AnswersAnAlertOverAnother) {
     });
     EXPECT_EQ(inner, 0U);
     EXPECT_EQ(outer.button, 1U);
+}
+
+TEST(AlertsTest, AsksTheWindowManagerForTheKeyboardAsATaskBarDoes) {
+    const auto observer = x11::XcbConnection::open().value();
+    const std::uint32_t mask = XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY;
+    xcb_change_window_attributes(observer->get(), observer->root(), XCB_CW_EVENT_MASK, &mask);
+    observer->synchronise();
+    answer(question(), [&observer](QDialog &dialog) {
+        EXPECT_TRUE(turnUntil([&] { return isActivationRequested(*observer, dialog.winId()); }));
+        dialog.reject();
+    });
+}
+
+TEST(AlertsTest, IsShownOnEveryWorkspaceAboveOtherWindows) {
+    answer(question(), [](QDialog &dialog) {
+        EXPECT_TRUE(dialog.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        const auto observer = x11::XcbConnection::open().value();
+        const x11::XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
+            observer->get(),
+            xcb_get_property(observer->get(), 0, static_cast<xcb_window_t>(dialog.winId()),
+                             observer->atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 0, 1),
+            nullptr));
+        ASSERT_TRUE(reply && reply->value_len == 1);
+        EXPECT_EQ(*static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get())),
+                  0xFFFFFFFFU);
+        dialog.reject();
+    });
 }
 
 TEST(AlertsTest, DoesNotEndTheProgramWhenItCloses) {
