@@ -132,13 +132,12 @@ View GeneralTab::anchorToggle() {
 
 View GeneralTab::anchorLine() const {
     const WindowAnchor &anchor = *config_.windowAnchor;
-    View title =
-        styledText("(" + anchor.windowTitle + ")", calloutFont, HierarchicalStyle::tertiary);
-    std::get<Text>(title.content).isSingleLine = true;
-    return row({symbolImage("link", calloutFont, Colour{ColourName::systemBlue}),
-                styledText(localisedFormat("Anchored to %@", {anchor.appName(applications_)}),
-                           calloutFont, HierarchicalStyle::secondary),
-                std::move(title)});
+    return row(
+        {symbolImage("link", calloutFont, Colour{ColourName::systemBlue}),
+         singleLine(styledText(localisedFormat("Anchored to %@", {anchor.appName(applications_)}),
+                               calloutFont, HierarchicalStyle::secondary)),
+         singleLine(styledText("(" + anchor.windowTitle + ")", calloutFont,
+                               HierarchicalStyle::tertiary))});
 }
 
 View GeneralTab::rateCard() {

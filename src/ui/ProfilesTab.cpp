@@ -14,11 +14,6 @@ namespace {
 
 constexpr Font calloutFont{FontRole::callout};
 
-View singleLine(View view) {
-    std::get<Text>(view.content).isSingleLine = true;
-    return view;
-}
-
 View activeBadge() {
     constexpr Colour blue{ColourName::systemBlue};
     View badge = styledText(localised("Active"),

@@ -26,6 +26,11 @@ View styledText(std::string text, Font font, ShapeStyle style) {
     return {.content = Text{.text = std::move(text)}, .font = font, .foreground = style};
 }
 
+View singleLine(View text) {
+    std::get<Text>(text.content).isSingleLine = true;
+    return text;
+}
+
 View symbolImage(std::string name, Font font, ShapeStyle style) {
     return {.content = SymbolImage{.name = std::move(name)}, .font = font, .foreground = style};
 }

@@ -17,6 +17,8 @@ View row(std::vector<View> children, double spacing = standardSpacing,
 View column(std::vector<View> children, double spacing, Alignment alignment = Alignment::leading);
 View heading(std::string text);
 View styledText(std::string text, Font font, ShapeStyle style);
+/// The text on one line, cut where it does not fit.
+View singleLine(View text);
 View symbolImage(std::string name, Font font, ShapeStyle style);
 
 } // namespace corvane

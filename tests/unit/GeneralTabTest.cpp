@@ -1,0 +1,361 @@
+#include "ui/GeneralTab.h"
+
+#include "services/WindowResolver.h"
+#include "support/ReadableView.h"
+#include "support/RecordingPlatform.h"
+#include "support/ViewUser.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <vector>
+
+namespace corvane::testing {
+
+namespace {
+
+using ::testing::Contains;
+using ::testing::Not;
+
+class GeneralTabTest : public ::testing::Test {
+  protected:
+    GeneralTab &tab() {
+        if (!tab_) {
+            tab_ = std::make_shared<GeneralTab>(config, platform.loginItem(), platform.alerts(),
+                                                platform.applications(), resolver);
+            tab_->onChange = {[this] { ++changes; }};
+            tab_->onSave = {[this](const CorvaneConfig &edited) { saved.push_back(edited); }};
+            tab_->onSelectZone = {[this] { ++zoneSelections; }};
+            tab_->onRemoveAnchor = {[this] { ++anchorRemovals; }};
+        }
+        return *tab_;
+    }
+
+    ViewUser user() { return ViewUser(tab().body()); }
+    std::string tree() { return readableText(tab().body()); }
+
+    void putWindowUnderZone() {
+        platform.windowList().windows = {{.bounds = Rectangle{100, 50, 640, 480},
+                                          .ownerProcessIdentifier = 7,
+                                          .name = "Report",
+                                          .layer = 0}};
+        platform.applications().runningApplications = {{7, "org.example.editor"}};
+        platform.applications().names = {{"org.example.editor", "Editor"}};
+    }
+
+    RecordingPlatform platform;
+    WindowResolver resolver{platform.windowList(), platform.applications(),
+                            platform.accessibility()};
+    CorvaneConfig config;
+    int changes = 0;
+    std::vector<CorvaneConfig> saved;
+    int zoneSelections = 0;
+    int anchorRemovals = 0;
+
+  private:
+    std::shared_ptr<GeneralTab> tab_;
+};
+
+const WindowAnchor anchor{"org.example.editor", "Report", {20, 30, 300, 200}};
+
+TEST_F(GeneralTabTest, showsTheCursorModeWithoutAnythingAboutZones) {
+    EXPECT_EQ(tree(), R"tree(column center 12, padding 20, width 540, is "general"
+  column center 0, padding 16, full width leading, on quaternary rounded 12
+    column leading 10
+      text "Mode", headline
+      radio group *Free Cursor Defined Zone, says "Mode"
+  row top 12
+    column center 0, padding 16, full width leading, on quaternary rounded 12
+      column leading 10
+        text "Rate", headline
+        row center 8
+          number field 1, width 52, says "Rate"
+          stepper 1 in 1...9999 by 1, says "Rate"
+          text "clicks per", secondary
+          picker *second minute hour, says "clicks per"
+        text "= 1 click every 1.00s", callout, tertiary, full width trailing
+    column center 0, padding 16, full width leading, on quaternary rounded 12
+      column leading 10
+        text "Limit", headline
+        row center 8
+          number field 0, width 56, says "Limit"
+          stepper 0 in 0...999999 by 1, says "Limit"
+          text "clicks", secondary
+        text "(unlimited)", callout, orange, full width trailing
+  toggle "Start at Login" off
+  row center 8
+    button "OK" prominent default
+)tree");
+}
+
+TEST_F(GeneralTabTest, showsTheZoneModeWithoutAZone) {
+    config.clickMode = ClickMode::zone;
+    config.clickRate = 3;
+    config.timeUnit = TimeUnit::minutes;
+    config.maxClicks = 5;
+    platform.loginItem().enabled = true;
+    EXPECT_EQ(tree(), R"tree(column center 12, padding 20, width 540, is "general"
+  column center 0, padding 16, full width leading, on quaternary rounded 12
+    column leading 10
+      text "Mode", headline
+      radio group Free Cursor *Defined Zone, says "Mode"
+      divider
+      row center 8
+        text "No zone defined", callout, secondary
+        button rectangle.dashed "Define zone..." small
+      divider
+      toggle macwindow "Relative to a window" off
+  row top 12
+    column center 0, padding 16, full width leading, on quaternary rounded 12
+      column leading 10
+        text "Rate", headline
+        row center 8
+          number field 3, width 52, says "Rate"
+          stepper 3 in 1...9999 by 1, says "Rate"
+          text "clicks per", secondary
+          picker second *minute hour, says "clicks per"
+        text "= 1 click every 20.00s", callout, tertiary, full width trailing
+    column center 0, padding 16, full width leading, on quaternary rounded 12
+      column leading 10
+        text "Limit", headline
+        row center 8
+          number field 5, width 56, says "Limit"
+          stepper 5 in 0...999999 by 1, says "Limit"
+          text "clicks", secondary
+  toggle "Start at Login" on
+  row center 8
+    button "OK" prominent default
+)tree");
+}
+
+/// The mode card of a tree.
+std::string modeCard(const std::string &tree) {
+    const std::size_t start = tree.find('\n') + 1;
+    return tree.substr(start, tree.find("  row top 12") - start);
+}
+
+TEST_F(GeneralTabTest, showsAZone) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{120.4, 80, 300, 200};
+    EXPECT_EQ(modeCard(tree()),
+              R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
+    column leading 10
+      text "Mode", headline
+      radio group Free Cursor *Defined Zone, says "Mode"
+      divider
+      row center 8
+        text "Zone: 120, 80 — 300×200", callout monospaced, secondary
+        button rectangle.dashed "Define zone..." small
+      divider
+      toggle macwindow "Relative to a window" off
+)tree");
+}
+
+TEST_F(GeneralTabTest, showsAnAnchoredZone) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{-20.9, -0.5, 300.9, 200.9};
+    config.windowAnchor = anchor;
+    platform.applications().names = {{"org.example.editor", "Editor"}};
+    EXPECT_EQ(modeCard(tree()),
+              R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
+    column leading 10
+      text "Mode", headline
+      radio group Free Cursor *Defined Zone, says "Mode"
+      divider
+      row center 8
+        text "Zone: -20, 0 — 300×200", callout monospaced, secondary
+        button rectangle.dashed "Define zone..." small
+      divider
+      toggle macwindow "Relative to a window" on
+      row center 8
+        symbol link, callout, blue
+        text "Anchored to Editor" on one line, callout, secondary
+        text "(Report)" on one line, callout, tertiary
+)tree");
+}
+
+TEST_F(GeneralTabTest, showsTheIdentifierOfAnUnknownApplication) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{1, 2, 3, 4};
+    config.windowAnchor = anchor;
+    EXPECT_THAT(user().texts(), Contains("Anchored to org.example.editor"));
+}
+
+TEST_F(GeneralTabTest, survivesAZoneBeyondWholeNumbers) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{1e300, 0, -1e300, 9.3e18};
+    EXPECT_THAT(user().texts(), Contains("Zone: 1e+300, 0 — -1e+300×9.3e+18"));
+}
+
+TEST_F(GeneralTabTest, changesTheModeAtOnce) {
+    user().choose("Mode", "Defined Zone");
+    EXPECT_EQ(changes, 1);
+    EXPECT_THAT(user().texts(), Contains("No zone defined"));
+    user().choose("Mode", "Free Cursor");
+    EXPECT_THAT(user().texts(), Not(Contains("No zone defined")));
+}
+
+TEST_F(GeneralTabTest, derivesTheInterval) {
+    const auto interval = [this](std::int64_t rate, const std::string &unit) {
+        user().enterNumber("Rate", rate);
+        user().choose("clicks per", unit);
+        for (const std::string &text : user().texts()) {
+            if (text.starts_with("=")) {
+                return text;
+            }
+        }
+        return std::string();
+    };
+    EXPECT_EQ(interval(10, "second"), "= 1 click every 0.10s");
+    EXPECT_EQ(interval(3, "minute"), "= 1 click every 20.00s");
+    EXPECT_EQ(interval(1, "hour"), "= 1 click every 3600.00s");
+    EXPECT_EQ(interval(0, "hour"), "= 1 click every 1.00s");
+    EXPECT_EQ(interval(-5, "minute"), "= 1 click every 1.00s");
+    EXPECT_EQ(interval(std::numeric_limits<std::int64_t>::max(), "hour"), "= 1 click every 0.00s");
+}
+
+TEST_F(GeneralTabTest, saysUnlimitedForNoLimitOnly) {
+    EXPECT_THAT(user().texts(), Contains("(unlimited)"));
+    user().enterNumber("Limit", 5);
+    EXPECT_THAT(user().texts(), Not(Contains("(unlimited)")));
+    user().enterNumber("Limit", -1);
+    EXPECT_THAT(user().texts(), Not(Contains("(unlimited)")));
+    user().enterNumber("Limit", 0);
+    EXPECT_THAT(user().texts(), Contains("(unlimited)"));
+}
+
+TEST_F(GeneralTabTest, takesTypedNumbersAsTypedAndStepsWithinTheRange) {
+    user().enterNumber("Rate", 20000);
+    user().stepUp("Rate");
+    user().pressReturn();
+    user().stepDown("Rate");
+    user().enterNumber("Limit", 1000000);
+    user().pressReturn();
+    user().enterNumber("Rate", 0);
+    user().stepDown("Rate");
+    user().pressReturn();
+    user().stepUp("Rate");
+    user().pressReturn();
+    ASSERT_EQ(saved.size(), 4U);
+    EXPECT_EQ(saved[0].clickRate, 20000);
+    EXPECT_EQ(saved[1].clickRate, 9999);
+    EXPECT_EQ(saved[1].maxClicks, 1000000);
+    EXPECT_EQ(saved[2].clickRate, 0);
+    EXPECT_EQ(saved[3].clickRate, 1);
+}
+
+TEST_F(GeneralTabTest, handsOverTheEditedConfiguration) {
+    config.zoneRect = CodableRect{1, 2, 3, 4};
+    config.windowAnchor = anchor;
+    user().choose("Mode", "Defined Zone");
+    user().enterNumber("Rate", 7);
+    user().choose("clicks per", "hour");
+    user().stepUp("Limit");
+    EXPECT_TRUE(saved.empty());
+    user().press("OK");
+    EXPECT_EQ(saved, (std::vector{CorvaneConfig{.clickMode = ClickMode::zone,
+                                                .zoneRect = CodableRect{1, 2, 3, 4},
+                                                .windowAnchor = anchor,
+                                                .clickRate = 7,
+                                                .timeUnit = TimeUnit::hours,
+                                                .maxClicks = 1}}));
+}
+
+TEST_F(GeneralTabTest, asksForAZone) {
+    config.clickMode = ClickMode::zone;
+    user().press("Define zone...");
+    EXPECT_EQ(zoneSelections, 1);
+}
+
+TEST_F(GeneralTabTest, staysWithoutAnchorWhereThereIsNoZone) {
+    config.clickMode = ClickMode::zone;
+    putWindowUnderZone();
+    user().turn("Relative to a window", true);
+    EXPECT_FALSE(user().isToggleOn("Relative to a window"));
+    EXPECT_TRUE(platform.alerts().shown.empty());
+    EXPECT_EQ(anchorRemovals, 0);
+}
+
+TEST_F(GeneralTabTest, anchorsToTheWindowUnderTheZone) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{120, 80, 300, 200};
+    putWindowUnderZone();
+    user().turn("Relative to a window", true);
+    EXPECT_TRUE(user().isToggleOn("Relative to a window"));
+    EXPECT_EQ(changes, 1);
+    user().press("OK");
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_EQ(saved.front().windowAnchor, anchor);
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(GeneralTabTest, saysWhenThereIsNoWindowUnderTheZone) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{120, 80, 300, 200};
+    user().turn("Relative to a window", true);
+    EXPECT_EQ(platform.alerts().shown,
+              (std::vector{Alert{.style = AlertStyle::warning,
+                                 .messageText = "No window found",
+                                 .informativeText =
+                                     "No window was detected under the current zone. Make sure the "
+                                     "target window is visible behind the zone area.",
+                                 .buttons = {"OK"}}}));
+    EXPECT_FALSE(user().isToggleOn("Relative to a window"));
+}
+
+TEST_F(GeneralTabTest, removesTheAnchorAtOnce) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{120, 80, 300, 200};
+    config.windowAnchor = anchor;
+    user().turn("Relative to a window", false);
+    EXPECT_EQ(anchorRemovals, 1);
+    EXPECT_EQ(changes, 1);
+    EXPECT_FALSE(user().isToggleOn("Relative to a window"));
+    EXPECT_THAT(user().texts(), Not(Contains("(Report)")));
+}
+
+TEST_F(GeneralTabTest, startsAtLoginAtOnce) {
+    user().turn("Start at Login", true);
+    EXPECT_TRUE(platform.loginItem().enabled);
+    EXPECT_TRUE(user().isToggleOn("Start at Login"));
+    user().turn("Start at Login", false);
+    EXPECT_FALSE(platform.loginItem().enabled);
+    EXPECT_FALSE(user().isToggleOn("Start at Login"));
+    EXPECT_EQ(platform.loginItem().registrations, 1);
+    EXPECT_EQ(platform.loginItem().unregistrations, 1);
+    EXPECT_TRUE(saved.empty());
+}
+
+TEST_F(GeneralTabTest, flipsTheLoginToggleBackWhenTheSystemRefuses) {
+    platform.loginItem().failure = Failure{"refused"};
+    user().turn("Start at Login", true);
+    EXPECT_FALSE(user().isToggleOn("Start at Login"));
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(GeneralTabTest, staysOnWhenTheSystemKeepsTheLoginItem) {
+    platform.loginItem().enabled = true;
+    platform.loginItem().failure = Failure{"refused"};
+    user().turn("Start at Login", false);
+    EXPECT_TRUE(user().isToggleOn("Start at Login"));
+}
+
+TEST_F(GeneralTabTest, doesNothingOnceItIsGone) {
+    auto gone = std::make_shared<GeneralTab>(config, platform.loginItem(), platform.alerts(),
+                                             platform.applications(), resolver);
+    gone->onSave = {[this](const CorvaneConfig &edited) { saved.push_back(edited); }};
+    const ViewUser late(gone->body());
+    gone.reset();
+    late.press("OK");
+    late.enterNumber("Rate", 3);
+    late.turn("Start at Login", true);
+    EXPECT_TRUE(saved.empty());
+    EXPECT_EQ(platform.loginItem().registrations, 0);
+}
+
+} // namespace
+
+} // namespace corvane::testing
