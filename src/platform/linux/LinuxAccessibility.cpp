@@ -4,9 +4,10 @@
 
 namespace corvane::x11 {
 
-LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection)
-    : connection_(connection),
-      isInsideWayland_(isInsideWayland(connection)) {}
+LinuxAccessibility::LinuxAccessibility(ClientWindows &windows)
+    : connection_(windows.connection()),
+      windows_(windows),
+      isInsideWayland_(isInsideWayland(connection_)) {}
 
 bool LinuxAccessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
 
@@ -19,8 +20,11 @@ bool LinuxAccessibility::isProcessTrustedWithPrompt() {
 }
 
 std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
-LinuxAccessibility::windows(std::int32_t /*processIdentifier*/) {
-    return std::nullopt;
+LinuxAccessibility::windows(std::int32_t processIdentifier) {
+    if (!isProcessTrusted()) {
+        return std::nullopt;
+    }
+    return windows_.windows(processIdentifier);
 }
 
 void LinuxAccessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }

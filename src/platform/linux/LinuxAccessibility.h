@@ -2,6 +2,8 @@
 
 #include "platform/Accessibility.h"
 #include "platform/linux/AccessibilityGuideWindow.h"
+#include "platform/linux/ClientWindows.h"
+#include "platform/linux/LinuxAccessibilityWindows.h"
 #include "platform/linux/XcbConnection.h"
 
 namespace corvane::x11 {
@@ -9,8 +11,8 @@ namespace corvane::x11 {
 /// The right to act on other applications: here a matter of the server and the session.
 class LinuxAccessibility : public platform::Accessibility {
   public:
-    /// The connection outlives it.
-    explicit LinuxAccessibility(const XcbConnection &connection);
+    /// The windows outlive it.
+    explicit LinuxAccessibility(ClientWindows &windows);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
@@ -24,6 +26,7 @@ class LinuxAccessibility : public platform::Accessibility {
     AccessibilityObstacle obstacle() const;
 
     const XcbConnection &connection_;
+    LinuxAccessibilityWindows windows_;
     const bool isInsideWayland_;
     AccessibilityGuideWindow guideWindow_;
 };

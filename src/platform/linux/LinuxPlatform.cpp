@@ -10,7 +10,10 @@ namespace corvane::x11 {
 LinuxPlatform::LinuxPlatform(XcbEvents &events)
     : screens_(events),
       overlayWindows_(events, screens_, symbols_),
-      accessibility_(events.connection()),
+      windowList_(events.connection()),
+      clientWindows_(events),
+      applications_(clientWindows_, DesktopEntries::ofUser()),
+      accessibility_(clientWindows_),
       hotKeys_(events),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),

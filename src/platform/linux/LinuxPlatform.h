@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "platform/linux/ClientWindows.h"
 #include "platform/linux/LinuxAccessibility.h"
 #include "platform/linux/LinuxAlerts.h"
 #include "platform/linux/LinuxApplication.h"
+#include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHotKeys.h"
 #include "platform/linux/LinuxLocalisation.h"
@@ -14,9 +16,9 @@
 #include "platform/linux/LinuxScreens.h"
 #include "platform/linux/LinuxSettingsWindows.h"
 #include "platform/linux/LinuxStatusBar.h"
+#include "platform/linux/LinuxWindowList.h"
 #include "platform/linux/LinuxWorkspace.h"
 #include "platform/linux/SymbolImages.h"
-#include "platform/linux/UnreadWindows.h"
 #include "platform/posix/PosixFileSystem.h"
 
 namespace corvane::x11 {
@@ -57,8 +59,9 @@ class LinuxPlatform : public platform::Platform {
     LinuxScreens screens_;
     SymbolImages symbols_;
     LinuxOverlayWindows overlayWindows_;
-    UnreadWindowList windowList_;
-    UnknownApplications applications_;
+    LinuxWindowList windowList_;
+    ClientWindows clientWindows_;
+    LinuxApplications applications_;
     LinuxAccessibility accessibility_;
     LinuxHotKeys hotKeys_;
     LinuxLoginItem loginItem_;
