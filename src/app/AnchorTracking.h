@@ -20,7 +20,7 @@ class AnchorTracking {
   public:
     /// The first pass comes after a pause. Each pass that finds the window writes `dynamicZone` and
     /// then calls `onMoved` with the zone in global display space; one that does not changes
-    /// nothing.
+    /// nothing. `onMoved` must not destroy the tracking.
     AnchorTracking(platform::MainQueue &mainQueue, const WindowResolver &resolver,
                    WindowAnchor anchor, std::shared_ptr<DynamicZoneRect> dynamicZone,
                    std::function<void(const Rectangle &zone)> onMoved);

@@ -5,18 +5,18 @@
 namespace corvane {
 
 Rectangle ZoneOverlayWindow::frameFor(const Rectangle &zone, std::optional<double> primaryHeight) {
-    const Rectangle withBadge{zone.x, zone.y - ZoneOverlayView::badgeOverhang, zone.width,
-                              zone.height + ZoneOverlayView::badgeOverhang};
+    Rectangle withBadge = zone.standardised();
+    withBadge.y -= ZoneOverlayView::badgeOverhang;
+    withBadge.height += ZoneOverlayView::badgeOverhang;
     return primaryHeight ? flipped(withBadge, *primaryHeight) : withBadge;
 }
 
 ZoneOverlayWindow::ZoneOverlayWindow(platform::OverlayWindows &windows, const Rectangle &zone,
                                      std::optional<double> primaryHeight)
-    : native_(windows.create({.frame = frameFor(zone, primaryHeight),
-                              .level = window_level::status,
-                              .ignoresMouseEvents = true},
-                             {})) {
-    native_->setDrawing(ZoneOverlayView::drawing(frameFor(zone, primaryHeight).size()));
+    : frame_(frameFor(zone, primaryHeight)),
+      native_(windows.create(
+          {.frame = frame_, .level = window_level::status, .ignoresMouseEvents = true}, {})) {
+    native_->setDrawing(ZoneOverlayView::drawing(frame_.size()));
 }
 
 void ZoneOverlayWindow::orderFront() { native_->orderFront(); }
@@ -24,7 +24,16 @@ void ZoneOverlayWindow::orderFront() { native_->orderFront(); }
 void ZoneOverlayWindow::orderOut() { native_->orderOut(); }
 
 void ZoneOverlayWindow::moveTo(const Rectangle &zone, double primaryHeight) {
-    native_->setFrame(frameFor(zone, primaryHeight));
+    const Rectangle frame = frameFor(zone, primaryHeight);
+    // A tracked window stands still most of the time.
+    if (frame == frame_) {
+        return;
+    }
+    if (frame.size() != frame_.size()) {
+        native_->setDrawing(ZoneOverlayView::drawing(frame.size()));
+    }
+    native_->setFrame(frame);
+    frame_ = frame;
 }
 
 } // namespace corvane

@@ -22,10 +22,12 @@ class ZoneOverlayWindow {
     /// Lies over a moved zone from now on.
     void moveTo(const Rectangle &zone, double primaryHeight);
 
-    /// The window's frame in screen space for a zone in global display space.
+    /// The window's frame in screen space for a zone in global display space: the zone and the
+    /// strip above it that holds the badge.
     static Rectangle frameFor(const Rectangle &zone, std::optional<double> primaryHeight);
 
   private:
+    Rectangle frame_;
     std::unique_ptr<platform::NativeOverlay> native_;
 };
 

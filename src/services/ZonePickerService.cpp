@@ -107,7 +107,6 @@ bool ZonePickerService::wantsAnchor(const WindowAnchor &anchor) {
 
 void ZonePickerService::cancel() {
     log("Zone picker cancelled");
-    cleanUp();
     answer(std::nullopt);
 }
 
@@ -120,6 +119,8 @@ void ZonePickerService::cleanUp() {
 }
 
 void ZonePickerService::answer(const std::optional<ZonePickResult> &result) {
+    // A pick asked for while the alert was up has opened overlays of its own.
+    cleanUp();
     if (const Answer waiting = std::exchange(continuation_, nullptr)) {
         waiting(result);
     }

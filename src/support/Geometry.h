@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 
 namespace corvane {
 
@@ -48,6 +49,11 @@ struct Rectangle {
                    value < std::max(start, start + length);
         };
         return within(point.x, x, width) && within(point.y, y, height);
+    }
+
+    /// The same area written with a positive width and height.
+    Rectangle standardised() const {
+        return {std::min(x, maxX()), std::min(y, maxY()), std::abs(width), std::abs(height)};
     }
 
     /// The rectangle made smaller by `distance` on every side.

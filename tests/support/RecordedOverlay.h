@@ -24,6 +24,7 @@ class RecordedOverlay {
     /// How often a drawing was set.
     int drawingsSet = 0;
     bool isVisible = false;
+    /// Whether it has the keyboard; at most one overlay has.
     bool isKey = false;
     bool isDestroyed = false;
     /// Every animation played.

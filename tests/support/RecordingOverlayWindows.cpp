@@ -8,13 +8,13 @@ namespace corvane::testing {
 
 class RecordingOverlayWindows::Overlay : public platform::NativeOverlay {
   public:
-    Overlay(std::shared_ptr<RecordedOverlay> record, const OneThread &mainThread)
-        : record_(std::move(record)),
-          mainThread_(mainThread) {}
+    Overlay(const RecordingOverlayWindows &windows, std::shared_ptr<RecordedOverlay> record)
+        : windows_(windows),
+          record_(std::move(record)) {}
     Overlay(const Overlay &) = delete;
     Overlay &operator=(const Overlay &) = delete;
     ~Overlay() override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->isDestroyed = true;
         record_->isVisible = false;
         record_->isKey = false;
@@ -23,50 +23,55 @@ class RecordingOverlayWindows::Overlay : public platform::NativeOverlay {
     }
 
     void orderFront() override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->isVisible = true;
     }
 
     void makeKeyAndOrderFront() override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->isVisible = true;
-        record_->isKey = record_->window.canBecomeKey;
+        if (record_->window.canBecomeKey) {
+            for (const auto &other : windows_.overlays_) {
+                other->isKey = false;
+            }
+            record_->isKey = true;
+        }
     }
 
     void orderOut() override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->isVisible = false;
         record_->isKey = false;
     }
 
     void setFrame(const Rectangle &frame) override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->frame = frame;
         record_->framesSet.push_back(frame);
     }
 
     void setDrawing(const Drawing &drawing) override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->drawing = drawing;
         ++record_->drawingsSet;
     }
 
     void play(const Animation &animation, std::function<void()> completion) override {
-        mainThread_.check();
+        windows_.mainThread_.check();
         record_->plays.push_back(animation);
         record_->completions_.push_back(std::move(completion));
     }
 
   private:
+    const RecordingOverlayWindows &windows_;
     std::shared_ptr<RecordedOverlay> record_;
-    const OneThread &mainThread_;
 };
 
 std::unique_ptr<platform::NativeOverlay>
 RecordingOverlayWindows::create(const BorderlessWindow &window, platform::OverlayEvents events) {
     mainThread_.check();
     overlays_.push_back(std::make_shared<RecordedOverlay>(window, std::move(events)));
-    return std::make_unique<Overlay>(overlays_.back(), mainThread_);
+    return std::make_unique<Overlay>(*this, overlays_.back());
 }
 
 std::vector<std::shared_ptr<RecordedOverlay>> RecordingOverlayWindows::visible() const {

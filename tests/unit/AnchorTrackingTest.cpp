@@ -31,12 +31,14 @@ class AnchorTrackingTest : public ::testing::Test {
     std::shared_ptr<DynamicZoneRect> zone =
         std::make_shared<DynamicZoneRect>(Rectangle{1, 2, 200, 80});
     std::vector<Rectangle> moves;
+    milliseconds durationOfAMove{0};
     std::unique_ptr<AnchorTracking> tracking = std::make_unique<AnchorTracking>(
         platform.mainQueue(), resolver,
         WindowAnchor{"org.example.editor", "Report", {30, 60, 200, 80}}, zone,
         [this](const Rectangle &moved) {
             EXPECT_EQ(zone->rect(), moved);
             moves.push_back(moved);
+            platform.clock().advance(durationOfAMove);
         });
 };
 
@@ -55,6 +57,24 @@ TEST_F(AnchorTrackingTest, FollowsTheWindowEverySixteenMilliseconds) {
     EXPECT_EQ(zone->rect(), (Rectangle{430, 110, 200, 80}));
     platform.advance(milliseconds(160));
     EXPECT_EQ(moves.size(), 12U);
+}
+
+TEST_F(AnchorTrackingTest, ThePauseBeginsWhenAPassHasEnded) {
+    durationOfAMove = milliseconds(100);
+    platform.advance(milliseconds(16));
+    const platform::Instant end = platform.clock().now();
+    EXPECT_EQ(moves.size(), 1U);
+    EXPECT_EQ(platform.mainQueue().nextDeadline(), end + milliseconds(16));
+}
+
+TEST_F(AnchorTrackingTest, EveryPassIsLogged) {
+    platform.advance(milliseconds(48));
+    platform.accessibility().windowsByProcess.clear();
+    platform.advance(milliseconds(32));
+    const std::string found = "WindowResolver: resolved to (130.0, 260.0, 200.0, 80.0) "
+                              "(window at (100.0, 200.0, 800.0, 600.0))";
+    const std::string lost = "WindowResolver: cannot get windows for org.example.editor";
+    EXPECT_EQ(log.messages(), (std::vector{found, found, found, lost, lost}));
 }
 
 TEST_F(AnchorTrackingTest, ALostWindowLeavesTheZoneAndIsLookedForOn) {

@@ -25,6 +25,11 @@ TEST(Geometry, ANegativeSizeMeansTheMirroredArea) {
     EXPECT_FALSE(zone.contains({40, 60}));
 }
 
+TEST(Geometry, TheStandardFormOfARectangleIsTheSameAreaWithAPositiveSize) {
+    EXPECT_EQ((Rectangle{40, 60, -30, -40}).standardised(), (Rectangle{10, 20, 30, 40}));
+    EXPECT_EQ((Rectangle{0.1, 0.2, 0.3, 0}).standardised(), (Rectangle{0.1, 0.2, 0.3, 0}));
+}
+
 TEST(Geometry, FlipsBetweenTheSpacesEitherWay) {
     const Rectangle onScreen{100, 200, 300, 150};
     const Rectangle global = flipped(onScreen, 1080);

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 namespace corvane {
 namespace {
 
@@ -129,6 +131,39 @@ TEST_F(WindowResolverTest, ResolvesTheZoneOnItsWindow) {
 TEST_F(WindowResolverTest, TheZoneMovesWithTheWindowsCornerAndKeepsItsSize) {
     setWindows({{.title = "Report", .position = Point{400, 50}, .size = Size{10, 10}}});
     EXPECT_EQ(resolver.resolve(anchor)->zone, (Rectangle{430, 110, 200, 80}));
+}
+
+TEST_F(WindowResolverTest, AZoneDetectedOnAWindowIsFoundAgainWhereverTheWindowGoes) {
+    std::mt19937 random(1);
+    // Halves of points, so that no sum is rounded.
+    std::uniform_int_distribution<int> halves(-8000, 8000);
+    const auto coordinate = [&] { return halves(random) / 2.0; };
+    const auto length = [&] { return 1 + std::abs(halves(random)) / 2.0; };
+    for (int round = 0; round < 200; ++round) {
+        WindowListEntry entry = window(editorProcess);
+        entry.bounds = Rectangle{coordinate(), coordinate(), length(), length()};
+        const Rectangle drawn{entry.bounds->midX() - 5, entry.bounds->midY() - 7, 10, 14};
+        platform.windowList().windows = {entry};
+        const auto detected = resolver.detectWindow(drawn);
+        ASSERT_TRUE(detected);
+
+        const Point moved{coordinate(), coordinate()};
+        setWindows({{.title = entry.name, .position = moved, .size = Size{length(), length()}}});
+        const Rectangle expected{drawn.x + moved.x - entry.bounds->x,
+                                 drawn.y + moved.y - entry.bounds->y, 10, 14};
+        EXPECT_EQ(resolver.resolve(*detected)->zone, expected);
+    }
+}
+
+TEST_F(WindowResolverTest, TitlesAreComparedByteForByte) {
+    setWindows({titled("Überblick – Bericht")});
+    WindowAnchor report = anchor;
+    report.windowTitle = "Bericht";
+    EXPECT_TRUE(resolver.resolve(report));
+    report.windowTitle = "bericht";
+    EXPECT_FALSE(resolver.resolve(report));
+    report.windowTitle = "Bericht – Überblick";
+    EXPECT_FALSE(resolver.resolve(report));
 }
 
 TEST_F(WindowResolverTest, ATitleThatHasGrownStillMatches) {

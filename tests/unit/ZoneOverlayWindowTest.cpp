@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace corvane {
 namespace {
 
@@ -27,6 +29,36 @@ TEST(ZoneOverlayWindow, LiesOverTheZoneWithAStripForTheBadge) {
     EXPECT_EQ(native->frame, (Rectangle{0, 930, 300, 174}));
     overlay.orderOut();
     EXPECT_FALSE(native->isVisible);
+}
+
+TEST(ZoneOverlayWindow, IsLeftAloneWhileTheZoneStandsStill) {
+    testing::RecordingPlatform platform;
+    ZoneOverlayWindow overlay(platform.overlayWindows(), {100, 200, 300, 150}, 1080);
+    const auto native = platform.overlayWindows().all().at(0);
+    for (int pass = 0; pass < 3; ++pass) {
+        overlay.moveTo({100, 200, 300, 150}, 1080);
+    }
+    EXPECT_TRUE(native->framesSet.empty());
+    overlay.moveTo({101, 200, 300, 150}, 1080);
+    overlay.moveTo({100, 200, 300, 150}, 1080);
+    EXPECT_EQ(native->framesSet,
+              (std::vector<Rectangle>{{101, 730, 300, 174}, {100, 730, 300, 174}}));
+    EXPECT_EQ(native->drawingsSet, 1);
+}
+
+TEST(ZoneOverlayWindow, DrawsAZoneOfAnotherSizeAfresh) {
+    testing::RecordingPlatform platform;
+    ZoneOverlayWindow overlay(platform.overlayWindows(), {100, 200, 300, 150}, 1080);
+    const auto native = platform.overlayWindows().all().at(0);
+    EXPECT_EQ(native->drawing, ZoneOverlayView::drawing({300, 174}));
+    overlay.moveTo({100, 200, 60, 50}, 1080);
+    EXPECT_EQ(native->frame, (Rectangle{100, 830, 60, 74}));
+    EXPECT_EQ(native->drawing, ZoneOverlayView::drawing({60, 74}));
+}
+
+TEST(ZoneOverlayWindow, LiesWhereAZoneOfNegativeSizeTakesClicks) {
+    EXPECT_EQ(ZoneOverlayWindow::frameFor({400, 350, -300, -150}, 1080),
+              (Rectangle{100, 730, 300, 174}));
 }
 
 TEST(ZoneOverlayWindow, WithoutScreensTheZoneIsNotConverted) {

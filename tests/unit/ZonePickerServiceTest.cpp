@@ -1,14 +1,22 @@
 #include "services/ZonePickerService.h"
 
+#include "overlay/OverlayWindow.h"
+#include "support/Localised.h"
 #include "support/LogCapture.h"
 #include "support/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace corvane {
 namespace {
 
 using Lines = std::vector<std::string>;
+
+constexpr platform::Screen primaryScreen{.frame = {0, 0, 1920, 1080}};
+constexpr platform::Screen secondScreen{.frame = {1920, 56, 1280, 1024}};
 
 class ZonePickerServiceTest : public ::testing::Test {
   protected:
@@ -52,7 +60,7 @@ class ZonePickerServiceTest : public ::testing::Test {
 };
 
 TEST_F(ZonePickerServiceTest, EveryScreenIsCoveredAndTheProgramComesToTheFront) {
-    platform.screens().list = {{.frame = {0, 0, 1920, 1080}}, {.frame = {1920, 56, 1280, 1024}}};
+    platform.screens().list = {primaryScreen, secondScreen};
     pick();
     ASSERT_EQ(platform.overlayWindows().visible().size(), 2U);
     const BorderlessWindow expected{.frame = {1920, 56, 1280, 1024},
@@ -85,12 +93,27 @@ TEST_F(ZonePickerServiceTest, TheDraggedRectangleIsDrawnDashed) {
 }
 
 TEST_F(ZonePickerServiceTest, ADragAcrossTwoScreensShowsOnBoth) {
-    platform.screens().list = {{.frame = {0, 0, 1920, 1080}}, {.frame = {1920, 56, 1280, 1024}}};
+    platform.screens().list = {primaryScreen, secondScreen};
     pick();
     overlay()->mouseDown({1800, 300});
     overlay()->mouseDragged({2000, 500});
     EXPECT_EQ(selectionOn(*overlay(0)), (Rectangle{1800, 300, 200, 200}));
     EXPECT_EQ(selectionOn(*overlay(1)), (Rectangle{-120, 244, 200, 200}));
+}
+
+TEST_F(ZonePickerServiceTest, AZoneOnAnotherScreenIsMeasuredFromThePrimaryOne) {
+    platform.screens().list = {primaryScreen, {.frame = {-1280, -200, 1280, 1024}}};
+    pick();
+    drag({-1000, -150}, {-900, -130});
+    EXPECT_EQ(answers.at(0)->absoluteRect, (Rectangle{-1000, 1210, 100, 20}));
+}
+
+TEST_F(ZonePickerServiceTest, ThePrimaryScreenAtTheReleaseCounts) {
+    pick();
+    overlay()->mouseDown({100, 200});
+    platform.screens().list = {{.frame = {0, 0, 2560, 1440}}};
+    overlay()->mouseUp({400, 350});
+    EXPECT_EQ(answers.at(0)->absoluteRect, (Rectangle{100, 1090, 300, 150}));
 }
 
 TEST_F(ZonePickerServiceTest, TheZoneIsAnsweredInGlobalDisplaySpaceOnce) {
@@ -145,6 +168,15 @@ TEST_F(ZonePickerServiceTest, EscapeDuringADragAnswersNothingAndASecondDoesNothi
     EXPECT_TRUE(platform.overlayWindows().living().empty());
 }
 
+TEST_F(ZonePickerServiceTest, EscapeOnTheScreenWithTheKeyboardUncoversAll) {
+    platform.screens().list = {primaryScreen, secondScreen};
+    pick();
+    EXPECT_FALSE(overlay(0)->isKey);
+    overlay(1)->keyDown(platform::Key::escape);
+    EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
+    EXPECT_TRUE(platform.overlayWindows().living().empty());
+}
+
 TEST_F(ZonePickerServiceTest, AnyOtherKeyDoesNothing) {
     pick();
     overlay()->keyDown(platform::Key::other);
@@ -190,6 +222,31 @@ TEST_F(ZonePickerServiceTest, AnUnknownApplicationIsOfferedByItsIdentifier) {
               "when it moves.");
 }
 
+TEST_F(ZonePickerServiceTest, NamesThatLookLikePlaceholdersAreShownAsTheyAre) {
+    putWindowUnderZone();
+    platform.applications().names = {{"org.example.editor", "%@"}};
+    platform.windowList().windows->front().name = "100%@ (draft)";
+    pick();
+    drag({100, 200}, {400, 350});
+    EXPECT_EQ(platform.alerts().shown.at(0).informativeText,
+              "Anchor zone to \"%@\" (100%@ (draft))? The zone will follow the window when it "
+              "moves.");
+}
+
+TEST_F(ZonePickerServiceTest, TheQuestionIsAskedInTheUsersLanguage) {
+    putWindowUnderZone();
+    useTextLookup([](std::string_view english) { return "<" + std::string(english) + ">"; });
+    pick();
+    drag({100, 200}, {400, 350});
+    useTextLookup({});
+    const Alert expected{.style = AlertStyle::informational,
+                         .messageText = "<Anchor to window?>",
+                         .informativeText = "<Anchor zone to \"Editor\" (Report)? The zone will "
+                                            "follow the window when it moves.>",
+                         .buttons = {"<Anchor>", "<No, keep absolute>"}};
+    EXPECT_EQ(platform.alerts().shown, std::vector{expected});
+}
+
 TEST_F(ZonePickerServiceTest, WithoutScreensAtTheReleaseNothingIsAnsweredAndLogged) {
     pick();
     platform.screens().list.clear();
@@ -206,7 +263,7 @@ TEST_F(ZonePickerServiceTest, WithoutScreensThePickStaysOpen) {
 }
 
 TEST_F(ZonePickerServiceTest, AScreenThatGoesWhileAPickIsOpenLeavesTheOthersUsable) {
-    platform.screens().list = {{.frame = {0, 0, 1920, 1080}}, {.frame = {1920, 56, 1280, 1024}}};
+    platform.screens().list = {primaryScreen, secondScreen};
     pick();
     platform.screens().list.pop_back();
     drag({100, 200}, {400, 350});
@@ -224,6 +281,30 @@ TEST_F(ZonePickerServiceTest, ASecondPickTakesTheFirstOnesPlace) {
     EXPECT_TRUE(platform.overlayWindows().living().empty());
 }
 
+TEST_F(ZonePickerServiceTest, APickAskedForDuringTheQuestionIsAnsweredByIt) {
+    putWindowUnderZone();
+    platform.alerts().whileShown = [this](const Alert &) { pick(); };
+    int firstAnswers = 0;
+    service->pick([&firstAnswers](const auto &) { ++firstAnswers; });
+    drag({100, 200}, {400, 350});
+    EXPECT_EQ(firstAnswers, 0);
+    EXPECT_EQ(answers, std::vector{std::optional(ZonePickResult{{100, 730, 300, 150}})});
+    EXPECT_TRUE(platform.overlayWindows().living().empty());
+}
+
+TEST_F(ZonePickerServiceTest, APickMadeDuringTheQuestionLeavesTheQuestionNothingToAnswer) {
+    putWindowUnderZone();
+    platform.alerts().answers = {{.button = 0}};
+    platform.alerts().whileShown = [this](const Alert &) {
+        platform.alerts().whileShown = nullptr;
+        pick();
+        platform.overlayWindows().visible().front()->keyDown(platform::Key::escape);
+    };
+    pick();
+    drag({100, 200}, {400, 350});
+    EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
+}
+
 TEST_F(ZonePickerServiceTest, AnAnswerMayAskForTheNextPick) {
     service->pick([this](const auto &) { pick(); });
     overlay()->keyDown(platform::Key::escape);
@@ -237,6 +318,91 @@ TEST_F(ZonePickerServiceTest, TheOverlaysGoWithTheService) {
     service.reset();
     EXPECT_TRUE(platform.overlayWindows().living().empty());
     EXPECT_TRUE(answers.empty());
+}
+
+/// Every overlay it makes goes on reporting after its end.
+class UnendingOverlays : public platform::OverlayWindows {
+  public:
+    std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,
+                                                    platform::OverlayEvents events) override {
+        kept.push_back(events);
+        return windows_.create(window, {});
+    }
+
+    std::vector<platform::OverlayEvents> kept;
+
+  private:
+    testing::RecordingOverlayWindows windows_;
+};
+
+TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheServiceHasGoneIsDropped) {
+    UnendingOverlays overlays;
+    auto ending = std::make_unique<ZonePickerService>(
+        platform.screens(), overlays, platform.alerts(), platform.applications(),
+        platform.application(),
+        WindowResolver(platform.windowList(), platform.applications(), platform.accessibility()));
+    ending->pick([this](const auto &result) { answers.push_back(result); });
+    ending.reset();
+    const platform::OverlayEvents &late = overlays.kept.at(0);
+    late.mouseDown({100, 200});
+    late.mouseDragged({300, 300});
+    late.mouseUp({400, 350});
+    late.keyDown(platform::Key::escape);
+    EXPECT_TRUE(answers.empty());
+    EXPECT_TRUE(log.messages().empty());
+}
+
+TEST_F(ZonePickerServiceTest, AnOverlayNeedsNeitherDragNorReleaseCallback) {
+    int presses = 0;
+    OverlayWindow window(platform.overlayWindows(), primaryScreen.frame,
+                         {.onMouseDown = [&presses](Point) { ++presses; }, .onCancel = [] {}});
+    window.makeKeyAndOrderFront();
+    overlay()->mouseDown({1, 1});
+    overlay()->mouseDragged({2, 2});
+    overlay()->mouseUp({3, 3});
+    EXPECT_EQ(presses, 1);
+}
+
+TEST_F(ZonePickerServiceTest, WhateverTheUserDoesAPickIsAnsweredOnceAndLeavesNothingBehind) {
+    platform.screens().list = {primaryScreen, secondScreen};
+    putWindowUnderZone();
+    std::mt19937 random(1);
+    std::uniform_int_distribution<int> kind(0, 9);
+    std::uniform_int_distribution<int> coordinate(-50, 3300);
+    for (std::size_t picks = 1; picks <= 300; ++picks) {
+        pick();
+        while (!platform.overlayWindows().living().empty()) {
+            const auto living = platform.overlayWindows().living();
+            const auto any = living.at(static_cast<std::size_t>(kind(random)) % living.size());
+            const Point point{static_cast<double>(coordinate(random)),
+                              static_cast<double>(coordinate(random))};
+            switch (kind(random)) {
+            case 0:
+                any->keyDown(platform::Key::escape);
+                break;
+            case 1:
+                any->keyDown(platform::Key::other);
+                break;
+            case 2:
+                any->mouseUp(point);
+                break;
+            case 3:
+            case 4:
+                any->mouseDown(point);
+                break;
+            default:
+                any->mouseDragged(point);
+            }
+        }
+        ASSERT_EQ(answers.size(), picks);
+        if (answers.back()) {
+            EXPECT_GE(answers.back()->absoluteRect.width, 10);
+            EXPECT_GE(answers.back()->absoluteRect.height, 10);
+        }
+    }
+    const auto isZone = [](const auto &answer) { return answer.has_value(); };
+    EXPECT_TRUE(std::any_of(answers.begin(), answers.end(), isZone));
+    EXPECT_FALSE(std::all_of(answers.begin(), answers.end(), isZone));
 }
 
 } // namespace
