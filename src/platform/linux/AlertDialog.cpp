@@ -52,7 +52,7 @@ AlertDialog::AlertDialog(const Alert &alert)
                            Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint),
       chosen_(alert.buttons.empty() ? 0 : alert.buttons.size() - 1) {
     setAttribute(Qt::WA_QuitOnClose, false);
-    setWindowTitle(QGuiApplication::applicationDisplayName());
+    setWindowTitle(onOneLine(QString::fromStdString(alert.messageText)));
     setAccessibleName(QString::fromStdString(alert.messageText));
 
     auto *image = new QLabel;
