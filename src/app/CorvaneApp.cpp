@@ -14,6 +14,12 @@ CorvaneApp::CorvaneApp(platform::Platform &platform)
     });
 }
 
+void CorvaneApp::finishWork() {
+    shared_.clickerService.stop();
+    shared_.clickerService.awaitEnd();
+    shared_.storeQueue.drain();
+}
+
 CorvaneApp::~CorvaneApp() { useTextLookup({}); }
 
 } // namespace corvane

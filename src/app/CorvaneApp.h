@@ -21,9 +21,9 @@ class CorvaneApp {
 
     AppDelegate &appDelegate() { return *appDelegate_; }
 
-    /// Waits until all that was changed so far is saved, for a program that has to end without
-    /// destroying its application.
-    void finishSaves() { shared_.storeQueue.drain(); }
+    /// Ends every run and finishes every save, for a program that has lost its display and ends
+    /// without destroying what it shows.
+    void finishWork();
 
   private:
     SharedServices shared_;

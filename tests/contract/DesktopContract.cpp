@@ -55,6 +55,10 @@ TEST_P(DesktopContract, AnUnknownApplicationHasNoNameAndNoInstance) {
     EXPECT_TRUE(platform().applications().running("example.nowhere").empty());
 }
 
+TEST_P(DesktopContract, TheWindowListCanBeRead) {
+    EXPECT_TRUE(platform().windowList().onScreenWindows().has_value());
+}
+
 CORVANE_CONTRACT(DesktopContract);
 
 } // namespace

@@ -21,11 +21,11 @@ using namespace corvane::x11;
 /// The application from its launch to its end.
 CorvaneApp *runningApp = nullptr;
 
-/// Without its server Qt ends the process on the spot, wherever the program is. What the user
-/// changed is still saved; nothing on the screen is left to be put in order.
-void finishSavesAtExit() {
+/// Without its server Qt ends the process on the spot, wherever the program is. The run still ends
+/// in order and what the user changed is saved; nothing on the screen is left to be tidied.
+void finishWorkAtExit() {
     if (runningApp != nullptr) {
-        runningApp->finishSaves();
+        runningApp->finishWork();
         std::fflush(nullptr);
         std::_Exit(EXIT_FAILURE);
     }
@@ -74,7 +74,7 @@ int runProgram(int argc, char **argv) {
         return EXIT_SUCCESS;
     }
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
-    std::atexit(finishSavesAtExit); // NOLINT(cert-err33-c)
+    std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
     return runApp(events);
 }
 
