@@ -1,0 +1,107 @@
+#include "support/HandTurnedClock.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+namespace corvane::testing {
+namespace {
+
+using std::chrono::milliseconds;
+
+TEST(HandTurnedClock, StandsStillUntilItIsTurned) {
+    HandTurnedClock clock;
+    const platform::Instant start = clock.now();
+    EXPECT_EQ(clock.now(), start);
+    clock.advance(milliseconds(100));
+    EXPECT_EQ(clock.now(), start + milliseconds(100));
+    clock.advanceTo(start);
+    EXPECT_EQ(clock.now(), start + milliseconds(100));
+}
+
+TEST(HandTurnedClock, ReleasesAWaitingThreadAtItsDeadlineOnly) {
+    HandTurnedClock clock;
+    const auto wait = clock.makeWait();
+    const platform::Instant deadline = clock.now() + milliseconds(100);
+    std::atomic isPast = false;
+    std::thread thread([&] {
+        wait->waitUntil(deadline);
+        isPast = true;
+    });
+    ASSERT_TRUE(clock.awaitBlocked());
+    EXPECT_EQ(clock.deadlines(), std::vector{deadline});
+
+    clock.advance(milliseconds(99));
+    EXPECT_EQ(clock.blockedCount(), 1U);
+    EXPECT_FALSE(isPast);
+
+    clock.advance(milliseconds(1));
+    EXPECT_EQ(clock.blockedCount(), 0U);
+    thread.join();
+    EXPECT_TRUE(isPast);
+    EXPECT_FALSE(wait->isCancelled());
+}
+
+TEST(HandTurnedClock, ATestCanFollowALoopStepByStep) {
+    HandTurnedClock clock;
+    const auto wait = clock.makeWait();
+    std::atomic passes = 0;
+    std::thread thread([&] {
+        while (!wait->isCancelled()) {
+            ++passes;
+            wait->waitUntil(clock.now() + milliseconds(10));
+        }
+    });
+    for (int expected = 1; expected <= 200; ++expected) {
+        ASSERT_TRUE(clock.awaitBlocked());
+        ASSERT_EQ(passes, expected);
+        clock.advance(milliseconds(10));
+    }
+    wait->cancel();
+    thread.join();
+}
+
+TEST(HandTurnedClock, CancellingEndsThisAndEveryLaterWait) {
+    HandTurnedClock clock;
+    const auto wait = clock.makeWait();
+    const platform::Instant start = clock.now();
+    std::thread thread([&] { wait->waitUntil(start + milliseconds(100)); });
+    ASSERT_TRUE(clock.awaitBlocked());
+    wait->cancel();
+    thread.join();
+    EXPECT_TRUE(wait->isCancelled());
+    wait->waitUntil(start + milliseconds(100));
+    EXPECT_EQ(clock.now(), start);
+}
+
+TEST(HandTurnedClock, AHoldTurnsTheClockItself) {
+    HandTurnedClock clock;
+    const platform::Instant start = clock.now();
+    clock.hold(milliseconds(10));
+    EXPECT_EQ(clock.now(), start + milliseconds(10));
+    EXPECT_EQ(clock.holds(), std::vector<HandTurnedClock::Duration>{milliseconds(10)});
+}
+
+TEST(HandTurnedClock, AHoldBlocksWhereATestWantsToLookAtIt) {
+    HandTurnedClock clock;
+    clock.setHoldsBlock(true);
+    std::atomic holds = 0;
+    std::thread thread([&] {
+        clock.hold(milliseconds(10));
+        ++holds;
+        clock.hold(milliseconds(10));
+        ++holds;
+    });
+    ASSERT_TRUE(clock.awaitBlocked());
+    EXPECT_EQ(holds, 0);
+    clock.advance(milliseconds(10));
+    ASSERT_TRUE(clock.awaitBlocked());
+    EXPECT_EQ(holds, 1);
+    clock.setHoldsBlock(false);
+    thread.join();
+    EXPECT_EQ(holds, 2);
+}
+
+} // namespace
+} // namespace corvane::testing
