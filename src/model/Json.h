@@ -9,9 +9,11 @@
 
 namespace corvane {
 
-/// The files' text: members sorted by key, one a line, two blanks a level, `"key" : value`.
-std::string encodeConfig(const CorvaneConfig &config);
-std::string encodeProfileStore(const ProfileStore &store);
+/// The text of the configuration file. Fails when a rectangle is not finite.
+Outcome<std::string> encodeConfig(const CorvaneConfig &config);
+
+/// The text of the profiles file. Fails when a rectangle is not finite.
+Outcome<std::string> encodeProfileStore(const ProfileStore &store);
 
 /// Forgiving: a member that is missing or unusable takes its default. Fails when the text is not a
 /// JSON object.

@@ -10,6 +10,7 @@
 #include <cstdlib>
 #include <limits>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -21,6 +22,7 @@ constexpr std::chrono::milliseconds holdTime{10};
 
 std::string clicksText(std::int64_t count) { return std::to_string(count) + " clicks"; }
 
+/// For an interval between clicks: an hour at most, so nothing can overflow.
 std::chrono::nanoseconds toNanoseconds(double seconds) {
     constexpr double nanosecondsPerSecond = 1e9;
     return std::chrono::nanoseconds(static_cast<std::int64_t>(seconds * nanosecondsPerSecond));
@@ -64,11 +66,18 @@ class ClickerService::Run {
     Run(const Run &) = delete;
     Run &operator=(const Run &) = delete;
 
-    void begin() {
-        thread_ = std::thread([this] {
-            clickLoop();
-            hasEnded_ = true;
-        });
+    /// False when the system has no thread for it.
+    bool begin() {
+        try {
+            thread_ = std::thread([this] {
+                clickLoop();
+                hasEnded_ = true;
+            });
+        } catch (const std::system_error &error) {
+            log("Clicker not started: no thread for it: " + error.code().message());
+            return false;
+        }
+        return true;
     }
     void cancel() { wait_->cancel(); }
     bool hasEnded() const { return hasEnded_; }
@@ -163,27 +172,37 @@ ClickerService::~ClickerService() {
 void ClickerService::start(const CorvaneConfig &config,
                            std::shared_ptr<DynamicZoneRect> dynamicZone, ClickCallback onClick,
                            FinishCallback onFinish) {
-    stop();
-    const std::lock_guard lock(mutex_);
-    std::erase_if(endingRuns_, [](const auto &run) { return run->hasEnded(); });
-    clickTask_ = std::make_shared<Run>(config, std::move(dynamicZone), std::move(onClick),
-                                       std::move(onFinish), mouseEvents_, clock_);
-    clickTask_->begin();
+    {
+        const std::lock_guard lock(mutex_);
+        cancelClickTask();
+        std::erase_if(endingRuns_, [](const auto &run) { return run->hasEnded(); });
+        auto run = std::make_unique<Run>(config, std::move(dynamicZone), std::move(onClick),
+                                         onFinish, mouseEvents_, clock_);
+        if (run->begin()) {
+            clickTask_ = std::move(run);
+            return;
+        }
+    }
+    onFinish();
 }
 
 void ClickerService::stop() {
     const std::lock_guard lock(mutex_);
-    if (clickTask_) {
-        clickTask_->cancel();
-        endingRuns_.push_back(std::exchange(clickTask_, nullptr));
-    }
+    cancelClickTask();
 }
 
 void ClickerService::awaitEnd() {
-    std::vector<std::shared_ptr<Run>> ending;
+    std::vector<std::unique_ptr<Run>> ending;
     {
         const std::lock_guard lock(mutex_);
         ending.swap(endingRuns_);
+    }
+}
+
+void ClickerService::cancelClickTask() {
+    if (clickTask_) {
+        clickTask_->cancel();
+        endingRuns_.push_back(std::move(clickTask_));
     }
 }
 

@@ -24,7 +24,8 @@ class ClickerService {
     /// Called on the run's thread with the running count and the click's place in global display
     /// space.
     using ClickCallback = std::function<void(std::int64_t count, Point point)>;
-    /// Called on the run's thread when the limit is reached; never after a cancellation.
+    /// Called when the limit is reached, on the run's thread, or when the system has no thread for
+    /// the run, from `start`. Never after the run has noticed its cancellation.
     using FinishCallback = std::function<void()>;
 
     ClickerService(platform::MouseEvents &mouseEvents, platform::ContinuousClock &clock);
@@ -44,11 +45,13 @@ class ClickerService {
   private:
     class Run;
 
+    void cancelClickTask();
+
     platform::MouseEvents &mouseEvents_;
     platform::ContinuousClock &clock_;
     std::mutex mutex_;
-    std::shared_ptr<Run> clickTask_;
-    std::vector<std::shared_ptr<Run>> endingRuns_;
+    std::unique_ptr<Run> clickTask_;
+    std::vector<std::unique_ptr<Run>> endingRuns_;
 };
 
 } // namespace corvane

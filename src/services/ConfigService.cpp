@@ -50,7 +50,11 @@ Outcome<> ConfigService::write(const CorvaneConfig &config) {
             return created;
         }
     }
-    auto replaced = files_.replaceFile(configFileURL_, encodeConfig(config));
+    const auto text = encodeConfig(config);
+    if (!text) {
+        return std::unexpected(text.error());
+    }
+    auto replaced = files_.replaceFile(configFileURL_, *text);
     if (replaced) {
         currentConfig_ = config;
     }

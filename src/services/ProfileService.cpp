@@ -36,7 +36,11 @@ Outcome<> ProfileService::save(const ProfileStore &store) {
             return created;
         }
     }
-    return files_.replaceFile(profilesFileURL_, encodeProfileStore(store));
+    const auto text = encodeProfileStore(store);
+    if (!text) {
+        return std::unexpected(text.error());
+    }
+    return files_.replaceFile(profilesFileURL_, *text);
 }
 
 } // namespace corvane

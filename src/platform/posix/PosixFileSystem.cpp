@@ -4,10 +4,11 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
+#include <optional>
+#include <random>
 #include <system_error>
-#include <utility>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,9 +18,23 @@ namespace corvane::posix {
 
 namespace {
 
-std::unexpected<Failure> failure(const std::filesystem::path &path) {
-    const std::error_code error(errno, std::generic_category());
-    return std::unexpected(Failure{path.string() + ": " + error.message()});
+std::unexpected<Failure> failure(const std::filesystem::path &path, const std::string &reason) {
+    return std::unexpected(Failure{path.string() + ": " + reason});
+}
+
+std::unexpected<Failure> systemFailure(const std::filesystem::path &path) {
+    return failure(path, std::error_code(errno, std::generic_category()).message());
+}
+
+/// Why a file of this status is neither read nor replaced; nothing for an ordinary file.
+std::optional<std::string> objection(const struct stat &status) {
+    if (S_ISDIR(status.st_mode)) {
+        return "it is a directory";
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return "it is not an ordinary file";
+    }
+    return std::nullopt;
 }
 
 /// The file that a chain of links ends at, so that replacing it keeps the links.
@@ -50,8 +65,8 @@ bool writeAll(int descriptor, std::string_view content) {
 class TemporaryFile {
   public:
     explicit TemporaryFile(const std::filesystem::path &place)
-        : name_(place.string() + ".XXXXXX"),
-          descriptor_(mkstemp(name_.data())) {}
+        : name_(place.string() + "." + std::to_string(std::random_device()())),
+          descriptor_(open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666)) {}
     TemporaryFile(const TemporaryFile &) = delete;
     TemporaryFile &operator=(const TemporaryFile &) = delete;
     ~TemporaryFile() {
@@ -62,9 +77,14 @@ class TemporaryFile {
 
     bool isOpen() const { return descriptor_.isOpen(); }
 
-    bool writeDurably(std::string_view content, mode_t attributes) {
-        return fchmod(descriptor_.get(), attributes) == 0 && writeAll(descriptor_.get(), content) &&
-               fsync(descriptor_.get()) == 0 && descriptor_.close();
+    bool takePermissionsOf(const struct stat &status) const {
+        constexpr mode_t permissions = 07777;
+        return fchmod(descriptor_.get(), status.st_mode & permissions) == 0;
+    }
+
+    bool writeDurably(std::string_view content) {
+        return writeAll(descriptor_.get(), content) && fsync(descriptor_.get()) == 0 &&
+               descriptor_.close();
     }
 
     bool moveTo(const std::filesystem::path &place) {
@@ -78,16 +98,13 @@ class TemporaryFile {
     bool isPending_ = descriptor_.isOpen();
 };
 
-mode_t attributesFor(const std::filesystem::path &path) {
-    constexpr mode_t permissions = 07777;
-    constexpr mode_t defaultAttributes = 0666;
-    struct stat status{};
-    if (stat(path.c_str(), &status) == 0) {
-        return status.st_mode & permissions;
+/// Makes a new name in the directory outlast a power cut. Best effort: some file systems cannot,
+/// and either way the name stands for a whole file.
+void syncDirectory(const std::filesystem::path &path) {
+    const FileDescriptor directory(open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (directory.isOpen()) {
+        fsync(directory.get());
     }
-    const mode_t mask = umask(0);
-    umask(mask);
-    return defaultAttributes & ~mask;
 }
 
 } // namespace
@@ -98,13 +115,18 @@ bool PosixFileSystem::exists(const std::filesystem::path &path) {
 }
 
 Outcome<std::string> PosixFileSystem::readFile(const std::filesystem::path &path) {
-    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen()) {
-        return failure(path);
+    // A pipe without a writer must not keep us waiting.
+    const FileDescriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    struct stat status{};
+    if (!file.isOpen() || fstat(file.get(), &status) != 0) {
+        return systemFailure(path);
+    }
+    if (const auto reason = objection(status)) {
+        return failure(path, *reason);
     }
     std::string content;
     std::array<char, 16384> buffer{};
-    while (true) {
+    while (content.size() <= largestFile) {
         const ssize_t count = read(file.get(), buffer.data(), buffer.size());
         if (count == 0) {
             return content;
@@ -112,16 +134,17 @@ Outcome<std::string> PosixFileSystem::readFile(const std::filesystem::path &path
         if (count > 0) {
             content.append(buffer.data(), static_cast<std::size_t>(count));
         } else if (errno != EINTR) {
-            return failure(path);
+            return systemFailure(path);
         }
     }
+    return failure(path, "it is larger than " + std::to_string(largestFile) + " bytes");
 }
 
 Outcome<> PosixFileSystem::createDirectories(const std::filesystem::path &path) {
     std::error_code error;
     std::filesystem::create_directories(path, error);
     if (error) {
-        return std::unexpected(Failure{path.string() + ": " + error.message()});
+        return failure(path, error.message());
     }
     return {};
 }
@@ -129,17 +152,17 @@ Outcome<> PosixFileSystem::createDirectories(const std::filesystem::path &path) 
 Outcome<> PosixFileSystem::replaceFile(const std::filesystem::path &path,
                                        std::string_view content) {
     const std::filesystem::path place = linkTarget(path);
+    struct stat status{};
+    const bool isReplacement = stat(place.c_str(), &status) == 0;
+    if (const auto reason = isReplacement ? objection(status) : std::nullopt) {
+        return failure(path, *reason);
+    }
     TemporaryFile temporary(place);
-    if (!temporary.isOpen() || !temporary.writeDurably(content, attributesFor(place)) ||
-        !temporary.moveTo(place)) {
-        return failure(path);
+    if (!temporary.isOpen() || (isReplacement && !temporary.takePermissionsOf(status)) ||
+        !temporary.writeDurably(content) || !temporary.moveTo(place)) {
+        return systemFailure(path);
     }
-    // The new name itself survives a power cut only once the directory is on disk too.
-    const FileDescriptor directory(
-        open(place.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (!directory.isOpen() || fsync(directory.get()) != 0) {
-        return failure(path);
-    }
+    syncDirectory(place.parent_path());
     return {};
 }
 
