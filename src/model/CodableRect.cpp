@@ -9,7 +9,7 @@ namespace {
 
 std::int64_t truncated(double value) {
     // Written so that it is false for what is not a number.
-    const bool isWithinRange = value > -0x1p63 && value < 0x1p63;
+    const bool isWithinRange = value >= -0x1p63 && value < 0x1p63;
     if (!isWithinRange) {
         std::abort();
     }

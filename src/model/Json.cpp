@@ -82,7 +82,8 @@ Outcome<double> readNumber(const Json &json) {
     return json.get<double>();
 }
 
-bool isWithin64Bits(double value) { return value >= -0x1p63 && value < 0x1p63; }
+/// The smallest integer of 64 bits is left out: as a double it also stands for smaller ones.
+bool isWithin64Bits(double value) { return value > -0x1p63 && value < 0x1p63; }
 
 /// Also a number written with a fraction or an exponent, when it is whole: 10.0.
 Outcome<std::int64_t> readInteger(const Json &json) {

@@ -100,7 +100,7 @@ void AppState::saveCurrentAsProfile(std::string name) {
     saveProfiles();
 }
 
-void AppState::renameProfile(const Uuid &id, std::string name) {
+void AppState::renameProfile(Uuid id, std::string name) {
     const auto found = std::find_if(profiles.begin(), profiles.end(),
                                     [&id](const Profile &profile) { return profile.id == id; });
     if (found != profiles.end()) {
@@ -109,7 +109,7 @@ void AppState::renameProfile(const Uuid &id, std::string name) {
     }
 }
 
-void AppState::deleteProfile(const Uuid &id) {
+void AppState::deleteProfile(Uuid id) {
     std::erase_if(profiles, [&id](const Profile &profile) { return profile.id == id; });
     if (activeProfileID == id) {
         activeProfileID.reset();

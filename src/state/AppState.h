@@ -53,9 +53,9 @@ class AppState {
     /// Appends a profile of the current settings and makes it the active one; saves.
     void saveCurrentAsProfile(std::string name);
     /// Renames and saves; does nothing for an unknown id.
-    void renameProfile(const Uuid &id, std::string name);
+    void renameProfile(Uuid id, std::string name);
     /// Removes every profile of that id and saves.
-    void deleteProfile(const Uuid &id);
+    void deleteProfile(Uuid id);
 
   private:
     ConfigService &configService_;

@@ -1,0 +1,533 @@
+#include "services/ClickerService.h"
+
+#include "support/HandTurnedClock.h"
+#include "support/LogCapture.h"
+#include "support/Patience.h"
+#include "support/RecordingMouseEvents.h"
+
+#include <gtest/gtest.h>
+
+#include <condition_variable>
+#include <limits>
+#include <pthread.h>
+#include <thread>
+
+namespace corvane {
+namespace {
+
+using platform::MouseEventType;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+using Lines = std::vector<std::string>;
+
+constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
+
+/// What a run called back.
+class Callbacks {
+  public:
+    ClickerService::ClickCallback onClick() {
+        return [this](std::int64_t count, Point point) {
+            const std::lock_guard lock(mutex_);
+            counts_.push_back(count);
+            points_.push_back(point);
+            thread_ = std::this_thread::get_id();
+            changed_.notify_all();
+        };
+    }
+    ClickerService::FinishCallback onFinish() {
+        return [this] {
+            const std::lock_guard lock(mutex_);
+            countAtFinish_ = counts_.size();
+            ++finishes_;
+            changed_.notify_all();
+        };
+    }
+
+    std::vector<std::int64_t> counts() const {
+        const std::lock_guard lock(mutex_);
+        return counts_;
+    }
+    std::vector<Point> points() const {
+        const std::lock_guard lock(mutex_);
+        return points_;
+    }
+    int finishes() const {
+        const std::lock_guard lock(mutex_);
+        return finishes_;
+    }
+    /// How many clicks came before the finish.
+    std::size_t countAtFinish() const {
+        const std::lock_guard lock(mutex_);
+        return countAtFinish_;
+    }
+    std::thread::id thread() const {
+        const std::lock_guard lock(mutex_);
+        return thread_;
+    }
+    [[nodiscard]] bool awaitFinish() {
+        std::unique_lock lock(mutex_);
+        return changed_.wait_for(lock, testing::patience, [this] { return finishes_ > 0; });
+    }
+
+  private:
+    mutable std::mutex mutex_;
+    std::condition_variable changed_;
+    std::vector<std::int64_t> counts_;
+    std::vector<Point> points_;
+    int finishes_ = 0;
+    std::size_t countAtFinish_ = 0;
+    std::thread::id thread_;
+};
+
+class ClickerServiceTest : public ::testing::Test {
+  protected:
+    ~ClickerServiceTest() override { clock_.setHoldsBlock(false); }
+
+    void start(const CorvaneConfig &config, std::shared_ptr<DynamicZoneRect> liveZone = nullptr) {
+        clicker_.start(config, std::move(liveZone), callbacks_.onClick(), callbacks_.onFinish());
+    }
+
+    /// Waits until the run waits for its next click.
+    [[nodiscard]] bool awaitWait() { return clock_.awaitBlocked(); }
+
+    /// Turns the clock to the next click and waits until it is over.
+    [[nodiscard]] bool clickAgain() {
+        clock_.advanceTo(clock_.deadlines().at(0));
+        return awaitWait();
+    }
+
+    void stopAndAwait() {
+        clicker_.stop();
+        clicker_.awaitEnd();
+    }
+
+    /// How many clicks were made at a cursor there in zone mode.
+    std::size_t clicksAt(Point cursor, const Rectangle &zone) {
+        mouse_.setCursor(cursor);
+        const std::size_t before = mouse_.posted().size();
+        start({.clickMode = ClickMode::zone, .zoneRect = CodableRect::of(zone)});
+        EXPECT_TRUE(awaitWait());
+        stopAndAwait();
+        return (mouse_.posted().size() - before) / 2;
+    }
+
+    testing::LogCapture log_;
+    testing::HandTurnedClock clock_;
+    testing::RecordingMouseEvents mouse_{clock_};
+    Callbacks callbacks_;
+    ClickerService clicker_{mouse_, clock_};
+};
+
+TEST_F(ClickerServiceTest, ClicksAtTheCursorCountsAndWaits) {
+    mouse_.scriptCursor({{1, 2}, {3.5, -4}});
+    start({});
+    ASSERT_TRUE(awaitWait());
+    ASSERT_TRUE(clickAgain());
+    stopAndAwait();
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2}));
+    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{1, 2}, {3.5, -4}}));
+    EXPECT_EQ(callbacks_.finishes(), 0);
+    const auto posted = mouse_.posted();
+    ASSERT_EQ(posted.size(), 4U);
+    for (std::size_t index = 0; index < 4; ++index) {
+        EXPECT_EQ(posted[index].type,
+                  index % 2 == 0 ? MouseEventType::leftMouseDown : MouseEventType::leftMouseUp);
+        EXPECT_EQ(posted[index].location, index < 2 ? (Point{1, 2}) : (Point{3.5, -4}));
+        EXPECT_EQ(posted[index].clickState, 1);
+    }
+    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
+                                      "Clicker stopped after 2 clicks"}));
+}
+
+TEST_F(ClickerServiceTest, LogsHowItWasStarted) {
+    const auto firstLine = [this](const CorvaneConfig &config) {
+        start(config);
+        EXPECT_TRUE(awaitWait());
+        stopAndAwait();
+        const Lines lines = log_.messages();
+        return lines.at(lines.size() - 2);
+    };
+    EXPECT_EQ(firstLine({.clickMode = ClickMode::zone, .clickRate = 2, .maxClicks = 100}),
+              "Clicker started: mode=zone interval=0.5s maxClicks=100");
+    EXPECT_EQ(firstLine({.clickRate = 10}),
+              "Clicker started: mode=cursor interval=0.1s maxClicks=0");
+    EXPECT_EQ(firstLine({.timeUnit = TimeUnit::hours, .maxClicks = -3}),
+              "Clicker started: mode=cursor interval=3600.0s maxClicks=-3");
+    EXPECT_EQ(firstLine({.clickRate = 100'000, .maxClicks = greatest}),
+              "Clicker started: mode=cursor interval=1e-05s maxClicks=9223372036854775807");
+}
+
+TEST_F(ClickerServiceTest, HoldsTheButtonForTenMilliseconds) {
+    clock_.setHoldsBlock(true);
+    const platform::Instant begin = clock_.now();
+    start({});
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_TRUE(mouse_.isButtonPressed());
+    EXPECT_TRUE(callbacks_.counts().empty());
+    clock_.advance(milliseconds(9));
+    EXPECT_TRUE(mouse_.isButtonPressed());
+    clock_.advance(milliseconds(1));
+    ASSERT_TRUE(awaitWait());
+    EXPECT_FALSE(mouse_.isButtonPressed());
+    EXPECT_EQ(clock_.holds(), (std::vector<std::chrono::nanoseconds>{milliseconds(10)}));
+    const auto posted = mouse_.posted();
+    ASSERT_EQ(posted.size(), 2U);
+    EXPECT_EQ(posted[0].time, begin);
+    EXPECT_EQ(posted[1].time, begin + milliseconds(10));
+}
+
+TEST_F(ClickerServiceTest, WaitsTheIntervalFromTheEndOfTheClick) {
+    const auto waits = [this](const CorvaneConfig &config) {
+        start(config);
+        EXPECT_TRUE(awaitWait());
+        const auto wait = clock_.deadlines().at(0) - clock_.now();
+        stopAndAwait();
+        return wait;
+    };
+    EXPECT_EQ(waits({.clickRate = 10}), milliseconds(100));
+    EXPECT_EQ(waits({.clickRate = 1000}), milliseconds(1));
+    EXPECT_EQ(waits({.clickRate = 30, .timeUnit = TimeUnit::minutes}), seconds(2));
+    EXPECT_EQ(waits({.timeUnit = TimeUnit::hours}), seconds(3600));
+}
+
+TEST_F(ClickerServiceTest, APeriodIsTheIntervalAndTheHold) {
+    start({.clickRate = 10});
+    for (int click = 0; click < 5; ++click) {
+        ASSERT_TRUE(awaitWait());
+        clock_.advance(milliseconds(100));
+    }
+    ASSERT_TRUE(mouse_.awaitPosted(12));
+    const auto posted = mouse_.posted();
+    for (std::size_t index = 2; index < 12; ++index) {
+        EXPECT_EQ(posted[index].time - posted[index - 2].time, milliseconds(110));
+    }
+}
+
+TEST_F(ClickerServiceTest, ARateBelowOneClicksOnceASecond) {
+    for (const std::int64_t rate : {std::int64_t{0}, std::int64_t{-1}, -greatest}) {
+        start({.clickRate = rate, .timeUnit = TimeUnit::hours});
+        ASSERT_TRUE(awaitWait());
+        EXPECT_EQ(clock_.deadlines().at(0), clock_.now() + seconds(1));
+        stopAndAwait();
+    }
+}
+
+TEST_F(ClickerServiceTest, ARateBeyondAllMeasureClicksWithoutWaiting) {
+    start({.clickRate = greatest, .maxClicks = 100});
+    ASSERT_TRUE(callbacks_.awaitFinish());
+    EXPECT_EQ(callbacks_.counts().size(), 100U);
+    EXPECT_EQ(log_.messages().front(),
+              "Clicker started: mode=cursor interval=1.0842021724855044e-19s maxClicks=100");
+}
+
+TEST_F(ClickerServiceTest, ALimitOfOneFinishesRightAfterTheFirstClick) {
+    const platform::Instant begin = clock_.now();
+    start({.maxClicks = 1});
+    ASSERT_TRUE(callbacks_.awaitFinish());
+    stopAndAwait();
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1}));
+    EXPECT_EQ(callbacks_.finishes(), 1);
+    EXPECT_EQ(callbacks_.countAtFinish(), 1U);
+    EXPECT_EQ(clock_.now(), begin + milliseconds(10));
+    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1",
+                                      "Clicker finished after 1 clicks (limit reached)"}));
+}
+
+TEST_F(ClickerServiceTest, FinishesAtItsLimit) {
+    start({.maxClicks = 3});
+    ASSERT_TRUE(awaitWait());
+    ASSERT_TRUE(clickAgain());
+    EXPECT_EQ(callbacks_.finishes(), 0);
+    clock_.advance(seconds(1));
+    ASSERT_TRUE(callbacks_.awaitFinish());
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2, 3}));
+    EXPECT_EQ(log_.messages().back(), "Clicker finished after 3 clicks (limit reached)");
+}
+
+TEST_F(ClickerServiceTest, NoLimitNeverFinishes) {
+    for (const std::int64_t limit : {std::int64_t{0}, std::int64_t{-1}, -greatest}) {
+        start({.maxClicks = limit});
+        ASSERT_TRUE(awaitWait());
+        for (int click = 0; click < 20; ++click) {
+            ASSERT_TRUE(clickAgain());
+        }
+        stopAndAwait();
+        EXPECT_EQ(callbacks_.finishes(), 0);
+        EXPECT_EQ(log_.messages().back(), "Clicker stopped after 21 clicks");
+    }
+}
+
+TEST_F(ClickerServiceTest, OutsideTheZoneNothingIsClickedOrCounted) {
+    mouse_.setCursor({500, 500});
+    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}, .maxClicks = 1});
+    ASSERT_TRUE(awaitWait());
+    for (int turn = 0; turn < 5; ++turn) {
+        EXPECT_EQ(clock_.deadlines().at(0), clock_.now() + seconds(1));
+        ASSERT_TRUE(clickAgain());
+    }
+    stopAndAwait();
+    EXPECT_EQ(mouse_.cursorReadings(), 6U);
+    EXPECT_TRUE(mouse_.posted().empty());
+    EXPECT_TRUE(callbacks_.counts().empty());
+    EXPECT_EQ(callbacks_.finishes(), 0);
+    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=zone interval=1.0s maxClicks=1",
+                                      "Clicker stopped after 0 clicks"}));
+}
+
+TEST_F(ClickerServiceTest, OnlyClicksInsideTheZoneCount) {
+    mouse_.scriptCursor({{5, 5}, {500, 500}, {6, 6}});
+    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}});
+    ASSERT_TRUE(awaitWait());
+    ASSERT_TRUE(clickAgain());
+    ASSERT_TRUE(clickAgain());
+    stopAndAwait();
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2}));
+    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{5, 5}, {6, 6}}));
+}
+
+TEST_F(ClickerServiceTest, LeftAndTopEdgesAreInsideRightAndBottomEdgesOutside) {
+    const Rectangle zone{10, 20, 30, 40};
+    EXPECT_EQ(clicksAt({10, 20}, zone), 1U);
+    EXPECT_EQ(clicksAt({10, 59.9}, zone), 1U);
+    EXPECT_EQ(clicksAt({39.9, 20}, zone), 1U);
+    EXPECT_EQ(clicksAt({40, 30}, zone), 0U);
+    EXPECT_EQ(clicksAt({20, 60}, zone), 0U);
+    EXPECT_EQ(clicksAt({9.9, 30}, zone), 0U);
+    EXPECT_EQ(clicksAt({20, 19.9}, zone), 0U);
+}
+
+TEST_F(ClickerServiceTest, AZoneWithoutAreaContainsNoPoint) {
+    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 0, 40}), 0U);
+    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 30, 0}), 0U);
+    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 0, 0}), 0U);
+}
+
+TEST_F(ClickerServiceTest, ALiveZoneReplacesTheFixedOneAndIsFollowed) {
+    const auto liveZone = std::make_shared<DynamicZoneRect>(Rectangle{100, 100, 10, 10});
+    mouse_.setCursor({5, 5});
+    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}}, liveZone);
+    ASSERT_TRUE(awaitWait());
+    EXPECT_TRUE(mouse_.posted().empty());
+    liveZone->setRect({0, 0, 10, 10});
+    ASSERT_TRUE(clickAgain());
+    EXPECT_EQ(callbacks_.counts().size(), 1U);
+    liveZone->setRect({6, 0, 10, 10});
+    ASSERT_TRUE(clickAgain());
+    EXPECT_EQ(callbacks_.counts().size(), 1U);
+}
+
+TEST_F(ClickerServiceTest, WithoutAnyZoneZoneModeClicksEverywhere) {
+    mouse_.setCursor({-5000, 7000});
+    start({.clickMode = ClickMode::zone});
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(callbacks_.counts().size(), 1U);
+}
+
+TEST_F(ClickerServiceTest, CursorModeIgnoresTheZone) {
+    mouse_.setCursor({500, 500});
+    start({.zoneRect = CodableRect{0, 0, 10, 10}},
+          std::make_shared<DynamicZoneRect>(Rectangle{0, 0, 10, 10}));
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(callbacks_.counts().size(), 1U);
+}
+
+TEST_F(ClickerServiceTest, WithoutACursorItClicksAtTheOrigin) {
+    mouse_.setFaults({.noCursorLocation = true});
+    start({});
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{0, 0}}));
+    EXPECT_EQ(mouse_.posted().size(), 2U);
+}
+
+TEST_F(ClickerServiceTest, AnEventThatCannotBeMadeIsCountedButNothingIsPosted) {
+    for (const testing::MouseFaults &faults :
+         {testing::MouseFaults{.noEventSource = true}, testing::MouseFaults{.noMouseDown = true},
+          testing::MouseFaults{.noMouseUp = true}}) {
+        mouse_.setFaults(faults);
+        const std::size_t before = callbacks_.counts().size();
+        start({});
+        ASSERT_TRUE(awaitWait());
+        stopAndAwait();
+        EXPECT_EQ(callbacks_.counts().size(), before + 1);
+        EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    }
+    EXPECT_TRUE(mouse_.posted().empty());
+    EXPECT_TRUE(clock_.holds().empty());
+}
+
+TEST_F(ClickerServiceTest, AStopEndsTheWaitAtOnce) {
+    start({.timeUnit = TimeUnit::hours});
+    ASSERT_TRUE(awaitWait());
+    const platform::Instant before = clock_.now();
+    stopAndAwait();
+    EXPECT_EQ(clock_.now(), before);
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(mouse_.openSessions(), 0U);
+}
+
+TEST_F(ClickerServiceTest, AStopDuringTheHoldStillReleasesTheButton) {
+    clock_.setHoldsBlock(true);
+    start({});
+    ASSERT_TRUE(clock_.awaitBlocked());
+    clicker_.stop();
+    EXPECT_TRUE(mouse_.isButtonPressed());
+    clock_.advance(milliseconds(10));
+    clicker_.awaitEnd();
+    EXPECT_FALSE(mouse_.isButtonPressed());
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1}));
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+}
+
+TEST_F(ClickerServiceTest, AStopWhileIdleDoesNothing) {
+    clicker_.stop();
+    clicker_.awaitEnd();
+    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(mouse_.openedSessions(), 0U);
+}
+
+TEST_F(ClickerServiceTest, ASecondStartEndsTheFirstRun) {
+    Callbacks first;
+    clicker_.start({}, nullptr, first.onClick(), first.onFinish());
+    ASSERT_TRUE(awaitWait());
+    start({.clickRate = 2});
+    clicker_.awaitEnd();
+    EXPECT_EQ(first.counts().size(), 1U);
+    ASSERT_TRUE(awaitWait());
+    ASSERT_TRUE(clickAgain());
+    ASSERT_TRUE(clickAgain());
+    EXPECT_EQ(first.counts().size(), 1U);
+    EXPECT_EQ(first.finishes(), 0);
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2, 3}));
+
+    Lines lines = log_.messages();
+    std::sort(lines.begin(), lines.end());
+    EXPECT_EQ(lines, (Lines{"Clicker started: mode=cursor interval=0.5s maxClicks=0",
+                            "Clicker started: mode=cursor interval=1.0s maxClicks=0",
+                            "Clicker stopped after 1 clicks"}));
+}
+
+TEST_F(ClickerServiceTest, ASecondStartDoesNotWaitForTheFirstRun) {
+    clock_.setHoldsBlock(true);
+    start({});
+    ASSERT_TRUE(clock_.awaitBlocked());
+    start({});
+    ASSERT_TRUE(clock_.awaitBlocked(2));
+    clock_.setHoldsBlock(false);
+    clicker_.awaitEnd();
+    ASSERT_TRUE(awaitWait());
+    EXPECT_FALSE(mouse_.isButtonPressed());
+}
+
+TEST_F(ClickerServiceTest, AFinishedRunCanBeStoppedAndFollowedByAnother) {
+    start({.maxClicks = 1});
+    ASSERT_TRUE(callbacks_.awaitFinish());
+    clicker_.stop();
+    clicker_.stop();
+    start({});
+    ASSERT_TRUE(awaitWait());
+    stopAndAwait();
+    EXPECT_EQ(callbacks_.finishes(), 1);
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+}
+
+TEST_F(ClickerServiceTest, TheFinishCallbackMayStopTheService) {
+    std::atomic isOver = false;
+    clicker_.start({.maxClicks = 1}, nullptr, callbacks_.onClick(), [&] {
+        clicker_.stop();
+        isOver = true;
+    });
+    ASSERT_TRUE(mouse_.awaitPosted(2));
+    clicker_.awaitEnd();
+    stopAndAwait();
+    EXPECT_TRUE(isOver);
+}
+
+TEST_F(ClickerServiceTest, EachRunHasAThreadAndASessionOfItsOwn) {
+    start({});
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(mouse_.openSessions(), 1U);
+    const auto posted = mouse_.posted();
+    ASSERT_EQ(posted.size(), 2U);
+    EXPECT_NE(posted[0].thread, std::this_thread::get_id());
+    EXPECT_EQ(posted[0].thread, posted[1].thread);
+    EXPECT_EQ(posted[0].thread, callbacks_.thread());
+    stopAndAwait();
+    EXPECT_EQ(mouse_.openSessions(), 0U);
+    start({});
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(mouse_.openedSessions(), 2U);
+}
+
+TEST_F(ClickerServiceTest, EndsItsRunsBeforeItGoes) {
+    {
+        ClickerService clicker(mouse_, clock_);
+        clicker.start({}, nullptr, callbacks_.onClick(), callbacks_.onFinish());
+        ASSERT_TRUE(awaitWait());
+    }
+    EXPECT_EQ(mouse_.openSessions(), 0U);
+    EXPECT_FALSE(mouse_.isButtonPressed());
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+}
+
+TEST_F(ClickerServiceTest, StandsStartsAndStopsFromManyThreads) {
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([this] {
+            for (int turn = 0; turn < 20; ++turn) {
+                start({.clickRate = 1000});
+                clicker_.stop();
+            }
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    stopAndAwait();
+    EXPECT_EQ(mouse_.openSessions(), 0U);
+    EXPECT_FALSE(mouse_.isButtonPressed());
+    EXPECT_EQ(log_.messages().size(), 160U);
+}
+
+#ifdef __GLIBC__
+
+/// While it lives, the system has no thread to give: each would need more memory than there is.
+class NoThreads {
+  public:
+    NoThreads() {
+        constexpr std::size_t tooLarge = std::size_t{1} << 46U;
+        pthread_getattr_default_np(&before_);
+        pthread_attr_t attributes;
+        pthread_attr_init(&attributes);
+        pthread_attr_setstacksize(&attributes, tooLarge);
+        EXPECT_EQ(pthread_setattr_default_np(&attributes), 0);
+        pthread_attr_destroy(&attributes);
+    }
+    NoThreads(const NoThreads &) = delete;
+    NoThreads &operator=(const NoThreads &) = delete;
+    ~NoThreads() {
+        pthread_setattr_default_np(&before_);
+        pthread_attr_destroy(&before_);
+    }
+
+  private:
+    pthread_attr_t before_{};
+};
+
+TEST_F(ClickerServiceTest, WithoutAThreadTheRunIsReportedAsFinished) {
+    {
+        const NoThreads noThreads;
+        start({});
+    }
+    EXPECT_EQ(callbacks_.finishes(), 1);
+    EXPECT_TRUE(callbacks_.counts().empty());
+    EXPECT_EQ(log_.messages(),
+              Lines{"Clicker not started: no thread for it: Resource temporarily unavailable"});
+    start({});
+    ASSERT_TRUE(awaitWait());
+    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1}));
+}
+
+#endif
+
+} // namespace
+} // namespace corvane

@@ -1,0 +1,47 @@
+#include "model/CodableRect.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace corvane {
+namespace {
+
+std::string sizeLabel(double width, double height) {
+    return CodableRect{0, 0, width, height}.sizeLabel();
+}
+
+TEST(CodableRect, ConvertsFieldByFieldEitherWay) {
+    const Rectangle rectangle{1.5, -2, 300, 200};
+    const CodableRect stored{1.5, -2, 300, 200};
+    EXPECT_EQ(CodableRect::of(rectangle), stored);
+    EXPECT_EQ(stored.rectangle(), rectangle);
+}
+
+TEST(CodableRect, IsEqualWhenAllFourFieldsAre) {
+    const CodableRect rect{1, 2, 3, 4};
+    EXPECT_EQ(rect, (CodableRect{1, 2, 3, 4}));
+    EXPECT_NE(rect, (CodableRect{9, 2, 3, 4}));
+    EXPECT_NE(rect, (CodableRect{1, 9, 3, 4}));
+    EXPECT_NE(rect, (CodableRect{1, 2, 9, 4}));
+    EXPECT_NE(rect, (CodableRect{1, 2, 3, 9}));
+}
+
+TEST(CodableRect, LabelsItsSizeInWholeNumbersTruncatedTowardZero) {
+    EXPECT_EQ(sizeLabel(300.7, 200.2), "300×200");
+    EXPECT_EQ(sizeLabel(99.99, 0.5), "99×0");
+    EXPECT_EQ(sizeLabel(-7.9, -0.5), "-7×0");
+    EXPECT_EQ(sizeLabel(0x1p62, -0x1p63), "4611686018427387904×-9223372036854775808");
+}
+
+TEST(CodableRectDeathTest, ASizeBeyondWholeNumbersStopsTheProgram) {
+    using Limits = std::numeric_limits<double>;
+    EXPECT_DEATH(sizeLabel(Limits::infinity(), 1), "");
+    EXPECT_DEATH(sizeLabel(1, -Limits::infinity()), "");
+    EXPECT_DEATH(sizeLabel(Limits::quiet_NaN(), 1), "");
+    EXPECT_DEATH(sizeLabel(0x1p63, 1), "");
+    EXPECT_DEATH(sizeLabel(1, -1.1 * 0x1p63), "");
+}
+
+} // namespace
+} // namespace corvane
