@@ -11,22 +11,26 @@ using Json = nlohmann::json;
 
 constexpr int deepestLevel = 512;
 
+struct NestedTooDeep {};
+
+bool watchDepth(int depth, Json::parse_event_t event, const Json &) {
+    const bool isOpening =
+        event == Json::parse_event_t::array_start || event == Json::parse_event_t::object_start;
+    if (isOpening && depth >= deepestLevel) {
+        throw NestedTooDeep{};
+    }
+    return true;
+}
+
 /// Throws `Json::out_of_range` at a number beyond the range of a double.
 Outcome<Json> parse(std::string_view text) {
-    bool isTooDeep = false;
-    const auto keepIfShallow = [&isTooDeep](int depth, Json::parse_event_t, const Json &) {
-        isTooDeep = isTooDeep || depth > deepestLevel;
-        return !isTooDeep;
-    };
     try {
-        Json json = Json::parse(text, keepIfShallow);
-        if (isTooDeep) {
-            return std::unexpected(
-                Failure{"nested more than " + std::to_string(deepestLevel) + " levels deep"});
-        }
-        return json;
+        return Json::parse(text, watchDepth);
     } catch (const Json::parse_error &error) {
         return std::unexpected(Failure{"not valid JSON at byte " + std::to_string(error.byte)});
+    } catch (const NestedTooDeep &) {
+        return std::unexpected(
+            Failure{"nested more than " + std::to_string(deepestLevel) + " levels deep"});
     }
 }
 
