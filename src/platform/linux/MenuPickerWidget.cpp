@@ -48,6 +48,8 @@ void MenuPickerWidget::refresh() {
     }
     setCurrentIndex(static_cast<int>(picker().selected));
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    // As its name, screen readers of this desktop are given the chosen entry.
+    setAccessibleDescription(accessibleName());
 }
 
 /// A wheel that turns over the window by chance changes nothing.

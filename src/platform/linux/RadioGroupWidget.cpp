@@ -48,6 +48,17 @@ void RadioGroupWidget::choose(std::size_t index) {
     }
 }
 
+/// The Tab key leads to the chosen one only, the arrow keys from there to the others.
+void RadioGroupWidget::check(std::size_t index) {
+    if (index >= buttons_.size()) {
+        return;
+    }
+    buttons_[index]->setChecked(true);
+    for (QRadioButton *button : buttons_) {
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
 void RadioGroupWidget::refresh() {
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
     for (std::size_t index = 0; index < buttons_.size(); ++index) {
@@ -55,9 +66,7 @@ void RadioGroupWidget::refresh() {
         buttons_[index]->setText(withoutMnemonic(title));
         buttons_[index]->setAccessibleName(title);
     }
-    if (picker().selected < buttons_.size()) {
-        buttons_[picker().selected]->setChecked(true);
-    }
+    check(picker().selected);
 }
 
 } // namespace corvane::x11

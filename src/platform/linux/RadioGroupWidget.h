@@ -25,6 +25,7 @@ class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRol
     const Picker &picker() const { return std::get<Picker>(view_.content); }
     void addButton();
     void choose(std::size_t index);
+    void check(std::size_t index);
     void refresh();
 
     View view_{Picker{}};

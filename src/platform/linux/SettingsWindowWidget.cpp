@@ -30,7 +30,11 @@ int heightFor(QWidget &widget, int width) {
     return height < 0 ? widget.sizeHint().height() : height;
 }
 
-bool takesTab(const QWidget *widget) { return (widget->focusPolicy() & Qt::TabFocus) != 0; }
+/// A control's menu is a window of its own.
+bool takesTab(const QWidget &widget, const QWidget &window) {
+    return (widget.focusPolicy() & Qt::TabFocus) != 0 && !widget.isHidden() &&
+           widget.window() == &window;
+}
 
 } // namespace
 
@@ -113,7 +117,7 @@ void SettingsWindowWidget::replaceContent(const View &view) {
 void SettingsWindowWidget::orderFocus() {
     QWidget *former = nullptr;
     for (QWidget *widget : findChildren<QWidget *>()) {
-        if (takesTab(widget) && !widget->isHidden() && !widget->focusProxy()) {
+        if (takesTab(*widget, *this)) {
             if (former) {
                 setTabOrder(former, widget);
             }
