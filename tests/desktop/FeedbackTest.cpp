@@ -1,0 +1,131 @@
+#include "DesktopTest.h"
+#include "harness/Screenshot.h"
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+namespace {
+
+constexpr Area zone{400, 320, 200, 160};
+
+bool isGreen(Pixel pixel) { return pixel.green > pixel.red + 80 && pixel.green > pixel.blue + 50; }
+bool isFaintlyGreen(Pixel pixel) {
+    return pixel.green > pixel.red + 15 && pixel.green > pixel.blue + 15 && pixel.red > 150;
+}
+bool isBlue(Pixel pixel) { return pixel.blue > pixel.red + 60; }
+bool isWhite(Pixel pixel) { return pixel == Pixel{255, 255, 255}; }
+
+/// What a run draws on the screen; with a compositor or without.
+class FeedbackTest : public DesktopTest, public testing::WithParamInterface<bool> {
+  protected:
+    FeedbackTest() : DesktopTest({.hasCompositor = GetParam()}) {}
+
+    Screenshot screenshot() const { return Screenshot(desktop_.connection()); }
+
+    /// Waits until the desktop looks as it did.
+    bool looksLike(const Screenshot &before) const {
+        return waitUntil([&] { return screenshot() == before; });
+    }
+
+    bool isWindowDrawn() const {
+        return waitUntil([this] { return isWhite(screenshot().at(target)); });
+    }
+};
+
+TEST_P(FeedbackTest, theZoneIsOutlinedWhileTheRunLasts) {
+    ASSERT_TRUE(isWindowDrawn());
+    const auto corvane =
+        start({.clickMode = "zone", .clickRate = 1, .timeUnit = "h", .zone = zone});
+    pointer_.moveTo({350, 500});
+    const Screenshot before = screenshot();
+    keyboard_.pressHotKey();
+    // The outline lies inside the zone and is one and a half pixels wide.
+    const auto isOutlined = [](const Screenshot &seen) {
+        return isGreen(seen.at({zone.x, zone.y + 80})) &&
+               isGreen(seen.at({zone.x + 100, zone.y})) &&
+               isGreen(seen.at({zone.x + zone.width - 1, zone.y + 80})) &&
+               isGreen(seen.at({zone.x + 100, zone.y + zone.height - 1}));
+    };
+    ASSERT_TRUE(waitUntil([&] { return isOutlined(screenshot()); })) << corvane->story();
+    const Screenshot during = screenshot();
+    // Outside it ends at once, but for the badge above the left corner.
+    EXPECT_TRUE(isWhite(during.at({zone.x - 1, zone.y + 80})));
+    EXPECT_TRUE(isWhite(during.at({zone.x + zone.width, zone.y + 80})));
+    EXPECT_TRUE(isWhite(during.at({zone.x + 100, zone.y + zone.height})));
+    EXPECT_TRUE(isWhite(during.at({zone.x + 100, zone.y - 12})));
+    EXPECT_TRUE(isGreen(during.at({zone.x + 4, zone.y - 12})));
+    if (GetParam()) {
+        EXPECT_TRUE(isFaintlyGreen(during.at({zone.x + 100, zone.y + 80})));
+    }
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
+    EXPECT_TRUE(looksLike(before));
+}
+
+TEST_P(FeedbackTest, everyClickShowsARippleThatGoesAway) {
+    ASSERT_TRUE(isWindowDrawn());
+    const auto corvane = start({.clickRate = 10, .maxClicks = 10});
+    const Screenshot before = screenshot();
+    keyboard_.pressHotKey();
+    constexpr int radiusOfTheRing = 25;
+    EXPECT_TRUE(waitUntil([&] { return screenshot().count(target, radiusOfTheRing, isBlue) > 20; }))
+        << corvane->story();
+    ASSERT_TRUE(corvane->waitForLog("Clicker finished after 10 clicks (limit reached)"));
+    EXPECT_TRUE(looksLike(before));
+    EXPECT_TRUE(client_.waitForClicks(10));
+}
+
+TEST_P(FeedbackTest, clicksGoThroughOutlineBadgeAndRipple) {
+    const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});
+    pointer_.moveTo({zone.x, zone.y});
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(waitForMoreClicks(10)) << corvane->story();
+    // The user's own click on the badge too.
+    const Position badge{zone.x + 4, zone.y - 12};
+    ASSERT_TRUE(waitUntil([&] { return isGreen(screenshot().at(badge)); }));
+    pointer_.moveTo(badge);
+    pointer_.click(2);
+    EXPECT_TRUE(waitUntil([&] {
+        return std::ranges::any_of(client_.events(), [&](const ButtonEvent &event) {
+            return event.button == 2 && event.position == badge;
+        });
+    }));
+}
+
+TEST_P(FeedbackTest, theOutlineLiesOverAFullscreenWindow) {
+    client_.open({.isFullscreen = true});
+    const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});
+    pointer_.moveTo({zone.x + 100, zone.y + 80});
+    keyboard_.pressHotKey();
+    EXPECT_TRUE(waitForMoreClicks(3)) << corvane->story();
+    EXPECT_TRUE(waitUntil([&] { return isGreen(screenshot().at({zone.x + 100, zone.y})); }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Compositor, FeedbackTest, testing::Bool(), [](const auto &each) {
+    return std::string(each.param ? "with" : "without");
+});
+
+class CompositorChangeTest : public DesktopTest {};
+
+TEST_F(CompositorChangeTest, theOutlineStaysWhenACompositorComesAndGoes) {
+    const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});
+    pointer_.moveTo({zone.x + 100, zone.y + 80});
+    keyboard_.pressHotKey();
+    const auto isOutlined = [this] {
+        const Screenshot seen(desktop_.connection());
+        return isGreen(seen.at({zone.x + 50, zone.y})) && isGreen(seen.at({zone.x, zone.y + 40})) &&
+               !isGreen(seen.at({zone.x + 50, zone.y + 40}));
+    };
+    ASSERT_TRUE(waitUntil(isOutlined)) << corvane->story();
+    desktop_.startCompositor();
+    EXPECT_TRUE(waitUntil(isOutlined));
+    EXPECT_TRUE(waitForMoreClicks(3));
+    desktop_.stopCompositor();
+    EXPECT_TRUE(waitUntil(isOutlined));
+    EXPECT_TRUE(waitForMoreClicks(3));
+}
+
+} // namespace
+
+} // namespace corvane::desktop
