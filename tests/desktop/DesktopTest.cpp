@@ -1,5 +1,7 @@
 #include "DesktopTest.h"
 
+#include "harness/WindowTree.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -21,9 +23,16 @@ std::unique_ptr<CorvaneProcess> DesktopTest::start(const Settings &settings,
     return corvane;
 }
 
+void DesktopTest::keepWindowManagerOut() {
+    window_ = client_.open({.x = 300, .y = 250, .isOverride = true});
+}
+
 void DesktopTest::waitForEverything() {
+    // A corner of the window where no test has its zone.
+    constexpr Position corner{380, 280};
     const Position position = pointer_.position();
-    pointer_.moveTo(target);
+    const Position window = client_.position(window_);
+    pointer_.moveTo({window.x + corner.x, window.y + corner.y});
     pointer_.click(ownButton);
     pointer_.moveTo(position);
     ++ownClicks_;
@@ -51,6 +60,22 @@ bool DesktopTest::staysQuiet() {
 bool DesktopTest::waitForMoreClicks(int count) {
     const int before = clickCount();
     return waitUntil([&] { return clickCount() >= before + count; });
+}
+
+bool DesktopTest::answerAlert(xcb_keysym_t key) {
+    if (!waitUntil([this] { return hasAlert(); })) {
+        return false;
+    }
+    keyboard_.tap(keyboard_.keyOf(key));
+    return waitUntil([this] { return !hasAlert(); });
+}
+
+/// Everything else the program shows keeps the window manager out.
+bool DesktopTest::hasAlert() const {
+    constexpr int leastWidth = 100;
+    return std::ranges::any_of(corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
+        return !window.isOverride && window.area.width > leastWidth;
+    });
 }
 
 } // namespace corvane::desktop

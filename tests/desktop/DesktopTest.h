@@ -29,6 +29,11 @@ class DesktopTest : public testing::Test {
     std::unique_ptr<CorvaneProcess> start(const Settings &settings,
                                           CorvaneProcess::Options options = {});
 
+    /// Puts a window over the other one that the window manager has no hand in. A window manager
+    /// sees every click on its windows first, and while it is slow to pass one on the server drops
+    /// the next: where every click is counted, it must be kept out.
+    void keepWindowManagerOut();
+
     /// Waits for a click of the test's own in the window: whatever was clicked before has arrived
     /// then too.
     void waitForEverything();
@@ -42,6 +47,9 @@ class DesktopTest : public testing::Test {
     /// Waits until a run clicks.
     bool waitForMoreClicks(int count);
 
+    /// Waits for an alert of the program, presses the key and waits until the alert is gone.
+    bool answerAlert(xcb_keysym_t key);
+
     VirtualDesktop desktop_;
     ClickClient client_{desktop_};
     int window_ = client_.open({.x = 300, .y = 250});
@@ -49,6 +57,8 @@ class DesktopTest : public testing::Test {
     Keyboard keyboard_{desktop_.connection()};
 
   private:
+    bool hasAlert() const;
+
     int ownClicks_ = 0;
 };
 

@@ -1,5 +1,8 @@
 #include "DesktopTest.h"
+#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
+
+#include <gmock/gmock.h>
 
 #include <csignal>
 
@@ -7,8 +10,13 @@ namespace corvane::desktop {
 
 namespace {
 
+using testing::HasSubstr;
+
 /// How the program ends, by the signal that asks it to.
-class EndTest : public DesktopTest, public testing::WithParamInterface<int> {};
+class EndTest : public DesktopTest, public testing::WithParamInterface<int> {
+  protected:
+    EndTest() { keepWindowManagerOut(); }
+};
 
 TEST_P(EndTest, leavesTheButtonReleasedAndTheFilesWhole) {
     const auto corvane = start({.clickRate = 100});
@@ -22,9 +30,8 @@ TEST_P(EndTest, leavesTheButtonReleasedAndTheFilesWhole) {
     EXPECT_FALSE(pointer_.isLeftButtonDown());
     waitForEverything();
     EXPECT_EQ(client_.pressCount(), client_.releaseCount());
-    EXPECT_TRUE(
-        corvane->waitForLog("Clicker stopped after " + std::to_string(clickCount()) + " clicks"))
-        << corvane->story();
+    EXPECT_EQ(corvane->log().back(),
+              "Clicker stopped after " + std::to_string(clickCount()) + " clicks");
     EXPECT_EQ(readFile(settingsFile(desktop_)), settings);
 }
 
@@ -42,15 +49,16 @@ INSTANTIATE_TEST_SUITE_P(Signals, EndTest, testing::Values(SIGTERM, SIGINT, SIGH
 
 class LostServerTest : public DesktopTest {};
 
-TEST_F(LostServerTest, endsInOrder) {
+TEST_F(LostServerTest, endsWithAnErrorAndSavesWhatWasChanged) {
+    StatusPanel panel(desktop_);
     const auto corvane = start({.clickRate = 50});
+    ASSERT_TRUE(panel.waitForItem()) << corvane->story();
+    ASSERT_TRUE(panel.choose("Defined Zone"));
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(2)) << corvane->story();
     desktop_.stopServer();
-    const auto end = corvane->process().waitForEnd();
-    ASSERT_TRUE(end.has_value()) << corvane->story();
-    EXPECT_EQ(end->exitCode, 1) << corvane->story();
-    EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
+    EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 1})) << corvane->story();
+    EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"zone\""));
 }
 
 } // namespace

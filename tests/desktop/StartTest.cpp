@@ -1,7 +1,11 @@
 #include "DesktopTest.h"
 #include "harness/TextFile.h"
+#include "harness/WindowTree.h"
 
+#include <X11/keysym.h>
 #include <gmock/gmock.h>
+
+#include <algorithm>
 
 namespace corvane::desktop {
 
@@ -17,6 +21,14 @@ class StartTest : public DesktopTest {
         const auto end = corvane.process().waitForEnd();
         EXPECT_TRUE(end.has_value()) << corvane.story();
         return end.value_or(ProcessEnd{});
+    }
+
+    bool hasMenu() const {
+        constexpr int leastHeight = 100;
+        return std::ranges::any_of(corvaneWindows(desktop_.connection()),
+                                   [](const SeenWindow &window) {
+                                       return window.isOverride && window.area.height > leastHeight;
+                                   });
     }
 };
 
@@ -60,6 +72,10 @@ TEST_F(StartTest, aSecondStartSaysSoAndTheFirstGoesOn) {
     EXPECT_TRUE(second.log().empty()) << second.story();
 
     EXPECT_TRUE(first->process().isRunning());
+    // It shows where it is: with no panel on the desktop, by its menu at the pointer.
+    ASSERT_TRUE(waitUntil([this] { return hasMenu(); })) << first->story();
+    keyboard_.tap(keyboard_.keyOf(XK_Escape));
+    ASSERT_TRUE(waitUntil([this] { return !hasMenu(); })) << first->story();
     keyboard_.pressHotKey();
     EXPECT_TRUE(first->waitForLogBeginning("Clicker started")) << first->story();
 }

@@ -92,6 +92,16 @@ std::string nextFileName(const std::string &program) {
 
 } // namespace
 
+void PrintTo(const ProcessEnd &end, std::ostream *out) {
+    if (end.exitCode) {
+        *out << "exit code " << *end.exitCode;
+    } else if (end.signal) {
+        *out << "signal " << *end.signal;
+    } else {
+        *out << "no end";
+    }
+}
+
 ChildProcess::ChildProcess(const Launch &launch) {
     const std::filesystem::path base = launch.outputFolder / nextFileName(launch.arguments.front());
     outputFile_ = base.string() + ".out";

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <ostream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,9 @@ struct ProcessEnd {
 
     bool operator==(const ProcessEnd &) const = default;
 };
+
+/// For the messages of failed tests.
+void PrintTo(const ProcessEnd &end, std::ostream *out);
 
 /// A program started by a test. What it prints is collected in files. It never outlives the test,
 /// also when the test is killed.

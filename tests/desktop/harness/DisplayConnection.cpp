@@ -39,15 +39,23 @@ xcb_window_t DisplayConnection::selectionOwner(std::string_view name) const {
     return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
+std::vector<std::uint32_t> DisplayConnection::properties(xcb_window_t window,
+                                                         std::string_view name) const {
+    constexpr std::uint32_t longest = 64;
+    const auto cookie =
+        xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    if (!reply || reply->format != 32) {
+        return {};
+    }
+    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
+    return {values, values + reply->value_len};
+}
+
 std::optional<std::uint32_t> DisplayConnection::property(xcb_window_t window,
                                                          std::string_view name) const {
-    const auto cookie =
-        xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
-    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
-    if (!reply || reply->format != 32 || reply->value_len < 1) {
-        return std::nullopt;
-    }
-    return *static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
+    const auto values = properties(window, name);
+    return values.empty() ? std::nullopt : std::optional(values.front());
 }
 
 } // namespace corvane::desktop

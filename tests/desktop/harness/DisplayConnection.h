@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane::desktop {
 
@@ -27,6 +28,9 @@ class DisplayConnection {
 
     /// The owner of a selection; XCB_WINDOW_NONE without one.
     xcb_window_t selectionOwner(std::string_view name) const;
+
+    /// The values of a 32-bit property; none without one.
+    std::vector<std::uint32_t> properties(xcb_window_t window, std::string_view name) const;
 
     /// The first value of a 32-bit property.
     std::optional<std::uint32_t> property(xcb_window_t window, std::string_view name) const;

@@ -2,6 +2,9 @@
 
 #include "WaitUntil.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace corvane::desktop {
 
 ProbeWindow::ProbeWindow(const DisplayConnection &connection)
@@ -11,15 +14,22 @@ ProbeWindow::ProbeWindow(const DisplayConnection &connection)
                       0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, 0, nullptr);
 }
 
-ProbeWindow::~ProbeWindow() {
-    xcb_destroy_window(connection_.get(), id_);
-    xcb_flush(connection_.get());
+void ProbeWindow::close() {
+    if (std::exchange(isOpen_, false)) {
+        xcb_destroy_window(connection_.get(), id_);
+        xcb_flush(connection_.get());
+    }
 }
 
 bool ProbeWindow::isManaged() const {
     constexpr std::chrono::milliseconds moment{300};
     xcb_map_window(connection_.get(), id_);
-    return waitUntil([this] { return connection_.property(id_, "WM_STATE").has_value(); }, moment);
+    return waitUntil([this] { return isListed(); }, moment);
+}
+
+bool ProbeWindow::isListed() const {
+    const auto windows = connection_.properties(connection_.root(), "_NET_CLIENT_LIST");
+    return std::ranges::find(windows, id_) != windows.end();
 }
 
 } // namespace corvane::desktop

@@ -12,15 +12,21 @@ class ProbeWindow {
     explicit ProbeWindow(const DisplayConnection &connection);
     ProbeWindow(const ProbeWindow &) = delete;
     ProbeWindow &operator=(const ProbeWindow &) = delete;
-    ~ProbeWindow();
+    ~ProbeWindow() { close(); }
+
+    void close();
 
     /// Asks to be shown, again if it has been forgotten; whether the window manager took care of
     /// it within a moment.
     bool isManaged() const;
 
+    /// Whether the window manager has it on its list.
+    bool isListed() const;
+
   private:
     const DisplayConnection &connection_;
     xcb_window_t id_;
+    bool isOpen_ = true;
 };
 
 } // namespace corvane::desktop

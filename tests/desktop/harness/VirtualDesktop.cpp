@@ -58,8 +58,11 @@ panel_background_id = 1
 /// Waits for what a program that has just been started must bring about.
 template <typename Condition>
 void require(const std::string &what, ChildProcess &program, Condition condition) {
-    const bool isReady =
-        waitUntil([&] { return condition() || !program.isRunning(); }) && condition();
+    bool isReady = false;
+    waitUntil([&] {
+        isReady = condition();
+        return isReady || !program.isRunning();
+    });
     if (!isReady) {
         throw std::runtime_error(what + " did not start: " + program.standardError());
     }
@@ -156,21 +159,16 @@ void VirtualDesktop::startWindowManager(WindowManager windowManager) {
     }
     windowManager_ = start(commandOf(windowManager));
     require("The window manager", *windowManager_, [this] { return hasWindowManager(); });
-    {
-        const ProbeWindow probe(*connection_);
-        require("The window manager", *windowManager_, [&probe] { return probe.isManaged(); });
-    }
-    require("The window manager", *windowManager_, [this] { return hasNoWindows(); });
+    ProbeWindow probe(*connection_);
+    require("The window manager", *windowManager_, [&probe] { return probe.isManaged(); });
+    probe.close();
+    require("The window manager", *windowManager_, [&probe] { return !probe.isListed(); });
 }
 
 bool VirtualDesktop::hasWindowManager() const {
     constexpr std::string_view name = "_NET_SUPPORTING_WM_CHECK";
     const auto window = connection_->property(connection_->root(), name);
     return window && connection_->property(*window, name) == window;
-}
-
-bool VirtualDesktop::hasNoWindows() const {
-    return !connection_->property(connection_->root(), "_NET_CLIENT_LIST");
 }
 
 void VirtualDesktop::startCompositor() {

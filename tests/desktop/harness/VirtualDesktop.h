@@ -75,7 +75,6 @@ class VirtualDesktop {
     void startWindowManager(WindowManager windowManager);
     void startPanel();
     bool hasWindowManager() const;
-    bool hasNoWindows() const;
 
     TemporaryFolder folder_;
     std::filesystem::path home_;

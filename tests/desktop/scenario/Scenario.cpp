@@ -10,7 +10,9 @@
 #include <algorithm>
 #include <csignal>
 #include <iostream>
+#include <iterator>
 #include <utility>
+#include <vector>
 
 namespace corvane::desktop {
 
@@ -24,6 +26,17 @@ constexpr Position inZone{200, 140};
 Position operator+(Position one, Position other) { return {one.x + other.x, one.y + other.y}; }
 
 void tell(const std::string &line) { std::cout << line << std::endl; }
+
+/// A line that is repeated at once is told once, with how often it comes.
+void tellLines(const std::vector<std::string> &lines) {
+    for (auto line = lines.begin(); line != lines.end();) {
+        const auto next =
+            std::find_if(line, lines.end(), [line](const auto &each) { return each != *line; });
+        const auto times = std::distance(line, next);
+        tell("    " + *line + (times > 1 ? " (" + std::to_string(times) + " times)" : ""));
+        line = next;
+    }
+}
 
 bool hasOpenMenu(const DisplayConnection &connection) {
     constexpr int leastHeight = 100;
@@ -109,9 +122,7 @@ void Scenario::end(CorvaneProcess &corvane) {
     expect(corvane.process().waitForEnd() == ProcessEnd{.exitCode = 0}, "Corvane ends in order");
     expect(!pointer_.isLeftButtonDown(), "the mouse button is released");
     tell("The diagnostic log of the run:");
-    for (const std::string &message : corvane.log()) {
-        tell("    " + message);
-    }
+    tellLines(corvane.log());
     std::cout << corvane.standardError();
 }
 
