@@ -44,14 +44,22 @@ LinuxScreens::LinuxScreens(XcbEvents &events) : connection_(events.connection())
 void LinuxScreens::follow(XcbEvents &events, std::uint8_t firstEvent) {
     xcb_randr_select_input(connection_.get(), connection_.root(),
                            XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
-                               XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE |
-                               XCB_RANDR_NOTIFY_MASK_RESOURCE_CHANGE);
+                               XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
+    rootEvents_ = events.masks().select(connection_.root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     subscription_ = events.subscribe([this, firstEvent](const xcb_generic_event_t &event) {
         const int type = XcbEvents::typeOf(event) - firstEvent;
-        if (type == XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == XCB_RANDR_NOTIFY) {
+        if (type == XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == XCB_RANDR_NOTIFY ||
+            isRootChange(event)) {
             read();
         }
     });
+}
+
+/// All there is to see when monitors are set up by hand.
+bool LinuxScreens::isRootChange(const xcb_generic_event_t &event) const {
+    return XcbEvents::typeOf(event) == XCB_CONFIGURE_NOTIFY &&
+           reinterpret_cast<const xcb_configure_notify_event_t &>(event).window ==
+               connection_.root();
 }
 
 void LinuxScreens::read() {

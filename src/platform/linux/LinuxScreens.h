@@ -24,6 +24,7 @@ class LinuxScreens : public platform::Screens {
 
   private:
     void follow(XcbEvents &events, std::uint8_t firstEvent);
+    bool isRootChange(const xcb_generic_event_t &event) const;
     void read();
     std::vector<Rectangle> monitors() const;
     std::optional<double> primaryHeight() const;
@@ -31,6 +32,7 @@ class LinuxScreens : public platform::Screens {
     const XcbConnection &connection_;
     bool hasMonitors_ = false;
     std::vector<platform::Screen> screens_;
+    EventMasks::Selection rootEvents_;
     XcbEvents::Subscription subscription_;
 };
 
