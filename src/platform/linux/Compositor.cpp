@@ -2,16 +2,26 @@
 
 #include <xcb/xfixes.h>
 
+#include <chrono>
 #include <string>
 #include <utility>
 
 namespace corvane::x11 {
+
+namespace {
+
+constexpr std::chrono::milliseconds settlingTime(500);
+
+} // namespace
 
 Compositor::Compositor(XcbEvents &events, std::function<void()> changed)
     : connection_(events.connection()),
       changed_(std::move(changed)),
       selection_(connection_.atom("_NET_WM_CM_S" + std::to_string(connection_.screenNumber()))),
       isRunning_(readIsRunning()) {
+    settling_.setSingleShot(true);
+    settling_.setInterval(settlingTime);
+    QObject::connect(&settling_, &QTimer::timeout, [this] { setRunning(true); });
     const auto *extension = xcb_get_extension_data(connection_.get(), &xcb_xfixes_id);
     if (extension != nullptr && extension->present != 0) {
         follow(events);
@@ -43,7 +53,15 @@ bool Compositor::readIsRunning() const {
 }
 
 void Compositor::update() {
-    const bool isRunning = readIsRunning();
+    if (readIsRunning()) {
+        settling_.start();
+    } else {
+        settling_.stop();
+        setRunning(false);
+    }
+}
+
+void Compositor::setRunning(bool isRunning) {
     if (std::exchange(isRunning_, isRunning) != isRunning) {
         changed_();
     }

@@ -10,6 +10,7 @@ namespace corvane::x11 {
 
 OverlayKeyboard::OverlayKeyboard(XcbEvents &events)
     : connection_(events.connection()),
+      keyboardChanges_(connection_),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }
 
@@ -40,6 +41,7 @@ void OverlayKeyboard::takeFrom(xcb_window_t window) {
 
 /// Where another program has the key, the focus alone has to do.
 void OverlayKeyboard::grabEscape() {
+    escapeGrab_.reset();
     const KeyboardLayout layout(connection_);
     const auto key = layout.keyFor({XKB_KEY_Escape});
     escapeKey_ = key.value_or(0);
@@ -63,6 +65,9 @@ void OverlayKeyboard::setFocus(xcb_window_t window) const {
 }
 
 void OverlayKeyboard::handle(const xcb_generic_event_t &event) {
+    if (keyboardChanges_.isChange(event) && !entries_.empty()) {
+        grabEscape();
+    }
     if (XcbEvents::typeOf(event) == XCB_KEY_PRESS && !entries_.empty()) {
         handle(reinterpret_cast<const xcb_key_press_event_t &>(event));
     }

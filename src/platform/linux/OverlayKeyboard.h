@@ -2,6 +2,7 @@
 
 #include "platform/OverlayWindows.h"
 #include "platform/linux/KeyGrab.h"
+#include "platform/linux/KeyboardChanges.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <functional>
@@ -40,6 +41,7 @@ class OverlayKeyboard {
     void setFocus(xcb_window_t window) const;
 
     const XcbConnection &connection_;
+    const KeyboardChanges keyboardChanges_;
     std::vector<Entry> entries_;
     xcb_keycode_t escapeKey_ = 0;
     std::unique_ptr<KeyGrab> escapeGrab_;

@@ -57,6 +57,13 @@ void SampleWindow::resizeTo(std::uint16_t width, std::uint16_t height) const {
     connection_.synchronize();
 }
 
+void SampleWindow::setColour(int red, int green, int blue) const {
+    const auto pixel = static_cast<std::uint32_t>(red << 16 | green << 8 | blue);
+    xcb_change_window_attributes(connection_.get(), id_, XCB_CW_BACK_PIXEL, &pixel);
+    xcb_clear_area(connection_.get(), 0, id_, 0, 0, 0, 0);
+    connection_.synchronize();
+}
+
 void SampleWindow::minimise() const { ask("WM_CHANGE_STATE", {XCB_ICCCM_WM_STATE_ICONIC}); }
 
 void SampleWindow::setTitle(std::string_view title) const {

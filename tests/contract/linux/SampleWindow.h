@@ -40,6 +40,9 @@ class SampleWindow {
     void moveTo(std::int16_t x, std::int16_t y) const;
     void resizeTo(std::uint16_t width, std::uint16_t height) const;
 
+    /// Fills it, each part from 0 to 255.
+    void setColour(int red, int green, int blue) const;
+
     /// Makes it an icon, and a window again.
     void minimise() const;
     void restore() const { map(); }

@@ -1,0 +1,152 @@
+#include "ClickClient.h"
+#include "OverlayTest.h"
+#include "overlay/ZoneOverlayWindow.h"
+
+namespace corvane::contract {
+
+namespace {
+
+constexpr Rectangle zone{200, 150, 300, 200};
+
+/// Inside the zone, away from its outline.
+constexpr Position inside{350, 250};
+/// Inside the badge, beside its icon.
+constexpr Position badge{203, 145};
+
+bool isWhite(Pixel pixel) { return isNearly(pixel, {255, 255, 255}, 10); }
+
+/// Lays the overlay of a zone over the desktop.
+class LinuxZoneOverlayTest : public EveryOverlayTest {
+  protected:
+    void show() {
+        overlay_.orderFront();
+        ASSERT_TRUE(turnUntilPixel({200, 250}, isGreen));
+    }
+
+    ZoneOverlayWindow overlay_{overlays_, zone, screenHeight};
+};
+
+TEST_P(LinuxZoneOverlayTest, TheOutlineLiesInsideTheZone) {
+    show();
+    const Screenshot screen = screenshot();
+    for (const Position corner :
+         {Position{200, 150}, Position{499, 150}, Position{200, 349}, Position{499, 349}}) {
+        EXPECT_TRUE(isGreen(screen.at(corner))) << corner.x << ", " << corner.y;
+    }
+    for (const Position outside :
+         {Position{199, 250}, Position{500, 250}, Position{350, 149}, Position{350, 350}}) {
+        EXPECT_EQ(screen.at(outside), background) << outside.x << ", " << outside.y;
+    }
+}
+
+TEST_P(LinuxZoneOverlayTest, TheBadgeStandsAboveTheTopLeftCorner) {
+    show();
+    const Screenshot screen = screenshot();
+    EXPECT_TRUE(isGreen(screen.at(badge)));
+    EXPECT_TRUE(isGreen(screen.at({211, 129})));
+    EXPECT_GT(screen.count({211, 139}, 6, isWhite), 5);
+    EXPECT_EQ(screen.at({211, 127}), background);
+    EXPECT_EQ(screen.at({223, 139}), background);
+    // Its corners are round.
+    EXPECT_EQ(screen.at({200, 128}), background);
+    EXPECT_EQ(screen.at({221, 128}), background);
+}
+
+TEST_P(LinuxZoneOverlayTest, TheZoneStaysVisible) {
+    show();
+    const Pixel pixel = screenshot().at(inside);
+    if (GetParam()) {
+        EXPECT_TRUE(isFaintlyGreen(pixel));
+    } else {
+        EXPECT_EQ(pixel, background);
+    }
+}
+
+TEST_P(LinuxZoneOverlayTest, AZoneNarrowerThanTheBadgeCutsItOff) {
+    ZoneOverlayWindow narrow(overlays_, {600, 300, 10, 40}, screenHeight);
+    narrow.orderFront();
+    ASSERT_TRUE(turnUntilPixel({603, 295}, isGreen));
+    EXPECT_EQ(screenshot().at({612, 290}), background);
+}
+
+TEST_P(LinuxZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
+    desktop::ClickClient client(desktop_);
+    client.open({.x = 0, .y = 0, .width = 800, .height = 600, .isOverride = true});
+    overlay_.orderFront();
+    ASSERT_TRUE(turnUntilPixel({200, 250}, isGreen));
+    const desktop::Pointer pointer(desktop_.connection());
+    int clicks = 0;
+    for (const Position position : {inside, badge, Position{200, 250}, Position{211, 139}}) {
+        pointer.moveTo(position);
+        pointer.click();
+        EXPECT_TRUE(client.waitForClicks(++clicks)) << position.x << ", " << position.y;
+    }
+}
+
+TEST_P(LinuxZoneOverlayTest, ItMovesAtOnceAndLeavesNothingBehind) {
+    show();
+    overlay_.moveTo({400, 300, 300, 200}, screenHeight);
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return isGreen(screen.at({400, 400})) && isGreen(screen.at({403, 295})) &&
+               screen.at({200, 250}) == background && screen.at(badge) == background;
+    }));
+}
+
+TEST_P(LinuxZoneOverlayTest, ItTakesANewSize) {
+    show();
+    overlay_.moveTo({200, 150, 120, 90}, screenHeight);
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return isGreen(screen.at({319, 200})) && isGreen(screen.at({250, 239})) &&
+               isGreen(screen.at(badge)) && screen.at({499, 250}) == background;
+    }));
+}
+
+TEST_P(LinuxZoneOverlayTest, OrderedOutItIsGone) {
+    show();
+    overlay_.orderOut();
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return screen.at({200, 250}) == background && screen.at(inside) == background;
+    }));
+    EXPECT_TRUE(shownOverlays().empty());
+    show();
+}
+
+TEST_P(LinuxZoneOverlayTest, ALaterWindowDoesNotCoverIt) {
+    show();
+    const SampleWindow later(desktop_.connection(), {.x = 0, .y = 0, .width = 800, .height = 600});
+    later.setColour(250, 250, 210);
+    later.map();
+    const auto showsBoth = [](const Screenshot &screen) {
+        return screen.at({700, 550}) == Pixel{250, 250, 210} && isGreen(screen.at({200, 250}));
+    };
+    EXPECT_TRUE(turnUntilScreen(showsBoth));
+    backdrop_.raise();
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return screen.at({700, 550}) == background && isGreen(screen.at({200, 250}));
+    }));
+    later.raise();
+    EXPECT_TRUE(turnUntilScreen(showsBoth));
+}
+
+TEST_P(LinuxZoneOverlayTest, ItFollowsTheCompositor) {
+    show();
+    for (int count = 0; count < 2; ++count) {
+        if (!GetParam()) {
+            desktop_.startCompositor();
+            EXPECT_TRUE(turnUntilPixel(inside, isFaintlyGreen));
+        }
+        desktop_.stopCompositor();
+        EXPECT_TRUE(turnUntilPixel(inside, isBackground));
+        EXPECT_TRUE(turnUntilPixel({200, 250}, isGreen));
+        if (GetParam()) {
+            desktop_.startCompositor();
+            EXPECT_TRUE(turnUntilPixel(inside, isFaintlyGreen));
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(With, LinuxZoneOverlayTest, testing::Bool(), compositing);
+
+} // namespace
+
+} // namespace corvane::contract
