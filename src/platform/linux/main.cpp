@@ -2,6 +2,7 @@
 #include "app/CorvaneApp.h"
 #include "platform/linux/CommandLine.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/XcbEvents.h"
@@ -65,6 +66,7 @@ int runProgram(int argc, char **argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName(QStringLiteral("corvane"));
     QApplication::setDesktopFileName(QStringLiteral("corvane"));
+    usePlaceholderColourOfFields();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 
     XcbEvents events(std::move(*connection), serverLost);
