@@ -3,7 +3,7 @@
 add_library(corvane_warnings INTERFACE)
 target_compile_options(corvane_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
-    -Wold-style-cast -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion -Werror)
+    -Wold-style-cast -Woverloaded-virtual -Wdouble-promotion -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(corvane_warnings INTERFACE
         # Designated initialisers leave the rest at its defaults on purpose.
