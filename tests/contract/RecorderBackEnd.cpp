@@ -3,6 +3,7 @@
 #include "support/Patience.h"
 
 #include <chrono>
+#include <thread>
 
 namespace corvane::contract {
 
@@ -14,6 +15,8 @@ bool RecorderBackEnd::turnUntil(const std::function<bool()> &condition) {
             return false;
         }
         platform_.advance(std::chrono::milliseconds(1));
+        // The clock turns faster than the real one, but does not run away from other threads.
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
         platform_.overlayWindows().completeAnimations();
     }
     return true;
