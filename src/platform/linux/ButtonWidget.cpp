@@ -92,8 +92,7 @@ void ButtonWidget::paintProminent() {
 }
 
 bool ButtonWidget::event(QEvent *event) {
-    if (event->type() == QEvent::ApplicationFontChange ||
-        event->type() == QEvent::ApplicationPaletteChange) {
+    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::PaletteChange) {
         refresh();
     }
     return QPushButton::event(event);

@@ -68,13 +68,15 @@ void LinkWidget::refreshColours() {
     if (!link().isPlain) {
         colours.setColor(QPalette::WindowText, textColour(Colour{ColourName::systemBlue}, colours));
     }
-    setPalette(colours);
+    if (colours != palette()) {
+        setPalette(colours);
+    }
 }
 
 QSize LinkWidget::sizeHint() const { return layout()->totalSizeHint(); }
 
 bool LinkWidget::event(QEvent *event) {
-    if (event->type() == QEvent::ApplicationPaletteChange) {
+    if (event->type() == QEvent::PaletteChange) {
         refreshColours();
     }
     return QAbstractButton::event(event);

@@ -140,6 +140,18 @@ void SettingsWindowWidget::fitToContent() {
     scrollArea_->setVerticalScrollBarPolicy(wanted > height ? Qt::ScrollBarAlwaysOn
                                                             : Qt::ScrollBarAlwaysOff);
     setFixedSize(std::min(contentWidth, available.width()), height);
+    if (isVisible()) {
+        keepWithin(available);
+    }
+}
+
+/// A window that has grown may reach beyond the lower edge of the screen.
+void SettingsWindowWidget::keepWithin(const QRect &available) {
+    const QRect frame = frameGeometry();
+    const int excess = frame.bottom() - available.bottom();
+    if (excess > 0) {
+        move(frame.x(), std::max(available.top(), frame.y() - excess));
+    }
 }
 
 void SettingsWindowWidget::moveToCentre() {

@@ -39,6 +39,7 @@ class SettingsWindowWidget : public QWidget {
     void replaceContent(const View &view);
     void orderFocus();
     void fitToContent();
+    void keepWithin(const QRect &available);
 
     const int width_;
     std::shared_ptr<SymbolImages> symbols_;
