@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <X11/keysym.h>
 
+#include <algorithm>
 #include <sstream>
 
 namespace corvane::contract {
@@ -443,6 +444,90 @@ TEST_F(ProfilesTabOnScreen, staysUsableWithVeryManyOddProfiles) {
     strike(XK_Tab);
     EXPECT_TRUE(saveButton().hasFocus());
     EXPECT_TRUE(turnUntil(isSeen));
+}
+
+TEST_F(ProfilesTabOnScreen, staysOnTheScreenWhenItGrows) {
+    for (int index = 0; index < 30; ++index) {
+        addProfile("Profile");
+    }
+    open();
+    named<QAbstractButton>(u"Profiles"_s).click();
+    const QRect available = screenWindow().screen()->availableGeometry();
+    EXPECT_GT(screenWindow().height(), available.height() / 2);
+    EXPECT_TRUE(turnUntil([&] { return available.contains(screenWindow().frameGeometry()); }));
+}
+
+/// The lightest colour of a picture.
+int lightest(const QImage &image) {
+    int lightness = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            lightness = std::max(lightness, image.pixelColor(x, y).lightness());
+        }
+    }
+    return lightness;
+}
+
+int darkest(QImage image) {
+    image.invertPixels();
+    return 255 - lightest(image);
+}
+
+/// Restores how the program looks.
+class Look {
+  public:
+    ~Look() {
+        QApplication::setPalette(palette_);
+        QApplication::setFont(font_);
+    }
+
+  private:
+    const QPalette palette_ = QApplication::palette();
+    const QFont font_ = QApplication::font();
+};
+
+TEST_F(AboutTabOnScreen, followsTheColoursOfTheDesktop) {
+    const Look before;
+    open("about");
+    const auto picture = [this](const QString &name) {
+        return named(name).grab().toImage().convertToFormat(QImage::Format_RGB32);
+    };
+    for (const char16_t *name :
+         {u"Corvane", u"Profiles", u"Support this app", u"corvane.example"}) {
+        EXPECT_LT(darkest(picture(QString::fromUtf16(name))), 110);
+    }
+    QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(40, 40, 40)));
+    QApplication::processEvents();
+    for (const char16_t *name :
+         {u"Corvane", u"Profiles", u"Support this app", u"corvane.example"}) {
+        EXPECT_GT(lightest(picture(QString::fromUtf16(name))), 140);
+    }
+}
+
+TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
+    const Look before;
+    config.clickMode = ClickMode::zone;
+    open();
+    QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(40, 40, 40)));
+    QApplication::processEvents();
+    for (const char16_t *name : {u"Mode", u"Define zone...", u"Relative to a window", u"Rate"}) {
+        const QImage picture = named(QString::fromUtf16(name)).grab().toImage();
+        EXPECT_GT(lightest(picture.convertToFormat(QImage::Format_RGB32)), 140);
+    }
+}
+
+TEST_F(GeneralTabOnScreen, followsTheFontOfTheDesktop) {
+    const Look before;
+    open();
+    const int height = screenWindow().height();
+    const int lineHeight = named(u"clicks per"_s).height();
+    QFont font = QApplication::font();
+    font.setPointSizeF(font.pointSizeF() * 2);
+    QApplication::setFont(font);
+    EXPECT_TRUE(turnUntil([&] { return screenWindow().height() > height * 5 / 4; }));
+    EXPECT_GT(named(u"clicks per"_s).height(), lineHeight * 3 / 2);
+    // Nothing is cut: where there is too little room the window is wider.
+    EXPECT_GT(screenWindow().width(), 540);
 }
 
 TEST_F(AboutTabOnScreen, saysWhatItShowsAndOpensLinks) {
