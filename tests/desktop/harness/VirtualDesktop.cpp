@@ -2,6 +2,7 @@
 
 #include "ProbeWindow.h"
 #include "TextFile.h"
+#include "TransparencyProbe.h"
 #include "WaitUntil.h"
 
 #include <csignal>
@@ -175,6 +176,8 @@ void VirtualDesktop::startCompositor() {
     compositor_ = start({"picom", "--backend", "xrender", "--config", "/dev/null"});
     require("The compositor", *compositor_,
             [this] { return connection_->selectionOwner(compositorSelection) != XCB_WINDOW_NONE; });
+    const TransparencyProbe probe(*connection_);
+    require("The compositor", *compositor_, [&probe] { return probe.isTransparent(); });
 }
 
 void VirtualDesktop::stopCompositor() {
