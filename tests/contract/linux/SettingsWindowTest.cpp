@@ -516,20 +516,6 @@ TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
     }
 }
 
-TEST_F(GeneralTabOnScreen, followsTheFontOfTheDesktop) {
-    const Look before;
-    open();
-    const int height = screenWindow().height();
-    const int lineHeight = named(u"clicks per"_s).height();
-    QFont font = QApplication::font();
-    font.setPointSizeF(font.pointSizeF() * 2);
-    QApplication::setFont(font);
-    EXPECT_TRUE(turnUntil([&] { return screenWindow().height() > height * 5 / 4; }));
-    EXPECT_GT(named(u"clicks per"_s).height(), lineHeight * 3 / 2);
-    // Nothing is cut: where there is too little room the window is wider.
-    EXPECT_GT(screenWindow().width(), 540);
-}
-
 TEST_F(AboutTabOnScreen, saysWhatItShowsAndOpensLinks) {
     platform.application().icon = ":/AppIcon.svg";
     open("about");
