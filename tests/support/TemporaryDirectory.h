@@ -6,6 +6,8 @@
 #include <string>
 #include <system_error>
 
+#include <unistd.h>
+
 namespace corvane::testing {
 
 /// An empty directory on the real disk that disappears with everything in it.
