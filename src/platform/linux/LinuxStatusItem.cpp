@@ -4,7 +4,11 @@
 #include "platform/linux/StatusIconImages.h"
 
 #include <QCursor>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace corvane::x11 {
@@ -16,6 +20,22 @@ QDBusConnection ownConnection() {
     static int items = 0;
     return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
                                          QStringLiteral("status-item-%1").arg(++items));
+}
+
+/// Where the menu opens at `place` with all its lines on the screen: below it, else above. Left to
+/// itself the menu would stay between the place and the panel, and scroll.
+QPoint cornerWithRoom(QMenu &menu, QPoint place) {
+    const QScreen *screen = QGuiApplication::screenAt(place);
+    if (screen == nullptr) {
+        return place;
+    }
+    menu.ensurePolished();
+    const QRect room = screen->availableGeometry();
+    const QSize size = menu.sizeHint();
+    const int bottom = std::min(place.y(), room.bottom() + 1);
+    const bool fitsBelow = place.y() + size.height() <= room.bottom() + 1;
+    return {std::min(place.x(), room.right() + 1 - size.width()),
+            fitsBelow ? place.y() : std::max(room.top(), bottom - size.height())};
 }
 
 } // namespace
@@ -62,7 +82,7 @@ void LinuxStatusItem::openMenu() {
 }
 
 void LinuxStatusItem::openMenuAt(QPoint place) {
-    popup_.menu().popup(place);
+    popup_.menu().popup(cornerWithRoom(popup_.menu(), place));
     popup_.menu().activateWindow();
 }
 
