@@ -22,7 +22,7 @@ class MacTimer : public platform::Timer {
                                               block:^(NSTimer *) {
                                                 // The work may destroy its own timer, and the block
                                                 // too.
-                                                const auto held = shared;
+                                                const auto held = shared; // NOLINT(performance-*)
                                                 (*held)();
                                               }];
         // Beside the default mode, in which it is now: while a menu or an alert is open too.

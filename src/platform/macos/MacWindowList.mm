@@ -16,12 +16,12 @@ namespace corvane::macos {
 namespace {
 
 /// Nothing when the entry is missing or of another kind.
-id entryOf(NSDictionary *dictionary, NSString *key, Class kind) {
-    NSObject *object = dictionary[key];
+id entryOf(NSDictionary *dictionary, CFStringRef key, Class kind) {
+    NSObject *object = dictionary[(__bridge NSString *)key];
     return [object isKindOfClass:kind] ? object : nil;
 }
 
-NSNumber *number(NSDictionary *dictionary, NSString *key) {
+NSNumber *number(NSDictionary *dictionary, CFStringRef key) {
     return entryOf(dictionary, key, NSNumber.class);
 }
 
@@ -42,10 +42,10 @@ std::optional<std::int32_t> processIdentifier(NSNumber *owner) {
 }
 
 std::optional<Rectangle> bounds(NSDictionary *dictionary) {
-    NSNumber *x = number(dictionary, @"X");
-    NSNumber *y = number(dictionary, @"Y");
-    NSNumber *width = number(dictionary, @"Width");
-    NSNumber *height = number(dictionary, @"Height");
+    NSNumber *x = number(dictionary, CFSTR("X"));
+    NSNumber *y = number(dictionary, CFSTR("Y"));
+    NSNumber *width = number(dictionary, CFSTR("Width"));
+    NSNumber *height = number(dictionary, CFSTR("Height"));
     if (x == nil || y == nil || width == nil || height == nil) {
         return std::nullopt;
     }
@@ -57,14 +57,10 @@ std::optional<std::string> portableText(NSString *text) {
 }
 
 platform::WindowListEntry entry(NSDictionary *window) {
-    NSString *const boundsKey = (__bridge NSString *)kCGWindowBounds;
-    NSString *const ownerKey = (__bridge NSString *)kCGWindowOwnerPID;
-    NSString *const nameKey = (__bridge NSString *)kCGWindowName;
-    NSString *const layerKey = (__bridge NSString *)kCGWindowLayer;
-    return {.bounds = bounds(entryOf(window, boundsKey, NSDictionary.class)),
-            .ownerProcessIdentifier = processIdentifier(number(window, ownerKey)),
-            .name = portableText(entryOf(window, nameKey, NSString.class)),
-            .layer = integer(number(window, layerKey))};
+    return {.bounds = bounds(entryOf(window, kCGWindowBounds, NSDictionary.class)),
+            .ownerProcessIdentifier = processIdentifier(number(window, kCGWindowOwnerPID)),
+            .name = portableText(entryOf(window, kCGWindowName, NSString.class)),
+            .layer = integer(number(window, kCGWindowLayer))};
 }
 
 } // namespace

@@ -74,9 +74,9 @@ NSMenu *makeMenu(const std::vector<MenuItem> &items) {
 }
 
 bool haveSameShape(const std::vector<MenuItem> &items, const std::vector<MenuItem> &others) {
-    return std::equal(
-        items.begin(), items.end(), others.begin(), others.end(),
-        [](const MenuItem &item, const MenuItem &other) { return haveSameShape(item, other); });
+    return std::ranges::equal(items, others, [](const MenuItem &item, const MenuItem &other) {
+        return haveSameShape(item, other);
+    });
 }
 
 void updateMenu(NSMenu *menu, const std::vector<MenuItem> &shown,

@@ -52,9 +52,7 @@ namespace macos = corvane::macos;
     view.target = self;
     view.action = @selector(toolbarTabSelected:);
     const std::string name = macos::utf8(identifier);
-    const auto item = std::find_if(
-        _toolbar.items.begin(), _toolbar.items.end(),
-        [&](const corvane::ToolbarItem &candidate) { return candidate.identifier == name; });
+    const auto item = std::ranges::find(_toolbar.items, name, &corvane::ToolbarItem::identifier);
     if (item != _toolbar.items.end()) {
         view.label = macos::systemText(item->label);
         view.image = macos::symbolImage(item->image);

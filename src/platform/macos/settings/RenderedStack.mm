@@ -56,10 +56,9 @@ class RenderedStack : public RenderedContent {
     void updateChildren(const Stack &stack, const Surroundings &surroundings) {
         std::vector<Child> previous = std::exchange(children_, {});
         for (const View &next : stack.children) {
-            const auto kept =
-                std::find_if(previous.begin(), previous.end(), [&](const Child &child) {
-                    return child != nullptr && child->canShow(next);
-                });
+            const auto kept = std::ranges::find_if(previous, [&](const Child &child) {
+                return child != nullptr && child->canShow(next);
+            });
             if (kept == previous.end()) {
                 children_.push_back(std::make_unique<RenderedView>(next, surroundings));
             } else {

@@ -11,7 +11,7 @@ namespace corvane::macos {
 namespace {
 
 bool hasFillingChild(const Stack &stack) {
-    return std::any_of(stack.children.begin(), stack.children.end(), [&](const View &child) {
+    return std::ranges::any_of(stack.children, [&](const View &child) {
         // Across a row a divider stands upright.
         const bool isUpright =
             stack.axis == Axis::horizontal && std::holds_alternative<Divider>(child.content);
