@@ -59,6 +59,7 @@ TEST_F(LostServerTest, endsWithAnErrorAndSavesWhatWasChanged) {
     desktop_.stopServer();
     EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 1})) << corvane->story();
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"zone\""));
+    EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
 } // namespace

@@ -5,7 +5,7 @@
 namespace corvane::x11 {
 
 std::unique_ptr<platform::MouseSession> LinuxMouseEvents::openSession() {
-    return std::make_unique<LinuxMouseSession>(XcbConnection::open().value_or(nullptr));
+    return std::make_unique<LinuxMouseSession>();
 }
 
 } // namespace corvane::x11

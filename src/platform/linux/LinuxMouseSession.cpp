@@ -6,7 +6,8 @@
 
 #include <algorithm>
 #include <span>
-#include <utility>
+
+#include <unistd.h>
 
 namespace corvane::x11 {
 
@@ -17,65 +18,80 @@ constexpr std::uint8_t logicalLeftButton = 1;
 /// Presses or releases a button wherever the cursor is: the program never moves it.
 class FakeButtonEvent : public platform::MouseEvent {
   public:
-    FakeButtonEvent(const XcbConnection &connection, platform::MouseEventType type,
-                    std::uint8_t button)
-        : connection_(connection),
-          type_(type == platform::MouseEventType::leftMouseDown ? XCB_BUTTON_PRESS
-                                                                : XCB_BUTTON_RELEASE),
+    FakeButtonEvent(LinuxMouseSession &session, platform::MouseEventType type, std::uint8_t button)
+        : session_(session),
+          type_(type),
           button_(button) {}
 
     /// The X server's clients count clicks themselves, from the time between them.
     void setClickState(std::int64_t /*state*/) override {}
 
     void post() override {
-        xcb_test_fake_input(connection_.get(), type_, button_, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
-        connection_.flush();
+        if (type_ == platform::MouseEventType::leftMouseDown) {
+            session_.press(button_);
+        } else {
+            session_.release(button_);
+        }
     }
 
   private:
-    const XcbConnection &connection_;
-    const std::uint8_t type_;
+    LinuxMouseSession &session_;
+    const platform::MouseEventType type_;
     const std::uint8_t button_;
 };
 
 class FakeButtonSource : public platform::MouseEventSource {
   public:
-    FakeButtonSource(const XcbConnection &connection, std::uint8_t button)
-        : connection_(connection),
+    FakeButtonSource(LinuxMouseSession &session, std::uint8_t button)
+        : session_(session),
           button_(button) {}
 
     std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
                                                            Point /*location*/) override {
-        if (connection_.isLost()) {
-            return nullptr;
-        }
-        return std::make_unique<FakeButtonEvent>(connection_, type, button_);
+        return std::make_unique<FakeButtonEvent>(session_, type, button_);
     }
 
   private:
-    const XcbConnection &connection_;
+    LinuxMouseSession &session_;
     const std::uint8_t button_;
 };
 
 } // namespace
 
-LinuxMouseSession::LinuxMouseSession(std::unique_ptr<XcbConnection> connection)
-    : connection_(std::move(connection)) {
-    if (isUsable() && offersFakeInput(*connection_)) {
-        leftButton_ = readLeftButton();
-        isPressable_ = true;
-    }
-}
+LinuxMouseSession::LinuxMouseSession() { connect(); }
 
 /// The last release of the button must not be lost with the connection.
 LinuxMouseSession::~LinuxMouseSession() {
+    mark_.reset();
     if (isUsable()) {
         connection_->synchronise();
     }
 }
 
+void LinuxMouseSession::press(std::uint8_t button) {
+    if (isUsable()) {
+        mark_->setPressed(button);
+        sendButton(XCB_BUTTON_PRESS, button);
+        connection_->flush();
+    }
+}
+
+void LinuxMouseSession::release(std::uint8_t button) {
+    if (isUsable()) {
+        sendButton(XCB_BUTTON_RELEASE, button);
+        mark_->setReleased();
+        connection_->flush();
+    }
+    // The loss of a connection may show when something is sent; the mark is still on the server.
+    ensureUsable();
+}
+
+void LinuxMouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
+    xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}
+
 std::optional<Point> LinuxMouseSession::cursorLocation() {
-    if (!isUsable()) {
+    if (!ensureUsable()) {
         return std::nullopt;
     }
     const auto cookie = xcb_query_pointer(connection_->get(), connection_->root());
@@ -88,14 +104,39 @@ std::optional<Point> LinuxMouseSession::cursorLocation() {
 }
 
 std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource() {
-    if (!isUsable() || !isPressable_) {
+    if (!ensureUsable() || !isPressable_) {
         return nullptr;
     }
     followMapping();
-    return leftButton_ ? std::make_unique<FakeButtonSource>(*connection_, *leftButton_) : nullptr;
+    return leftButton_ ? std::make_unique<FakeButtonSource>(*this, *leftButton_) : nullptr;
 }
 
 bool LinuxMouseSession::isUsable() const { return connection_ && !connection_->isLost(); }
+
+bool LinuxMouseSession::ensureUsable() {
+    if (!isUsable()) {
+        connect();
+    }
+    return isUsable();
+}
+
+/// What the connection before it left pressed when it was lost is released first.
+void LinuxMouseSession::connect() {
+    mark_.reset();
+    isPressable_ = false;
+    leftButton_.reset();
+    const bool isAgain = connection_ != nullptr;
+    connection_ = XcbConnection::open().value_or(nullptr);
+    if (!isUsable()) {
+        return;
+    }
+    if (isAgain) {
+        releaseMarkedButtons(*connection_, getpid());
+    }
+    mark_.emplace(*connection_);
+    isPressable_ = offersFakeInput(*connection_);
+    leftButton_ = readLeftButton();
+}
 
 /// The server tells every client when the user changes hands.
 void LinuxMouseSession::followMapping() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MouseEvents.h"
+#include "platform/linux/ButtonMark.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <cstdint>
@@ -8,11 +9,11 @@
 
 namespace corvane::x11 {
 
-/// One thread's access to the pointer, over its own connection.
+/// One thread's access to the pointer, over its own connection. A connection that is lost while the
+/// server lives is replaced; without one every operation fails.
 class LinuxMouseSession : public platform::MouseSession {
   public:
-    /// Without a connection every operation fails.
-    explicit LinuxMouseSession(std::unique_ptr<XcbConnection> connection);
+    LinuxMouseSession();
     ~LinuxMouseSession() override;
 
     LinuxMouseSession(const LinuxMouseSession &) = delete;
@@ -21,12 +22,21 @@ class LinuxMouseSession : public platform::MouseSession {
     std::optional<Point> cursorLocation() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
 
+    /// Marks the button, then presses it.
+    void press(std::uint8_t button);
+    /// Releases the button also where the connection that pressed it is lost.
+    void release(std::uint8_t button);
+
   private:
     bool isUsable() const;
+    bool ensureUsable();
+    void connect();
+    void sendButton(std::uint8_t type, std::uint8_t button) const;
     void followMapping();
     std::optional<std::uint8_t> readLeftButton() const;
 
     std::unique_ptr<XcbConnection> connection_;
+    std::optional<ButtonMark> mark_;
     /// Whether the server takes synthetic events.
     bool isPressable_ = false;
     /// The physical button that is the user's left one; absent where no button is.

@@ -1,11 +1,14 @@
 #include "app/AppDelegate.h"
 #include "app/CorvaneApp.h"
+#include "platform/linux/ButtonGuard.h"
+#include "platform/linux/ButtonMark.h"
 #include "platform/linux/CommandLine.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/XcbEvents.h"
+#include "support/Log.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -43,6 +46,13 @@ void startedAgain() {
     }
 }
 
+/// Where both the program and its guard were killed, the button is still down.
+void releaseButtonLeftDown(const XcbConnection &connection) {
+    if (releaseMarkedButtons(connection)) {
+        log("Released the mouse button after an unexpected end");
+    }
+}
+
 int runApp(XcbEvents &events) {
     LinuxPlatform platform(events);
     CorvaneApp app(platform);
@@ -60,6 +70,7 @@ int runProgram(int argc, char **argv) {
         std::fputs("corvane: no X display can be reached; is DISPLAY set?\n", stderr);
         return EXIT_FAILURE;
     }
+    const ButtonGuard guard;
     // In a Wayland session too, the program is an X client.
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);
@@ -75,6 +86,7 @@ int runProgram(int argc, char **argv) {
         std::puts("Corvane is running already.");
         return EXIT_SUCCESS;
     }
+    releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
     return runApp(events);

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxMouseEvents.h"
 
 #include "EnvironmentVariable.h"
+#include "WaitUntil.h"
 #include "XClient.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <algorithm>
 #include <thread>
 #include <utility>
+#include <vector>
 
 namespace corvane::contract {
 
@@ -43,6 +45,20 @@ class LinuxMouseEventsTest : public testing::Test {
         ASSERT_NE(up, nullptr);
         down->post();
         up->post();
+    }
+
+    /// Those that say which button is pressed.
+    std::vector<xcb_window_t> windowsWithMark() {
+        const auto &connection = user_.connection();
+        const x11::XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+            connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
+        std::vector<xcb_window_t> windows(xcb_query_tree_children(tree.get()),
+                                          xcb_query_tree_children(tree.get()) +
+                                              xcb_query_tree_children_length(tree.get()));
+        std::erase_if(windows, [&](xcb_window_t window) {
+            return connection.properties(window, "_CORVANE_PRESSED_BUTTON").empty();
+        });
+        return windows;
     }
 
     void expectLeftClick() {
@@ -100,6 +116,43 @@ TEST_F(LinuxMouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
     user_.setPointerMapping(mapping);
     click(*session);
     expectLeftClick();
+}
+
+TEST_F(LinuxMouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
+    const auto session = mouseEvents_.openSession();
+    const auto source = session->createEventSource();
+    const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
+    const auto up = source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80});
+    down->post();
+    EXPECT_TRUE(desktop::waitUntil([this] { return user_.pointer().isLeftButtonDown(); }));
+    const auto marked = windowsWithMark();
+    ASSERT_EQ(marked.size(), 1);
+    xcb_kill_client(user_.connection().get(), marked.front());
+    user_.connection().synchronize();
+    EXPECT_TRUE(user_.pointer().isLeftButtonDown());
+
+    up->post();
+    EXPECT_FALSE(user_.pointer().isLeftButtonDown());
+    expectLeftClick();
+    click(*session);
+    expectLeftClick();
+}
+
+TEST_F(LinuxMouseEventsTest, LeavesNothingOnTheServer) {
+    for (int round = 0; round < 3; ++round) {
+        const auto session = mouseEvents_.openSession();
+        EXPECT_EQ(windowsWithMark().size(), 1);
+        click(*session);
+    }
+    user_.connection().synchronize();
+    EXPECT_TRUE(windowsWithMark().empty());
+}
+
+TEST_F(LinuxMouseEventsTest, MoreSessionsThanTheServerHasPlacesForClients) {
+    constexpr int places = 2100;
+    for (int round = 0; round < places; ++round) {
+        ASSERT_NE(mouseEvents_.openSession()->createEventSource(), nullptr);
+    }
 }
 
 TEST_F(LinuxMouseEventsTest, WorksOnAThreadOfItsOwn) {

@@ -1,0 +1,111 @@
+#include "platform/linux/ButtonMark.h"
+
+#include <xcb/xtest.h>
+
+#include <array>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+namespace {
+
+constexpr std::string_view propertyName = "_CORVANE_PRESSED_BUTTON";
+constexpr std::uint32_t noButton = 0;
+
+/// The property's value.
+struct Mark {
+    std::uint32_t button = noButton;
+    std::uint32_t owner = 0;
+};
+
+void writeMark(const XcbConnection &connection, xcb_window_t window, xcb_atom_t property,
+               std::uint32_t button) {
+    const std::array values{button, static_cast<std::uint32_t>(getpid())};
+    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, property,
+                        XCB_ATOM_CARDINAL, 32, values.size(), values.data());
+}
+
+std::optional<Mark> readMark(const XcbConnection &connection, xcb_get_property_cookie_t cookie) {
+    const XcbReply<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection.get(), cookie, nullptr));
+    constexpr std::size_t size = 2 * sizeof(std::uint32_t);
+    if (!reply || reply->format != 32 ||
+        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) != size) {
+        return std::nullopt;
+    }
+    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
+    return Mark{.button = values[0], .owner = values[1]};
+}
+
+/// The windows under the root window that carry a mark.
+std::vector<std::pair<xcb_window_t, Mark>> marksOn(const XcbConnection &connection) {
+    const xcb_atom_t property = connection.atom(propertyName);
+    const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+        connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
+    if (!tree) {
+        return {};
+    }
+    std::vector<std::pair<xcb_window_t, xcb_get_property_cookie_t>> questions;
+    for (const xcb_window_t window :
+         std::span(xcb_query_tree_children(tree.get()),
+                   static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())))) {
+        questions.emplace_back(window, xcb_get_property(connection.get(), 0, window, property,
+                                                        XCB_ATOM_CARDINAL, 0, 3));
+    }
+    std::vector<std::pair<xcb_window_t, Mark>> marks;
+    for (const auto &[window, cookie] : questions) {
+        if (const auto mark = readMark(connection, cookie)) {
+            marks.emplace_back(window, *mark);
+        }
+    }
+    return marks;
+}
+
+} // namespace
+
+/// The window is never shown, and nobody is told of its property.
+ButtonMark::ButtonMark(const XcbConnection &connection)
+    : connection_(connection),
+      property_(connection.atom(propertyName)),
+      window_(xcb_generate_id(connection.get())) {
+    xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window_, connection.root(), 0, 0, 1,
+                      1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    writeMark(connection, window_, property_, noButton);
+    xcb_set_close_down_mode(connection.get(), XCB_CLOSE_DOWN_RETAIN_TEMPORARY);
+}
+
+ButtonMark::~ButtonMark() {
+    // A client whose resources are kept keeps its place among the server's clients too.
+    xcb_set_close_down_mode(connection_.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
+    xcb_destroy_window(connection_.get(), window_);
+}
+
+void ButtonMark::setPressed(std::uint8_t button) const {
+    writeMark(connection_, window_, property_, button);
+}
+
+void ButtonMark::setReleased() const { writeMark(connection_, window_, property_, noButton); }
+
+bool releaseMarkedButtons(const XcbConnection &connection, std::optional<pid_t> owner) {
+    bool wasPressed = false;
+    for (const auto &[window, mark] : marksOn(connection)) {
+        if (owner && mark.owner != static_cast<std::uint32_t>(*owner)) {
+            continue;
+        }
+        if (mark.button != noButton) {
+            xcb_test_fake_input(connection.get(), XCB_BUTTON_RELEASE,
+                                static_cast<std::uint8_t>(mark.button), XCB_CURRENT_TIME, XCB_NONE,
+                                0, 0, 0);
+            wasPressed = true;
+        }
+        xcb_kill_client(connection.get(), window);
+    }
+    connection.synchronise();
+    return wasPressed;
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <vector>
+
+#include <sys/types.h>
+
+namespace corvane::desktop {
+
+/// The processes that process has started and that have not ended.
+std::vector<pid_t> childrenOf(pid_t parent);
+
+/// Whether the process exists and has not ended.
+bool isAlive(pid_t process);
+
+/// Whether every thread of the process stands still until it is told to continue.
+bool isStopped(pid_t process);
+
+} // namespace corvane::desktop
