@@ -23,9 +23,12 @@ StatusPanel::StatusPanel(const VirtualDesktop &desktop)
 }
 
 bool StatusPanel::waitForItem() const {
-    return waitUntil([this] {
-        return std::ranges::count(wholeLines(program_->standardOutput()), "registered") > 0;
-    });
+    return waitUntil([this] { return itemCount() > 0; });
+}
+
+int StatusPanel::itemCount() const {
+    return static_cast<int>(
+        std::ranges::count(wholeLines(program_->standardOutput()), "registered"));
 }
 
 std::vector<MenuLine> StatusPanel::menu() {

@@ -30,6 +30,9 @@ class StatusPanel {
     /// Waits until a program has registered its item; false when time runs out.
     bool waitForItem() const;
 
+    /// How many items have been registered so far.
+    int itemCount() const;
+
     /// The menu of the item that registered last.
     std::vector<MenuLine> menu();
 

@@ -1,0 +1,53 @@
+#include "Measurement.h"
+#include "ProcessUsage.h"
+#include "Session.h"
+
+#include <string>
+
+namespace corvane::bench {
+
+namespace {
+
+double processorMilliseconds(pid_t process) {
+    return std::chrono::duration<double, std::milli>(ProcessUsage::of(process).processorTime)
+        .count();
+}
+
+/// Of the whole program with zone, ripples and menu, over every 25 clicks in turn.
+Samples costsOfClicks(Session &session, int stretches) {
+    constexpr int stretch = 25;
+    const auto corvane =
+        session.start({.clickMode = "zone", .clickRate = 50, .zone = Session::zone});
+    const pid_t process = corvane->process().pid();
+    session.keyboard().pressHotKey();
+    // Ripples are painted once and kept.
+    session.client().waitForClicks(session.client().pressCount() + stretch);
+    Samples costs;
+    int clicks = session.client().pressCount();
+    double time = processorMilliseconds(process);
+    for (int count = 0; count < stretches; ++count) {
+        session.client().waitForClicks(clicks + stretch);
+        const int clicksNow = session.client().pressCount();
+        const double timeNow = processorMilliseconds(process);
+        costs.add((timeNow - time) / (clicksNow - clicks));
+        clicks = clicksNow;
+        time = timeNow;
+    }
+    return costs;
+}
+
+Figure clickCost(Extent extent, bool hasCompositor) {
+    Session session({.hasCompositor = hasCompositor});
+    return Figure::of(std::string("processor time a click, everything on, compositor ") +
+                          (hasCompositor ? "on" : "off"),
+                      "ms", {.medianAtMost = 0.40},
+                      costsOfClicks(session, extent == Extent::quick ? 4 : 20));
+}
+
+} // namespace
+
+std::vector<Figure> measureClickCost(Extent extent) {
+    return {clickCost(extent, false), clickCost(extent, true)};
+}
+
+} // namespace corvane::bench

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "harness/ClickClient.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace corvane::bench {
+
+inline constexpr double millisecondsPerSecond = 1e3;
+
+/// The clicks in a series of events, in milliseconds of the monotonic clock as the other program
+/// saw them.
+struct Clicks {
+    std::vector<double> presses;
+    std::vector<double> releases;
+
+    explicit Clicks(const std::vector<desktop::ButtonEvent> &events);
+
+    /// From each press to the next.
+    std::vector<double> periods() const;
+    /// From each press to its release.
+    std::vector<double> holds() const;
+};
+
+/// Now, on the clock of `Clicks`.
+double monotonicMilliseconds();
+
+} // namespace corvane::bench

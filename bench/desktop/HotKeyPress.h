@@ -1,0 +1,10 @@
+#pragma once
+
+#include "harness/Keyboard.h"
+
+namespace corvane::bench {
+
+/// Presses and releases the hot key; when its last key went down, as in `Clicks`.
+double pressHotKey(const desktop::Keyboard &keyboard);
+
+} // namespace corvane::bench

@@ -1,0 +1,95 @@
+#include "Clicks.h"
+#include "Measurement.h"
+#include "Session.h"
+
+#include <optional>
+#include <string>
+
+namespace corvane::bench {
+
+namespace {
+
+constexpr double hold = 10;
+
+/// A rate, and how often it is tried.
+struct RateTrial {
+    int rate;
+    int rounds;
+    int clicksPerRound;
+    bool hasPeer;
+
+    double interval() const { return millisecondsPerSecond / rate; }
+    std::chrono::milliseconds roundTime() const {
+        return std::chrono::milliseconds(
+            static_cast<int>((interval() + hold) * (clicksPerRound - 1)));
+    }
+};
+
+/// What goes beyond the time between clicks that was asked for.
+struct Overheads {
+    Samples corvane;
+    Samples holds;
+    Samples peer;
+};
+
+void clickWithCorvane(Session &session, const RateTrial &trial, Overheads &overheads) {
+    const auto corvane =
+        session.start({.clickRate = trial.rate, .maxClicks = trial.clicksPerRound});
+    session.keyboard().pressHotKey();
+    awaitFinish(*corvane, trial.roundTime());
+    session.client().waitForClicks(trial.clicksPerRound);
+    const Clicks clicks = session.newClicks();
+    for (const double period : clicks.periods()) {
+        overheads.corvane.add(period - trial.interval() - hold);
+    }
+    for (const double each : clicks.holds()) {
+        overheads.holds.add(each);
+    }
+}
+
+/// It releases the button at once, so nothing but the delay is asked of it.
+void clickWithPeer(Session &session, const RateTrial &trial, Overheads &overheads) {
+    const int delay = static_cast<int>(trial.interval());
+    session.desktop().run({"xdotool", "click", "--repeat", std::to_string(trial.clicksPerRound),
+                           "--delay", std::to_string(delay), "1"});
+    for (const double period : session.newClicks().periods()) {
+        overheads.peer.add(period - delay);
+    }
+}
+
+} // namespace
+
+std::vector<Figure> measurePeriod(Extent extent) {
+    const bool isQuick = extent == Extent::quick;
+    const std::array trials{RateTrial{1, 1, isQuick ? 4 : 25, false},
+                            RateTrial{10, isQuick ? 1 : 3, isQuick ? 20 : 50, true},
+                            RateTrial{50, isQuick ? 1 : 4, isQuick ? 50 : 150, true}};
+    Session session;
+    Samples holds;
+    std::vector<Figure> figures;
+    for (const RateTrial &trial : trials) {
+        Overheads overheads;
+        for (int round = 0; round < trial.rounds; ++round) {
+            clickWithCorvane(session, trial, overheads);
+            if (trial.hasPeer) {
+                clickWithPeer(session, trial, overheads);
+            }
+        }
+        Target target{.medianAtMost = 0.12, .p99AtMost = 0.35};
+        if (trial.hasPeer) {
+            target.ratioAtMost = 0.5;
+        }
+        Figure figure = Figure::of("period beyond interval and hold, " +
+                                       std::to_string(trial.rate) + " clicks/s",
+                                   "ms", target, overheads.corvane);
+        if (!overheads.peer.isEmpty()) {
+            figure.peerMedian = overheads.peer.median();
+        }
+        figures.push_back(figure);
+        holds.add(overheads.holds);
+    }
+    figures.push_back(Figure::of("press to release", "ms", {.p99AtMost = 10.15}, holds));
+    return figures;
+}
+
+} // namespace corvane::bench

@@ -1,0 +1,58 @@
+#include "ProcessUsage.h"
+
+#include "TextFile.h"
+
+#include <ctime>
+#include <filesystem>
+#include <sstream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace corvane::bench {
+
+namespace {
+
+/// The number behind a name in a file such as /proc/self/status.
+long numberBehind(const std::string &text, std::string_view name) {
+    const auto place = text.find(name);
+    if (place == std::string::npos) {
+        throw std::runtime_error("The process has gone");
+    }
+    std::istringstream rest(text.substr(place + name.size()));
+    long number = 0;
+    rest >> number;
+    return number;
+}
+
+std::filesystem::path folderOf(pid_t process) { return "/proc/" + std::to_string(process); }
+
+std::chrono::nanoseconds processorTimeOf(pid_t process) {
+    clockid_t clock{};
+    timespec time{};
+    if (clock_getcpuclockid(process, &clock) != 0 || clock_gettime(clock, &time) != 0) {
+        throw std::runtime_error("The process has gone");
+    }
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+} // namespace
+
+ProcessUsage ProcessUsage::of(pid_t process) {
+    ProcessUsage usage{.processorTime = processorTimeOf(process)};
+    for (const auto &thread : std::filesystem::directory_iterator(folderOf(process) / "task")) {
+        usage.wakeUps +=
+            numberBehind(desktop::readFile(thread.path() / "status"), "\nvoluntary_ctxt_switches:");
+    }
+    return usage;
+}
+
+double privateMegabytes(pid_t process) {
+    constexpr double kilobytesPerMegabyte = 1024;
+    const std::string memory = desktop::readFile(folderOf(process) / "smaps_rollup");
+    const long kilobytes =
+        numberBehind(memory, "Private_Clean:") + numberBehind(memory, "Private_Dirty:");
+    return static_cast<double>(kilobytes) / kilobytesPerMegabyte;
+}
+
+} // namespace corvane::bench

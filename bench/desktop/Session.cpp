@@ -1,0 +1,53 @@
+#include "Session.h"
+
+#include <stdexcept>
+#include <thread>
+
+namespace corvane::bench {
+
+namespace {
+
+constexpr int leftButton = 1;
+
+} // namespace
+
+Session::Session(const Options &options) : desktop_({.hasCompositor = options.hasCompositor}) {
+    client_.open({.x = 300, .y = 250, .isOverride = true});
+    pointer_.moveTo(target);
+}
+
+std::unique_ptr<desktop::CorvaneProcess> Session::start(const desktop::Settings &settings) {
+    constexpr std::chrono::milliseconds timeToRest{300};
+    const int items = panel_.itemCount();
+    desktop::writeSettings(desktop_, settings.text());
+    auto corvane = std::make_unique<desktop::CorvaneProcess>(desktop_);
+    const bool isReady =
+        corvane->waitUntilReady() && desktop::waitUntil([&] { return panel_.itemCount() > items; });
+    if (!isReady) {
+        throw std::runtime_error("The program does not start:\n" + corvane->story());
+    }
+    std::this_thread::sleep_for(timeToRest);
+    return corvane;
+}
+
+Clicks Session::newClicks() {
+    std::vector<desktop::ButtonEvent> events = client_.events();
+    std::erase_if(events, [](const auto &event) { return event.button != leftButton; });
+    const auto known = static_cast<std::ptrdiff_t>(knownEvents_);
+    knownEvents_ = events.size();
+    events.erase(events.begin(), events.begin() + known);
+    return Clicks(events);
+}
+
+void awaitFinish(desktop::CorvaneProcess &corvane, std::chrono::milliseconds leastTime) {
+    std::this_thread::sleep_for(leastTime);
+    requireLog(corvane, "Clicker finished after ");
+}
+
+void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count) {
+    if (!corvane.waitForLogBeginning(beginning, count)) {
+        throw std::runtime_error("Not logged: " + std::string(beginning) + "\n" + corvane.story());
+    }
+}
+
+} // namespace corvane::bench

@@ -1,0 +1,86 @@
+#include "Measurement.h"
+#include "MovingWindow.h"
+#include "ProcessUsage.h"
+#include "Session.h"
+
+#include <thread>
+
+namespace corvane::bench {
+
+namespace {
+
+constexpr int windowCount = 40;
+
+/// Opens the windows and starts a run that follows the last of them, with the pointer outside its
+/// zone so that nothing is clicked.
+class TrackedRun {
+  public:
+    TrackedRun() : window_(openWindows()), corvane_(start()) {}
+
+    pid_t process() { return corvane_->process().pid(); }
+    Session &session() { return session_; }
+    xcb_window_t window() { return session_.client().windowId(window_); }
+
+    static constexpr desktop::Area relativeZone{40, 40, 120, 90};
+
+  private:
+    int openWindows() {
+        for (int count = 1; count < windowCount; ++count) {
+            session_.client().open({.title = "Other", .x = 20 * count, .y = 10 * count});
+        }
+        return session_.client().open({.title = "Followed", .className = "Followed", .y = 60});
+    }
+
+    std::unique_ptr<desktop::CorvaneProcess> start() {
+        auto corvane = session_.start(
+            {.clickMode = "zone",
+             .clickRate = 1,
+             .zone = relativeZone,
+             .anchor = desktop::Settings::Anchor{"Followed", "Followed", relativeZone}});
+        session_.pointer().moveTo({1200, 780});
+        session_.keyboard().pressHotKey();
+        requireLog(*corvane, "Starting clicker");
+        return corvane;
+    }
+
+    Session session_;
+    int window_;
+    std::unique_ptr<desktop::CorvaneProcess> corvane_;
+};
+
+/// The share of a core in percent, second by second, while `work` is done again and again.
+template <typename Work>
+Samples coreShares(pid_t process, int seconds, Work workFor) {
+    constexpr std::chrono::seconds stretch{1};
+    Samples shares;
+    for (int count = 0; count < seconds; ++count) {
+        const auto before = ProcessUsage::of(process).processorTime;
+        const auto begun = std::chrono::steady_clock::now();
+        workFor(stretch);
+        const std::chrono::duration<double> time = std::chrono::steady_clock::now() - begun;
+        const std::chrono::duration<double> used = ProcessUsage::of(process).processorTime - before;
+        shares.add(100 * used / time);
+    }
+    return shares;
+}
+
+} // namespace
+
+std::vector<Figure> measureTracking(Extent extent) {
+    const int seconds = extent == Extent::quick ? 3 : 15;
+    TrackedRun run;
+    const Samples still = coreShares(run.process(), seconds, [](std::chrono::seconds stretch) {
+        std::this_thread::sleep_for(stretch);
+    });
+    MovingWindow window(run.session().desktop(), run.window(), TrackedRun::relativeZone);
+    const Samples moving =
+        coreShares(run.process(), seconds, [&window](auto stretch) { window.moveFor(stretch); });
+    return {
+        Figure::of("anchor tracking, 40 windows, window still", "% of a core",
+                   {.medianAtMost = 0.5}, still),
+        Figure::of("anchor tracking, 40 windows, window moving", "% of a core", {.medianAtMost = 2},
+                   moving),
+        Figure::of("zone lag behind the moving window", "ms", {.p99AtMost = 17}, window.lags())};
+}
+
+} // namespace corvane::bench
