@@ -23,6 +23,16 @@ else()
     message(WARNING "The bundle gets no icon: rsvg-convert or Python is missing")
 endif()
 
+file(GLOB translations CONFIGURE_DEPENDS
+    "${PROJECT_SOURCE_DIR}/resources/translations/*/Localizable.strings")
+foreach(table IN LISTS translations)
+    cmake_path(GET table PARENT_PATH folder)
+    cmake_path(GET folder FILENAME language)
+    set_source_files_properties("${table}" PROPERTIES
+        MACOSX_PACKAGE_LOCATION "Resources/${language}")
+endforeach()
+target_sources(corvane PRIVATE ${translations})
+
 if(NOT CMAKE_CROSSCOMPILING)
     # The hardened runtime is for builds that are handed out; with it an ad-hoc signature gains
     # nothing.

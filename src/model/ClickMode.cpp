@@ -18,7 +18,7 @@ std::optional<ClickMode> clickModeFromStoredValue(std::string_view text) {
 }
 
 std::string displayName(ClickMode mode) {
-    return localised(mode == ClickMode::cursor ? "Free Cursor" : "Defined Zone");
+    return mode == ClickMode::cursor ? localised("Free Cursor") : localised("Defined Zone");
 }
 
 } // namespace corvane

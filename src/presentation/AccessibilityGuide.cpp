@@ -7,9 +7,9 @@ namespace corvane {
 namespace {
 
 std::string headingFor(AccessibilityObstacle obstacle) {
-    return localised(obstacle == AccessibilityObstacle::none
-                         ? "Corvane can click in other applications"
-                         : "Corvane cannot click in other applications");
+    return obstacle == AccessibilityObstacle::none
+               ? localised("Corvane can click in other applications")
+               : localised("Corvane cannot click in other applications");
 }
 
 std::vector<std::string> paragraphsFor(AccessibilityObstacle obstacle) {

@@ -2,6 +2,7 @@
 
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/UserDirectories.h"
+#include "platform/linux/UserLanguages.h"
 #include "platform/linux/WindowTitle.h"
 
 #include <algorithm>
@@ -42,15 +43,6 @@ std::vector<fs::path> applicationFolders() {
         }
     }
     return folders;
-}
-
-std::string messageLocale() {
-    for (const char *variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (std::string locale = environment(variable); !locale.empty()) {
-            return locale;
-        }
-    }
-    return {};
 }
 
 /// From "sr_RS.UTF-8@latin": Name[sr_RS@latin], Name[sr_RS], Name[sr@latin], Name[sr] and Name.
@@ -118,7 +110,10 @@ DesktopEntries::DesktopEntries(std::vector<fs::path> folders, std::string_view l
     : folders_(std::move(folders)),
       nameKeys_(nameKeysFor(locale)) {}
 
-DesktopEntries DesktopEntries::ofUser() { return {applicationFolders(), messageLocale()}; }
+DesktopEntries DesktopEntries::ofUser() {
+    const auto locales = userLocales();
+    return {applicationFolders(), locales.empty() ? std::string_view() : locales.front()};
+}
 
 std::optional<std::string> DesktopEntries::identifierFor(const std::string &instanceName,
                                                          const std::string &className) {

@@ -1,13 +1,24 @@
 #pragma once
 
 #include "platform/Localisation.h"
+#include "support/StringTable.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace corvane::x11 {
 
-/// Every text in English; a translation table would be looked up here.
+/// The translation tables compiled into the program.
 class LinuxLocalisation : public platform::Localisation {
   public:
-    std::string text(std::string_view english) const override { return std::string(english); }
+    /// In the language of the best of the locales, like "de_AT.UTF-8", that has a table.
+    explicit LinuxLocalisation(const std::vector<std::string> &locales);
+
+    std::string text(std::string_view english) const override;
+
+  private:
+    StringTable table_;
 };
 
 } // namespace corvane::x11

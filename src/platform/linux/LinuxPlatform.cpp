@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/linux/UserDirectories.h"
+#include "platform/linux/UserLanguages.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <QCoreApplication>
@@ -8,7 +9,8 @@
 namespace corvane::x11 {
 
 LinuxPlatform::LinuxPlatform(XcbEvents &events)
-    : screens_(events),
+    : localisation_(userLocales()),
+      screens_(events),
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),
       clientWindows_(events),

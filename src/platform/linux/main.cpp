@@ -12,7 +12,11 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
 
+#include <clocale>
 #include <cstdio>
 #include <cstdlib>
 #include <span>
@@ -53,6 +57,16 @@ void releaseButtonLeftDown(const XcbConnection &connection) {
     }
 }
 
+/// The toolkit's own texts, such as a text field's menu, in the user's language; the system's
+/// messages, which go to standard output and the log, in English.
+void useUserLanguage(QTranslator &toolkitTexts) {
+    if (toolkitTexts.load(QLocale(), QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QApplication::installTranslator(&toolkitTexts);
+    }
+    std::setlocale(LC_MESSAGES, "C"); // NOLINT(concurrency-mt-unsafe)
+}
+
 int runApp(XcbEvents &events) {
     LinuxPlatform platform(events);
     CorvaneApp app(platform);
@@ -77,6 +91,8 @@ int runProgram(int argc, char **argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setApplicationName(QStringLiteral("corvane"));
     QApplication::setDesktopFileName(QStringLiteral("corvane"));
+    QTranslator toolkitTexts;
+    useUserLanguage(toolkitTexts);
     usePlaceholderColourOfFields();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 

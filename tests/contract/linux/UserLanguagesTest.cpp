@@ -1,0 +1,86 @@
+#include "platform/linux/UserLanguages.h"
+
+#include "EnvironmentVariable.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane::contract {
+namespace {
+
+using Locales = std::vector<std::string>;
+
+/// What the environment says of the language, for as long as it lives.
+struct Environment {
+    Environment(const char *languages, const char *all, const char *ofMessages, const char *general)
+        : languages_("LANGUAGE", languages),
+          all_("LC_ALL", all),
+          ofMessages_("LC_MESSAGES", ofMessages),
+          general_("LANG", general) {}
+
+    EnvironmentVariable languages_;
+    EnvironmentVariable all_;
+    EnvironmentVariable ofMessages_;
+    EnvironmentVariable general_;
+};
+
+TEST(UserLanguagesTest, TheMostSpecificVariableNamesTheLocale) {
+    {
+        const Environment environment("", "", "", "fr_FR.UTF-8");
+        EXPECT_EQ(x11::userLocales(), Locales{"fr_FR.UTF-8"});
+    }
+    {
+        const Environment environment("", "", "de_DE.UTF-8", "fr_FR.UTF-8");
+        EXPECT_EQ(x11::userLocales(), Locales{"de_DE.UTF-8"});
+    }
+    const Environment environment("", "ja_JP.UTF-8", "de_DE.UTF-8", "fr_FR.UTF-8");
+    EXPECT_EQ(x11::userLocales(), Locales{"ja_JP.UTF-8"});
+}
+
+TEST(UserLanguagesTest, AListOfLanguagesGoesBeforeTheLocale) {
+    const Environment environment("pt:es", "", "", "de_DE.UTF-8");
+    EXPECT_EQ(x11::userLocales(), (Locales{"pt", "es", "de_DE.UTF-8"}));
+}
+
+TEST(UserLanguagesTest, TheListCountsWhereNoLocaleIsNamed) {
+    const Environment environment("es", "", "", "");
+    EXPECT_EQ(x11::userLocales(), Locales{"es"});
+}
+
+TEST(UserLanguagesTest, ThePlainLocaleMeansEnglishWhateverTheListSays) {
+    {
+        const Environment environment("de", "C", "", "de_DE.UTF-8");
+        EXPECT_EQ(x11::userLocales(), Locales());
+    }
+    const Environment environment("de", "", "", "POSIX");
+    EXPECT_EQ(x11::userLocales(), Locales());
+}
+
+TEST(UserLanguagesTest, NothingIsNamed) {
+    const Environment environment("", "", "", "");
+    EXPECT_EQ(x11::userLocales(), Locales());
+}
+
+TEST(UserLanguagesTest, TheFirstLocaleWithATableWins) {
+    const Locales tables = {"de", "fr", "zh-Hans"};
+    EXPECT_EQ(x11::bestTable({"pt_BR.UTF-8", "fr_FR.UTF-8", "de"}, tables), "fr");
+    EXPECT_EQ(x11::bestTable({"de_CH.UTF-8@euro"}, tables), "de");
+    EXPECT_EQ(x11::bestTable({"pt", "it"}, tables), "");
+    EXPECT_EQ(x11::bestTable({}, tables), "");
+}
+
+TEST(UserLanguagesTest, EnglishNeedsNoTable) {
+    EXPECT_EQ(x11::bestTable({"en_US.UTF-8", "de"}, {"de", "en"}), "");
+}
+
+TEST(UserLanguagesTest, ChineseHasTwoScripts) {
+    const Locales tables = {"zh-Hans"};
+    for (const char *simplified : {"zh_CN.UTF-8", "zh_SG", "zh", "zh-Hans", "zh_Hans_CN"}) {
+        EXPECT_EQ(x11::bestTable({simplified}, tables), "zh-Hans") << simplified;
+    }
+    for (const char *traditional : {"zh_TW.UTF-8", "zh_HK", "zh_MO", "zh-Hant"}) {
+        EXPECT_EQ(x11::bestTable({traditional}, tables), "") << traditional;
+    }
+}
+
+} // namespace
+} // namespace corvane::contract
