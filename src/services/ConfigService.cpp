@@ -1,35 +1,33 @@
 #include "services/ConfigService.h"
 
 #include "model/Json.h"
-#include "platform/FileSystem.h"
 #include "support/StandardOutput.h"
 
 namespace corvane {
 
 ConfigService::ConfigService(platform::FileSystem &files,
                              const std::filesystem::path &homeDirectory)
-    : files_(files),
-      configDir_(homeDirectory / ".config/corvane"),
-      configFileURL_(configDir_ / "config.json") {}
+    : file_(files, homeDirectory / ".config/corvane/config.json") {}
 
 Outcome<CorvaneConfig> ConfigService::load() {
     const std::lock_guard lock(mutex_);
-    if (!files_.exists(configFileURL_)) {
+    if (!file_.exists()) {
         const CorvaneConfig created;
         if (const auto written = write(created); !written) {
             return std::unexpected(written.error());
         }
-        printLine("[Corvane] Created default config at " + configFileURL_.string());
+        printLine("[Corvane] Created default config at " + configFileURL().string());
         return created;
     }
-    const auto text = files_.readFile(configFileURL_);
+    const auto text = file_.read();
     if (!text) {
         return std::unexpected(text.error());
     }
     const auto config = decodeConfig(*text);
     if (config) {
+        file_.setKnown(*text);
         currentConfig_ = *config;
-        printLine("[Corvane] Loaded config from " + configFileURL_.string());
+        printLine("[Corvane] Loaded config from " + configFileURL().string());
     }
     return config;
 }
@@ -45,20 +43,18 @@ std::optional<CorvaneConfig> ConfigService::currentConfig() const {
 }
 
 Outcome<> ConfigService::write(const CorvaneConfig &config) {
-    if (!files_.exists(configDir_)) {
-        if (const auto created = files_.createDirectories(configDir_); !created) {
-            return created;
-        }
+    if (const auto made = file_.makeFolder(); !made) {
+        return made;
     }
     const auto text = encodeConfig(config);
     if (!text) {
         return std::unexpected(text.error());
     }
-    auto replaced = files_.replaceFile(configFileURL_, *text);
-    if (replaced) {
+    auto written = file_.write(*text);
+    if (written) {
         currentConfig_ = config;
     }
-    return replaced;
+    return written;
 }
 
 } // namespace corvane

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/CorvaneConfig.h"
+#include "services/StoredFile.h"
 #include "support/Failure.h"
 
 #include <filesystem>
@@ -18,7 +19,7 @@ class ConfigService {
   public:
     ConfigService(platform::FileSystem &files, const std::filesystem::path &homeDirectory);
 
-    const std::filesystem::path &configFileURL() const { return configFileURL_; }
+    const std::filesystem::path &configFileURL() const { return file_.path(); }
 
     /// The file's configuration; the default one, saved, where there is no file. Prints which.
     Outcome<CorvaneConfig> load();
@@ -31,10 +32,8 @@ class ConfigService {
   private:
     Outcome<> write(const CorvaneConfig &config);
 
-    platform::FileSystem &files_;
-    const std::filesystem::path configDir_;
-    const std::filesystem::path configFileURL_;
     mutable std::mutex mutex_;
+    StoredFile file_;
     std::optional<CorvaneConfig> currentConfig_;
 };
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ProfileStore.h"
+#include "services/StoredFile.h"
 #include "support/Failure.h"
 
 #include <filesystem>
@@ -17,7 +18,7 @@ class ProfileService {
   public:
     ProfileService(platform::FileSystem &files, const std::filesystem::path &homeDirectory);
 
-    const std::filesystem::path &profilesFileURL() const { return profilesFileURL_; }
+    const std::filesystem::path &profilesFileURL() const { return file_.path(); }
 
     /// An empty store where there is no file.
     Outcome<ProfileStore> load();
@@ -25,10 +26,8 @@ class ProfileService {
     Outcome<> save(const ProfileStore &store);
 
   private:
-    platform::FileSystem &files_;
-    const std::filesystem::path configDir_;
-    const std::filesystem::path profilesFileURL_;
     std::mutex mutex_;
+    StoredFile file_;
 };
 
 } // namespace corvane

@@ -57,7 +57,18 @@ TEST_P(FileSystemContract, SaysWhyItFails) {
 TEST_P(FileSystemContract, MakesNoDirectoryInAFilesPlace) {
     ASSERT_TRUE(files().replaceFile(file_, "text").has_value());
     EXPECT_FALSE(files().createDirectories(file_).has_value());
+    EXPECT_FALSE(files().createDirectories(file_ / "one" / "two").has_value());
+    EXPECT_FALSE(files().replaceFile(file_ / "one", "text").has_value());
     EXPECT_EQ(files().readFile(file_), "text");
+}
+
+TEST_P(FileSystemContract, TakesNoDirectoryForAFile) {
+    const auto folder = directory_ / "folder";
+    ASSERT_TRUE(files().createDirectories(folder).has_value());
+    EXPECT_TRUE(files().exists(folder));
+    EXPECT_FALSE(files().readFile(folder).has_value());
+    EXPECT_FALSE(files().replaceFile(folder, "text").has_value());
+    EXPECT_TRUE(files().replaceFile(folder / "file", "text").has_value());
 }
 
 CORVANE_CONTRACT(FileSystemContract);

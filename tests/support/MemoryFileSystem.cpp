@@ -5,25 +5,27 @@
 
 namespace corvane::testing {
 
+namespace fs = std::filesystem;
+
 namespace {
 
-std::unexpected<Failure> missing(const std::filesystem::path &path) {
+std::unexpected<Failure> missing(const fs::path &path) {
     return std::unexpected(Failure{path.string() + ": No such file or directory"});
 }
 
-bool isInside(const std::filesystem::path &path, const std::filesystem::path &directory) {
+bool isInside(const fs::path &path, const fs::path &directory) {
     return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==
            directory.end();
 }
 
 } // namespace
 
-bool MemoryFileSystem::exists(const std::filesystem::path &path) {
+bool MemoryFileSystem::exists(const fs::path &path) {
     const std::lock_guard lock(mutex_);
     return files_.contains(path) || directories_.contains(path);
 }
 
-Outcome<std::string> MemoryFileSystem::readFile(const std::filesystem::path &path) {
+Outcome<std::string> MemoryFileSystem::readFile(const fs::path &path) {
     const std::lock_guard lock(mutex_);
     if (faults_.read) {
         return std::unexpected(*faults_.read);
@@ -35,20 +37,21 @@ Outcome<std::string> MemoryFileSystem::readFile(const std::filesystem::path &pat
     return found->second;
 }
 
-Outcome<> MemoryFileSystem::createDirectories(const std::filesystem::path &path) {
+Outcome<> MemoryFileSystem::createDirectories(const fs::path &path) {
     const std::lock_guard lock(mutex_);
     if (faults_.createDirectories) {
         return std::unexpected(*faults_.createDirectories);
     }
-    if (files_.contains(path)) {
-        return std::unexpected(Failure{path.string() + ": Not a directory"});
+    for (fs::path each = path; each != each.parent_path(); each = each.parent_path()) {
+        if (files_.contains(each)) {
+            return std::unexpected(Failure{path.string() + ": Not a directory"});
+        }
     }
     addDirectories(path);
     return {};
 }
 
-Outcome<> MemoryFileSystem::replaceFile(const std::filesystem::path &path,
-                                        std::string_view content) {
+Outcome<> MemoryFileSystem::replaceFile(const fs::path &path, std::string_view content) {
     const std::lock_guard lock(mutex_);
     writes_.push_back(path);
     if (faults_.write) {
@@ -57,21 +60,23 @@ Outcome<> MemoryFileSystem::replaceFile(const std::filesystem::path &path,
     if (!directories_.contains(path.parent_path())) {
         return missing(path);
     }
+    if (directories_.contains(path)) {
+        return std::unexpected(Failure{path.string() + ": it is a directory"});
+    }
     files_[path] = content;
     return {};
 }
 
-void MemoryFileSystem::put(const std::filesystem::path &path, std::string content) {
+void MemoryFileSystem::put(const fs::path &path, std::string content) {
     const std::lock_guard lock(mutex_);
     addDirectories(path.parent_path());
     files_[path] = std::move(content);
 }
 
-void MemoryFileSystem::remove(const std::filesystem::path &path) {
+void MemoryFileSystem::remove(const fs::path &path) {
     const std::lock_guard lock(mutex_);
     std::erase_if(files_, [&](const auto &file) { return isInside(file.first, path); });
-    std::erase_if(directories_,
-                  [&](const std::filesystem::path &each) { return isInside(each, path); });
+    std::erase_if(directories_, [&](const fs::path &each) { return isInside(each, path); });
 }
 
 void MemoryFileSystem::setFaults(const DiskFaults &faults) {
@@ -79,24 +84,24 @@ void MemoryFileSystem::setFaults(const DiskFaults &faults) {
     faults_ = faults;
 }
 
-std::optional<std::string> MemoryFileSystem::content(const std::filesystem::path &path) const {
+std::optional<std::string> MemoryFileSystem::content(const fs::path &path) const {
     const std::lock_guard lock(mutex_);
     const auto found = files_.find(path);
     return found == files_.end() ? std::nullopt : std::optional(found->second);
 }
 
-bool MemoryFileSystem::isDirectory(const std::filesystem::path &path) const {
+bool MemoryFileSystem::isDirectory(const fs::path &path) const {
     const std::lock_guard lock(mutex_);
     return directories_.contains(path);
 }
 
-std::vector<std::filesystem::path> MemoryFileSystem::writes() const {
+std::vector<fs::path> MemoryFileSystem::writes() const {
     const std::lock_guard lock(mutex_);
     return writes_;
 }
 
-void MemoryFileSystem::addDirectories(const std::filesystem::path &path) {
-    for (std::filesystem::path each = path; each != each.parent_path(); each = each.parent_path()) {
+void MemoryFileSystem::addDirectories(const fs::path &path) {
+    for (fs::path each = path; each != each.parent_path(); each = each.parent_path()) {
         directories_.insert(each);
     }
 }

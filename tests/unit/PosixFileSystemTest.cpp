@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <thread>
@@ -48,11 +49,17 @@ TEST_F(PosixFileSystemTest, ReplacesAFileAndLeavesNothingBeside) {
     EXPECT_EQ(entries(), 1U);
 }
 
-TEST_F(PosixFileSystemTest, ANewFileHasDefaultPermissions) {
-    const mode_t mask = umask(027);
-    ASSERT_TRUE(files_.replaceFile(file_, "text"));
-    umask(mask);
-    EXPECT_EQ(permissions(file_), 0640U);
+TEST_F(PosixFileSystemTest, WhatIsNewHasDefaultPermissionsAsFarAsTheMaskLeavesThem) {
+    for (const mode_t mask : {0U, 022U, 027U, 077U}) {
+        const fs::path outer = directory_.path() / std::to_string(mask);
+        const mode_t before = umask(mask);
+        ASSERT_TRUE(files_.createDirectories(outer / "inner"));
+        ASSERT_TRUE(files_.replaceFile(outer / "inner" / "file", "text"));
+        umask(before);
+        EXPECT_EQ(permissions(outer), 0777U & ~mask);
+        EXPECT_EQ(permissions(outer / "inner"), 0777U & ~mask);
+        EXPECT_EQ(permissions(outer / "inner" / "file"), 0666U & ~mask);
+    }
 }
 
 TEST_F(PosixFileSystemTest, AReplacedFileKeepsItsPermissions) {
@@ -70,6 +77,43 @@ TEST_F(PosixFileSystemTest, AReplacedFileKeepsTheLinksThatLeadToIt) {
     ASSERT_TRUE(files_.replaceFile(file_, "new"));
     EXPECT_TRUE(fs::is_symlink(file_));
     EXPECT_EQ(files_.readFile(target), "new");
+}
+
+TEST_F(PosixFileSystemTest, ANewFileIsPutWhereAChainOfLinksEnds) {
+    const fs::path target = directory_.path() / "dotfiles" / "real.json";
+    fs::create_directory(target.parent_path());
+    fs::create_symlink("dotfiles/link", file_);
+    fs::create_symlink("../dotfiles/real.json", target.parent_path() / "link");
+    ASSERT_FALSE(files_.exists(file_));
+    ASSERT_TRUE(files_.replaceFile(file_, "new"));
+    EXPECT_TRUE(fs::is_symlink(file_));
+    EXPECT_TRUE(fs::is_symlink(target.parent_path() / "link"));
+    EXPECT_FALSE(fs::is_symlink(target));
+    EXPECT_EQ(files_.readFile(target), "new");
+}
+
+TEST_F(PosixFileSystemTest, LinksThatLeadNowhereAreAnErrorAndStay) {
+    fs::create_symlink("config.json", file_);
+    EXPECT_EQ(files_.replaceFile(file_, "new"),
+              Outcome<>(std::unexpected(
+                  Failure{file_.string() + ": Too many levels of symbolic links"})));
+    EXPECT_TRUE(fs::is_symlink(file_));
+    EXPECT_EQ(entries(), 1U);
+}
+
+TEST_F(PosixFileSystemTest, WhatAKilledProgramLeftBehindDisappearsInTheEnd) {
+    const auto leftBehind = [this](const std::string &name, std::chrono::minutes age) {
+        const fs::path file = directory_.path() / name;
+        std::ofstream(file) << "half";
+        fs::last_write_time(file, fs::file_time_type::clock::now() - age);
+    };
+    leftBehind("config.json.corvane-1", std::chrono::minutes(61));
+    leftBehind("config.json.corvane-2", std::chrono::minutes(59));
+    leftBehind("config.json.2026", std::chrono::minutes(61));
+    leftBehind("profiles.json.corvane-3", std::chrono::minutes(61));
+    ASSERT_TRUE(files_.replaceFile(file_, "text"));
+    EXPECT_FALSE(files_.exists(directory_.path() / "config.json.corvane-1"));
+    EXPECT_EQ(entries(), 4U);
 }
 
 TEST_F(PosixFileSystemTest, ADirectoryInTheFilesPlaceIsAnError) {
@@ -102,7 +146,7 @@ TEST_F(PosixFileSystemTest, AnOversizedFileIsAnError) {
     EXPECT_TRUE(files_.readFile(file_));
     fs::resize_file(file_, PosixFileSystem::largestFile + 1);
     EXPECT_EQ(files_.readFile(file_),
-              std::unexpected(Failure{file_.string() + ": it is larger than 67108864 bytes"}));
+              std::unexpected(Failure{file_.string() + ": it is larger than 134217728 bytes"}));
 }
 
 TEST_F(PosixFileSystemTest, AMissingDirectoryIsAnError) {
