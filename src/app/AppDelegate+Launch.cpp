@@ -1,6 +1,8 @@
 #include "app/AppDelegate.h"
+#include "app/CommandService.h"
 #include "app/SharedServices.h"
 #include "platform/Accessibility.h"
+#include "platform/CommandEndpoint.h"
 #include "platform/MainQueue.h"
 #include "platform/Platform.h"
 #include "platform/StatusBar.h"
@@ -40,6 +42,15 @@ void AppDelegate::finishLaunching() {
         weakly([](AppDelegate &self, bool nowTrusted) { self.accessibilityChecked(nowTrusted); }));
     statusBarController_.rebuildMenu();
     registerHotkey();
+    listenForCommands();
+}
+
+void AppDelegate::listenForCommands() {
+    commandService_ = std::make_shared<CommandService>(*this, appState_, platform_.mainQueue());
+    platform_.commandEndpoint().listen(
+        weakly([](AppDelegate &self, const CommandRequest &request, const CommandReply &reply) {
+            self.commandService_->obey(request, reply);
+        }));
 }
 
 void AppDelegate::startAccessibilityPolling(std::function<void(bool isTrusted)> callback) {

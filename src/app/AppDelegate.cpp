@@ -1,6 +1,7 @@
 #include "app/AppDelegate.h"
 
 #include "app/AnchorTracking.h"
+#include "app/CommandService.h"
 #include "app/SharedServices.h"
 #include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
@@ -22,6 +23,10 @@ AppDelegate::AppDelegate(platform::Platform &platform, SharedServices &shared)
       statusBarController_(appState_, platform.applications()) {}
 
 AppDelegate::~AppDelegate() = default;
+
+Menu AppDelegate::menu() const { return statusBarController_.menu(); }
+
+bool AppDelegate::isHotkeyRegistered() const { return hotkeyService_.isRegistered(); }
 
 void AppDelegate::perform(const MenuCommand &command) {
     using Member = void (AppDelegate::*)();

@@ -24,6 +24,7 @@ class Timer;
 } // namespace platform
 class AnchorTracking;
 class AppState;
+class CommandService;
 class ConfigWindow;
 class DynamicZoneRect;
 class RippleWindow;
@@ -52,6 +53,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 
     /// The user started the program again while it runs: shows where it is.
     void applicationShouldHandleReopen();
+
+    /// What the status item offers now.
+    Menu menu() const;
+
+    bool isHotkeyRegistered() const;
 
     /// Carries out a menu command by its name; an unknown one does nothing.
     void perform(const MenuCommand &command);
@@ -89,6 +95,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void startAccessibilityPolling(std::function<void(bool isTrusted)> callback);
     void accessibilityChecked(bool isTrusted);
     void registerHotkey();
+    void listenForCommands();
 
     /// A start under way: what it will run with.
     struct RunPlan {
@@ -126,6 +133,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     AppState &appState_;
     HotkeyService hotkeyService_;
     StatusBarController statusBarController_;
+    /// Present once the files are loaded.
+    std::shared_ptr<CommandService> commandService_;
     std::unique_ptr<ConfigWindow> configWindow_;
     std::unique_ptr<ZoneOverlayWindow> zoneOverlayWindow_;
     std::unique_ptr<AnchorTracking> anchorTrackingTask_;

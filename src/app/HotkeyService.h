@@ -21,6 +21,9 @@ class HotkeyService {
     /// registration. Success and failure are logged.
     void registerHotkey(std::function<void()> callback);
 
+    /// Whether the last registration succeeded and holds.
+    bool isRegistered() const { return hotKey_ != nullptr; }
+
     /// Safe to call when nothing is registered.
     void unregister();
 

@@ -2,6 +2,7 @@
 
 #include "model/JsonMembers.h"
 #include "model/JsonParsing.h"
+#include "model/JsonValues.h"
 #include "model/JsonWriting.h"
 
 #include <nlohmann/json.hpp>
@@ -30,22 +31,8 @@ Json toJson(const WindowAnchor &anchor) {
             {"relativeRect", toJson(anchor.relativeRect)}};
 }
 
-Json toJson(const CorvaneConfig &config) {
-    Json json = {{"clickMode", storedValue(config.clickMode)},
-                 {"clickRate", config.clickRate},
-                 {"timeUnit", storedValue(config.timeUnit)},
-                 {"maxClicks", config.maxClicks}};
-    if (config.zoneRect) {
-        json["zoneRect"] = toJson(*config.zoneRect);
-    }
-    if (config.windowAnchor) {
-        json["windowAnchor"] = toJson(*config.windowAnchor);
-    }
-    return json;
-}
-
 Json toJson(const Profile &profile) {
-    Json json = toJson(profile.config);
+    Json json = jsonValue(profile.config);
     json["id"] = profile.id.text();
     json["name"] = profile.name;
     return json;
@@ -171,7 +158,23 @@ Outcome<std::vector<Profile>> readProfiles(const Json &json) {
 
 } // namespace
 
-Outcome<std::string> encodeConfig(const CorvaneConfig &config) { return jsonText(toJson(config)); }
+nlohmann::json jsonValue(const CorvaneConfig &config) {
+    Json json = {{"clickMode", storedValue(config.clickMode)},
+                 {"clickRate", config.clickRate},
+                 {"timeUnit", storedValue(config.timeUnit)},
+                 {"maxClicks", config.maxClicks}};
+    if (config.zoneRect) {
+        json["zoneRect"] = toJson(*config.zoneRect);
+    }
+    if (config.windowAnchor) {
+        json["windowAnchor"] = toJson(*config.windowAnchor);
+    }
+    return json;
+}
+
+Outcome<std::string> encodeConfig(const CorvaneConfig &config) {
+    return jsonText(jsonValue(config));
+}
 
 Outcome<std::string> encodeProfileStore(const ProfileStore &store) {
     return jsonText(toJson(store));

@@ -6,6 +6,7 @@ class Accessibility;
 class Alerts;
 class Application;
 class Applications;
+class CommandEndpoint;
 class ContinuousClock;
 class FileSystem;
 class HotKeys;
@@ -35,6 +36,7 @@ class Platform {
     virtual Application &application() = 0;
     virtual Applications &applications() = 0;
     virtual ContinuousClock &clock() = 0;
+    virtual CommandEndpoint &commandEndpoint() = 0;
     virtual FileSystem &fileSystem() = 0;
     virtual HotKeys &hotKeys() = 0;
     virtual Localisation &localisation() = 0;

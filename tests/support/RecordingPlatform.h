@@ -10,6 +10,7 @@
 #include "support/MemoryFileSystem.h"
 #include "support/RecordingAlerts.h"
 #include "support/RecordingApplication.h"
+#include "support/RecordingCommandEndpoint.h"
 #include "support/RecordingHotKeys.h"
 #include "support/RecordingLoginItem.h"
 #include "support/RecordingMainQueue.h"
@@ -30,6 +31,7 @@ class RecordingPlatform : public platform::Platform {
     RecordingApplication &application() override { return application_; }
     FakeApplications &applications() override { return applications_; }
     HandTurnedClock &clock() override { return clock_; }
+    RecordingCommandEndpoint &commandEndpoint() override { return commandEndpoint_; }
     MemoryFileSystem &fileSystem() override { return fileSystem_; }
     RecordingHotKeys &hotKeys() override { return hotKeys_; }
     FakeLocalisation &localisation() override { return localisation_; }
@@ -53,6 +55,7 @@ class RecordingPlatform : public platform::Platform {
     RecordingApplication application_;
     FakeApplications applications_;
     HandTurnedClock clock_;
+    RecordingCommandEndpoint commandEndpoint_;
     MemoryFileSystem fileSystem_;
     RecordingHotKeys hotKeys_;
     FakeLocalisation localisation_;

@@ -7,6 +7,7 @@
 #include "platform/linux/LinuxApplication.h"
 #include "platform/linux/LinuxApplications.h"
 #include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxCommandEndpoint.h"
 #include "platform/linux/LinuxHotKeys.h"
 #include "platform/linux/LinuxLocalisation.h"
 #include "platform/linux/LinuxLoginItem.h"
@@ -36,6 +37,7 @@ class LinuxPlatform : public platform::Platform {
     platform::Application &application() override { return application_; }
     platform::Applications &applications() override { return applications_; }
     platform::ContinuousClock &clock() override { return clock_; }
+    platform::CommandEndpoint &commandEndpoint() override { return commandEndpoint_; }
     platform::FileSystem &fileSystem() override { return fileSystem_; }
     platform::HotKeys &hotKeys() override { return hotKeys_; }
     platform::Localisation &localisation() override { return localisation_; }
@@ -53,6 +55,7 @@ class LinuxPlatform : public platform::Platform {
     posix::PosixFileSystem fileSystem_;
     LinuxClock clock_;
     LinuxMainQueue mainQueue_;
+    LinuxCommandEndpoint commandEndpoint_{mainQueue_};
     LinuxLocalisation localisation_;
     LinuxApplication application_;
     LinuxMouseEvents mouseEvents_;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/linux/XcbEvents.h"
+#include "platform/linux/XcbConnection.h"
 
-#include <functional>
 #include <memory>
 
 namespace corvane::x11 {
@@ -10,10 +9,8 @@ namespace corvane::x11 {
 /// The right to be the one instance of the program on this display. Main thread.
 class SingleInstance {
   public:
-    /// Null when another instance has the right; that one is told of this start. `startedAgain` is
-    /// called whenever a later instance does the same to this one. The events outlive the right.
-    static std::unique_ptr<SingleInstance> claim(XcbEvents &events,
-                                                 std::function<void()> startedAgain);
+    /// Null when another instance has the right. The connection outlives it.
+    static std::unique_ptr<SingleInstance> claim(const XcbConnection &connection);
 
     ~SingleInstance();
 
@@ -21,19 +18,13 @@ class SingleInstance {
     SingleInstance &operator=(const SingleInstance &) = delete;
 
   private:
-    SingleInstance(XcbEvents &events, std::function<void()> startedAgain);
+    explicit SingleInstance(const XcbConnection &connection);
 
-    bool claimSelection();
-    void tellOwner(xcb_window_t owner) const;
-    void handle(const xcb_generic_event_t &event);
+    bool claimSelection() const;
 
-    XcbEvents &events_;
     const XcbConnection &connection_;
-    const std::function<void()> startedAgain_;
     const xcb_atom_t selection_;
-    const xcb_atom_t startedAgainMessage_;
     const xcb_window_t window_;
-    XcbEvents::Subscription subscription_;
 };
 
 } // namespace corvane::x11

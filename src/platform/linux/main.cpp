@@ -1,8 +1,9 @@
 #include "app/AppDelegate.h"
+#include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
 #include "platform/linux/ButtonGuard.h"
 #include "platform/linux/ButtonMark.h"
-#include "platform/linux/CommandLine.h"
+#include "platform/linux/CommandCall.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
@@ -16,10 +17,10 @@
 #include <QLocale>
 #include <QTranslator>
 
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
-#include <span>
 
 namespace {
 
@@ -42,12 +43,6 @@ void finishWorkAtExit() {
 void serverLost() {
     std::fputs("corvane: the connection to the X server is lost\n", stderr);
     std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe)
-}
-
-void startedAgain() {
-    if (runningApp != nullptr) {
-        runningApp->appDelegate().applicationShouldHandleReopen();
-    }
 }
 
 /// Where both the program and its guard were killed, the button is still down.
@@ -97,9 +92,10 @@ int runProgram(int argc, char **argv) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 
     XcbEvents events(std::move(*connection), serverLost);
-    const auto instance = SingleInstance::claim(events, startedAgain);
+    const auto instance = SingleInstance::claim(events.connection());
     if (!instance) {
         std::puts("Corvane is running already.");
+        callRunning({});
         return EXIT_SUCCESS;
     }
     releaseButtonLeftDown(events.connection());
@@ -108,19 +104,22 @@ int runProgram(int argc, char **argv) {
     return runApp(events);
 }
 
+int runCommand(int argc, char **argv, const CommandRequest &words) {
+    const QCoreApplication application(argc, argv);
+    return print(callRunning(words).value_or(nothingRunning()));
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
-    const std::span<const char *const> arguments(argv, static_cast<std::size_t>(argc));
     const auto commandLine =
-        CommandLine::parse(arguments.empty() ? arguments : arguments.subspan(1));
+        CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
+                           CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")");
     switch (commandLine.request) {
     case CommandLine::Request::answer:
-        std::fputs(commandLine.text.c_str(), stdout);
-        return EXIT_SUCCESS;
-    case CommandLine::Request::refuse:
-        std::fputs(commandLine.text.c_str(), stderr);
-        return 2;
+        return print(commandLine.answer);
+    case CommandLine::Request::command:
+        return runCommand(argc, argv, commandLine.words);
     case CommandLine::Request::run:
         break;
     }

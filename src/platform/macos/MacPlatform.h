@@ -6,6 +6,7 @@
 #include "platform/macos/MacApplication.h"
 #include "platform/macos/MacApplications.h"
 #include "platform/macos/MacClock.h"
+#include "platform/macos/MacCommandEndpoint.h"
 #include "platform/macos/MacHotKeys.h"
 #include "platform/macos/MacLocalisation.h"
 #include "platform/macos/MacLoginItem.h"
@@ -29,6 +30,7 @@ class MacPlatform : public platform::Platform {
     platform::Application &application() override { return application_; }
     platform::Applications &applications() override { return applications_; }
     platform::ContinuousClock &clock() override { return clock_; }
+    platform::CommandEndpoint &commandEndpoint() override { return commandEndpoint_; }
     platform::FileSystem &fileSystem() override { return fileSystem_; }
     platform::HotKeys &hotKeys() override { return hotKeys_; }
     platform::Localisation &localisation() override { return localisation_; }
@@ -53,6 +55,7 @@ class MacPlatform : public platform::Platform {
     MacLocalisation localisation_;
     MacLoginItem loginItem_;
     MacMainQueue mainQueue_;
+    MacCommandEndpoint commandEndpoint_{mainQueue_};
     MacMouseEvents mouseEvents_;
     MacOverlayWindows overlayWindows_;
     MacScreens screens_;

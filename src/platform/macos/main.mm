@@ -1,28 +1,66 @@
+#include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
 #import "platform/macos/EditingKeys.h"
 #import "platform/macos/MacAppDelegate.h"
+#import "platform/macos/MacCommandEndpoint.h"
 #import "platform/macos/MacPlatform.h"
 #import "platform/macos/TerminationSignals.h"
 
 #import <AppKit/AppKit.h>
 
+#include <algorithm>
+
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
 #endif
 
-int main() {
-    @autoreleasepool {
-        NSApplication *application = NSApplication.sharedApplication;
-        corvane::macos::MacPlatform platform;
-        // Held to the end: the application object holds its delegate weakly.
-        NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate = [[MacAppDelegate alloc]
-            initWithApplication:std::make_unique<corvane::CorvaneApp>(platform)];
-        const corvane::macos::TerminationSignals signals;
-        application.delegate = delegate;
-        application.mainMenu = corvane::macos::makeEditingKeys();
-        // No Dock icon and no menu bar of its own.
-        application.activationPolicy = NSApplicationActivationPolicyAccessory;
-        [application run];
-    }
+namespace {
+
+using namespace corvane;
+
+/// The system and its development tools add options of one dash and a word, such as "-psn_0_1234".
+bool isForTheSystem(const CommandRequest &words) {
+    constexpr std::size_t shortOption = 2;
+    return !words.empty() && words.front().starts_with('-') && !words.front().starts_with("--") &&
+           words.front().size() > shortOption;
+}
+
+CommandLine readCommandLine(int argc, char **argv) {
+    const CommandRequest words(argv + std::min(argc, 1), argv + argc);
+    const macos::MacApplication application;
+    return CommandLine::parse(isForTheSystem(words) ? CommandRequest{} : words,
+                              application.shortVersion().value_or("") + " (" +
+                                  application.buildVersion().value_or("") + ")");
+}
+
+int runProgram() {
+    NSApplication *application = NSApplication.sharedApplication;
+    macos::MacPlatform platform;
+    // Held to the end: the application object holds its delegate weakly.
+    NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate =
+        [[MacAppDelegate alloc] initWithApplication:std::make_unique<CorvaneApp>(platform)];
+    const macos::TerminationSignals signals;
+    application.delegate = delegate;
+    application.mainMenu = macos::makeEditingKeys();
+    // No Dock icon and no menu bar of its own.
+    application.activationPolicy = NSApplicationActivationPolicyAccessory;
+    [application run];
     return 0;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    @autoreleasepool {
+        const auto commandLine = readCommandLine(argc, argv);
+        switch (commandLine.request) {
+        case CommandLine::Request::answer:
+            return print(commandLine.answer);
+        case CommandLine::Request::command:
+            return print(macos::callRunning(commandLine.words).value_or(nothingRunning()));
+        case CommandLine::Request::run:
+            break;
+        }
+        return runProgram();
+    }
 }

@@ -1,0 +1,73 @@
+#include "app/CommandLine.h"
+
+#include "app/Command.h"
+
+#include <cstdio>
+
+namespace corvane {
+
+namespace {
+
+constexpr const char *usage =
+    "Usage: corvane [option]\n"
+    "       corvane command\n"
+    "\n"
+    "Clicks the left mouse button again and again, at the cursor or inside a zone of the screen.\n"
+    "Super+Shift+Y or the menu in the system tray starts and stops it.\n"
+    "\n"
+    "Options:\n"
+    "  -h, --help     show this text and exit\n"
+    "  -v, --version  show the version and exit\n"
+    "\n"
+    "Commands to the Corvane that is running:\n"
+    "  start                  start clicking\n"
+    "  stop                   stop clicking\n"
+    "  toggle                 do the one or the other, as the hot key does\n"
+    "  status [--json]        say what it is doing\n"
+    "  select-zone            let the user draw a zone on the screen\n"
+    "  profile list [--json]  list the saved profiles\n"
+    "  profile load NAME      load the profile of that name or id\n"
+    "  settings               open the settings\n"
+    "  quit                   end it\n"
+    "\n"
+    "Exit codes: 0 done, 1 refused, 2 not understood, 3 no Corvane is running.\n";
+
+CommandLine answering(CommandAnswer answer) {
+    return {.request = CommandLine::Request::answer, .answer = std::move(answer)};
+}
+
+CommandLine misused(const std::string &why) {
+    return answering({.result = CommandResult::misused, .error = why + "; try --help"});
+}
+
+} // namespace
+
+CommandLine CommandLine::parse(const CommandRequest &words, const std::string &version) {
+    if (words.empty()) {
+        return {};
+    }
+    const std::string &first = words.front();
+    if (first == "-h" || first == "--help") {
+        return answering({.output = usage});
+    }
+    if (first == "-v" || first == "--version") {
+        return answering({.output = "Corvane " + version + "\n"});
+    }
+    if (first.starts_with('-')) {
+        return misused("unknown option '" + first + "'");
+    }
+    if (const auto command = Command::parse(words); !command) {
+        return misused(command.error().description);
+    }
+    return {.request = Request::command, .words = words};
+}
+
+int print(const CommandAnswer &answer) {
+    std::fputs(answer.output.c_str(), stdout);
+    if (!answer.error.empty()) {
+        std::fputs(("corvane: " + answer.error + "\n").c_str(), stderr);
+    }
+    return static_cast<int>(answer.result);
+}
+
+} // namespace corvane

@@ -1,0 +1,195 @@
+#include "app/CommandService.h"
+
+#include "app/AppDelegate.h"
+#include "app/StatusReport.h"
+#include "platform/MainQueue.h"
+#include "state/AppState.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace corvane {
+
+namespace {
+
+CommandAnswer done(const std::string &sentence) { return {.output = sentence + "\n"}; }
+
+CommandAnswer refused(std::string reason) {
+    return {.result = CommandResult::refused, .error = std::move(reason)};
+}
+
+/// Passes on the first answer only.
+CommandReply onlyOnce(const CommandReply &reply) {
+    return [open = std::make_shared<bool>(true), reply](const CommandAnswer &answer) {
+        if (std::exchange(*open, false)) {
+            reply(answer);
+        }
+    };
+}
+
+const MenuItem *find(const std::vector<MenuItem> &items, const MenuCommand &command) {
+    for (const MenuItem &item : items) {
+        if (item.action == command.action && item.representedObject == command.representedObject) {
+            return &item;
+        }
+        if (const auto *found = item.submenu ? find(*item.submenu, command) : nullptr) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+CommandService::CommandService(AppDelegate &delegate, const AppState &appState,
+                               platform::MainQueue &mainQueue)
+    : delegate_(delegate),
+      appState_(appState),
+      mainQueue_(mainQueue) {}
+
+void CommandService::obey(const CommandRequest &request, const CommandReply &reply) {
+    if (request.empty()) {
+        delegate_.applicationShouldHandleReopen();
+        reply({});
+        return;
+    }
+    const auto command = Command::parse(request);
+    if (!command) {
+        reply({.result = CommandResult::misused, .error = command.error().description});
+        return;
+    }
+    perform(*command, reply);
+}
+
+void CommandService::perform(const Command &command, const CommandReply &reply) {
+    switch (command.kind) {
+    case Command::Kind::start:
+        return start(reply);
+    case Command::Kind::stop:
+        return stop(reply);
+    case Command::Kind::toggle:
+        return appState_.status == ClickStatus::running ? stop(reply) : start(reply);
+    case Command::Kind::status:
+        return reply(statusReport(appState_, delegate_.isHotkeyRegistered(), command.asJson));
+    case Command::Kind::selectZone:
+        return selectZone(reply);
+    case Command::Kind::settings:
+        return reply(showSettings());
+    case Command::Kind::quit:
+        return quit(reply);
+    case Command::Kind::listProfiles:
+        return reply(profilesReport(appState_, command.asJson));
+    case Command::Kind::loadProfile:
+        return reply(loadProfile(command.profile));
+    }
+}
+
+void CommandService::start(const CommandReply &reply) {
+    if (appState_.status == ClickStatus::running) {
+        return reply(done("Corvane is clicking already."));
+    }
+    if (auto reason = refusal({"startClicking:"})) {
+        return reply(refused(std::move(*reason)));
+    }
+    const CommandReply answer = onlyOnce(reply);
+    // Comes first only where the start asks the user, which keeps the main queue turning.
+    mainQueue_.post([answer] {
+        answer(refused("the anchored window is not there; Corvane asks on the screen what to do"));
+    });
+    delegate_.startClicking();
+    answer(outcomeOfStart());
+}
+
+CommandAnswer CommandService::outcomeOfStart() const {
+    if (appState_.status == ClickStatus::running) {
+        return done("Clicking started.");
+    }
+    return refused(appState_.isAccessibilityGranted ? "the start was cancelled"
+                                                    : *refusal({"startClicking:"}));
+}
+
+void CommandService::stop(const CommandReply &reply) {
+    if (appState_.status != ClickStatus::running) {
+        return reply(done("Corvane is not clicking."));
+    }
+    delegate_.stopClicking();
+    replyLater(reply, &CommandService::outcomeOfStop);
+}
+
+CommandAnswer CommandService::outcomeOfStop() const {
+    return done("Clicking stopped after " + std::to_string(appState_.clickCount) + " clicks.");
+}
+
+void CommandService::selectZone(const CommandReply &reply) {
+    if (appState_.status == ClickStatus::pickingZone) {
+        return reply(outcomeOfSelection());
+    }
+    // Drawing a zone chooses that mode, whose line the menu shows in every mode.
+    if (auto reason = refusal({"setModeZone:"})) {
+        return reply(refused(std::move(*reason)));
+    }
+    delegate_.selectZone();
+    replyLater(reply, &CommandService::outcomeOfSelection);
+}
+
+CommandAnswer CommandService::outcomeOfSelection() const {
+    return done("Draw the zone on the screen; Escape leaves everything as it is.");
+}
+
+CommandAnswer CommandService::showSettings() {
+    if (auto reason = refusal({"showConfig:"})) {
+        return refused(std::move(*reason));
+    }
+    delegate_.showConfig();
+    return done("The settings are open.");
+}
+
+void CommandService::quit(const CommandReply &reply) {
+    reply(done("Corvane ends."));
+    delegate_.perform({"terminate:"});
+}
+
+CommandAnswer CommandService::loadProfile(const std::string &nameOrId) {
+    std::vector<const Profile *> meant;
+    for (const Profile &profile : appState_.profiles) {
+        if (profile.name == nameOrId || profile.id.text() == nameOrId) {
+            meant.push_back(&profile);
+        }
+    }
+    if (meant.empty()) {
+        return refused("there is no profile '" + nameOrId + "'");
+    }
+    if (meant.size() > 1) {
+        return refused("several profiles are called '" + nameOrId +
+                       "'; 'corvane profile list --json' tells their ids, which load them too");
+    }
+    const MenuCommand command{"loadProfile:", meant.front()->id.text()};
+    if (auto reason = refusal(command)) {
+        return refused(std::move(*reason));
+    }
+    delegate_.perform(command);
+    return done("Profile '" + nameOrId + "' is loaded.");
+}
+
+void CommandService::replyLater(const CommandReply &reply,
+                                CommandAnswer (CommandService::*answer)() const) {
+    mainQueue_.post([held = weak_from_this(), reply, answer] {
+        if (const auto self = held.lock()) {
+            reply((*self.*answer)());
+        }
+    });
+}
+
+std::optional<std::string> CommandService::refusal(const MenuCommand &command) const {
+    const Menu menu = delegate_.menu();
+    const MenuItem *item = find(menu.items, command);
+    if (item == nullptr || item->isEnabled) {
+        return std::nullopt;
+    }
+    return appState_.status == ClickStatus::running
+               ? "not while Corvane clicks; 'corvane stop' ends that"
+               : "Corvane may not click in other applications; 'corvane doctor' says why";
+}
+
+} // namespace corvane

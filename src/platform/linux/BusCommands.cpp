@@ -1,0 +1,115 @@
+#include "platform/linux/BusCommands.h"
+
+#include "platform/linux/CommandAddress.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+const QString busService = QStringLiteral("org.freedesktop.DBus");
+const QString busPath = QStringLiteral("/org/freedesktop/DBus");
+
+QString path() { return QString::fromStdString(commandBusPath()); }
+QString interface() { return QString::fromStdString(commandBusInterface()); }
+
+QDBusConnection ownConnection() {
+    static int endpoints = 0;
+    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                         QStringLiteral("commands-%1").arg(++endpoints));
+}
+
+QDBusMessage callToBus(const QString &method, const QVariantList &arguments) {
+    auto call = QDBusMessage::createMethodCall(busService, busPath, busService, method);
+    call.setArguments(arguments);
+    return call;
+}
+
+CommandRequest wordsIn(const QDBusMessage &message) {
+    CommandRequest words;
+    for (const QString &word : message.arguments().value(0).toStringList()) {
+        words.push_back(word.toStdString());
+    }
+    return words;
+}
+
+} // namespace
+
+BusCommands::BusCommands(const std::vector<std::string> &names,
+                         platform::CommandEndpoint::Obey obey, uid_t user)
+    : obey_(std::move(obey)),
+      user_(user),
+      connection_(ownConnection()) {
+    connection_.registerVirtualObject(path(), this);
+    for (const std::string &name : names) {
+        requestName(name);
+    }
+}
+
+BusCommands::~BusCommands() {
+    connection_.unregisterObject(path());
+    QDBusConnection::disconnectFromBus(connection_.name());
+}
+
+/// Waits in line behind a program that has it.
+void BusCommands::requestName(const std::string &name) {
+    constexpr uint waitInLine = 0;
+    connection_.send(
+        callToBus(QStringLiteral("RequestName"), {QString::fromStdString(name), waitInLine}));
+}
+
+QString BusCommands::introspect(const QString & /*path*/) const {
+    return QStringLiteral("<interface name=\"%1\"><method name=\"Run\">"
+                          "<arg name=\"words\" type=\"as\" direction=\"in\"/>"
+                          "<arg name=\"result\" type=\"i\" direction=\"out\"/>"
+                          "<arg name=\"output\" type=\"s\" direction=\"out\"/>"
+                          "<arg name=\"error\" type=\"s\" direction=\"out\"/>"
+                          "</method></interface>")
+        .arg(interface());
+}
+
+bool BusCommands::handleMessage(const QDBusMessage &message,
+                                const QDBusConnection & /*connection*/) {
+    const bool isOurs = message.interface().isEmpty() || message.interface() == interface();
+    if (message.type() != QDBusMessage::MethodCallMessage || !isOurs ||
+        message.member() != QLatin1String("Run") || message.signature() != QLatin1String("as")) {
+        return false;
+    }
+    checkUser(message);
+    return true;
+}
+
+void BusCommands::checkUser(const QDBusMessage &message) {
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
+    auto *pending = new QDBusPendingCallWatcher(
+        connection_.asyncCall(
+            callToBus(QStringLiteral("GetConnectionUnixUser"), {message.service()})),
+        this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, message] {
+        pending->deleteLater();
+        const QDBusPendingReply<uint> user = *pending;
+        if (!user.isError() && user.value() == user_) {
+            obey(message);
+        } else {
+            connection_.send(message.createErrorReply(
+                QDBusError::AccessDenied, QStringLiteral("Corvane obeys its own user only")));
+        }
+    });
+}
+
+void BusCommands::obey(const QDBusMessage &message) {
+    obey_(wordsIn(message), [connection = connection_, message](const CommandAnswer &answer) {
+        if (message.isReplyRequired()) {
+            connection.send(message.createReply({static_cast<int>(answer.result),
+                                                 QString::fromStdString(answer.output),
+                                                 QString::fromStdString(answer.error)}));
+        }
+    });
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/CommandEndpoint.h"
+
+#include <QDBusConnection>
+#include <QDBusVirtualObject>
+
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+/// Takes commands on the session bus: an object with the method
+/// Run(words: as) -> (result: i, output: s, error: s). Main thread.
+class BusCommands : public QDBusVirtualObject {
+  public:
+    /// Listens under the names; another program that has one keeps it as long as it runs. Only
+    /// `user` is obeyed.
+    BusCommands(const std::vector<std::string> &names, platform::CommandEndpoint::Obey obey,
+                uid_t user = geteuid());
+    ~BusCommands() override;
+
+    BusCommands(const BusCommands &) = delete;
+    BusCommands &operator=(const BusCommands &) = delete;
+
+    QString introspect(const QString &path) const override;
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
+
+  private:
+    void requestName(const std::string &name);
+    void checkUser(const QDBusMessage &message);
+    void obey(const QDBusMessage &message);
+
+    const platform::CommandEndpoint::Obey obey_;
+    const uid_t user_;
+    QDBusConnection connection_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "presentation/Command.h"
+
+#include <optional>
+
+namespace corvane::x11 {
+
+/// Hands the request to the running Corvane of this user, on the display DISPLAY names where it
+/// names one, and waits for the answer. Nothing when none is running.
+std::optional<CommandAnswer> callRunning(const CommandRequest &request);
+
+} // namespace corvane::x11

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/CommandEndpoint.h"
+#include "platform/posix/CommandSocket.h"
+
+#include <memory>
+
+namespace corvane::platform {
+class MainQueue;
+}
+
+namespace corvane::x11 {
+
+class BusCommands;
+
+/// The session bus where there is one, and always a socket in the user's runtime folder, for those
+/// who cannot reach the bus.
+class LinuxCommandEndpoint : public platform::CommandEndpoint {
+  public:
+    /// The main queue outlives the endpoint.
+    explicit LinuxCommandEndpoint(platform::MainQueue &mainQueue);
+    ~LinuxCommandEndpoint() override;
+    LinuxCommandEndpoint(const LinuxCommandEndpoint &) = delete;
+    LinuxCommandEndpoint &operator=(const LinuxCommandEndpoint &) = delete;
+
+    void listen(Obey obey) override;
+
+  private:
+    platform::MainQueue &mainQueue_;
+    std::unique_ptr<BusCommands> bus_;
+    std::unique_ptr<posix::CommandSocket> socket_;
+};
+
+} // namespace corvane::x11

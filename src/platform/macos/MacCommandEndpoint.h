@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/CommandEndpoint.h"
+#include "platform/posix/CommandSocket.h"
+
+#import <Foundation/Foundation.h>
+
+#include <memory>
+#include <optional>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+@class MacUrlEvents;
+
+NS_ASSUME_NONNULL_BEGIN
+
+namespace corvane::platform {
+class MainQueue;
+}
+
+namespace corvane::macos {
+
+/// Commands come as URLs of the program's own scheme, which get no answer but a line in the log
+/// when they are refused, and from the command line through a socket in the user's own temporary
+/// folder.
+class MacCommandEndpoint : public platform::CommandEndpoint {
+  public:
+    /// URLs that come before `listen` wait for it. The main queue outlives the endpoint.
+    explicit MacCommandEndpoint(platform::MainQueue &mainQueue);
+    ~MacCommandEndpoint() override;
+    MacCommandEndpoint(const MacCommandEndpoint &) = delete;
+    MacCommandEndpoint &operator=(const MacCommandEndpoint &) = delete;
+
+    void listen(Obey obey) override;
+
+  private:
+    platform::MainQueue &mainQueue_;
+    MacUrlEvents *urlEvents_;
+    std::unique_ptr<posix::CommandSocket> socket_;
+};
+
+/// Hands the request to the running Corvane of this user and waits for the answer. Nothing when
+/// none is running.
+std::optional<CommandAnswer> callRunning(const CommandRequest &request);
+
+} // namespace corvane::macos
+
+NS_ASSUME_NONNULL_END

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "presentation/Command.h"
+
+#include <chrono>
+#include <filesystem>
+#include <optional>
+
+namespace corvane::posix {
+
+/// Hands the request to the program of this user that listens at the path, and waits for its
+/// answer: a refusal where none comes in time. Nothing when no such program listens. Any thread.
+std::optional<CommandAnswer> sendCommand(const std::filesystem::path &path,
+                                         const CommandRequest &request,
+                                         std::chrono::milliseconds patience);
+
+} // namespace corvane::posix

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/CommandEndpoint.h"
+#include "platform/posix/FileDescriptor.h"
+#include "support/Failure.h"
+
+#include <chrono>
+#include <filesystem>
+#include <memory>
+#include <thread>
+
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace corvane::platform {
+class MainQueue;
+}
+
+namespace corvane::posix {
+
+/// Takes commands at a socket in the file system. One thread of its own reads and writes, so that a
+/// slow or broken sender never keeps the main thread; requests are obeyed on the main thread. Made
+/// and destroyed on the main thread.
+class CommandSocket {
+  public:
+    struct Options {
+        /// The user who may send.
+        uid_t user = geteuid();
+        /// How long a sender may take over its request.
+        std::chrono::milliseconds patience{5000};
+        /// The longest request that is read, in bytes.
+        std::size_t longestRequest = 64 * 1024;
+        /// Senders beyond this number wait.
+        std::size_t mostConnections = 64;
+    };
+
+    /// Listens at the path, in a folder that others cannot enter. The main queue outlives it.
+    static Outcome<std::unique_ptr<CommandSocket>> open(const std::filesystem::path &path,
+                                                        platform::MainQueue &mainQueue,
+                                                        platform::CommandEndpoint::Obey obey,
+                                                        const Options &options);
+
+    /// Answers given by now are still sent.
+    ~CommandSocket();
+
+    CommandSocket(const CommandSocket &) = delete;
+    CommandSocket &operator=(const CommandSocket &) = delete;
+
+  private:
+    class Senders;
+
+    CommandSocket(std::filesystem::path path, std::shared_ptr<Senders> senders);
+
+    const std::filesystem::path path_;
+    const std::shared_ptr<Senders> senders_;
+    std::thread thread_;
+};
+
+} // namespace corvane::posix

@@ -1,0 +1,67 @@
+#include "presentation/Command.h"
+
+#include <algorithm>
+#include <charconv>
+#include <system_error>
+
+namespace corvane {
+
+namespace {
+
+constexpr std::string_view scheme = "corvane:";
+
+/// Replaces each "%20" by what it stands for; nothing where an escape is not whole.
+std::optional<std::string> unescaped(std::string_view text) {
+    constexpr std::size_t escapeLength = 3;
+    constexpr int hexadecimal = 16;
+    std::string plain;
+    while (!text.empty()) {
+        if (text.front() != '%') {
+            plain += text.front();
+            text.remove_prefix(1);
+            continue;
+        }
+        const std::string_view digits = text.substr(1, 2);
+        unsigned char byte = 0;
+        const auto [end, error] =
+            std::from_chars(digits.data(), digits.data() + digits.size(), byte, hexadecimal);
+        if (digits.size() != 2 || error != std::errc() || end != digits.data() + digits.size()) {
+            return std::nullopt;
+        }
+        plain += static_cast<char>(byte);
+        text.remove_prefix(escapeLength);
+    }
+    return plain;
+}
+
+} // namespace
+
+std::optional<CommandRequest> commandInUrl(std::string_view url) {
+    if (!url.starts_with(scheme)) {
+        return std::nullopt;
+    }
+    url.remove_prefix(scheme.size());
+    CommandRequest words;
+    while (!url.empty()) {
+        const std::string_view part = url.substr(0, url.find('/'));
+        url.remove_prefix(std::min(part.size() + 1, url.size()));
+        const auto word = unescaped(part);
+        if (!word) {
+            return std::nullopt;
+        }
+        if (!word->empty()) {
+            words.push_back(*word);
+        }
+    }
+    return words;
+}
+
+CommandAnswer noAnswer() {
+    return {.result = CommandResult::refused, .error = "the running Corvane does not answer"};
+}
+
+CommandAnswer nothingRunning() {
+    return {.result = CommandResult::nothingRunning, .error = "Corvane is not running"};
+}
+
+} // namespace corvane

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvane {
+
+/// How a command ended. The numbers are the exit codes of the command line.
+enum class CommandResult { done = 0, refused = 1, misused = 2, nothingRunning = 3 };
+
+/// The words of a command line behind the program's name. None: the program was started again.
+using CommandRequest = std::vector<std::string>;
+
+/// The words that a URL such as "corvane://profile/load/My%20profile" carries; nothing for a URL of
+/// another scheme or with half an escape.
+std::optional<CommandRequest> commandInUrl(std::string_view url);
+
+/// What a command line prints and how it ends. In English.
+struct CommandAnswer {
+    CommandResult result = CommandResult::done;
+    /// For standard output: nothing or whole lines.
+    std::string output{};
+    /// For standard error: why the command was not carried out; empty for one that was.
+    std::string error{};
+
+    bool operator==(const CommandAnswer &) const = default;
+};
+
+/// What a command line says that got no answer.
+CommandAnswer noAnswer();
+CommandAnswer nothingRunning();
+
+/// Takes the answer to one request.
+using CommandReply = std::function<void(const CommandAnswer &)>;
+
+} // namespace corvane

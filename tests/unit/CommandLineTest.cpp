@@ -1,0 +1,61 @@
+#include "app/CommandLine.h"
+
+#include <gtest/gtest.h>
+
+namespace corvane {
+namespace {
+
+using Request = CommandLine::Request;
+
+CommandLine parse(const CommandRequest &words) { return CommandLine::parse(words, "2.1 (37)"); }
+
+TEST(CommandLineTest, RunsWithoutArguments) { EXPECT_EQ(parse({}).request, Request::run); }
+
+TEST(CommandLineTest, TellsTheVersion) {
+    for (const char *option : {"--version", "-v"}) {
+        const auto commandLine = parse({option});
+        EXPECT_EQ(commandLine.request, Request::answer);
+        EXPECT_EQ(commandLine.answer, (CommandAnswer{.output = "Corvane 2.1 (37)\n"}));
+    }
+}
+
+TEST(CommandLineTest, Helps) {
+    for (const char *option : {"--help", "-h"}) {
+        const auto commandLine = parse({option});
+        EXPECT_EQ(commandLine.request, Request::answer);
+        EXPECT_EQ(commandLine.answer.result, CommandResult::done);
+        EXPECT_NE(commandLine.answer.output.find("--version"), std::string::npos);
+        for (const char *command : {"start", "stop", "toggle", "status", "select-zone", "settings",
+                                    "quit", "profile list", "profile load NAME"}) {
+            EXPECT_NE(commandLine.answer.output.find(std::string("\n  ") + command + ' '),
+                      std::string::npos)
+                << command;
+        }
+    }
+}
+
+TEST(CommandLineTest, RefusesOptionsItDoesNotKnow) {
+    for (const std::string option : {"--verbose", "-x", "-"}) {
+        const auto commandLine = parse({option});
+        EXPECT_EQ(commandLine.request, Request::answer);
+        EXPECT_EQ(commandLine.answer,
+                  (CommandAnswer{.result = CommandResult::misused,
+                                 .error = "unknown option '" + option + "'; try --help"}));
+    }
+}
+
+TEST(CommandLineTest, RefusesCommandsItDoesNotKnow) {
+    EXPECT_EQ(parse({"file"}).answer.error, "unknown command 'file'; try --help");
+    EXPECT_EQ(parse({""}).answer.error, "unknown command ''; try --help");
+    EXPECT_EQ(parse({"file"}).answer.result, CommandResult::misused);
+}
+
+TEST(CommandLineTest, PassesCommandsOnAsTheyAre) {
+    const CommandRequest words{"profile", "load", "Ünï  côdé"};
+    const auto commandLine = parse(words);
+    EXPECT_EQ(commandLine.request, Request::command);
+    EXPECT_EQ(commandLine.words, words);
+}
+
+} // namespace
+} // namespace corvane
