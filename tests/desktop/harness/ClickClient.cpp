@@ -46,7 +46,7 @@ ClickClient::ClickClient(const VirtualDesktop &desktop)
 int ClickClient::open(const Window &window) {
     const int number = ++windowCount_;
     send(commandToOpen(number, window));
-    if (!waitUntil([&] { return lastReport("mapped", number).has_value(); })) {
+    if (!waitUntil([&] { return isOnScreen(number); })) {
         throw std::runtime_error("The window did not come up: " + program_->standardError());
     }
     return number;
@@ -105,6 +105,17 @@ int ClickClient::releaseCount() const { return static_cast<int>(reports("release
 
 bool ClickClient::waitForClicks(int count, std::chrono::milliseconds limit) const {
     return waitUntil([&] { return pressCount() >= count && releaseCount() >= count; }, limit);
+}
+
+bool ClickClient::isOnScreen(int window) const {
+    if (!lastReport("mapped", window)) {
+        return false;
+    }
+    // A window manager puts a window into its frame before it shows the frame.
+    const DisplayConnection &connection = desktop_.connection();
+    const x11::XcbReply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+        connection.get(), xcb_get_window_attributes(connection.get(), windowId(window)), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 void ClickClient::send(const std::string &line) const { program_->write(line + "\n"); }

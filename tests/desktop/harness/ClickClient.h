@@ -79,6 +79,7 @@ class ClickClient {
     pid_t pid() const { return program_->pid(); }
 
   private:
+    bool isOnScreen(int window) const;
     void send(const std::string &line) const;
     std::vector<std::vector<std::string>> reports(const std::string &kind) const;
     std::optional<std::vector<std::string>> lastReport(const std::string &kind, int window) const;
