@@ -6,6 +6,8 @@ set(CORVANE_HOST_NAME "corvane.example" CACHE STRING "The host name shown for th
 set(CORVANE_DONATION_PAGE "https://corvane.example/donate" CACHE STRING "The donation page")
 set(CORVANE_MAKER_PAGE "https://corvane.example/authors" CACHE STRING "The maker's web site")
 set(CORVANE_CREDIT "Made by the Corvane authors" CACHE STRING "The credit line")
+set(CORVANE_MAINTAINER "The Corvane authors <authors@corvane.example>" CACHE STRING
+    "Who looks after the Debian package")
 set(CORVANE_BUNDLE_IDENTIFIER "example.corvane.Corvane" CACHE STRING
     "The identifier of the macOS application bundle")
 set(CORVANE_SIGNING_IDENTITY "-" CACHE STRING

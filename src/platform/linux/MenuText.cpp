@@ -10,7 +10,7 @@ namespace corvane::x11 {
 namespace {
 
 /// What a title may take of a menu's width, in characters as a reader counts them.
-constexpr qsizetype longestLabel = 48;
+constexpr qsizetype longestLabel = 64;
 
 struct Modifier {
     char16_t sign;
