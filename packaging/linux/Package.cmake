@@ -18,8 +18,8 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS qt6-translations-l10n)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Corvane lives in the panel and clicks the left mouse button, at the cursor or
- only while the cursor is inside a zone drawn on the screen, at a rate per
- second, minute or hour, without end or up to a limit. A zone can follow the
- window of another program. Super+Shift+Y starts and stops it from anywhere.")
+only while the cursor is inside a zone drawn on the screen, at a rate per
+second, minute or hour, without end or up to a limit. A zone can follow the
+window of another program. Super+Shift+Y starts and stops it from anywhere.")
 
 include(CPack)
