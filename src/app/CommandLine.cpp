@@ -30,6 +30,9 @@ constexpr const char *usage =
     "  settings               open the settings\n"
     "  quit                   end it\n"
     "\n"
+    "Without a running Corvane, and beside one:\n"
+    "  doctor                 say what works on this desktop, and what to do about the rest\n"
+    "\n"
     "Exit codes: 0 done, 1 refused, 2 not understood, 3 no Corvane is running.\n";
 
 CommandLine answering(CommandAnswer answer) {
@@ -55,6 +58,10 @@ CommandLine CommandLine::parse(const CommandRequest &words, const std::string &v
     }
     if (first.starts_with('-')) {
         return misused("unknown option '" + first + "'");
+    }
+    if (first == "doctor") {
+        return words.size() == 1 ? CommandLine{.request = Request::diagnose}
+                                 : misused("'" + words[1] + "' is one word too many");
     }
     if (const auto command = Command::parse(words); !command) {
         return misused(command.error().description);

@@ -14,7 +14,9 @@ struct CommandLine {
         /// Print the answer and end.
         answer,
         /// Hand the words to the running program.
-        command
+        command,
+        /// Say what works on this desktop.
+        diagnose
     };
 
     Request request = Request::run;

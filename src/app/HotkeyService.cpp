@@ -1,26 +1,12 @@
 #include "app/HotkeyService.h"
 
-#include "platform/HotKeys.h"
 #include "platform/MainQueue.h"
 #include "support/Log.h"
 
-#include <cstdint>
 #include <string>
 #include <utility>
 
 namespace corvane {
-
-namespace {
-
-constexpr std::uint32_t ansiY = 16;
-constexpr std::uint32_t commandKey = 0x100;
-constexpr std::uint32_t shiftKey = 0x200;
-constexpr std::uint32_t signature = 0x4352564E; // 'CRVN'
-
-constexpr platform::HotKey startStopKey{
-    .keyCode = ansiY, .modifiers = commandKey | shiftKey, .signature = signature, .id = 1};
-
-} // namespace
 
 HotkeyService::HotkeyService(platform::HotKeys &hotKeys, platform::MainQueue &mainQueue)
     : hotKeys_(hotKeys),

@@ -1,15 +1,19 @@
 #pragma once
 
+#include "platform/HotKeys.h"
+
 #include <functional>
 #include <memory>
 
 namespace corvane {
 
 namespace platform {
-class HotKeyReference;
-class HotKeys;
 class MainQueue;
-} // namespace platform
+}
+
+/// Command+Shift+Y, with 'CRVN' for its signature.
+inline constexpr platform::HotKey startStopKey{
+    .keyCode = 16, .modifiers = 0x100 | 0x200, .signature = 0x4352564E, .id = 1};
 
 /// The system-wide shortcut Command+Shift+Y. Main thread.
 class HotkeyService {

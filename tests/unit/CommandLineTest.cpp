@@ -26,7 +26,7 @@ TEST(CommandLineTest, Helps) {
         EXPECT_EQ(commandLine.answer.result, CommandResult::done);
         EXPECT_NE(commandLine.answer.output.find("--version"), std::string::npos);
         for (const char *command : {"start", "stop", "toggle", "status", "select-zone", "settings",
-                                    "quit", "profile list", "profile load NAME"}) {
+                                    "quit", "profile list", "profile load NAME", "doctor"}) {
             EXPECT_NE(commandLine.answer.output.find(std::string("\n  ") + command + ' '),
                       std::string::npos)
                 << command;
@@ -48,6 +48,11 @@ TEST(CommandLineTest, RefusesCommandsItDoesNotKnow) {
     EXPECT_EQ(parse({"file"}).answer.error, "unknown command 'file'; try --help");
     EXPECT_EQ(parse({""}).answer.error, "unknown command ''; try --help");
     EXPECT_EQ(parse({"file"}).answer.result, CommandResult::misused);
+}
+
+TEST(CommandLineTest, TheDoctorComesByHimself) {
+    EXPECT_EQ(parse({"doctor"}).request, Request::diagnose);
+    EXPECT_EQ(parse({"doctor", "now"}).answer.result, CommandResult::misused);
 }
 
 TEST(CommandLineTest, PassesCommandsOnAsTheyAre) {

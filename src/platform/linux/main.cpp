@@ -1,14 +1,20 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
+#include "app/Doctor.h"
+#include "app/HotkeyService.h"
 #include "platform/linux/ButtonGuard.h"
 #include "platform/linux/ButtonMark.h"
 #include "platform/linux/CommandCall.h"
+#include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/UserDirectories.h"
 #include "platform/linux/XcbEvents.h"
+#include "platform/posix/FileFacts.h"
+#include "platform/posix/PosixFileSystem.h"
 #include "support/Log.h"
 
 #include <QApplication>
@@ -76,8 +82,7 @@ int runApp(XcbEvents &events) {
 int runProgram(int argc, char **argv) {
     auto connection = XcbConnection::open();
     if (!connection) {
-        std::fputs("corvane: no X display can be reached; is DISPLAY set?\n", stderr);
-        return EXIT_FAILURE;
+        return print(noDisplay(isWaylandSession()));
     }
     const ButtonGuard guard;
     // In a Wayland session too, the program is an X client.
@@ -109,6 +114,14 @@ int runCommand(int argc, char **argv, const CommandRequest &words) {
     return print(callRunning(words).value_or(nothingRunning()));
 }
 
+int runDoctor(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    posix::PosixFileSystem files;
+    return print(diagnose(readDesktopFacts(startStopKey),
+                          posix::readFileFacts(filesOfCorvane(files, homeDirectory())),
+                          callRunning({"status", "--json"})));
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -120,6 +133,8 @@ int main(int argc, char **argv) {
         return print(commandLine.answer);
     case CommandLine::Request::command:
         return runCommand(argc, argv, commandLine.words);
+    case CommandLine::Request::diagnose:
+        return runDoctor(argc, argv);
     case CommandLine::Request::run:
         break;
     }

@@ -1,10 +1,14 @@
 #include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
+#include "app/Doctor.h"
+#include "app/HotkeyService.h"
 #import "platform/macos/EditingKeys.h"
 #import "platform/macos/MacAppDelegate.h"
 #import "platform/macos/MacCommandEndpoint.h"
+#import "platform/macos/MacDesktopReading.h"
 #import "platform/macos/MacPlatform.h"
 #import "platform/macos/TerminationSignals.h"
+#include "platform/posix/FileFacts.h"
 
 #import <AppKit/AppKit.h>
 
@@ -33,6 +37,14 @@ CommandLine readCommandLine(int argc, char **argv) {
                                   application.buildVersion().value_or("") + ")");
 }
 
+int runDoctor() {
+    posix::PosixFileSystem files;
+    const macos::MacApplication application;
+    return print(diagnose(macos::readDesktopFacts(startStopKey),
+                          posix::readFileFacts(filesOfCorvane(files, application.homeDirectory())),
+                          macos::callRunning({"status", "--json"})));
+}
+
 int runProgram() {
     NSApplication *application = NSApplication.sharedApplication;
     macos::MacPlatform platform;
@@ -58,6 +70,8 @@ int main(int argc, char **argv) {
             return print(commandLine.answer);
         case CommandLine::Request::command:
             return print(macos::callRunning(commandLine.words).value_or(nothingRunning()));
+        case CommandLine::Request::diagnose:
+            return runDoctor();
         case CommandLine::Request::run:
             break;
         }

@@ -1,0 +1,304 @@
+#include "app/Doctor.h"
+
+#include "services/ConfigService.h"
+#include "services/ProfileService.h"
+#include "support/Log.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+namespace corvane {
+
+namespace {
+
+enum class Grade { works, limited, missing };
+
+/// One line of the report.
+struct Finding {
+    Grade grade = Grade::works;
+    std::string subject;
+    std::string statement;
+    /// Empty where nothing is to be done.
+    std::string remedy{};
+};
+
+constexpr const char *chooseX11 =
+    "Log out, choose a session whose name ends in \"on Xorg\" or \"X11\" on the login screen "
+    "(often behind the gear button), and log in again.";
+constexpr const char *bindKey =
+    "Let a keyboard shortcut of your desktop run 'corvane toggle', or use the menu.";
+
+/// What the running Corvane says of itself.
+struct Running {
+    std::string status;
+    bool isAccessibilityGranted = false;
+    bool isHotkeyRegistered = false;
+};
+
+std::optional<Running> readRunning(const std::optional<CommandAnswer> &answer) {
+    if (!answer || answer->result != CommandResult::done) {
+        return std::nullopt;
+    }
+    const auto json = nlohmann::json::parse(answer->output, nullptr, false);
+    if (!json.is_object()) {
+        return std::nullopt;
+    }
+    return Running{.status = json.value("status", std::string()),
+                   .isAccessibilityGranted = json.value("isAccessibilityGranted", false),
+                   .isHotkeyRegistered = json.value("isHotkeyRegistered", false)};
+}
+
+Finding programFinding(const std::optional<CommandAnswer> &answer,
+                       const std::optional<Running> &running) {
+    if (running) {
+        return {.subject = "Corvane",
+                .statement = running->status == "running" ? "It is running, and clicking."
+                                                          : "It is running."};
+    }
+    if (answer) {
+        return {.grade = Grade::limited,
+                .subject = "Corvane",
+                .statement = "It is running, but does not answer.",
+                .remedy = "End it and start it again."};
+    }
+    return {.subject = "Corvane", .statement = "It is not running."};
+}
+
+Finding x11Finding(const DesktopFacts &desktop) {
+    const std::string display = "the X server " + desktop.displayName;
+    if (!desktop.isWaylandSession) {
+        return {.subject = "Display", .statement = "Corvane is on " + display + "."};
+    }
+    return {.grade = Grade::limited,
+            .subject = "Display",
+            .statement = "Corvane is on " + display +
+                         " and reaches the programs there, but none of those in the Wayland "
+                         "session around it.",
+            .remedy = chooseX11};
+}
+
+Finding displayFinding(const DesktopFacts &desktop) {
+    switch (desktop.displayServer) {
+    case DisplayServer::macos:
+        return {.subject = "Display", .statement = "Corvane is on the desktop of macOS."};
+    case DisplayServer::x11:
+        return x11Finding(desktop);
+    case DisplayServer::xwayland:
+        return {.grade = Grade::missing,
+                .subject = "Display",
+                .statement = "This is a Wayland session, with XWayland (" + desktop.displayName +
+                             ") for X programs. Clicks could reach those programs only, and "
+                             "would reach the wrong one while the cursor is over any other "
+                             "window. Corvane does not click here.",
+                .remedy = chooseX11};
+    case DisplayServer::waylandOnly:
+        return {.grade = Grade::missing,
+                .subject = "Display",
+                .statement = "This is a Wayland session without an X server. Corvane cannot "
+                             "start here.",
+                .remedy = chooseX11};
+    case DisplayServer::none:
+        break;
+    }
+    return {.grade = Grade::missing,
+            .subject = "Display",
+            .statement = desktop.displayName.empty()
+                             ? "There is none: DISPLAY is not set."
+                             : "The display " + desktop.displayName + " cannot be reached.",
+            .remedy = "Run Corvane inside a desktop session."};
+}
+
+/// On macOS the permission is each program's own: that of the one that clicks counts.
+Finding clicksFinding(const DesktopFacts &desktop, const std::optional<Running> &running) {
+    if (running ? running->isAccessibilityGranted : *desktop.takesClicks) {
+        return {.subject = "Clicks", .statement = "They reach other applications."};
+    }
+    if (desktop.displayServer == DisplayServer::macos) {
+        return {.grade = Grade::missing,
+                .subject = "Clicks",
+                .statement = "Corvane has not been granted the Accessibility permission.",
+                .remedy = "Switch Corvane on in System Settings, Privacy & Security, "
+                          "Accessibility."};
+    }
+    if (desktop.displayServer == DisplayServer::xwayland) {
+        return {.grade = Grade::missing,
+                .subject = "Clicks",
+                .statement = "They do not reach the applications of a Wayland session."};
+    }
+    return {.grade = Grade::missing,
+            .subject = "Clicks",
+            .statement = "The X server does not offer XTEST, through which programs click.",
+            .remedy = "Start the X server with XTEST enabled; its command line or configuration "
+                      "turns it off."};
+}
+
+/// Among X programs in a Wayland session, a key is only heard while one of them has the keyboard.
+Finding hotKeyInWayland() {
+    return {.grade = Grade::limited,
+            .subject = "Hot key",
+            .statement = "It is heard only while a program under XWayland has the keyboard.",
+            .remedy = bindKey};
+}
+
+Finding hotKeyTaken(const char *who) {
+    return {.grade = Grade::limited,
+            .subject = "Hot key",
+            .statement = std::string("Another program has Super+Shift+Y") + who + ".",
+            .remedy = std::string("Take the key away from that program and start Corvane again. "
+                                  "Or: ") +
+                      bindKey};
+}
+
+Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> &running) {
+    if (desktop.displayServer == DisplayServer::xwayland) {
+        return hotKeyInWayland();
+    }
+    if (running && running->isHotkeyRegistered) {
+        return {.subject = "Hot key", .statement = "It belongs to the running Corvane."};
+    }
+    if (running) {
+        return hotKeyTaken(", or the keyboard has no such key");
+    }
+    switch (*desktop.hotKey) {
+    case HotKeyState::free:
+        return {.subject = "Hot key", .statement = "It is free for Corvane."};
+    case HotKeyState::taken:
+        return hotKeyTaken("");
+    case HotKeyState::noSuchKey:
+        break;
+    }
+    return {.grade = Grade::limited,
+            .subject = "Hot key",
+            .statement = "The keyboard has no key for it.",
+            .remedy = bindKey};
+}
+
+Finding statusAreaFinding(StatusArea area) {
+    switch (area) {
+    case StatusArea::menuBar:
+        return {.subject = "Menu", .statement = "Corvane's symbol is in the menu bar."};
+    case StatusArea::panel:
+    case StatusArea::systemTray:
+        return {.subject = "Menu", .statement = "A panel shows Corvane's symbol."};
+    case StatusArea::none:
+        break;
+    }
+    return {.grade = Grade::limited,
+            .subject = "Menu",
+            .statement = "No panel shows status symbols, so Corvane has no menu there. The "
+                         "settings window opens at the start instead.",
+            .remedy = "Use the commands, the hot key or the actions of Corvane's entry among the "
+                      "applications. Or add a status area: a panel's plug-in, or on GNOME the "
+                      "extension \"AppIndicator and KStatusNotifierItem Support\"."};
+}
+
+Finding compositorFinding(bool isThere) {
+    return {.subject = "Compositor",
+            .statement = isThere ? "One is running: outlines and ripples are translucent."
+                                 : "None is running: outlines and ripples are cut out sharply, "
+                                   "and work."};
+}
+
+Finding windowManagerFinding(const DesktopFacts &desktop) {
+    if (desktop.windowManager->empty()) {
+        return {.grade = Grade::limited,
+                .subject = "Windows",
+                .statement = "No window manager tells which windows there are: zones cannot "
+                             "follow windows.",
+                .remedy = "Start a window manager that follows the EWMH standard."};
+    }
+    if (desktop.missingHints.empty()) {
+        return {.subject = "Windows",
+                .statement = *desktop.windowManager + " tells all that Corvane asks of it."};
+    }
+    std::string hints;
+    for (const std::string &hint : desktop.missingHints) {
+        hints += (hints.empty() ? "" : ", ") + hint;
+    }
+    return {.grade = Grade::limited,
+            .subject = "Windows",
+            .statement = *desktop.windowManager + " does not offer " + hints +
+                         ": zones may not follow windows exactly.",
+            .remedy = "Use a window manager that offers them, if you anchor zones to windows."};
+}
+
+std::vector<Finding> fileFindings(const std::vector<FileFact> &files) {
+    std::vector<Finding> findings;
+    for (const FileFact &file : files) {
+        if (!file.isReadable || !file.isWritable) {
+            findings.push_back(
+                {.grade = Grade::missing,
+                 .subject = "Files",
+                 .statement =
+                     file.path.string() + " cannot be " + (file.isWritable ? "read." : "written."),
+                 .remedy = "It has to belong to you and be writable. Change that, or move it out "
+                           "of the way."});
+        }
+    }
+    if (findings.empty()) {
+        findings.push_back({.subject = "Files",
+                            .statement = "Settings, profiles and log can be read and written."});
+    }
+    return findings;
+}
+
+std::string lineOf(const Finding &finding) {
+    const char *mark = finding.grade == Grade::works     ? "[ok]      "
+                       : finding.grade == Grade::limited ? "[limited] "
+                                                         : "[missing] ";
+    const std::string statement = mark + finding.subject + ": " + finding.statement + "\n";
+    return finding.remedy.empty() ? statement : statement + "          " + finding.remedy + "\n";
+}
+
+} // namespace
+
+CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
+                       const std::optional<CommandAnswer> &runningStatus) {
+    const auto running = readRunning(runningStatus);
+    std::vector<Finding> findings{programFinding(runningStatus, running), displayFinding(desktop)};
+    if (desktop.takesClicks) {
+        findings.push_back(clicksFinding(desktop, running));
+    }
+    if (desktop.hotKey) {
+        findings.push_back(hotKeyFinding(desktop, running));
+    }
+    if (desktop.statusArea) {
+        findings.push_back(statusAreaFinding(*desktop.statusArea));
+    }
+    if (desktop.hasCompositor) {
+        findings.push_back(compositorFinding(*desktop.hasCompositor));
+    }
+    if (desktop.windowManager) {
+        findings.push_back(windowManagerFinding(desktop));
+    }
+    std::ranges::move(fileFindings(files), std::back_inserter(findings));
+
+    CommandAnswer report;
+    for (const Finding &finding : findings) {
+        report.output += lineOf(finding);
+    }
+    if (std::ranges::find(findings, Grade::missing, &Finding::grade) != findings.end()) {
+        report.result = CommandResult::refused;
+    }
+    return report;
+}
+
+CommandAnswer noDisplay(bool isWaylandSession) {
+    return {.result = CommandResult::refused,
+            .error = isWaylandSession ? "this Wayland session has no X display, which Corvane "
+                                        "needs; 'corvane doctor' tells what to do"
+                                      : "no X display can be reached; is DISPLAY set?"};
+}
+
+std::vector<std::filesystem::path> filesOfCorvane(platform::FileSystem &files,
+                                                  const std::filesystem::path &home) {
+    const std::filesystem::path settings = ConfigService(files, home).configFileURL();
+    return {settings.parent_path(), settings, ProfileService(files, home).profilesFileURL(),
+            logPath};
+}
+
+} // namespace corvane

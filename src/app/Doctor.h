@@ -1,0 +1,30 @@
+#pragma once
+
+#include "presentation/Command.h"
+#include "presentation/DesktopFacts.h"
+
+#include <filesystem>
+#include <optional>
+#include <vector>
+
+namespace corvane {
+
+namespace platform {
+class FileSystem;
+}
+
+/// Says in plain words what works on this desktop, and what to do about what does not: a line for
+/// each subject. The result is `refused` when something is missing without which Corvane cannot
+/// click or keep its settings. `runningStatus` is what a running Corvane answers to
+/// "status --json"; nothing when none is running.
+CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
+                       const std::optional<CommandAnswer> &runningStatus);
+
+/// What a start says that found no display.
+CommandAnswer noDisplay(bool isWaylandSession);
+
+/// The files and folders that Corvane writes for a user with that home.
+std::vector<std::filesystem::path> filesOfCorvane(platform::FileSystem &files,
+                                                  const std::filesystem::path &home);
+
+} // namespace corvane

@@ -1,0 +1,139 @@
+#include "platform/linux/DesktopReading.h"
+
+#include "platform/linux/CommandAddress.h"
+#include "platform/linux/LinuxHotKeys.h"
+#include "platform/linux/ServerAbilities.h"
+#include "platform/linux/WindowProperty.h"
+#include "platform/linux/XcbEvents.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDBusVariant>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// What Corvane asks a window manager: which windows there are and in what order, how wide their
+/// frames are, and to give its own windows the keyboard.
+constexpr std::array wantedHints{"_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING",
+                                 "_NET_FRAME_EXTENTS", "_NET_ACTIVE_WINDOW"};
+
+std::string variable(const char *name) {
+    const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+    return value != nullptr ? value : "";
+}
+
+bool hasOwner(const XcbConnection &connection, const std::string &selection) {
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+        connection.get(), xcb_get_selection_owner(connection.get(), connection.atom(selection)),
+        nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
+}
+
+/// Of the selections that a screen has one of each.
+bool hasOwnerOnScreen(const XcbConnection &connection, const std::string &selection) {
+    return hasOwner(connection, selection + std::to_string(connection.screenNumber()));
+}
+
+HotKeyState stateOf(const platform::HotKey &hotKey, XcbEvents &events) {
+    LinuxHotKeys hotKeys(events);
+    const auto key = hotKeys.registerHotKey(hotKey);
+    if (key) {
+        return HotKeyState::free;
+    }
+    return key.error() == XCB_ACCESS ? HotKeyState::taken : HotKeyState::noSuchKey;
+}
+
+bool hasPanelOnBus() {
+    constexpr int patienceMilliseconds = 3000;
+    if (!hasSessionBus()) {
+        return false;
+    }
+    const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
+    const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
+                                                   QStringLiteral("desktop-reading"));
+    auto question = QDBusMessage::createMethodCall(
+        watcher, QStringLiteral("/StatusNotifierWatcher"),
+        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    question << watcher << QStringLiteral("IsStatusNotifierHostRegistered");
+    question.setAutoStartService(false);
+    const QDBusReply<QDBusVariant> answer = bus.call(question, QDBus::Block, patienceMilliseconds);
+    QDBusConnection::disconnectFromBus(bus.name());
+    return answer.isValid() && answer.value().variant().toBool();
+}
+
+StatusArea statusAreaOf(const XcbConnection &connection) {
+    if (hasPanelOnBus()) {
+        return StatusArea::panel;
+    }
+    return hasOwnerOnScreen(connection, "_NET_SYSTEM_TRAY_S") ? StatusArea::systemTray
+                                                              : StatusArea::none;
+}
+
+/// The window through which a window manager that follows EWMH shows itself; none for another.
+xcb_window_t windowManagerWindow(const XcbConnection &connection) {
+    const xcb_atom_t check = connection.atom("_NET_SUPPORTING_WM_CHECK");
+    const auto window = WindowProperty(connection, connection.root(), check).number();
+    // One that has ended leaves the root window's property behind.
+    const bool isAlive = window && WindowProperty(connection, *window, check).number() == window;
+    return isAlive ? *window : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
+std::string nameOf(const XcbConnection &connection, xcb_window_t windowManager) {
+    WindowProperty name(connection, windowManager, connection.atom("_NET_WM_NAME"));
+    const std::string text(name.text());
+    return text.empty() ? "The window manager" : text;
+}
+
+void readWindowManager(const XcbConnection &connection, DesktopFacts &facts) {
+    const xcb_window_t window = windowManagerWindow(connection);
+    facts.windowManager = window != XCB_WINDOW_NONE ? nameOf(connection, window) : "";
+    const auto offered =
+        WindowProperty(connection, connection.root(), connection.atom("_NET_SUPPORTED")).numbers();
+    for (const char *hint : wantedHints) {
+        if (std::ranges::find(offered, connection.atom(hint)) == offered.end()) {
+            facts.missingHints.emplace_back(hint);
+        }
+    }
+}
+
+DesktopFacts factsWithoutServer() {
+    return {.displayServer = isWaylandSession() ? DisplayServer::waylandOnly : DisplayServer::none,
+            .displayName = variable("DISPLAY"),
+            .isWaylandSession = isWaylandSession()};
+}
+
+} // namespace
+
+bool isWaylandSession() {
+    return !variable("WAYLAND_DISPLAY").empty() || variable("XDG_SESSION_TYPE") == "wayland";
+}
+
+DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
+    auto opened = XcbConnection::open();
+    if (!opened) {
+        return factsWithoutServer();
+    }
+    XcbEvents events(std::move(*opened), [] {});
+    const XcbConnection &connection = events.connection();
+    const bool isXwayland = isInsideWayland(connection);
+    DesktopFacts facts{.displayServer = isXwayland ? DisplayServer::xwayland : DisplayServer::x11,
+                       .displayName = variable("DISPLAY"),
+                       .isWaylandSession = isXwayland || isWaylandSession(),
+                       .takesClicks = !isXwayland && offersFakeInput(connection),
+                       .hotKey = stateOf(hotKey, events),
+                       .statusArea = statusAreaOf(connection),
+                       .hasCompositor = hasOwnerOnScreen(connection, "_NET_WM_CM_S")};
+    readWindowManager(connection, facts);
+    return facts;
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "presentation/DesktopFacts.h"
+
+namespace corvane::x11 {
+
+/// What this desktop offers, asked of the display that DISPLAY names, of the session bus and of the
+/// environment. Main thread; needs Qt's core application.
+DesktopFacts readDesktopFacts(const platform::HotKey &hotKey);
+
+/// Whether the environment speaks of a Wayland session.
+bool isWaylandSession();
+
+} // namespace corvane::x11

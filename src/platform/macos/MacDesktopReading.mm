@@ -1,0 +1,21 @@
+#import "platform/macos/MacDesktopReading.h"
+
+#import "platform/macos/MacHotKeys.h"
+
+#import <ApplicationServices/ApplicationServices.h>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
+    MacHotKeys hotKeys;
+    return {.displayServer = DisplayServer::macos,
+            .takesClicks = AXIsProcessTrusted() != 0,
+            .hotKey = hotKeys.registerHotKey(hotKey) ? HotKeyState::free : HotKeyState::taken,
+            .statusArea = StatusArea::menuBar};
+}
+
+} // namespace corvane::macos
