@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace corvane {
 namespace {
 
@@ -31,14 +33,14 @@ class AnchorTrackingTest : public ::testing::Test {
     std::shared_ptr<DynamicZoneRect> zone =
         std::make_shared<DynamicZoneRect>(Rectangle{1, 2, 200, 80});
     std::vector<Rectangle> moves;
-    milliseconds durationOfAMove{0};
+    milliseconds durationOfNextMove{0};
     std::unique_ptr<AnchorTracking> tracking = std::make_unique<AnchorTracking>(
         platform.mainQueue(), resolver,
         WindowAnchor{"org.example.editor", "Report", {30, 60, 200, 80}}, zone,
         [this](const Rectangle &moved) {
             EXPECT_EQ(zone->rect(), moved);
             moves.push_back(moved);
-            platform.clock().advance(durationOfAMove);
+            platform.clock().advance(std::exchange(durationOfNextMove, milliseconds(0)));
         });
 };
 
@@ -60,7 +62,7 @@ TEST_F(AnchorTrackingTest, FollowsTheWindowEverySixteenMilliseconds) {
 }
 
 TEST_F(AnchorTrackingTest, ThePauseBeginsWhenAPassHasEnded) {
-    durationOfAMove = milliseconds(100);
+    durationOfNextMove = milliseconds(100);
     platform.advance(milliseconds(16));
     const platform::Instant end = platform.clock().now();
     EXPECT_EQ(moves.size(), 1U);
