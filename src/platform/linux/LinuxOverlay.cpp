@@ -1,7 +1,6 @@
 #include "platform/linux/LinuxOverlay.h"
 
 #include "platform/linux/OverlayStage.h"
-#include "platform/linux/ScreenGrab.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,8 +13,14 @@ namespace {
 /// Nobody sees more pictures than this, however often the mouse reports.
 constexpr std::chrono::milliseconds shortestRepaintInterval(8);
 
-/// What other programs need to draw where a window has gone.
-constexpr std::chrono::milliseconds timeToUncover(100);
+/// No desktop reaches further, in pixels; the server counts to little more.
+constexpr double farthest = 20000;
+
+/// The nearest pixel edge that the server can count.
+int pixelEdge(double position) {
+    const double within = position > -farthest ? std::min(position, farthest) : -farthest;
+    return static_cast<int>(std::lround(within));
+}
 
 bool isVisible(const Colour &colour) {
     return colour.name != ColourName::clear && colour.alpha > 0;
@@ -36,9 +41,10 @@ LinuxOverlay::LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,
       traits_(window),
       events_(std::move(events)),
       frame_(pixelsOf(window.frame)),
+      part_(shownPart()),
       surface_(stage.surfaces().take({window.ignoresMouseEvents, window.cursor})) {
     stage_.add(*this);
-    surface_->place(frame_);
+    place();
 }
 
 LinuxOverlay::~LinuxOverlay() {
@@ -50,7 +56,7 @@ LinuxOverlay::~LinuxOverlay() {
 }
 
 void LinuxOverlay::orderFront() {
-    stage_.stack().insert(surface_->window(), traits_.level);
+    stage_.stack().insert(surface_->window(), traits_.level, !isEmpty());
     if (!isShown_) {
         map();
     }
@@ -60,13 +66,18 @@ void LinuxOverlay::orderFront() {
 void LinuxOverlay::makeKeyAndOrderFront() {
     orderFront();
     if (traits_.canBecomeKey) {
-        stage_.keyboard().giveTo(surface_->window(), [this](platform::Key key) {
-            if (const auto handler = events_.keyDown) {
-                handler(key);
-            }
-        });
-        stage_.connection().flush();
+        takeKeyboard();
     }
+}
+
+void LinuxOverlay::takeKeyboard() {
+    hasKeyboard_ = true;
+    stage_.keyboard().giveTo(surface_->window(), [this](platform::Key key) {
+        if (const auto handler = events_.keyDown) {
+            handler(key);
+        }
+    });
+    stage_.connection().flush();
 }
 
 void LinuxOverlay::orderOut() {
@@ -74,7 +85,7 @@ void LinuxOverlay::orderOut() {
         return;
     }
     isShown_ = false;
-    grabTimer_.reset();
+    hasKeyboard_ = false;
     stage_.keyboard().takeFrom(surface_->window());
     stage_.stack().remove(surface_->window());
     surface_->unmap();
@@ -82,27 +93,27 @@ void LinuxOverlay::orderOut() {
 }
 
 void LinuxOverlay::map() {
-    if (blending() == OverlayScene::Blending::backdrop) {
-        backdrop_ = screenGrab(stage_.connection(), frame_);
-    }
     isShown_ = true;
+    backdrop_ = blending() == OverlayScene::Blending::backdrop
+                    ? stage_.uncoveredScreen(part_.translated(frame_.topLeft()))
+                    : QImage();
     repaint();
     surface_->map();
 }
 
 void LinuxOverlay::setFrame(const Rectangle &frame) {
-    const QRect pixels = pixelsOf(frame);
-    if (pixels == frame_) {
-        return;
-    }
-    const bool isResized = pixels.size() != frame_.size();
-    frame_ = pixels;
-    if (isResized) {
+    const QRect former = frame_;
+    const QRect formerPart = part_;
+    frame_ = pixelsOf(frame);
+    part_ = shownPart();
+    if (frame_.size() != former.size() || part_ != formerPart) {
         repaint();
     }
-    surface_->place(frame_);
+    place();
     stage_.connection().flush();
 }
+
+void LinuxOverlay::place() { surface_->place(part_.translated(frame_.topLeft())); }
 
 void LinuxOverlay::setDrawing(const Drawing &drawing) {
     drawing_ = drawing;
@@ -138,33 +149,41 @@ void LinuxOverlay::blendingChanged() {
     if (!isShown_) {
         return;
     }
-    backdrop_ = {};
     if (blending() == OverlayScene::Blending::backdrop) {
-        hideAndGrabAgain();
+        showAgain();
     } else {
-        grabTimer_.reset();
+        backdrop_ = {};
         repaint();
-        surface_->map();
     }
 }
 
-void LinuxOverlay::hideAndGrabAgain() {
+/// The screen beneath can be seen only while the window is off it.
+void LinuxOverlay::showAgain() {
     surface_->unmap();
-    grabTimer_ = oneShotTimer([this] {
-        map();
-        stage_.connection().flush();
-    });
-    grabTimer_->start(timeToUncover);
+    map();
+    if (hasKeyboard_) {
+        takeKeyboard();
+    }
 }
 
 QRect LinuxOverlay::pixelsOf(const Rectangle &frame) const {
     const Rectangle root = stage_.screens().toRoot(frame);
-    const auto left = static_cast<int>(std::lround(root.x));
-    const auto top = static_cast<int>(std::lround(root.y));
-    const auto right = static_cast<int>(std::lround(root.maxX()));
-    const auto bottom = static_cast<int>(std::lround(root.maxY()));
+    const int left = pixelEdge(root.x);
+    const int top = pixelEdge(root.y);
     // The server has no windows without an area.
-    return {left, top, std::max(1, right - left), std::max(1, bottom - top)};
+    return {left, top, std::max(1, pixelEdge(root.maxX()) - left),
+            std::max(1, pixelEdge(root.maxY()) - top)};
+}
+
+QRect LinuxOverlay::shownPart() const {
+    const Rectangle &root = stage_.screens().desktop();
+    const QRect desktop(0, 0, static_cast<int>(root.width), static_cast<int>(root.height));
+    const QRect whole(QPoint(), frame_.size());
+    if (whole.width() <= desktop.width() && whole.height() <= desktop.height()) {
+        return whole;
+    }
+    const QRect part = whole.intersected(desktop.translated(-frame_.topLeft()));
+    return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
 }
 
 OverlayScene::Blending LinuxOverlay::blending() const {
@@ -176,7 +195,7 @@ OverlayScene::Blending LinuxOverlay::blending() const {
 }
 
 OverlayScene LinuxOverlay::scene() const {
-    return {frame_.size(), blending(), traits_.background, backdrop_, drawing_};
+    return {frame_.size(), part_, blending(), traits_.background, backdrop_, drawing_};
 }
 
 bool LinuxOverlay::isEmpty() const { return drawing_.empty() && !isVisible(traits_.background); }
@@ -186,17 +205,16 @@ void LinuxOverlay::repaint() {
         playback_->changeTo(stage_.animation(scene(), playback_->animation()));
         return;
     }
-    const QRect whole(QPoint(), frame_.size());
     const OverlayScene painted = scene();
-    const QImage image = isEmpty() ? QImage() : stage_.painter().paint(painted, whole);
-    picture_ = std::make_unique<OverlayPicture>(stage_.visual(), frame_.size());
+    const QImage image = isEmpty() ? QImage() : stage_.painter().paint(painted, part_);
+    picture_ = std::make_unique<OverlayPicture>(stage_.visual(), part_.size());
     if (!image.isNull()) {
         picture_->put(image, QPoint());
     }
     if (painted.blending == OverlayScene::Blending::cutOut) {
         picture_->cutOut(image);
     }
-    surface_->show(*picture_, whole);
+    surface_->show(*picture_, QRect(QPoint(), part_.size()));
     shownDrawing_ = drawing_;
     lastRepaint_ = Clock::now();
 }
@@ -211,12 +229,13 @@ void LinuxOverlay::repaintChanges() {
         repaint();
         return;
     }
-    const QRegion changed = OverlayPainter::difference(shownDrawing_, drawing_, frame_.size());
+    const QRegion changed =
+        OverlayPainter::difference(shownDrawing_, drawing_, frame_.size()).intersected(part_);
     const OverlayScene painted = scene();
-    for (const QRect &part : changed) {
-        picture_->put(stage_.painter().paint(painted, part), part.topLeft());
+    for (const QRect &piece : changed) {
+        picture_->put(stage_.painter().paint(painted, piece), piece.topLeft() - part_.topLeft());
     }
-    surface_->show(*picture_, changed);
+    surface_->show(*picture_, changed.translated(-part_.topLeft()));
     shownDrawing_ = drawing_;
     lastRepaint_ = Clock::now();
 }

@@ -49,11 +49,14 @@ class LinuxOverlay : public platform::NativeOverlay {
     using Clock = std::chrono::steady_clock;
 
     QRect pixelsOf(const Rectangle &frame) const;
+    QRect shownPart() const;
+    void place();
+    void takeKeyboard();
     OverlayScene::Blending blending() const;
     OverlayScene scene() const;
     bool isEmpty() const;
     void map();
-    void hideAndGrabAgain();
+    void showAgain();
     /// Shows everything anew.
     void repaint();
     /// Shows what has changed since the drawing was shown last.
@@ -66,18 +69,20 @@ class LinuxOverlay : public platform::NativeOverlay {
     const platform::OverlayEvents events_;
     /// In the root window's pixels.
     QRect frame_;
+    /// What the window shows of it, from its top left corner.
+    QRect part_;
     Drawing drawing_;
     /// What the picture holds.
     Drawing shownDrawing_;
     /// The screen beneath, where it cannot be seen through the window.
     QImage backdrop_;
     bool isShown_ = false;
+    bool hasKeyboard_ = false;
     std::unique_ptr<OverlaySurface> surface_;
     std::unique_ptr<OverlayPicture> picture_;
     std::unique_ptr<OverlayPlayback> playback_;
     Clock::time_point lastRepaint_;
     std::unique_ptr<QTimer> repaintTimer_;
-    std::unique_ptr<QTimer> grabTimer_;
 };
 
 } // namespace corvane::x11

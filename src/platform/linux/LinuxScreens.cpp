@@ -63,25 +63,26 @@ bool LinuxScreens::isRootChange(const xcb_generic_event_t &event) const {
 }
 
 void LinuxScreens::read() {
-    std::vector<Rectangle> frames = monitors();
+    desktop_ = readDesktop();
+    const std::vector<Rectangle> frames = hasMonitors_ ? readMonitors() : std::vector{desktop_};
     screens_.clear();
     for (const Rectangle &frame : frames) {
         screens_.push_back({flipped(frame, frames.front().height)});
     }
 }
 
-std::vector<Rectangle> LinuxScreens::monitors() const {
-    if (hasMonitors_) {
-        constexpr std::uint8_t onlyActive = 1;
-        const XcbReply<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
-            connection_.get(),
-            xcb_randr_get_monitors(connection_.get(), connection_.root(), onlyActive), nullptr));
-        return reply ? primaryFirst(*reply) : std::vector<Rectangle>{};
-    }
+Rectangle LinuxScreens::readDesktop() const {
     const XcbReply<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(
         connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()), nullptr));
-    return root ? std::vector{Rectangle{0, 0, double(root->width), double(root->height)}}
-                : std::vector<Rectangle>{};
+    return root ? Rectangle{0, 0, double(root->width), double(root->height)} : Rectangle{};
+}
+
+std::vector<Rectangle> LinuxScreens::readMonitors() const {
+    constexpr std::uint8_t onlyActive = 1;
+    const XcbReply<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
+        connection_.get(),
+        xcb_randr_get_monitors(connection_.get(), connection_.root(), onlyActive), nullptr));
+    return reply ? primaryFirst(*reply) : std::vector<Rectangle>{};
 }
 
 std::optional<double> LinuxScreens::primaryHeight() const {

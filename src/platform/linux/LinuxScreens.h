@@ -17,6 +17,9 @@ class LinuxScreens : public platform::Screens {
     /// Monitors that show the same area are one screen.
     std::vector<platform::Screen> screens() const override { return screens_; }
 
+    /// The whole X screen in the root window's pixels.
+    const Rectangle &desktop() const { return desktop_; }
+
     /// Converts from screen space to the root window's pixels; unchanged without screens.
     Rectangle toRoot(const Rectangle &rectangle) const;
     /// Converts from the root window's pixels to screen space; unchanged without screens.
@@ -26,11 +29,13 @@ class LinuxScreens : public platform::Screens {
     void follow(XcbEvents &events, std::uint8_t firstEvent);
     bool isRootChange(const xcb_generic_event_t &event) const;
     void read();
-    std::vector<Rectangle> monitors() const;
+    Rectangle readDesktop() const;
+    std::vector<Rectangle> readMonitors() const;
     std::optional<double> primaryHeight() const;
 
     const XcbConnection &connection_;
     bool hasMonitors_ = false;
+    Rectangle desktop_;
     std::vector<platform::Screen> screens_;
     EventMasks::Selection rootEvents_;
     XcbEvents::Subscription subscription_;

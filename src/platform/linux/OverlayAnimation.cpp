@@ -72,8 +72,8 @@ std::unique_ptr<OverlayPicture> OverlayAnimation::painted(std::size_t index) con
     const double progress = static_cast<double>(index) / static_cast<double>(pictures_.size() - 1);
     OverlayScene scene = scene_;
     scene.drawing.emplace_back(shapeAt(progress));
-    const QImage image = painter_.paint(scene, QRect(QPoint(), scene.size));
-    auto picture = std::make_unique<OverlayPicture>(visual_, scene.size);
+    const QImage image = painter_.paint(scene, scene.part);
+    auto picture = std::make_unique<OverlayPicture>(visual_, size());
     picture->put(image, QPoint());
     if (scene.blending == OverlayScene::Blending::cutOut) {
         picture->cutOut(image);

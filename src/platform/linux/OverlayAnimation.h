@@ -28,7 +28,7 @@ class OverlayAnimation {
         return animation_ == animation && scene_ == scene;
     }
     const Animation &animation() const { return animation_; }
-    QSize size() const { return scene_.size; }
+    QSize size() const { return scene_.part.size(); }
 
     /// Which picture is shown that long after the start.
     std::size_t indexAt(Duration elapsed) const;

@@ -122,18 +122,18 @@ QRegion difference(const std::variant<Shape, SymbolDrawing> &one,
 
 } // namespace
 
-QImage OverlayPainter::paint(const OverlayScene &scene, const QRect &part) const {
-    QImage image(part.size(), QImage::Format_ARGB32_Premultiplied);
+QImage OverlayPainter::paint(const OverlayScene &scene, const QRect &piece) const {
+    QImage image(piece.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     if (!scene.backdrop.isNull()) {
-        painter.drawImage(QPoint(), scene.backdrop, part);
+        painter.drawImage(QPoint(), scene.backdrop, piece.translated(-scene.part.topLeft()));
     }
-    painter.translate(-part.topLeft());
+    painter.translate(-piece.topLeft());
     if (const auto colour = visibleColour(scene.background, scene.blending)) {
-        painter.fillRect(part, *colour);
+        painter.fillRect(piece, *colour);
     }
     for (const auto &item : scene.drawing) {
         std::visit([&](const auto &drawn) { paint(painter, scene, drawn); }, item);

@@ -17,8 +17,9 @@ class OverlayPainter {
     /// The symbols outlive the painter.
     explicit OverlayPainter(SymbolImages &symbols) : symbols_(symbols) {}
 
-    /// That part of the scene, in pixels from its top left corner; premultiplied 32-bit.
-    QImage paint(const OverlayScene &scene, const QRect &part) const;
+    /// A piece of the part that is shown, in pixels from the scene's top left corner; premultiplied
+    /// 32-bit.
+    QImage paint(const OverlayScene &scene, const QRect &piece) const;
 
     /// Where two drawings in a window of that size may look different.
     static QRegion difference(const Drawing &one, const Drawing &other, QSize size);

@@ -4,6 +4,7 @@
 #include "presentation/Drawing.h"
 
 #include <QImage>
+#include <QRect>
 #include <QSize>
 
 namespace corvane::x11 {
@@ -21,16 +22,20 @@ struct OverlayScene {
     };
 
     QSize size{};
+    /// What the window shows of it, in pixels from the top left corner: all, unless it is larger
+    /// than the desktop.
+    QRect part{};
     Blending blending = Blending::translucent;
     Colour background{};
-    /// The screen beneath; null unless blended that way.
+    /// The screen beneath that part; null unless blended that way.
     QImage backdrop{};
     /// In the window's coordinates, origin bottom left.
     Drawing drawing{};
 
     bool operator==(const OverlayScene &other) const {
-        return size == other.size && blending == other.blending && background == other.background &&
-               backdrop.cacheKey() == other.backdrop.cacheKey() && drawing == other.drawing;
+        return size == other.size && part == other.part && blending == other.blending &&
+               background == other.background && backdrop.cacheKey() == other.backdrop.cacheKey() &&
+               drawing == other.drawing;
     }
 };
 

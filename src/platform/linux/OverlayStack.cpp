@@ -20,21 +20,25 @@ OverlayStack::OverlayStack(XcbEvents &events)
     QObject::connect(&restackTimer_, &QTimer::timeout, [this] { restack(); });
 }
 
-void OverlayStack::insert(xcb_window_t window, int level) {
+void OverlayStack::insert(xcb_window_t window, int level, bool stays) {
     std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
     const auto place =
         std::ranges::find_if(entries_, [level](const Entry &entry) { return entry.level > level; });
-    putInPlace(entries_.insert(place, Entry{window, level}));
-    if (!rootEvents_) {
-        rootEvents_.emplace(events_.masks().select(events_.connection().root(),
-                                                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
-    }
+    putInPlace(entries_.insert(place, Entry{window, level, stays}));
+    followRoot();
 }
 
 void OverlayStack::remove(xcb_window_t window) {
     std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
-    if (entries_.empty()) {
+    followRoot();
+}
+
+void OverlayStack::followRoot() {
+    if (std::ranges::none_of(entries_, &Entry::stays)) {
         rootEvents_.reset();
+    } else if (!rootEvents_) {
+        rootEvents_.emplace(events_.masks().select(events_.connection().root(),
+                                                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
     }
 }
 
@@ -57,7 +61,7 @@ void OverlayStack::putInPlace(Entries::const_iterator entry) const {
 }
 
 void OverlayStack::handle(const xcb_generic_event_t &event) {
-    if (entries_.empty()) {
+    if (!rootEvents_) {
         return;
     }
     const int type = XcbEvents::typeOf(event);

@@ -18,19 +18,22 @@ class OverlayStack {
     /// The events outlive the stack.
     explicit OverlayStack(XcbEvents &events);
 
-    /// Puts a window above those of its level.
-    void insert(xcb_window_t window, int level);
+    /// Puts a window above those of its level. One that stays is kept above other programs' windows
+    /// too; for one that is gone in a moment that would not be worth its while.
+    void insert(xcb_window_t window, int level, bool stays);
     void remove(xcb_window_t window);
 
   private:
     struct Entry {
         xcb_window_t window;
         int level;
+        bool stays;
     };
     using Entries = std::vector<Entry>;
 
     Entries::iterator find(xcb_window_t window);
     bool contains(xcb_window_t window) { return find(window) != entries_.end(); }
+    void followRoot();
     void putInPlace(Entries::const_iterator entry) const;
     void handle(const xcb_generic_event_t &event);
     void restackSoon();
@@ -39,7 +42,7 @@ class OverlayStack {
     XcbEvents &events_;
     /// From the lowest to the highest.
     Entries entries_;
-    /// Held while there are entries.
+    /// Held while there are windows that stay.
     std::optional<EventMasks::Selection> rootEvents_;
     XcbEvents::Subscription subscription_;
     QTimer restackTimer_;

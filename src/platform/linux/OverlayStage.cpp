@@ -1,7 +1,9 @@
 #include "platform/linux/OverlayStage.h"
 
 #include "platform/linux/LinuxOverlay.h"
+#include "platform/linux/ScreenGrab.h"
 
+#include <QThread>
 #include <xcb/shape.h>
 #include <xcb/xfixes.h>
 
@@ -11,6 +13,9 @@
 namespace corvane::x11 {
 
 namespace {
+
+/// What other programs need to draw where a window has gone.
+constexpr std::chrono::milliseconds timeToUncover(100);
 
 bool offers(const XcbConnection &connection, xcb_extension_t &extension) {
     const auto *data = xcb_get_extension_data(connection.get(), &extension);
@@ -57,6 +62,17 @@ std::shared_ptr<OverlayAnimation> OverlayStage::animation(const OverlayScene &sc
     }
     animations_.push_back(std::make_shared<OverlayAnimation>(painter_, *visual_, scene, animation));
     return animations_.back();
+}
+
+QImage OverlayStage::uncoveredScreen(const QRect &area) {
+    // Overlays for several screens come one after the other.
+    const auto now = std::chrono::steady_clock::now();
+    if (now - lastGrab_ >= timeToUncover) {
+        connection_.flush();
+        QThread::msleep(timeToUncover.count());
+    }
+    lastGrab_ = std::chrono::steady_clock::now();
+    return screenGrab(connection_, area);
 }
 
 LinuxOverlay *OverlayStage::overlayOf(xcb_window_t window) const {

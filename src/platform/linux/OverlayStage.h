@@ -11,6 +11,10 @@
 #include "platform/linux/OverlayVisual.h"
 #include "platform/linux/XcbEvents.h"
 
+#include <QImage>
+#include <QRect>
+
+#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -45,6 +49,11 @@ class OverlayStage {
     std::shared_ptr<OverlayAnimation> animation(const OverlayScene &scene,
                                                 const Animation &animation);
 
+    /// What the screen shows in an area of the root window. Waits a moment for other programs to
+    /// draw what a window of this one has uncovered just before, so that it is not taken for
+    /// theirs.
+    QImage uncoveredScreen(const QRect &area);
+
     /// From now on the overlay hears of mouse events and of changes of the screen.
     void add(LinuxOverlay &overlay) { overlays_.push_back(&overlay); }
     void remove(LinuxOverlay &overlay) { std::erase(overlays_, &overlay); }
@@ -69,6 +78,7 @@ class OverlayStage {
     /// Those played last.
     std::vector<std::shared_ptr<OverlayAnimation>> animations_;
     std::vector<LinuxOverlay *> overlays_;
+    std::chrono::steady_clock::time_point lastGrab_;
     XcbEvents::Subscription subscription_;
 };
 

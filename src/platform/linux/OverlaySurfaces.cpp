@@ -17,7 +17,6 @@ std::unique_ptr<OverlaySurface> OverlaySurfaces::take(const OverlaySurface::Kind
 }
 
 void OverlaySurfaces::giveBack(std::unique_ptr<OverlaySurface> surface) {
-    surface->unmap();
     if (kept_.size() < mostKept) {
         kept_.push_back(std::move(surface));
     }

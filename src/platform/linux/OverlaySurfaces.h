@@ -19,7 +19,7 @@ class OverlaySurfaces {
 
     std::unique_ptr<OverlaySurface> take(const OverlaySurface::Kind &kind);
 
-    /// Takes a surface off the screen and keeps it for later.
+    /// Keeps a surface for later; it is off the screen.
     void giveBack(std::unique_ptr<OverlaySurface> surface);
 
   private:
