@@ -4,28 +4,30 @@
 #include "platform/Platform.h"
 #include "ui/ConfigWindow.h"
 
+#include <utility>
+
 namespace corvane {
 
 void AppDelegate::selectZone() {
     if (appState_.status == ClickStatus::running) {
         stopRun();
     }
-    const bool wasConfigVisible = configWindow_ && configWindow_->isVisible();
     if (configWindow_) {
-        // It must not cover the screen that is being marked.
+        // It must not cover the screen that is being marked. A pick that takes the place of an open
+        // one remembers for both that the window was there.
+        isConfigHiddenForPick_ = isConfigHiddenForPick_ || configWindow_->isVisible();
         configWindow_->orderOut();
     }
-    platform_.mainQueue().post(
-        weakly([wasConfigVisible](AppDelegate &self) { self.pickZone(wasConfigVisible); }));
+    platform_.mainQueue().post(weakly([](AppDelegate &self) { self.pickZone(); }));
 }
 
-void AppDelegate::pickZone(bool wasConfigVisible) {
+void AppDelegate::pickZone() {
     appState_.status = ClickStatus::pickingZone;
     statusBarController_.rebuildMenu();
     shared_.zonePickerService.pick(
-        weakly([wasConfigVisible](AppDelegate &self, const std::optional<ZonePickResult> &result) {
+        weakly([](AppDelegate &self, const std::optional<ZonePickResult> &result) {
             self.zonePicked(result);
-            if (wasConfigVisible) {
+            if (std::exchange(self.isConfigHiddenForPick_, false)) {
                 self.reopenConfig();
             }
         }));

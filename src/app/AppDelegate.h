@@ -117,7 +117,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     std::optional<double> primaryScreenHeight() const;
     void setMode(ClickMode mode);
 
-    void pickZone(bool wasConfigVisible);
+    void pickZone();
     void zonePicked(const std::optional<ZonePickResult> &result);
 
     void reopenConfig();
@@ -143,6 +143,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     /// Tells the callbacks of the present run from late ones of the runs before it.
     std::uint64_t runNumber_ = 0;
     bool isAskingToStart_ = false;
+    bool isConfigHiddenForPick_ = false;
 };
 
 } // namespace corvane

@@ -174,6 +174,26 @@ TEST_F(AppDelegateSettingsTest, ComesBackAfterACancelledPick) {
     EXPECT_EQ(window().selectedToolbarItem, "general");
 }
 
+TEST_F(AppDelegateSettingsTest, ComesBackAlsoWhenASecondPickTakesTheFirstOnesPlace) {
+    open();
+    for (int pick = 0; pick < 2; ++pick) {
+        delegate->selectZone();
+        platform.mainQueue().turnUntilIdle();
+    }
+    platform.overlayWindows().visible().back()->keyDown(platform::Key::escape);
+    settle();
+    EXPECT_TRUE(platform.overlayWindows().visible().empty());
+    ASSERT_EQ(platform.settingsWindows().windows().size(), 2U);
+    EXPECT_TRUE(window().isVisible);
+
+    window().closeByUser();
+    delegate->selectZone();
+    platform.mainQueue().turnUntilIdle();
+    platform.overlayWindows().visible().back()->keyDown(platform::Key::escape);
+    settle();
+    EXPECT_EQ(platform.settingsWindows().windows().size(), 2U);
+}
+
 TEST_F(AppDelegateSettingsTest, StaysClosedAfterAPickWhenItWasClosed) {
     open();
     window().closeByUser();
