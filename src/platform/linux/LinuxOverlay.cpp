@@ -13,13 +13,17 @@ namespace {
 /// Nobody sees more pictures than this, however often the mouse reports.
 constexpr std::chrono::milliseconds shortestRepaintInterval(8);
 
-/// No desktop reaches further, in pixels; the server counts to little more.
-constexpr double farthest = 20000;
-
-/// The nearest pixel edge that the server can count.
+/// The nearest pixel edge, of those whose distances can still be counted.
 int pixelEdge(double position) {
+    constexpr double farthest = 1e9;
     const double within = position > -farthest ? std::min(position, farthest) : -farthest;
     return static_cast<int>(std::lround(within));
+}
+
+/// The server counts to little more and begins anew beyond; no desktop reaches that far.
+int serverPosition(int position) {
+    constexpr int farthest = 20000;
+    return std::clamp(position, -farthest, farthest);
 }
 
 bool isVisible(const Colour &colour) {
@@ -113,7 +117,10 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     stage_.connection().flush();
 }
 
-void LinuxOverlay::place() { surface_->place(part_.translated(frame_.topLeft())); }
+void LinuxOverlay::place() {
+    const QPoint corner = frame_.topLeft() + part_.topLeft();
+    surface_->place({{serverPosition(corner.x()), serverPosition(corner.y())}, part_.size()});
+}
 
 void LinuxOverlay::setDrawing(const Drawing &drawing) {
     drawing_ = drawing;
@@ -145,21 +152,21 @@ void LinuxOverlay::handleMouse(const xcb_button_press_event_t &event) {
     }
 }
 
+void LinuxOverlay::uncoverBackdrop() {
+    if (isShown_ && blending() == OverlayScene::Blending::backdrop) {
+        surface_->unmap();
+    }
+}
+
 void LinuxOverlay::blendingChanged() {
     if (!isShown_) {
         return;
     }
-    if (blending() == OverlayScene::Blending::backdrop) {
-        showAgain();
-    } else {
+    if (blending() != OverlayScene::Blending::backdrop) {
         backdrop_ = {};
         repaint();
+        return;
     }
-}
-
-/// The screen beneath can be seen only while the window is off it.
-void LinuxOverlay::showAgain() {
-    surface_->unmap();
     map();
     if (hasKeyboard_) {
         takeKeyboard();

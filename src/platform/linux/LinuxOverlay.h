@@ -42,7 +42,9 @@ class LinuxOverlay : public platform::NativeOverlay {
     /// A press, a release or a motion on its window. May destroy the overlay.
     void handleMouse(const xcb_button_press_event_t &event);
 
-    /// A compositing manager has come or gone.
+    /// A compositing manager has come or gone: first every overlay that needs to see what lies
+    /// beneath goes off the screen, then each shows itself in the new way.
+    void uncoverBackdrop();
     void blendingChanged();
 
   private:
@@ -50,13 +52,13 @@ class LinuxOverlay : public platform::NativeOverlay {
 
     QRect pixelsOf(const Rectangle &frame) const;
     QRect shownPart() const;
+    /// Puts the window where that part is, as far as the server can count.
     void place();
     void takeKeyboard();
     OverlayScene::Blending blending() const;
     OverlayScene scene() const;
     bool isEmpty() const;
     void map();
-    void showAgain();
     /// Shows everything anew.
     void repaint();
     /// Shows what has changed since the drawing was shown last.

@@ -95,6 +95,10 @@ void OverlayStage::handle(const xcb_generic_event_t &event) {
 
 void OverlayStage::compositorChanged() {
     animations_.clear();
+    // The screen beneath can be seen only while no overlay is over it.
+    for (LinuxOverlay *const overlay : overlays_) {
+        overlay->uncoverBackdrop();
+    }
     for (LinuxOverlay *const overlay : overlays_) {
         overlay->blendingChanged();
     }

@@ -69,6 +69,37 @@ TEST_P(LinuxZoneOverlayTest, AZoneNarrowerThanTheBadgeCutsItOff) {
     EXPECT_EQ(screenshot().at({612, 290}), background);
 }
 
+TEST_P(LinuxZoneOverlayTest, AZoneLargerThanTheDesktopIsOutlinedWhereItIsSeen) {
+    overlay_.moveTo({200, 150, 1e6, 1e6}, screenHeight);
+    overlay_.orderFront();
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return isGreen(screen.at({200, 590})) && isGreen(screen.at({790, 150})) &&
+               isGreen(screen.at(badge)) && !isGreen(screen.at({790, 590})) &&
+               screen.at({199, 590}) == background;
+    }));
+    overlay_.moveTo({-1e6, -1e6, 1e6 + 500, 1e6 + 350}, screenHeight);
+    EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+        return isGreen(screen.at({10, 349})) && isGreen(screen.at({499, 10})) &&
+               !isGreen(screen.at({10, 10})) && isBackground(screen.at(badge)) != GetParam() &&
+               screen.at({500, 10}) == background && screen.at({10, 350}) == background;
+    }));
+}
+
+TEST_P(LinuxZoneOverlayTest, AZoneBeyondAllCountingIsNotSeen) {
+    show();
+    for (const Rectangle &far :
+         {Rectangle{65536 + 200, 150, 300, 200}, Rectangle{200, -65536 + 150, 300, 200},
+          Rectangle{1e300, 1e300, 10, 10}, Rectangle{-1e300, 150, 300, 1e300}}) {
+        overlay_.moveTo(far, screenHeight);
+        EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
+            return screen.count({400, 300}, 290, [](Pixel pixel) { return pixel != background; }) ==
+                   0;
+        }));
+    }
+    overlay_.moveTo(zone, screenHeight);
+    EXPECT_TRUE(turnUntilPixel({200, 250}, isGreen));
+}
+
 TEST_P(LinuxZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
     desktop::ClickClient client(desktop_);
     client.open({.x = 0, .y = 0, .width = 800, .height = 600, .isOverride = true});
