@@ -63,19 +63,25 @@ bool DesktopTest::waitForMoreClicks(int count) {
 }
 
 bool DesktopTest::answerAlert(xcb_keysym_t key) {
-    if (!waitUntil([this] { return hasAlert(); })) {
+    const auto isReady = [this] {
+        const xcb_window_t shown = alert();
+        return shown != XCB_WINDOW_NONE && desktop_.connection().focus() == shown;
+    };
+    if (!waitUntil(isReady)) {
         return false;
     }
     keyboard_.tap(keyboard_.keyOf(key));
-    return waitUntil([this] { return !hasAlert(); });
+    return waitUntil([this] { return alert() == XCB_WINDOW_NONE; });
 }
 
 /// Everything else the program shows keeps the window manager out.
-bool DesktopTest::hasAlert() const {
+xcb_window_t DesktopTest::alert() const {
     constexpr int leastWidth = 100;
-    return std::ranges::any_of(corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
+    const auto windows = corvaneWindows(desktop_.connection());
+    const auto alert = std::ranges::find_if(windows, [](const SeenWindow &window) {
         return !window.isOverride && window.area.width > leastWidth;
     });
+    return alert != windows.end() ? alert->id : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 } // namespace corvane::desktop

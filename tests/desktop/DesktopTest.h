@@ -47,7 +47,8 @@ class DesktopTest : public testing::Test {
     /// Waits until a run clicks.
     bool waitForMoreClicks(int count);
 
-    /// Waits for an alert of the program, presses the key and waits until the alert is gone.
+    /// Waits until an alert of the program has the keyboard, presses the key and waits until the
+    /// alert is gone.
     bool answerAlert(xcb_keysym_t key);
 
     VirtualDesktop desktop_;
@@ -57,7 +58,7 @@ class DesktopTest : public testing::Test {
     Keyboard keyboard_{desktop_.connection()};
 
   private:
-    bool hasAlert() const;
+    xcb_window_t alert() const;
 
     int ownClicks_ = 0;
 };

@@ -1,13 +1,8 @@
-#include "DesktopTest.h"
-#include "harness/Screenshot.h"
-#include "harness/StatusPanel.h"
+#include "PickTest.h"
 #include "harness/TextFile.h"
-#include "harness/WindowTree.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace corvane::desktop {
 
@@ -16,36 +11,12 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-/// Picks a zone with the mouse, beside the window and over it.
-class ZonePickTest : public DesktopTest {
+/// Picks a zone beside the window and over it.
+class ZonePickTest : public PickTest {
   protected:
     /// On the bare desktop.
     static constexpr Position corner{900, 100};
 
-    void openPicker() {
-        ASSERT_TRUE(panel_.waitForItem()) << corvane_->story();
-        ASSERT_TRUE(panel_.choose("Define zone..."));
-        ASSERT_TRUE(waitUntil([this] { return coversTheScreen(); })) << corvane_->story();
-    }
-
-    bool coversTheScreen() const {
-        return std::ranges::any_of(
-            corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
-                return window.area.width == 1280 && window.area.height == 800;
-            });
-    }
-
-    bool waitUntilIdle() {
-        return waitUntil(
-            [this] { return !coversTheScreen() && panel_.menu().front().title == "Idle"; });
-    }
-
-    bool isSaved(const std::string &text) {
-        return waitUntil(
-            [&] { return readFile(settingsFile(desktop_)).find(text) != std::string::npos; });
-    }
-
-    StatusPanel panel_{desktop_};
     std::unique_ptr<CorvaneProcess> corvane_ = start({.clickMode = "zone", .clickRate = 20});
 };
 
@@ -118,22 +89,18 @@ TEST_F(ZonePickTest, overAWindowTheZoneCanBeAnchored) {
 
 TEST_F(ZonePickTest, theScreenIsDimmedAndTheDragIsDrawn) {
     const auto brightness = [](Pixel pixel) { return pixel.red + pixel.green + pixel.blue; };
-    const int before = brightness(Screenshot(desktop_.connection()).at(target));
+    const int before = brightness(screenshot().at(target));
     openPicker();
-    EXPECT_TRUE(waitUntil([&] {
-        return brightness(Screenshot(desktop_.connection()).at(target)) < before * 8 / 10;
-    }));
+    EXPECT_TRUE(waitUntil([&] { return brightness(screenshot().at(target)) < before * 8 / 10; }));
     pointer_.moveTo(corner);
     pointer_.press();
     pointer_.moveTo({corner.x + 200, corner.y + 150});
-    const auto isBlue = [](Pixel pixel) { return pixel.blue > pixel.red + 60; };
-    EXPECT_TRUE(waitUntil([&] {
-        return Screenshot(desktop_.connection()).count({corner.x + 100, corner.y}, 5, isBlue) > 0;
-    }));
+    EXPECT_TRUE(
+        waitUntil([&] { return screenshot().count({corner.x + 100, corner.y}, 5, isBlue) > 0; }));
     keyboard_.tap(keyboard_.keyOf(XK_Escape));
     pointer_.release();
     EXPECT_TRUE(waitUntilIdle());
-    EXPECT_EQ(brightness(Screenshot(desktop_.connection()).at(target)), before);
+    EXPECT_EQ(brightness(screenshot().at(target)), before);
 }
 
 } // namespace

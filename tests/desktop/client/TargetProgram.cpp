@@ -42,8 +42,9 @@ TargetWindowSettings settingsFrom(const std::vector<std::string> &fields) {
             .isFullscreen = number(7) != 0,
             .isOverride = number(8) != 0,
             .ownShadow = static_cast<std::uint32_t>(number(9)),
-            .className = fields.at(10),
-            .title = fields.at(11)};
+            .type = fields.at(10),
+            .className = fields.at(11),
+            .title = fields.at(12)};
 }
 
 } // namespace

@@ -63,6 +63,10 @@ void TargetWindow::describe(const TargetWindowSettings &settings) const {
                                  settings.ownShadow};
         setNumbers("_GTK_FRAME_EXTENTS", XCB_ATOM_CARDINAL, extents.data(), extents.size());
     }
+    if (!settings.type.empty()) {
+        const std::uint32_t type = atom(settings.type);
+        setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, &type, 1);
+    }
     if (settings.isFullscreen) {
         const std::uint32_t fullscreen = atom("_NET_WM_STATE_FULLSCREEN");
         setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM, &fullscreen, 1);

@@ -18,6 +18,8 @@ struct TargetWindowSettings {
     bool isFullscreen = false;
     bool isOverride = false;
     std::uint32_t ownShadow = 0;
+    /// The name of its _NET_WM_WINDOW_TYPE; empty for none.
+    std::string type;
     std::string className;
     std::string title;
 };

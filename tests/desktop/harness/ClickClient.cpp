@@ -22,6 +22,7 @@ std::string commandToOpen(int number, const ClickClient::Window &window) {
           window.isFullscreen ? 1 : 0, window.isOverride ? 1 : 0, window.ownShadow}) {
         add(std::to_string(value));
     }
+    add(window.type);
     add(window.className);
     add(window.title);
     return line;
@@ -60,7 +61,9 @@ void ClickClient::move(int window, Position position) {
     send("move\t" + std::to_string(window) + "\t" + std::to_string(position.x) + "\t" +
          std::to_string(position.y));
     if (!waitUntil([&] { return this->position(window) == position; })) {
-        throw std::runtime_error("The window did not move");
+        const Position now = this->position(window);
+        throw std::runtime_error("The window did not move but is at " + std::to_string(now.x) +
+                                 ", " + std::to_string(now.y));
     }
 }
 

@@ -50,6 +50,8 @@ class ClickClient {
         bool isOverride = false;
         /// The width of the shadow the program draws around its own frame; 0 for none.
         int ownShadow = 0;
+        /// What kind it says it is, such as "_NET_WM_WINDOW_TYPE_DOCK"; empty for nothing.
+        std::string type{};
     };
 
     explicit ClickClient(const VirtualDesktop &desktop);

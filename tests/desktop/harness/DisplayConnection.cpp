@@ -39,6 +39,12 @@ xcb_window_t DisplayConnection::selectionOwner(std::string_view name) const {
     return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
+xcb_window_t DisplayConnection::focus() const {
+    const XcbReply<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
+    return reply ? reply->focus : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+}
+
 std::vector<std::uint32_t> DisplayConnection::properties(xcb_window_t window,
                                                          std::string_view name) const {
     constexpr std::uint32_t longest = 64;

@@ -29,6 +29,9 @@ class DisplayConnection {
     /// The owner of a selection; XCB_WINDOW_NONE without one.
     xcb_window_t selectionOwner(std::string_view name) const;
 
+    /// The window that has the keyboard.
+    xcb_window_t focus() const;
+
     /// The values of a 32-bit property; none without one.
     std::vector<std::uint32_t> properties(xcb_window_t window, std::string_view name) const;
 

@@ -11,6 +11,8 @@ struct Area {
     int y = 0;
     int width = 0;
     int height = 0;
+
+    bool operator==(const Area &) const = default;
 };
 
 /// The settings a test writes for the program before it starts.
