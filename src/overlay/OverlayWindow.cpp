@@ -31,17 +31,16 @@ BorderlessWindow dimmingWindow(const Rectangle &frame) {
 
 OverlayWindow::OverlayWindow(platform::OverlayWindows &windows, const Rectangle &contentRectangle,
                              OverlayCallbacks callbacks)
-    : contentRectangle_(contentRectangle),
-      native_(windows.create(dimmingWindow(contentRectangle), eventsFor(std::move(callbacks)))) {}
+    : native_(windows.create(dimmingWindow(contentRectangle), eventsFor(std::move(callbacks)))) {}
 
 void OverlayWindow::makeKeyAndOrderFront() { native_->makeKeyAndOrderFront(); }
 
 void OverlayWindow::orderOut() { native_->orderOut(); }
 
 void OverlayWindow::showSelection(const Rectangle &selection) {
-    selectionLayer_.setPath(Rectangle{selection.x - contentRectangle_.x,
-                                      selection.y - contentRectangle_.y, selection.width,
-                                      selection.height});
+    const Rectangle frame = native_->frame();
+    selectionLayer_.setPath(
+        Rectangle{selection.x - frame.x, selection.y - frame.y, selection.width, selection.height});
     native_->setDrawing(selectionLayer_.drawing());
 }
 

@@ -32,7 +32,6 @@ class OverlayWindow {
     void clearSelection();
 
   private:
-    Rectangle contentRectangle_;
     SelectionRectLayer selectionLayer_;
     std::unique_ptr<platform::NativeOverlay> native_;
 };

@@ -31,6 +31,9 @@ class NativeOverlay {
     virtual void makeKeyAndOrderFront() = 0;
     virtual void orderOut() = 0;
 
+    /// Where it is; screen space as it is now, which changes with the primary screen.
+    virtual Rectangle frame() const = 0;
+
     /// Moves it, redrawing at once; screen space.
     virtual void setFrame(const Rectangle &frame) = 0;
 

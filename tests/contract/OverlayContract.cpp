@@ -52,6 +52,14 @@ TEST_P(OverlayContract, BearsEveryUseInAnyOrder) {
     wait(milliseconds(5));
 }
 
+TEST_P(OverlayContract, IsWhereItWasPut) {
+    const auto overlay = create();
+    EXPECT_EQ(overlay->frame(), smallWindow.frame);
+    overlay->setFrame({50, 60, 30, 20});
+    overlay->orderFront();
+    EXPECT_EQ(overlay->frame(), (Rectangle{50, 60, 30, 20}));
+}
+
 TEST_P(OverlayContract, AnAnimationEndsOnceAndLater) {
     const auto overlay = create();
     overlay->orderFront();

@@ -44,6 +44,8 @@ class RecordingOverlayWindows::Overlay : public platform::NativeOverlay {
         record_->isKey = false;
     }
 
+    Rectangle frame() const override { return record_->frame; }
+
     void setFrame(const Rectangle &frame) override {
         windows_.mainThread_.check();
         record_->frame = frame;

@@ -108,6 +108,16 @@ TEST_F(ZonePickerServiceTest, AZoneOnAnotherScreenIsMeasuredFromThePrimaryOne) {
     EXPECT_EQ(answers.at(0)->absoluteRect, (Rectangle{-1000, 1210, 100, 20}));
 }
 
+TEST_F(ZonePickerServiceTest, TheDraggedRectangleIsDrawnWhereItsScreenIsNow) {
+    platform.screens().list = {primaryScreen, secondScreen};
+    pick();
+    // The second screen takes over, and space is counted from its bottom.
+    overlay(1)->frame = {1920, 0, 1280, 1024};
+    overlay(1)->mouseDown({2000, 100});
+    overlay(1)->mouseDragged({2100, 180});
+    EXPECT_EQ(selectionOn(*overlay(1)), (Rectangle{80, 100, 100, 80}));
+}
+
 TEST_F(ZonePickerServiceTest, ThePrimaryScreenAtTheReleaseCounts) {
     pick();
     overlay()->mouseDown({100, 200});

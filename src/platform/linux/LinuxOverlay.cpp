@@ -68,20 +68,25 @@ void LinuxOverlay::orderFront() {
 }
 
 void LinuxOverlay::makeKeyAndOrderFront() {
-    orderFront();
-    if (traits_.canBecomeKey) {
-        takeKeyboard();
+    if (!traits_.canBecomeKey) {
+        orderFront();
+        return;
     }
-}
-
-void LinuxOverlay::takeKeyboard() {
-    hasKeyboard_ = true;
-    stage_.keyboard().giveTo(surface_->window(), [this](platform::Key key) {
+    stage_.keyboard().prepareFor(surface_->window(), [this](platform::Key key) {
         if (const auto handler = events_.keyDown) {
             handler(key);
         }
     });
-    stage_.connection().flush();
+    orderFront();
+    hasKeyboard_ = true;
+    takeFocus();
+}
+
+void LinuxOverlay::takeFocus() {
+    if (hasKeyboard_) {
+        stage_.keyboard().giveTo(surface_->window());
+        stage_.connection().flush();
+    }
 }
 
 void LinuxOverlay::orderOut() {
@@ -103,6 +108,11 @@ void LinuxOverlay::map() {
                     : QImage();
     repaint();
     surface_->map();
+}
+
+Rectangle LinuxOverlay::frame() const {
+    return stage_.screens().fromRoot(
+        {double(frame_.x()), double(frame_.y()), double(frame_.width()), double(frame_.height())});
 }
 
 void LinuxOverlay::setFrame(const Rectangle &frame) {
@@ -168,9 +178,7 @@ void LinuxOverlay::blendingChanged() {
         return;
     }
     map();
-    if (hasKeyboard_) {
-        takeKeyboard();
-    }
+    takeFocus();
 }
 
 QRect LinuxOverlay::pixelsOf(const Rectangle &frame) const {

@@ -33,6 +33,7 @@ class LinuxOverlay : public platform::NativeOverlay {
     void orderFront() override;
     void makeKeyAndOrderFront() override;
     void orderOut() override;
+    Rectangle frame() const override;
     void setFrame(const Rectangle &frame) override;
     void setDrawing(const Drawing &drawing) override;
     void play(const Animation &animation, std::function<void()> completion) override;
@@ -54,7 +55,7 @@ class LinuxOverlay : public platform::NativeOverlay {
     QRect shownPart() const;
     /// Puts the window where that part is, as far as the server can count.
     void place();
-    void takeKeyboard();
+    void takeFocus();
     OverlayScene::Blending blending() const;
     OverlayScene scene() const;
     bool isEmpty() const;

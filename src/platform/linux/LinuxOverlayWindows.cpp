@@ -10,7 +10,7 @@ namespace corvane::x11 {
 std::unique_ptr<platform::NativeOverlay>
 LinuxOverlayWindows::create(const BorderlessWindow &window, platform::OverlayEvents events) {
     if (!stage_) {
-        return std::make_unique<UnshownOverlay>();
+        return std::make_unique<UnshownOverlay>(window.frame);
     }
     return std::make_unique<LinuxOverlay>(*stage_, window, std::move(events));
 }

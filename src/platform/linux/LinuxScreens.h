@@ -24,6 +24,8 @@ class LinuxScreens : public platform::Screens {
     Rectangle toRoot(const Rectangle &rectangle) const;
     /// Converts from the root window's pixels to screen space; unchanged without screens.
     Point toScreenSpace(Point point) const;
+    /// The other way round than `toRoot`.
+    Rectangle fromRoot(const Rectangle &rectangle) const { return toRoot(rectangle); }
 
   private:
     void follow(XcbEvents &events, std::uint8_t firstEvent);

@@ -14,14 +14,13 @@ OverlayKeyboard::OverlayKeyboard(XcbEvents &events)
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }
 
-void OverlayKeyboard::giveTo(xcb_window_t window, Handler handler) {
+void OverlayKeyboard::prepareFor(xcb_window_t window, Handler handler) {
     if (entries_.empty()) {
         formerFocus_ = focus();
         grabEscape();
     }
     std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
     entries_.push_back({window, std::move(handler)});
-    setFocus(window);
 }
 
 void OverlayKeyboard::takeFrom(xcb_window_t window) {

@@ -21,8 +21,11 @@ class OverlayKeyboard {
     /// The events outlive the keyboard.
     explicit OverlayKeyboard(XcbEvents &events);
 
-    /// For a window that is mapped.
-    void giveTo(xcb_window_t window, Handler handler);
+    /// Before a window is mapped, so that Escape is heard from the moment the user sees it.
+    void prepareFor(xcb_window_t window, Handler handler);
+
+    /// Once it is mapped.
+    void giveTo(xcb_window_t window) const { setFocus(window); }
 
     /// Gives the keyboard to the overlay that had it before, or back to the window that had it
     /// before all overlays.

@@ -4,7 +4,7 @@
 
 namespace corvane::x11 {
 
-UnshownOverlay::UnshownOverlay() {
+UnshownOverlay::UnshownOverlay(const Rectangle &frame) : frame_(frame) {
     end_.setSingleShot(true);
     QObject::connect(&end_, &QTimer::timeout, [this] {
         if (const auto completion = std::exchange(completion_, {})) {

@@ -12,16 +12,18 @@ namespace corvane::x11 {
 /// take their time and end.
 class UnshownOverlay : public platform::NativeOverlay {
   public:
-    UnshownOverlay();
+    explicit UnshownOverlay(const Rectangle &frame);
 
     void orderFront() override {}
     void makeKeyAndOrderFront() override {}
     void orderOut() override {}
-    void setFrame(const Rectangle & /*frame*/) override {}
+    Rectangle frame() const override { return frame_; }
+    void setFrame(const Rectangle &frame) override { frame_ = frame; }
     void setDrawing(const Drawing & /*drawing*/) override {}
     void play(const Animation &animation, std::function<void()> completion) override;
 
   private:
+    Rectangle frame_;
     QTimer end_;
     std::function<void()> completion_;
 };

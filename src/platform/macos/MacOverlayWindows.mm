@@ -32,6 +32,8 @@ class MacOverlay : public platform::NativeOverlay {
     void makeKeyAndOrderFront() override { [window_ makeKeyAndOrderFront:nil]; }
     void orderOut() override { [window_ orderOut:nil]; }
 
+    Rectangle frame() const override { return portableRectangle(window_.frame); }
+
     void setFrame(const Rectangle &frame) override {
         [window_ setFrame:systemRectangle(frame) display:YES];
     }
