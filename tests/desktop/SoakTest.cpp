@@ -33,17 +33,10 @@ Holdings holdingsOf(pid_t pid) {
 }
 
 /// Long runs: what the program holds does not grow with the clicks.
-class Soak : public DesktopTest {
+class LongRunTest : public DesktopTest {
   protected:
-    Soak() : DesktopTest({.hasCompositor = true, .hasPanel = true}) { keepWindowManagerOut(); }
-
-    /// The limit of each run counts its clicks.
-    void playRuns(CorvaneProcess &corvane, int count) {
-        for (int run = 0; run < count; ++run) {
-            keyboard_.pressHotKey();
-            ASSERT_TRUE(corvane.waitForLog(finished, ++runs_)) << corvane.log().back();
-            ASSERT_TRUE(waitUntil([this] { return hasNoRipples(); }));
-        }
+    LongRunTest() : DesktopTest({.hasCompositor = true, .hasPanel = true}) {
+        keepWindowManagerOut();
     }
 
     /// The last ripple is gone, so the program has taken note of the end of its run.
@@ -56,22 +49,95 @@ class Soak : public DesktopTest {
         return true;
     }
 
+    Holdings holdings() const { return holdingsOf(corvane_->process().pid()); }
+
+    void expectNoMoreThan(const Holdings &before) const {
+        const Holdings after = holdings();
+        EXPECT_EQ(after.openFiles, before.openFiles);
+        EXPECT_EQ(after.threads, before.threads);
+        EXPECT_LT(after.memoryKilobytes, before.memoryKilobytes * 11 / 10);
+    }
+
+    /// Fifty clicks a second in a zone with its outline, until the limit that was set.
+    void playFiftyASecond(int limit) {
+        constexpr std::chrono::minutes farTooLong{5};
+        constexpr int warmUp = 50;
+        corvane_ = start({.clickMode = "zone",
+                          .clickRate = 50,
+                          .maxClicks = limit,
+                          .zone = Area{400, 320, 200, 160}});
+        // A stop before the limit: the pictures of the animation are painted, the windows made.
+        keyboard_.pressHotKey();
+        ASSERT_TRUE(waitForMoreClicks(warmUp)) << corvane_->story();
+        stopAtOnce();
+        const Holdings before = holdings();
+        const Holdings server = holdingsOf(desktop_.serverPid());
+
+        keyboard_.pressHotKey();
+        ASSERT_TRUE(corvane_->waitForLogBeginning("Clicker finished after ", 1, farTooLong))
+            << corvane_->story();
+        ASSERT_TRUE(waitUntil([this] { return hasNoRipples(); }));
+        expectNoMoreThan(before);
+        EXPECT_LT(holdingsOf(desktop_.serverPid()).memoryKilobytes,
+                  server.memoryKilobytes * 11 / 10);
+
+        keyboard_.pressHotKey();
+        ASSERT_TRUE(waitForMoreClicks(warmUp)) << corvane_->story();
+        stopAtOnce();
+    }
+
+    /// Stops the run and looks for what it leaves.
+    void stopAtOnce() {
+        // The time of ten clicks is an instant for a user and much for a busy machine.
+        constexpr int mostClicks = 10;
+        // Windows for the next ripples are kept, but no more than these.
+        constexpr int mostWindows = 12;
+        const int before = clickCount();
+        keyboard_.pressHotKey();
+        ASSERT_TRUE(corvane_->waitForLogBeginning("Clicker stopped after ", ++stops_))
+            << corvane_->story();
+        waitForEverything();
+        EXPECT_LE(clickCount(), before + mostClicks);
+        EXPECT_TRUE(waitUntil([this] { return hasNoRipples(); }));
+        EXPECT_LE(corvaneWindowCount(desktop_.connection()), mostWindows);
+    }
+
+    std::unique_ptr<CorvaneProcess> corvane_;
+    int stops_ = 0;
+};
+
+TEST_F(LongRunTest, fiftyClicksASecondLeaveNothingBehindAndStopAtOnce) { playFiftyASecond(100); }
+
+/// The same for so long that only those run it who ask for it.
+class Soak : public LongRunTest {
+  protected:
+    /// The limit of each run counts its clicks.
+    void playRuns(int count) {
+        for (int run = 0; run < count; ++run) {
+            keyboard_.pressHotKey();
+            ASSERT_TRUE(corvane_->waitForLog(finished, ++runs_)) << corvane_->log().back();
+            ASSERT_TRUE(waitUntil([this] { return hasNoRipples(); }));
+        }
+    }
+
     static constexpr const char *finished = "Clicker finished after 1000 clicks (limit reached)";
     int runs_ = 0;
 };
 
+TEST_F(Soak, aMinuteAtFiftyClicksASecondLeavesNothingBehind) {
+    // With the time the button is held, each takes thirty milliseconds.
+    playFiftyASecond(2000);
+}
+
 TEST_F(Soak, tenThousandsOfClicksLeaveNothingBehind) {
-    const auto corvane = start({.clickRate = 200, .maxClicks = 1000});
-    playRuns(*corvane, 2);
-    const Holdings before = holdingsOf(corvane->process().pid());
-    playRuns(*corvane, 18);
-    const Holdings after = holdingsOf(corvane->process().pid());
+    corvane_ = start({.clickRate = 200, .maxClicks = 1000});
+    playRuns(2);
+    const Holdings before = holdings();
+    playRuns(18);
     waitForEverything();
 
     EXPECT_EQ(clickCount(), 20'000);
-    EXPECT_EQ(after.openFiles, before.openFiles);
-    EXPECT_EQ(after.threads, before.threads);
-    EXPECT_LT(after.memoryKilobytes, before.memoryKilobytes * 11 / 10);
+    expectNoMoreThan(before);
 }
 
 } // namespace

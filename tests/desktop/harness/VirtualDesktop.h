@@ -66,6 +66,8 @@ class VirtualDesktop {
     /// Whether every program of the desktop still runs.
     bool isWhole() const;
 
+    pid_t serverPid() const { return server_->pid(); }
+
     /// Takes the X server away from everybody.
     void stopServer();
 

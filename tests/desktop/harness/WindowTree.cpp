@@ -33,6 +33,13 @@ std::string classOf(const DisplayConnection &connection, xcb_window_t window) {
     return parts.size() > 1 ? parts[1] : std::string();
 }
 
+bool isCorvaneClass(std::string name) {
+    std::ranges::transform(name, name.begin(), [](unsigned char letter) {
+        return static_cast<char>(std::tolower(letter));
+    });
+    return name == "corvane";
+}
+
 std::optional<Area> areaOf(const DisplayConnection &connection, xcb_window_t window) {
     const auto place = xcb_translate_coordinates(connection.get(), window, connection.root(), 0, 0);
     const auto size = xcb_get_geometry(connection.get(), window);
@@ -88,14 +95,18 @@ std::vector<SeenWindow> windowsOnScreen(const DisplayConnection &connection) {
 
 std::vector<SeenWindow> corvaneWindows(const DisplayConnection &connection) {
     std::vector<SeenWindow> found = windowsOnScreen(connection);
-    std::erase_if(found, [](const SeenWindow &window) {
-        std::string name = window.className;
-        std::ranges::transform(name, name.begin(), [](unsigned char letter) {
-            return static_cast<char>(std::tolower(letter));
-        });
-        return name != "corvane";
-    });
+    std::erase_if(found,
+                  [](const SeenWindow &window) { return !isCorvaneClass(window.className); });
     return found;
+}
+
+int corvaneWindowCount(const DisplayConnection &connection) {
+    const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
+        connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
+    const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+    return static_cast<int>(std::ranges::count_if(children, [&connection](xcb_window_t window) {
+        return isCorvaneClass(classOf(connection, window));
+    }));
 }
 
 } // namespace corvane::desktop

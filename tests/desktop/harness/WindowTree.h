@@ -31,4 +31,7 @@ std::vector<SeenWindow> windowsOnScreen(const DisplayConnection &connection);
 /// Those of the program under test.
 std::vector<SeenWindow> corvaneWindows(const DisplayConnection &connection);
 
+/// How many windows of the program there are directly on the root window, also off the screen.
+int corvaneWindowCount(const DisplayConnection &connection);
+
 } // namespace corvane::desktop
