@@ -21,10 +21,16 @@ void DescriptorWait::waitUntil(platform::Instant deadline) {
     if (isCancelled_ || deadline <= clock_.now()) {
         return;
     }
-    if (wakeUp_.isOpen() && setTimer(deadline)) {
+    lead_.waitUntil(
+        clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); },
+        [this] { return isCancelled(); });
+}
+
+void DescriptorWait::sleepUntil(platform::Instant instant) const {
+    if (wakeUp_.isOpen() && setTimer(instant)) {
         waitForDescriptors();
     } else {
-        waitInSlices(deadline);
+        sleepInSlices(instant);
     }
 }
 
@@ -48,7 +54,7 @@ void DescriptorWait::waitForDescriptors() const {
     }
 }
 
-void DescriptorWait::waitInSlices(platform::Instant deadline) const {
+void DescriptorWait::sleepInSlices(platform::Instant deadline) const {
     constexpr auto slice = std::chrono::milliseconds(5);
     while (!isCancelled_) {
         const auto left = deadline - clock_.now();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ContinuousClock.h"
+#include "platform/linux/WakeUpLead.h"
 #include "platform/posix/FileDescriptor.h"
 
 #include <atomic>
@@ -19,11 +20,13 @@ class DescriptorWait : public platform::CancellableWait {
     bool isCancelled() const override { return isCancelled_; }
 
   private:
+    void sleepUntil(platform::Instant instant) const;
     bool setTimer(platform::Instant deadline) const;
     void waitForDescriptors() const;
-    void waitInSlices(platform::Instant deadline) const;
+    void sleepInSlices(platform::Instant deadline) const;
 
     platform::ContinuousClock &clock_;
+    WakeUpLead lead_;
     const posix::FileDescriptor timer_;
     const posix::FileDescriptor wakeUp_;
     std::atomic<bool> isCancelled_ = false;

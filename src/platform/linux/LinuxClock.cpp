@@ -14,12 +14,22 @@ namespace {
 using std::chrono::nanoseconds;
 using std::chrono::seconds;
 
-/// Ends sleeps of the calling thread at their time; by default the kernel may gather them.
-void sleepPrecisely() { prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL); }
-
 timespec timespecOf(platform::Instant instant) {
     const auto whole = std::chrono::floor<seconds>(instant);
     return {.tv_sec = whole.count(), .tv_nsec = (instant - whole).count()};
+}
+
+/// Ends sleeps of the calling thread at their time; by default the kernel may gather them.
+void sleepPrecisely() {
+    thread_local const int isSet = prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
+    static_cast<void>(isSet);
+}
+
+void sleepUntil(platform::Instant instant) {
+    const timespec deadline = timespecOf(instant);
+    sleepPrecisely();
+    while (clock_nanosleep(CLOCK_BOOTTIME, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
+    }
 }
 
 } // namespace
@@ -31,10 +41,7 @@ platform::Instant LinuxClock::now() const {
 }
 
 void LinuxClock::hold(nanoseconds duration) {
-    const timespec deadline = timespecOf(now() + duration);
-    sleepPrecisely();
-    while (clock_nanosleep(CLOCK_BOOTTIME, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
-    }
+    holdLead_.waitUntil(*this, now() + duration, sleepUntil, [] { return false; });
 }
 
 std::unique_ptr<platform::CancellableWait> LinuxClock::makeWait() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ContinuousClock.h"
+#include "platform/linux/WakeUpLead.h"
 
 namespace corvane::x11 {
 
@@ -10,6 +11,9 @@ class LinuxClock : public platform::ContinuousClock {
     platform::Instant now() const override;
     void hold(std::chrono::nanoseconds duration) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
+
+  private:
+    WakeUpLead holdLead_;
 };
 
 } // namespace corvane::x11

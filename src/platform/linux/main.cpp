@@ -5,6 +5,7 @@
 #include "app/HotkeyService.h"
 #include "platform/linux/ButtonGuard.h"
 #include "platform/linux/ButtonMark.h"
+#include "platform/linux/ButtonReports.h"
 #include "platform/linux/CommandCall.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -93,6 +94,7 @@ int runProgram(int argc, char **argv) {
     QApplication::setDesktopFileName(QStringLiteral("corvane"));
     QTranslator toolkitTexts;
     useUserLanguage(toolkitTexts);
+    dropButtonReportsOfKeyboard();
     usePlaceholderColourOfFields();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 
