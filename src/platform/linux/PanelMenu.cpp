@@ -21,7 +21,9 @@ QByteArray png(const QImage &image) {
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    // A drawing of a few lines is small however little time is spent on it.
+    constexpr int quickly = 80;
+    image.save(&buffer, "PNG", quickly);
     return data;
 }
 
@@ -150,15 +152,24 @@ QVariantMap PanelMenu::propertiesOf(const MenuItem &item) {
         properties.insert(QStringLiteral("toggle-state"), 1);
     }
     if (item.image) {
-        const auto image = symbols_.image(item.image->name, imageColour, imagePixels);
-        if (!image.isNull()) {
-            properties.insert(QStringLiteral("icon-data"), png(image));
+        const QByteArray image = imageData(item.image->name);
+        if (!image.isEmpty()) {
+            properties.insert(QStringLiteral("icon-data"), image);
         }
     }
     if (item.submenu) {
         properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
     }
     return properties;
+}
+
+QByteArray PanelMenu::imageData(const std::string &symbol) {
+    const auto known = imageData_.find(symbol);
+    if (known != imageData_.end()) {
+        return known->second;
+    }
+    const QImage image = symbols_.image(symbol, imageColour, imagePixels);
+    return imageData_.emplace(symbol, image.isNull() ? QByteArray() : png(image)).first->second;
 }
 
 std::optional<QVariantList> PanelMenu::call(const QString &method, const QVariantList &arguments) {

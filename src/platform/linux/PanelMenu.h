@@ -6,6 +6,8 @@
 #include "presentation/Menu.h"
 
 #include <functional>
+#include <map>
+#include <string>
 #include <vector>
 
 namespace corvane::x11 {
@@ -51,6 +53,8 @@ class PanelMenu : public DBusObject {
                        const std::vector<MenuItem> &to, Changes &changes);
     void send(const Changes &changes);
     QVariantMap propertiesOf(const MenuItem &item);
+    /// The symbol as a picture file; empty when there is no such symbol.
+    QByteArray imageData(const std::string &symbol);
 
     std::optional<QVariantList> getLayout(const QVariantList &arguments) const;
     std::optional<QVariantList> getGroupProperties(const QVariantList &arguments) const;
@@ -65,6 +69,7 @@ class PanelMenu : public DBusObject {
 
     SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
+    std::map<std::string, QByteArray> imageData_;
     Menu shown_;
     Node root_;
     int lastId_ = 0;

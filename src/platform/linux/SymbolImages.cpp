@@ -1,10 +1,11 @@
 #include "platform/linux/SymbolImages.h"
 
+#include "platform/linux/SymbolIcon.h"
+
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include <array>
 #include <cmath>
 
 namespace corvane::x11 {
@@ -26,6 +27,10 @@ QByteArray strokeOf(FontWeight weight) {
         return "stroke-width=\"2.5\"";
     }
     return regularStroke;
+}
+
+QString drawingPath(const std::string &name) {
+    return QStringLiteral(":/symbols/") + QString::fromStdString(name) + QStringLiteral(".svg");
 }
 
 QImage drawn(const QByteArray &source, const QColor &colour, int pixels) {
@@ -69,26 +74,18 @@ QPixmap SymbolImages::pixmap(const std::string &name, const QColor &colour, int 
 
 QIcon SymbolImages::icon(const std::string &name, const QPalette &palette, QPalette::ColorRole role,
                          QPalette::ColorRole activeRole) {
-    constexpr std::array sizes{16, 20, 22, 24, 32, 40, 48, 64};
-    QIcon icon;
-    const auto add = [&](int size, const QColor &colour, QIcon::Mode mode) {
-        const auto drawing = image(name, colour, size);
-        if (!drawing.isNull()) {
-            icon.addPixmap(QPixmap::fromImage(drawing), mode);
-        }
-    };
-    for (const auto size : sizes) {
-        add(size, palette.color(QPalette::Active, role), QIcon::Normal);
-        add(size, palette.color(QPalette::Disabled, role), QIcon::Disabled);
-        add(size, palette.color(QPalette::Active, activeRole), QIcon::Active);
-        add(size, palette.color(QPalette::Active, activeRole), QIcon::Selected);
+    if (!QFile::exists(drawingPath(name))) {
+        return {};
     }
-    return icon;
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the icon owns its engine
+    return QIcon(new SymbolIcon(*this, name,
+                                {.normal = palette.color(QPalette::Active, role),
+                                 .disabled = palette.color(QPalette::Disabled, role),
+                                 .active = palette.color(QPalette::Active, activeRole)}));
 }
 
 QByteArray SymbolImages::drawing(const std::string &name, FontWeight weight) {
-    QFile file(QStringLiteral(":/symbols/") + QString::fromStdString(name) +
-               QStringLiteral(".svg"));
+    QFile file(drawingPath(name));
     if (!file.open(QIODevice::ReadOnly)) {
         return {};
     }

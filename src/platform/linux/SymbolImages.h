@@ -27,7 +27,8 @@ class SymbolImages {
                    FontWeight weight = FontWeight::regular);
 
     /// In a colour of the palette, paler where it stands for something disabled, and in the colour
-    /// of another role under the pointer or selected; null when there is no such symbol.
+    /// of another role under the pointer or selected; null when there is no such symbol. The images
+    /// outlive the icon, which has them drawn when it is shown.
     QIcon icon(const std::string &name, const QPalette &palette, QPalette::ColorRole role,
                QPalette::ColorRole activeRole);
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/StatusIconImages.h"
 
+#include <QPainter>
 #include <gtest/gtest.h>
 
 namespace corvane::contract {
@@ -71,6 +72,40 @@ TEST(SymbolImagesTest, IsSharpOnADenseScreen) {
     const auto pixmap = symbols.pixmap("gearshape", Qt::black, 16, 2);
     EXPECT_EQ(pixmap.size(), QSize(32, 32));
     EXPECT_EQ(pixmap.deviceIndependentSize(), QSizeF(16, 16));
+}
+
+TEST(SymbolImagesTest, AnIconPaintsItselfWhereItIsTold) {
+    x11::SymbolImages symbols;
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Text, Qt::red);
+    QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    symbols.icon("stop.fill", palette, QPalette::Text, QPalette::Text)
+        .paint(&painter, 20, 20, 16, 16);
+    painter.end();
+    EXPECT_EQ(image.pixelColor(28, 28), QColor(Qt::red));
+    EXPECT_EQ(image.pixelColor(10, 10), QColor(Qt::white));
+}
+
+TEST(SymbolImagesTest, AnIconIsDrawnInTheSizeAndColourItIsShownIn) {
+    x11::SymbolImages symbols;
+    QPalette palette;
+    palette.setColor(QPalette::Active, QPalette::Text, Qt::red);
+    palette.setColor(QPalette::Disabled, QPalette::Text, Qt::green);
+    palette.setColor(QPalette::Active, QPalette::HighlightedText, Qt::blue);
+    const QIcon icon =
+        symbols.icon("stop.fill", palette, QPalette::Text, QPalette::HighlightedText);
+    ASSERT_FALSE(icon.isNull());
+    const auto middle = [&icon](QIcon::Mode mode, int size) {
+        const QImage image = icon.pixmap(QSize(size, size), 1, mode).toImage();
+        EXPECT_EQ(image.size(), QSize(size, size));
+        return image.pixelColor(size / 2, size / 2);
+    };
+    EXPECT_EQ(middle(QIcon::Normal, 16), QColor(Qt::red));
+    EXPECT_EQ(middle(QIcon::Disabled, 19), QColor(Qt::green));
+    EXPECT_EQ(middle(QIcon::Active, 64), QColor(Qt::blue));
+    EXPECT_EQ(middle(QIcon::Selected, 24), QColor(Qt::blue));
 }
 
 TEST(StatusIconImagesTest, PaintsTheDotWhereTheIconSays) {
