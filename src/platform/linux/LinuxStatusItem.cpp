@@ -47,7 +47,7 @@ LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
       bus_(ownConnection()),
       popup_(symbols_, perform),
       panelMenu_(bus_, symbols_, perform),
-      notifierItem_(bus_, panelMenu_.path(), [this](QPoint place) { openMenuAt(place); }),
+      notifierItem_(bus_, panelMenu_.path(), [this](QPoint place) { openMenuFor(place); }),
       notifierHost_(bus_, [this](bool isPresent) { panelAnswered(isPresent); }) {}
 
 LinuxStatusItem::~LinuxStatusItem() { QDBusConnection::disconnectFromBus(bus_.name()); }
@@ -79,6 +79,15 @@ void LinuxStatusItem::setToolTip(const std::string &text) {
 void LinuxStatusItem::openMenu() {
     const auto place = trayIcon_ ? trayIcon_->geometry() : QRect();
     openMenuAt(place.isValid() ? place.center() : QCursor::pos());
+}
+
+/// Panels that do not say where they were clicked, such as MATE's, name the screen's corner.
+void LinuxStatusItem::openMenuFor(QPoint click) {
+    if (click.isNull()) {
+        openMenu();
+    } else {
+        openMenuAt(click);
+    }
 }
 
 void LinuxStatusItem::openMenuAt(QPoint place) {

@@ -39,6 +39,7 @@ class LinuxStatusItem : public platform::StatusItem {
     void showInSystemTray();
     void trayVanished();
     void paintIcon();
+    void openMenuFor(QPoint click);
     void openMenuAt(QPoint place);
 
     SystemTray tray_;

@@ -254,6 +254,18 @@ TEST_F(StatusBarTest, OpensItsOwnMenuForAPanelThatDoesNot) {
     openPopup()->close();
 }
 
+TEST_F(StatusBarTest, OpensItAtThePointerForAPanelThatDoesNotSayWhereItWasClicked) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const QPoint pointer(300, 200);
+    QCursor::setPos(pointer);
+    ASSERT_TRUE(turnUntil([pointer] { return QCursor::pos() == pointer; }));
+    panel.activate(0, 0);
+    ASSERT_TRUE(opensPopup());
+    EXPECT_TRUE(openPopup()->geometry().adjusted(-2, -2, 2, 2).contains(pointer));
+    openPopup()->close();
+}
+
 TEST_F(StatusBarTest, RegistersAgainWithAPanelThatRestarts) {
     auto panel = std::make_unique<FakePanel>();
     ASSERT_TRUE(registers(*panel));
