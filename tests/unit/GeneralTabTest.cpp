@@ -1,7 +1,6 @@
 #include "ui/GeneralTab.h"
 
 #include "services/WindowResolver.h"
-#include "support/ReadableView.h"
 #include "support/RecordingPlatform.h"
 #include "support/ViewUser.h"
 
@@ -34,7 +33,6 @@ class GeneralTabTest : public ::testing::Test {
     }
 
     ViewUser user() { return ViewUser(tab().body()); }
-    std::string tree() { return readableText(tab().body()); }
 
     void putWindowUnderZone() {
         platform.windowList().windows = {{.bounds = Rectangle{100, 50, 640, 480},
@@ -59,122 +57,6 @@ class GeneralTabTest : public ::testing::Test {
 };
 
 const WindowAnchor anchor{"org.example.editor", "Report", {20, 30, 300, 200}};
-
-TEST_F(GeneralTabTest, showsTheCursorModeWithoutAnythingAboutZones) {
-    EXPECT_EQ(tree(), R"tree(column center 12, padding 20, width 540, is "general"
-  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group *Free Cursor Defined Zone, says "Mode"
-  row top 12
-    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Rate", headline
-        row center 8
-          number field 1, width 52, says "Rate"
-          stepper 1 in 1...9999 by 1, says "Rate"
-          text "clicks per", secondary
-          picker *second minute hour, says "clicks per"
-        text "= 1 click every 1.00s", callout, tertiary, full width trailing
-    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Limit", headline
-        row center 8
-          number field 0, width 56, says "Limit"
-          stepper 0 in 0...999999 by 1, says "Limit"
-          text "clicks", secondary
-        text "(unlimited)", callout, orange, full width trailing
-  toggle "Start at Login" off
-  row center 8
-    button "OK" prominent default
-)tree");
-}
-
-TEST_F(GeneralTabTest, showsTheZoneModeWithoutAZone) {
-    config.clickMode = ClickMode::zone;
-    config.clickRate = 3;
-    config.timeUnit = TimeUnit::minutes;
-    config.maxClicks = 5;
-    platform.loginItem().enabled = true;
-    EXPECT_EQ(tree(), R"tree(column center 12, padding 20, width 540, is "general"
-  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "No zone defined", callout, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" off
-  row top 12
-    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Rate", headline
-        row center 8
-          number field 3, width 52, says "Rate"
-          stepper 3 in 1...9999 by 1, says "Rate"
-          text "clicks per", secondary
-          picker second *minute hour, says "clicks per"
-        text "= 1 click every 20.00s", callout, tertiary, full width trailing
-    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Limit", headline
-        row center 8
-          number field 5, width 56, says "Limit"
-          stepper 5 in 0...999999 by 1, says "Limit"
-          text "clicks", secondary
-  toggle "Start at Login" on
-  row center 8
-    button "OK" prominent default
-)tree");
-}
-
-/// The mode card of a tree.
-std::string modeCard(const std::string &tree) {
-    const std::size_t start = tree.find('\n') + 1;
-    return tree.substr(start, tree.find("  row top 12") - start);
-}
-
-TEST_F(GeneralTabTest, showsAZone) {
-    config.clickMode = ClickMode::zone;
-    config.zoneRect = CodableRect{120.4, 80, 300, 200};
-    EXPECT_EQ(modeCard(tree()),
-              R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "Zone: 120, 80 — 300×200", callout monospaced, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" off
-)tree");
-}
-
-TEST_F(GeneralTabTest, showsAnAnchoredZone) {
-    config.clickMode = ClickMode::zone;
-    config.zoneRect = CodableRect{-20.9, -0.5, 300.9, 200.9};
-    config.windowAnchor = anchor;
-    platform.applications().names = {{"org.example.editor", "Editor"}};
-    EXPECT_EQ(modeCard(tree()),
-              R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "Zone: -20, 0 — 300×200", callout monospaced, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" on
-      row center 8
-        symbol link, callout, blue
-        text "Anchored to Editor" on one line, callout, secondary
-        text "(Report)" on one line, callout, tertiary
-)tree");
-}
 
 TEST_F(GeneralTabTest, showsTheIdentifierOfAnUnknownApplication) {
     config.clickMode = ClickMode::zone;

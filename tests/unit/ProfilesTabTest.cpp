@@ -88,8 +88,9 @@ TEST_F(ProfilesTabTest, showsTheEmptyCardAndTheSaveCardWithoutProfiles) {
 )tree" + saveCard);
 }
 
-TEST_F(TwoProfilesTabTest, listsTheProfilesAndMarksTheActiveOne) {
-    EXPECT_EQ(tree(), R"tree(column center 16, padding 20, width 540, is "profiles"
+/// The tab with the two profiles; `slowBadge` and `fastBadge` follow their names.
+std::string tabWithTwo(const std::string &slowBadge, const std::string &fastBadge) {
+    return R"tree(column center 16, padding 20, width 540, is "profiles"
   column center 0, padding 16, full width leading, on quaternary rounded 12
     column leading 10
       text "Profiles", headline
@@ -97,23 +98,41 @@ TEST_F(TwoProfilesTabTest, listsTheProfilesAndMarksTheActiveOne) {
         column leading 2, full width leading
           row center 6
             text "Slow" on one line, body medium
-            text "Active", caption2 semibold, blue, padding 2 6 2 6, on blue@0.15 capsule
-          text "Free Cursor · 2/m" on one line, callout, secondary
+)tree" + slowBadge +
+           R"tree(          text "Free Cursor · 2/m" on one line, callout, secondary
         button "Load" small
         menu ellipsis.circle "Rename..." | "Delete" destructive, says "More"
       row center 12, padding 12, on quaternary rounded 10, says "Fast & furious_", is "AAAAAAAA-BBBB-4CCC-8DDD-EEEEEEEEEEEE"
         column leading 2, full width leading
           row center 6
             text "Fast & furious_" on one line, body medium
-          text "Defined Zone · 10/s · (Viewer)" on one line, callout, secondary
+)tree" + fastBadge +
+           R"tree(          text "Defined Zone · 10/s · (Viewer)" on one line, callout, secondary
         button "Load" small
         menu ellipsis.circle "Rename..." | "Delete" destructive, says "More"
-)tree" + saveCard);
+)tree" + saveCard;
+}
+
+const std::string badge =
+    "            text \"Active\", caption2 semibold, blue, padding 2 6 2 6, on blue@0.15 capsule\n";
+
+TEST_F(TwoProfilesTabTest, listsTheProfilesAndMarksTheActiveOne) {
+    EXPECT_EQ(tree(), tabWithTwo(badge, ""));
+}
+
+TEST_F(TwoProfilesTabTest, marksTheSecondWhereThatIsActive) {
+    active = profiles[1].id;
+    EXPECT_EQ(tree(), tabWithTwo("", badge));
 }
 
 TEST_F(TwoProfilesTabTest, marksNoneWhereNoneIsActive) {
     active.reset();
-    EXPECT_EQ(tree().find("Active"), std::string::npos);
+    EXPECT_EQ(tree(), tabWithTwo("", ""));
+}
+
+TEST_F(TwoProfilesTabTest, marksNoneWhereTheActiveOneIsNotInTheList) {
+    active = *Uuid::fromText("CCCCCCCC-BBBB-4CCC-8DDD-EEEEEEEEEEEE");
+    EXPECT_EQ(tree(), tabWithTwo("", ""));
 }
 
 TEST_F(TwoProfilesTabTest, loadsAProfile) {
