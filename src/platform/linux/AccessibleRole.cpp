@@ -1,5 +1,6 @@
 #include "platform/linux/AccessibleRole.h"
 
+#include "platform/linux/MenuButtonWidget.h"
 #include "platform/linux/StepperWidget.h"
 
 #include <QAbstractButton>
@@ -42,6 +43,33 @@ class RoleInterface : public QAccessibleWidget {
     QAbstractButton *button() const { return qobject_cast<QAbstractButton *>(object()); }
 
     const AccessibleRole &role_;
+};
+
+/// A button with its menu, as long as that is open, inside it.
+class MenuButtonInterface : public RoleInterface {
+  public:
+    explicit MenuButtonInterface(MenuButtonWidget *button)
+        : RoleInterface(button, *button),
+          button_(button) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = RoleInterface::state();
+        state.hasPopup = true;
+        return state;
+    }
+
+    int childCount() const override { return button_->shownMenu() ? 1 : 0; }
+
+    QAccessibleInterface *child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(button_->shownMenu()) : nullptr;
+    }
+
+    int indexOfChild(const QAccessibleInterface *child) const override {
+        return child && child->object() == button_->shownMenu() ? 0 : -1;
+    }
+
+  private:
+    MenuButtonWidget *button_;
 };
 
 /// A stepper is a number that can be set.
@@ -88,6 +116,9 @@ class StepperInterface : public QAccessibleWidget, public QAccessibleValueInterf
 QAccessibleInterface *makeInterface(const QString &, QObject *object) {
     if (auto *stepper = dynamic_cast<StepperWidget *>(object)) {
         return new StepperInterface(stepper);
+    }
+    if (auto *button = dynamic_cast<MenuButtonWidget *>(object)) {
+        return new MenuButtonInterface(button);
     }
     const auto *role = dynamic_cast<AccessibleRole *>(object);
     return role ? new RoleInterface(qobject_cast<QWidget *>(object), *role) : nullptr;

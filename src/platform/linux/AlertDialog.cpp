@@ -1,5 +1,6 @@
 #include "platform/linux/AlertDialog.h"
 
+#include "platform/linux/AccessibleRole.h"
 #include "platform/linux/AlertImage.h"
 #include "platform/linux/DisplayText.h"
 #include "platform/linux/WindowActivation.h"
@@ -32,6 +33,12 @@ constexpr int buttonPadding = 14;
 /// More than that no reader needs, and no screen has room for.
 constexpr qsizetype longestText = 600;
 
+/// A picture of which a screen reader has nothing to say.
+class DecorationLabel : public QLabel, public AccessibleRole {
+  public:
+    QAccessible::Role accessibleRole() const override { return QAccessible::LayeredPane; }
+};
+
 /// As wide as its text on one line where that is neither too narrow nor too wide, else wrapped.
 QLabel *makeLabel(const std::string &source, const QFont &font) {
     const auto text = QString::fromStdString(source);
@@ -51,11 +58,12 @@ AlertDialog::AlertDialog(const Alert &alert)
     : QDialog(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                            Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint),
       chosen_(alert.buttons.empty() ? 0 : alert.buttons.size() - 1) {
+    installAccessibleRoles();
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(onOneLine(QString::fromStdString(alert.messageText)));
     setAccessibleName(QString::fromStdString(alert.messageText));
 
-    auto *image = new QLabel;
+    auto *image = new DecorationLabel;
     image->setPixmap(alertImage(alert, imageSize, devicePixelRatioF()));
 
     auto *columns = new QHBoxLayout;

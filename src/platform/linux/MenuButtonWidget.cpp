@@ -5,7 +5,6 @@
 #include "platform/linux/WarningMenuStyle.h"
 
 #include <QEvent>
-#include <QMenu>
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
@@ -41,15 +40,25 @@ bool MenuButtonWidget::event(QEvent *event) {
     return QToolButton::event(event);
 }
 
-/// A menu made for the occasion: a long list of profiles would keep very many.
+/// A menu made for the occasion: a long list of profiles would keep very many. Whoever opens it by
+/// keyboard finds its first line chosen.
 void MenuButtonWidget::openMenu() {
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setStyle(new WarningMenuStyle(menu));
+    menu_ = new QMenu(this);
+    menu_->setAttribute(Qt::WA_DeleteOnClose);
+    menu_->setStyle(new WarningMenuStyle(menu_));
     for (const MenuButtonItem &item : menuButton().items) {
-        addItem(*menu, item);
+        addItem(*menu_, item);
     }
-    menu->popup(mapToGlobal(QPoint(0, height())));
+    menu_->popup(mapToGlobal(QPoint(0, height())));
+    if (!isClickedByMouse_) {
+        menu_->setActiveAction(menu_->actions().constFirst());
+    }
+}
+
+void MenuButtonWidget::mouseReleaseEvent(QMouseEvent *event) {
+    isClickedByMouse_ = true;
+    QToolButton::mouseReleaseEvent(event);
+    isClickedByMouse_ = false;
 }
 
 void MenuButtonWidget::addItem(QMenu &menu, const MenuButtonItem &item) {

@@ -3,9 +3,9 @@
 #include "platform/linux/AccessibleRole.h"
 #include "platform/linux/ViewWidget.h"
 
+#include <QMenu>
+#include <QPointer>
 #include <QToolButton>
-
-class QMenu;
 
 namespace corvane::x11 {
 
@@ -21,8 +21,12 @@ class MenuButtonWidget : public QToolButton, public ViewWidget, public Accessibl
 
     QAccessible::Role accessibleRole() const override { return QAccessible::ButtonMenu; }
 
+    /// The menu while it is open.
+    QMenu *shownMenu() const { return menu_; }
+
   protected:
     bool event(QEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
 
   private:
     const MenuButton &menuButton() const { return std::get<MenuButton>(view_.content); }
@@ -32,6 +36,8 @@ class MenuButtonWidget : public QToolButton, public ViewWidget, public Accessibl
 
     SymbolImages &symbols_;
     View view_{MenuButton{}};
+    QPointer<QMenu> menu_;
+    bool isClickedByMouse_ = false;
 };
 
 } // namespace corvane::x11

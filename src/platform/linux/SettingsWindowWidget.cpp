@@ -1,6 +1,7 @@
 #include "platform/linux/SettingsWindowWidget.h"
 
 #include "platform/linux/ButtonWidget.h"
+#include "platform/linux/FocusKeeper.h"
 #include "platform/linux/ToolbarWidget.h"
 
 #include <QCursor>
@@ -28,12 +29,6 @@ constexpr int heightBesideContent = 72;
 int heightFor(QWidget &widget, int width) {
     const int height = widget.heightForWidth(width);
     return height < 0 ? widget.sizeHint().height() : height;
-}
-
-/// A control's menu is a window of its own.
-bool takesTab(const QWidget &widget, const QWidget &window) {
-    return (widget.focusPolicy() & Qt::TabFocus) != 0 && !widget.isHidden() &&
-           widget.window() == &window;
 }
 
 } // namespace
@@ -87,6 +82,7 @@ void SettingsWindowWidget::performDefaultAction() {
 }
 
 void SettingsWindowWidget::renderContent(const View &view, Rendering rendering) {
+    const FocusKeeper focus(*this);
     if (!content_ || kindOf(view) != contentKind_) {
         replaceContent(view);
     }
@@ -95,6 +91,7 @@ void SettingsWindowWidget::renderContent(const View &view, Rendering rendering) 
     content_->widget().setMinimumWidth(0);
     content_->widget().setMaximumWidth(QWIDGETSIZE_MAX);
     orderFocus();
+    focus.restore();
     fitToContent();
 }
 
@@ -116,13 +113,11 @@ void SettingsWindowWidget::replaceContent(const View &view) {
 /// Lets the Tab key go through the controls as they are seen.
 void SettingsWindowWidget::orderFocus() {
     QWidget *former = nullptr;
-    for (QWidget *widget : findChildren<QWidget *>()) {
-        if (takesTab(*widget, *this)) {
-            if (former) {
-                setTabOrder(former, widget);
-            }
-            former = widget;
+    for (QWidget *stop : tabStops(*this)) {
+        if (former) {
+            setTabOrder(former, stop);
         }
+        former = stop;
     }
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/AccessibleRole.h"
 #include "platform/linux/SymbolImages.h"
 #include "platform/linux/ViewFactory.h"
 #include "platform/linux/ViewWidget.h"
@@ -19,7 +20,7 @@ class ToolbarWidget;
 
 /// The settings window on the screen: the toolbar over the content, which is as high as it needs to
 /// be and scrolls where the screen is too low for it.
-class SettingsWindowWidget : public QWidget {
+class SettingsWindowWidget : public QWidget, public AccessibleRole {
   public:
     SettingsWindowWidget(const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
                          std::function<void(const std::string &identifier)> toolbarItemSelected);
@@ -28,6 +29,8 @@ class SettingsWindowWidget : public QWidget {
 
     void renderContent(const View &view, Rendering rendering);
     void moveToCentre();
+
+    QAccessible::Role accessibleRole() const override { return QAccessible::Window; }
 
   protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -78,7 +78,10 @@ void StackWidget::render(const View &view, Rendering rendering) {
 void StackWidget::renderStack(const Stack &stack, Rendering rendering) {
     content_->setDirection(stack.axis == Axis::vertical ? QBoxLayout::TopToBottom
                                                         : QBoxLayout::LeftToRight);
-    content_->setSpacing(pixels(stack.spacing));
+    // Setting what is set already would lay everything out anew.
+    if (content_->spacing() != pixels(stack.spacing)) {
+        content_->setSpacing(pixels(stack.spacing));
+    }
     children_ = matchChildren(stack.children);
     for (std::size_t index = 0; index < children_.size(); ++index) {
         children_[index].widget->render(stack.children[index], rendering);
@@ -90,12 +93,18 @@ void StackWidget::renderFrame(const View &view) {
     const Insets &padding = view.padding;
     frame_->setContentsMargins(pixels(padding.leading), pixels(padding.top),
                                pixels(padding.trailing), pixels(padding.bottom));
-    if (view.width) {
-        setFixedWidth(pixels(*view.width));
+    // Once only: the owner of the outermost view goes on with another width.
+    if (width_ != view.width) {
+        width_ = view.width;
+        setMinimumWidth(width_ ? pixels(*width_) : 0);
+        setMaximumWidth(width_ ? pixels(*width_) : QWIDGETSIZE_MAX);
     }
     setMinimumHeight(pixels(view.minHeight.value_or(0)));
     // What is given a height keeps its content in the middle of it.
-    frame_->setAlignment(content_, view.minHeight ? Qt::AlignVCenter : Qt::Alignment());
+    const Qt::Alignment alignment = view.minHeight ? Qt::AlignVCenter : Qt::Alignment();
+    if (content_->alignment() != alignment) {
+        frame_->setAlignment(content_, alignment);
+    }
     setAccessibleName(QString::fromStdString(view.accessibilityLabel));
     if (background_ != view.background) {
         background_ = view.background;

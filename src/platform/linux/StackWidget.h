@@ -57,6 +57,7 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
     QBoxLayout *content_;
     std::vector<Child> children_;
     std::vector<Place> places_;
+    std::optional<double> width_;
     std::optional<Background> background_;
     bool contentFills_ = false;
 };

@@ -20,6 +20,9 @@
 
 namespace corvane::contract {
 
+/// The lines of a text.
+std::vector<std::string> lines(const std::string &text);
+
 /// The real settings window with its real tabs on a screen without a window manager, and a keyboard
 /// to use it with. What lies behind the tabs is recorded.
 class SettingsWindowTest : public ::testing::Test {

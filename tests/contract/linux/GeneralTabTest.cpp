@@ -1,0 +1,325 @@
+#include "EventLoop.h"
+#include "Look.h"
+#include "SettingsWindowTest.h"
+#include "SpokenText.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QComboBox>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScreen>
+#include <QTimer>
+#include <X11/keysym.h>
+
+namespace corvane::contract {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+std::vector<std::string> first(std::size_t count, std::vector<std::string> lines) {
+    lines.resize(count);
+    return lines;
+}
+
+class GeneralTabOnScreen : public SettingsWindowTest {
+  protected:
+    QLineEdit &rate() const { return named<QLineEdit>(u"Rate"_s); }
+    QLineEdit &limit() const { return named<QLineEdit>(u"Limit"_s); }
+    QWidget &rateStepper() const {
+        for (QWidget *widget : screenWindow().findChildren<QWidget *>()) {
+            if (widget->accessibleName() == u"Rate" &&
+                QAccessible::queryAccessibleInterface(widget)->role() == QAccessible::SpinBox) {
+                return *widget;
+            }
+        }
+        throw std::logic_error("no stepper");
+    }
+    bool saysInterval(const std::string &seconds) const {
+        return isSpoken("text '= 1 click every " + seconds + "s'");
+    }
+
+    /// Types into an emptied field.
+    void retype(QLineEdit &field, const std::string &text) const {
+        focus(field);
+        field.selectAll();
+        type(text);
+    }
+};
+
+TEST_F(GeneralTabOnScreen, saysWhatTheCursorModeShows) {
+    open();
+    EXPECT_EQ(spokenText(screenWindow()), lines("tab 'General' selected\n"
+                                                "tab 'Profiles'\n"
+                                                "tab 'About'\n"
+                                                "text 'Mode'\n"
+                                                "group 'Mode'\n"
+                                                "radio button 'Free Cursor' checked\n"
+                                                "radio button 'Defined Zone'\n"
+                                                "text 'Rate'\n"
+                                                "field 'Rate' = '1'\n"
+                                                "stepper 'Rate' = 1\n"
+                                                "text 'clicks per'\n"
+                                                "picker 'second' = 'second'\n"
+                                                "text '= 1 click every 1.00s'\n"
+                                                "text 'Limit'\n"
+                                                "field 'Limit' = '0'\n"
+                                                "stepper 'Limit' = 0\n"
+                                                "text 'clicks'\n"
+                                                "text '(unlimited)'\n"
+                                                "check box 'Start at Login'\n"
+                                                "button 'OK'"));
+}
+
+TEST_F(GeneralTabOnScreen, showsWhatBelongsToAZoneInItsPlace) {
+    config.zoneRect = CodableRect{120.4, 80, 300, 200};
+    config.windowAnchor = WindowAnchor{"org.example.editor", "Tom & Jerry _", {1, 2, 300, 200}};
+    platform.loginItem().enabled = true;
+    open();
+    const int height = screenWindow().height();
+    named<QRadioButton>(u"Defined Zone"_s).click();
+    EXPECT_EQ(first(12, spoken()), lines("text 'Mode'\n"
+                                         "group 'Mode'\n"
+                                         "radio button 'Free Cursor'\n"
+                                         "radio button 'Defined Zone' checked\n"
+                                         "text 'Zone: 120, 80 — 300×200'\n"
+                                         "button 'Define zone...'\n"
+                                         "check box 'Relative to a window' checked\n"
+                                         "text 'Anchored to org.example.editor'\n"
+                                         "text '(Tom & Jerry _)'\n"
+                                         "text 'Rate'\n"
+                                         "field 'Rate' = '1'\n"
+                                         "stepper 'Rate' = 1"));
+    EXPECT_TRUE(isSpoken("check box 'Start at Login' checked"));
+    EXPECT_TRUE(turnUntil([&] { return screenWindow().height() > height; }));
+    named<QRadioButton>(u"Free Cursor"_s).click();
+    EXPECT_TRUE(turnUntil([&] { return screenWindow().height() == height; }));
+}
+
+TEST_F(GeneralTabOnScreen, isAsWideAsItShouldBeAndCannotBeResized) {
+    open();
+    const QWidget &widget = screenWindow();
+    EXPECT_EQ(widget.width(), 540);
+    EXPECT_EQ(widget.minimumSize(), widget.maximumSize());
+    const Qt::WindowFlags flags = widget.windowFlags();
+    EXPECT_TRUE(flags.testFlag(Qt::WindowCloseButtonHint));
+    EXPECT_FALSE(flags.testFlag(Qt::WindowMinimizeButtonHint));
+    EXPECT_FALSE(flags.testFlag(Qt::WindowMaximizeButtonHint));
+    const QPoint offset =
+        widget.frameGeometry().center() - widget.screen()->availableGeometry().center();
+    EXPECT_LT(offset.manhattanLength(), 40);
+}
+
+TEST_F(GeneralTabOnScreen, takesEachNumberAsItIsTyped) {
+    open();
+    retype(rate(), "20000");
+    EXPECT_EQ(rate().text(), u"20000"_s);
+    EXPECT_TRUE(saysInterval("0.00"));
+    EXPECT_TRUE(isSpoken("stepper 'Rate' = 20000"));
+    retype(limit(), "5");
+    EXPECT_FALSE(isSpoken("text '(unlimited)'"));
+    retype(rate(), "0");
+    EXPECT_TRUE(saysInterval("1.00"));
+    EXPECT_EQ(rate().text(), u"0"_s);
+}
+
+TEST_F(GeneralTabOnScreen, keepsTheLastNumberWhereTheTextIsNone) {
+    open();
+    retype(rate(), "12x");
+    EXPECT_EQ(rate().text(), u"12x"_s);
+    EXPECT_TRUE(saysInterval("0.08"));
+    focus(limit());
+    EXPECT_EQ(rate().text(), u"12"_s);
+
+    retype(rate(), "9223372036854775807");
+    EXPECT_TRUE(isSpoken("stepper 'Rate' = 9223372036854775807"));
+    type("0");
+    EXPECT_EQ(rate().text(), u"92233720368547758070"_s);
+    EXPECT_TRUE(isSpoken("stepper 'Rate' = 9223372036854775807"));
+    focus(limit());
+    EXPECT_EQ(rate().text(), u"9223372036854775807"_s);
+
+    focus(rate());
+    rate().selectAll();
+    strike(XK_Delete);
+    EXPECT_EQ(rate().text(), QString());
+    strike(XK_Return);
+    ASSERT_EQ(saved.size(), 1U);
+    EXPECT_EQ(saved.front().clickRate, 9223372036854775807);
+}
+
+TEST_F(GeneralTabOnScreen, letsTheFieldFollowTheStepper) {
+    open();
+    retype(rate(), "x");
+    focus(rateStepper());
+    strike(XK_Up);
+    strike(XK_Up);
+    EXPECT_EQ(rate().text(), u"3"_s);
+    strike(XK_Down);
+    strike(XK_Down);
+    strike(XK_Down);
+    EXPECT_EQ(rate().text(), u"1"_s);
+    retype(rate(), "20000");
+    focus(rateStepper());
+    strike(XK_Down);
+    EXPECT_EQ(rate().text(), u"9999"_s);
+    strike(XK_Up);
+    EXPECT_EQ(rate().text(), u"9999"_s);
+}
+
+TEST_F(GeneralTabOnScreen, keepsFocusCursorAndSelectionWhileOtherThingsChange) {
+    open();
+    retype(limit(), "12345");
+    limit().setSelection(1, 3);
+    named<QRadioButton>(u"Defined Zone"_s).click();
+    EXPECT_TRUE(isSpoken("text 'No zone defined'"));
+    EXPECT_TRUE(limit().hasFocus());
+    EXPECT_EQ(limit().selectedText(), u"234"_s);
+    limit().setCursorPosition(2);
+    named<QComboBox>(u"clicks per"_s).setCurrentIndex(2);
+    Q_EMIT named<QComboBox>(u"clicks per"_s).activated(2);
+    EXPECT_TRUE(saysInterval("3600.00"));
+    EXPECT_EQ(limit().cursorPosition(), 2);
+    type("9");
+    EXPECT_EQ(limit().text(), u"129345"_s);
+}
+
+TEST_F(GeneralTabOnScreen, performsOKWithReturnFromAnywhere) {
+    config.clickMode = ClickMode::zone;
+    open();
+    std::size_t expected = 0;
+    for (QWidget *widget : screenWindow().findChildren<QWidget *>()) {
+        if ((widget->focusPolicy() & Qt::TabFocus) == 0 || !widget->isVisible()) {
+            continue;
+        }
+        focus(*widget);
+        ++expected;
+        strike(expected % 2 == 0 ? XK_Return : XK_KP_Enter,
+               [&] { return saved.size() == expected; });
+    }
+    // Three tabs, the chosen radio button, a button, a toggle, two fields, two steppers, a picker,
+    // a toggle and OK itself.
+    EXPECT_EQ(expected, 13U);
+    EXPECT_EQ(window->isVisible(), true);
+}
+
+TEST_F(GeneralTabOnScreen, survivesItsEndInItsOwnHandler) {
+    open();
+    afterSaving = [this] { window.reset(); };
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [this] { named<QAbstractButton>(u"OK"_s).click(); });
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, &loop, [&] {
+        if (!window) {
+            loop.quit();
+        }
+    });
+    watch.start(1);
+    loop.exec();
+    EXPECT_EQ(saved.size(), 1U);
+    EXPECT_TRUE(turnUntil([] { return QApplication::activeWindow() == nullptr; }));
+}
+
+TEST_F(GeneralTabOnScreen, goesThroughTheControlsInTheirOrder) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{1, 2, 3, 4};
+    open();
+    // Changes that make and remove controls must not upset the order.
+    named<QRadioButton>(u"Free Cursor"_s).click();
+    named<QRadioButton>(u"Defined Zone"_s).click();
+    focus(named(u"General"_s));
+    std::vector<std::string> visited;
+    for (int count = 0; count < 13; ++count) {
+        const QWidget *former = QApplication::focusWidget();
+        strike(XK_Tab, [former] { return QApplication::focusWidget() != former; });
+        visited.push_back(QApplication::focusWidget()->accessibleName().toStdString());
+    }
+    EXPECT_EQ(visited, lines("Profiles\nAbout\nDefined Zone\nDefine zone...\n"
+                             "Relative to a window\nRate\nRate\nclicks per\nLimit\nLimit\n"
+                             "Start at Login\nOK\nGeneral"));
+}
+
+TEST_F(GeneralTabOnScreen, choosesTheModeWithTheArrowKeys) {
+    open();
+    focus(named(u"Free Cursor"_s));
+    strike(XK_Down);
+    EXPECT_TRUE(isSpoken("radio button 'Defined Zone' checked"));
+    EXPECT_TRUE(isSpoken("text 'No zone defined'"));
+    EXPECT_TRUE(named(u"Defined Zone"_s).hasFocus());
+    strike(XK_Up);
+    EXPECT_TRUE(isSpoken("radio button 'Free Cursor' checked"));
+    EXPECT_FALSE(isSpoken("text 'No zone defined'"));
+}
+
+TEST_F(GeneralTabOnScreen, showsTheToggleOnlyAsItsStateIs) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{1, 2, 3, 4};
+    open();
+    bool wasOffMeanwhile = false;
+    platform.alerts().whileShown = [&](const Alert &) {
+        wasOffMeanwhile = !named<QAbstractButton>(u"Relative to a window"_s).isChecked();
+    };
+    focus(named(u"Relative to a window"_s));
+    strike(XK_space);
+    EXPECT_TRUE(wasOffMeanwhile);
+    EXPECT_FALSE(named<QAbstractButton>(u"Relative to a window"_s).isChecked());
+
+    platform.loginItem().failure = Failure{"refused"};
+    named<QAbstractButton>(u"Start at Login"_s).click();
+    EXPECT_FALSE(named<QAbstractButton>(u"Start at Login"_s).isChecked());
+    platform.loginItem().failure.reset();
+    named<QAbstractButton>(u"Start at Login"_s).click();
+    EXPECT_TRUE(named<QAbstractButton>(u"Start at Login"_s).isChecked());
+}
+
+TEST_F(GeneralTabOnScreen, dropsWhatWasTypedWhenTheTabIsShownAnew) {
+    open();
+    retype(rate(), "1x");
+    named<QAbstractButton>(u"General"_s).click();
+    EXPECT_EQ(rate().text(), u"1"_s);
+    retype(rate(), "77");
+    named<QAbstractButton>(u"About"_s).click();
+    named<QAbstractButton>(u"General"_s).click();
+    EXPECT_EQ(rate().text(), u"1"_s);
+}
+
+TEST_F(GeneralTabOnScreen, changesTabsWithTheArrowKeys) {
+    open();
+    focus(named(u"General"_s));
+    strike(XK_Right);
+    EXPECT_EQ(screenWindow().windowTitle(), u"Profiles"_s);
+    strike(XK_Right);
+    strike(XK_Right);
+    EXPECT_EQ(screenWindow().windowTitle(), u"About"_s);
+    EXPECT_EQ(first(3, spokenText(screenWindow())),
+              lines("tab 'General'\ntab 'Profiles'\ntab 'About' selected"));
+    strike(XK_Left);
+    EXPECT_EQ(screenWindow().windowTitle(), u"Profiles"_s);
+}
+
+TEST_F(GeneralTabOnScreen, isHiddenByEscapeAndByItsCloseButton) {
+    open();
+    strike(XK_Escape, [this] { return !window->isVisible(); });
+    window->makeKeyAndOrderFront();
+    EXPECT_TRUE(window->isVisible());
+    screenWindow().close();
+    EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
+    const Look before;
+    config.clickMode = ClickMode::zone;
+    open();
+    QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(40, 40, 40)));
+    QApplication::processEvents();
+    for (const char16_t *name : {u"Mode", u"Define zone...", u"Relative to a window", u"Rate"}) {
+        const QImage picture = named(QString::fromUtf16(name)).grab().toImage();
+        EXPECT_GT(lightest(picture.convertToFormat(QImage::Format_RGB32)), 140);
+    }
+}
+
+} // namespace
+
+} // namespace corvane::contract
