@@ -45,6 +45,13 @@ xcb_window_t DisplayConnection::focus() const {
     return reply ? reply->focus : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
+bool DisplayConnection::hasProperty(xcb_window_t window, std::string_view name) const {
+    const auto cookie =
+        xcb_get_property(get(), 0, window, atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 0);
+    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(get(), cookie, nullptr));
+    return reply && reply->type != XCB_ATOM_NONE;
+}
+
 std::vector<std::uint32_t> DisplayConnection::properties(xcb_window_t window,
                                                          std::string_view name) const {
     constexpr std::uint32_t longest = 64;

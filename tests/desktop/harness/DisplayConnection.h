@@ -32,6 +32,9 @@ class DisplayConnection {
     /// The window that has the keyboard.
     xcb_window_t focus() const;
 
+    /// Whether the window has a property of that name, of whatever kind.
+    bool hasProperty(xcb_window_t window, std::string_view name) const;
+
     /// The values of a 32-bit property; none without one.
     std::vector<std::uint32_t> properties(xcb_window_t window, std::string_view name) const;
 

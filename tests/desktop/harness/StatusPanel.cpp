@@ -4,20 +4,17 @@
 #include "WaitUntil.h"
 
 #include <algorithm>
-#include <stdexcept>
 
 namespace corvane::desktop {
 
 namespace {
 
-bool isAnswered(const std::vector<std::string> &lines) {
-    return !lines.empty() && (lines.back() == "done" || lines.back() == "refused");
-}
+/// What the program says by itself.
+constexpr const char *registered = "registered";
 
 } // namespace
 
-StatusPanel::StatusPanel(const VirtualDesktop &desktop)
-    : program_(desktop.start({CORVANE_STATUS_PANEL})) {
+StatusPanel::StatusPanel(const VirtualDesktop &desktop) : program_(desktop, CORVANE_STATUS_PANEL) {
     // It answers once it is on the bus.
     ask("menu");
 }
@@ -28,7 +25,7 @@ bool StatusPanel::waitForItem() const {
 
 int StatusPanel::itemCount() const {
     return static_cast<int>(
-        std::ranges::count(wholeLines(program_->standardOutput()), "registered"));
+        std::ranges::count(wholeLines(program_.process().standardOutput()), registered));
 }
 
 std::vector<MenuLine> StatusPanel::menu() {
@@ -60,20 +57,8 @@ bool StatusPanel::choose(const std::string &title) {
 }
 
 std::vector<std::string> StatusPanel::ask(const std::string &command) {
-    program_->write(command + "\n");
-    std::vector<std::string> answer;
-    const bool hasCome = waitUntil([&] {
-        const std::vector<std::string> lines = wholeLines(program_->standardOutput());
-        answer.assign(lines.begin() + static_cast<std::ptrdiff_t>(readLines_), lines.end());
-        // What registers at the same time is told between the answers.
-        std::erase(answer, "registered");
-        readLines_ += isAnswered(answer) ? lines.size() - readLines_ : 0;
-        return isAnswered(answer);
-    });
-    if (!hasCome) {
-        throw std::runtime_error("The panel does not answer: " + program_->standardError());
-    }
-    return answer;
+    // What registers at the same time is told between the answers.
+    return program_.ask(command, registered);
 }
 
 } // namespace corvane::desktop

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "ChildProcess.h"
-#include "VirtualDesktop.h"
+#include "HelperProgram.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,8 +43,7 @@ class StatusPanel {
   private:
     std::vector<std::string> ask(const std::string &command);
 
-    std::unique_ptr<ChildProcess> program_;
-    std::size_t readLines_ = 0;
+    HelperProgram program_;
 };
 
 } // namespace corvane::desktop

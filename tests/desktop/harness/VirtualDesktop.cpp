@@ -88,6 +88,9 @@ VirtualDesktop::VirtualDesktop(const Options &options)
     }
     startServer(options);
     startMessageBus();
+    if (options.isAccessible) {
+        startAccessibilityBus();
+    }
     startWindowManager(options.windowManager);
     if (options.hasCompositor) {
         startCompositor();
@@ -154,6 +157,13 @@ void VirtualDesktop::startMessageBus() {
     environment_["DBUS_SESSION_BUS_ADDRESS"] = wholeLines(messageBus_->standardOutput()).front();
 }
 
+void VirtualDesktop::startAccessibilityBus() {
+    environment_.erase("NO_AT_BRIDGE");
+    accessibilityBus_ = start({"/usr/libexec/at-spi-bus-launcher", "--launch-immediately"});
+    require("The accessibility bus", *accessibilityBus_,
+            [this] { return connection_->hasProperty(connection_->root(), "AT_SPI_BUS"); });
+}
+
 void VirtualDesktop::startWindowManager(WindowManager windowManager) {
     if (windowManager == WindowManager::none) {
         return;
@@ -201,8 +211,8 @@ bool VirtualDesktop::isWhole() const {
     const auto runs = [](const std::unique_ptr<ChildProcess> &program) {
         return !program || program->isRunning();
     };
-    return runs(server_) && runs(messageBus_) && runs(windowManager_) && runs(compositor_) &&
-           runs(panel_);
+    return runs(server_) && runs(messageBus_) && runs(accessibilityBus_) && runs(windowManager_) &&
+           runs(compositor_) && runs(panel_);
 }
 
 void VirtualDesktop::stopServer() {

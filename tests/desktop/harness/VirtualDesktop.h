@@ -28,6 +28,8 @@ class VirtualDesktop {
         bool hasCompositor = false;
         /// A panel that shows status icons (XEmbed).
         bool hasPanel = false;
+        /// A bus for assistive technology (AT-SPI).
+        bool isAccessible = false;
         /// Extensions the X server does without, such as "XTEST".
         std::vector<std::string> withoutExtensions;
     };
@@ -76,6 +78,7 @@ class VirtualDesktop {
     void startMessageBus();
     void startWindowManager(WindowManager windowManager);
     void startPanel();
+    void startAccessibilityBus();
     bool hasWindowManager() const;
 
     TemporaryFolder folder_;
@@ -87,6 +90,7 @@ class VirtualDesktop {
     std::unique_ptr<ChildProcess> server_;
     std::unique_ptr<DisplayConnection> connection_;
     std::unique_ptr<ChildProcess> messageBus_;
+    std::unique_ptr<ChildProcess> accessibilityBus_;
     std::unique_ptr<ChildProcess> windowManager_;
     std::unique_ptr<ChildProcess> compositor_;
     std::unique_ptr<ChildProcess> panel_;

@@ -1,24 +1,10 @@
 #include "PanelProgram.h"
 
 #include "ItemMenu.h"
-#include "TextFile.h"
-
-#include <QCoreApplication>
-
-#include <array>
-#include <cstdio>
-#include <vector>
-
-#include <unistd.h>
 
 namespace corvane::desktop {
 
 namespace {
-
-void report(const std::string &line) {
-    std::puts(line.c_str());
-    std::fflush(stdout);
-}
 
 std::string lineReport(const ItemMenuLine &line) {
     const auto value = [&line](const char *name) {
@@ -34,33 +20,12 @@ std::string lineReport(const ItemMenuLine &line) {
 
 } // namespace
 
-PanelProgram::PanelProgram() : input_(STDIN_FILENO, QSocketNotifier::Read) {
-    QObject::connect(&input_, &QSocketNotifier::activated, [this] { readCommands(); });
-}
-
-void PanelProgram::readCommands() {
-    std::array<char, 4096> buffer{};
-    const ssize_t length = read(STDIN_FILENO, buffer.data(), buffer.size());
-    if (length <= 0) {
-        QCoreApplication::quit();
-        return;
-    }
-    text_.append(buffer.data(), static_cast<std::size_t>(length));
-    for (const std::string &line : wholeLines(text_)) {
-        carryOut(line);
-    }
-    text_.erase(0, text_.rfind('\n') + 1);
-}
-
-void PanelProgram::carryOut(const std::string &line) const {
-    const std::vector<std::string> fields = split(line, '\t');
-    bool isDone = true;
+bool PanelProgram::carryOut(const std::vector<std::string> &fields) const {
     if (fields.front() == "menu") {
         reportMenu();
-    } else {
-        isDone = choose(fields.at(1));
+        return true;
     }
-    report(isDone ? "done" : "refused");
+    return choose(fields.at(1));
 }
 
 void PanelProgram::reportMenu() const {

@@ -1,30 +1,26 @@
 #pragma once
 
+#include "CommandInput.h"
 #include "ItemWatcher.h"
 
-#include <QSocketNotifier>
-
 #include <string>
+#include <vector>
 
 namespace corvane::desktop {
 
-/// Carries out commands from standard input and reports to standard output, a line each with
-/// fields between tabs, until the input ends. Needs Qt's event loop.
+/// A panel that shows status items, as far as a test needs one. Its commands: "menu" reports the
+/// lines of the menu, "choose" with a label chooses from it.
 class PanelProgram {
   public:
-    PanelProgram();
-
     bool appear() { return watcher_.appear(); }
 
   private:
-    void readCommands();
-    void carryOut(const std::string &line) const;
+    bool carryOut(const std::vector<std::string> &fields) const;
     void reportMenu() const;
     bool choose(const std::string &label) const;
 
     ItemWatcher watcher_;
-    QSocketNotifier input_;
-    std::string text_;
+    CommandInput commands_{[this](const auto &fields) { return carryOut(fields); }};
 };
 
 } // namespace corvane::desktop

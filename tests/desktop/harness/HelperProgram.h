@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "VirtualDesktop.h"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace corvane::desktop {
+
+/// A program beside the one under test that carries out commands and answers in lines.
+class HelperProgram {
+  public:
+    HelperProgram(const VirtualDesktop &desktop, const std::string &program)
+        : process_(desktop.start({program})) {}
+
+    /// The lines of the answer; the last one is "done" or "refused". Lines that say
+    /// `notice` come unasked and are left out. Throws when no answer comes.
+    std::vector<std::string> ask(const std::string &command, const std::string &notice = {});
+
+    ChildProcess &process() { return *process_; }
+    const ChildProcess &process() const { return *process_; }
+
+  private:
+    std::unique_ptr<ChildProcess> process_;
+    std::size_t readLines_ = 0;
+};
+
+} // namespace corvane::desktop

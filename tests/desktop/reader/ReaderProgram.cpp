@@ -1,0 +1,107 @@
+#include "ReaderProgram.h"
+
+#include "SpokenLine.h"
+
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusVariant>
+
+namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using State = AccessibleObject::State;
+
+QDBusMessage callBus(const QString &interface, const QString &method,
+                     const QVariantList &arguments = {}) {
+    QDBusMessage message =
+        QDBusMessage::createMethodCall(u"org.a11y.Bus"_s, u"/org/a11y/bus"_s, interface, method);
+    message.setArguments(arguments);
+    return QDBusConnection::sessionBus().call(message);
+}
+
+bool switchOn(const QString &property) {
+    return callBus(u"org.freedesktop.DBus.Properties"_s, u"Set"_s,
+                   {u"org.a11y.Status"_s, property, QVariant::fromValue(QDBusVariant(true))})
+               .type() == QDBusMessage::ReplyMessage;
+}
+
+void readEverything(const AccessibleObject &object) {
+    if (!object.is(State::showing)) {
+        return;
+    }
+    if (const auto line = spokenLine(object)) {
+        report(*line);
+    }
+    if (!isSpokenWhole(object)) {
+        for (const AccessibleObject &child : object.children()) {
+            readEverything(child);
+        }
+    }
+}
+
+/// The innermost object that has the keyboard: the line of an open menu rather than its button.
+std::optional<AccessibleObject> focusIn(const AccessibleObject &object) {
+    if (!object.is(State::showing)) {
+        return std::nullopt;
+    }
+    for (const AccessibleObject &child : object.children()) {
+        if (const auto found = focusIn(child)) {
+            return found;
+        }
+    }
+    return object.is(State::focused) ? std::optional(object) : std::nullopt;
+}
+
+} // namespace
+
+bool ReaderProgram::appear() {
+    qDBusRegisterMetaType<AccessibleObject::Reference>();
+    qDBusRegisterMetaType<QList<AccessibleObject::Reference>>();
+    if (!switchOn(u"IsEnabled"_s) || !switchOn(u"ScreenReaderEnabled"_s)) {
+        return false;
+    }
+    const QString address =
+        callBus(u"org.a11y.Bus"_s, u"GetAddress"_s).arguments().value(0).toString();
+    bus_ = QDBusConnection::connectToBus(address, u"accessibility"_s);
+    return bus_.isConnected();
+}
+
+bool ReaderProgram::carryOut(const std::vector<std::string> &fields) const {
+    return fields.front() == "window" ? readWindow(fields.at(1)) : readFocus();
+}
+
+std::vector<AccessibleObject> ReaderProgram::windows() const {
+    std::vector<AccessibleObject> windows;
+    for (const AccessibleObject &program : AccessibleObject::root(bus_).children()) {
+        for (AccessibleObject &window : program.children()) {
+            windows.push_back(std::move(window));
+        }
+    }
+    return windows;
+}
+
+bool ReaderProgram::readWindow(const std::string &title) const {
+    for (const AccessibleObject &window : windows()) {
+        if (window.name().toStdString() == title && window.is(State::showing)) {
+            readEverything(window);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ReaderProgram::readFocus() const {
+    for (const AccessibleObject &window : windows()) {
+        const auto focus = window.is(State::active) ? focusIn(window) : std::nullopt;
+        if (focus) {
+            report(spokenLine(*focus).value_or(focus->role().toStdString()));
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace corvane::desktop
