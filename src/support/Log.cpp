@@ -28,9 +28,12 @@ std::string timeStamp() {
     return {text.data(), length};
 }
 
-bool isRegularFile(int descriptor) {
+/// Whether it is an ordinary file of this user under one name only: whoever put another one there
+/// wants to read along or to have something else written to.
+bool isOwnFile(int descriptor) {
     struct stat status{};
-    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) &&
+           status.st_uid == geteuid() && status.st_nlink == 1;
 }
 
 } // namespace
@@ -53,7 +56,7 @@ void appendLogLine(const char *path, std::string_view message) {
     if (descriptor < 0) {
         return;
     }
-    if (isRegularFile(descriptor)) {
+    if (isOwnFile(descriptor)) {
         const std::string line = timeStamp().append(" ").append(message).append("\n");
         // One write of the whole line, so that lines of several threads and processes stay whole.
         [[maybe_unused]] const ssize_t written = write(descriptor, line.data(), line.size());

@@ -12,7 +12,9 @@ inline constexpr const char *logPath = "/tmp/corvane.log";
 /// written is lost silently.
 void log(std::string_view message);
 
-/// Appends such a line to the file at `path`, which is created where missing. Any thread.
+/// Appends such a line to the file at `path`, which is created where missing. A file that somebody
+/// else owns or that has another name too is not written, a link is not followed and a pipe not
+/// waited for. Any thread.
 void appendLogLine(const char *path, std::string_view message);
 
 /// Sends the messages of `log` elsewhere, on the thread that logs them; an empty function restores

@@ -7,13 +7,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <map>
+#include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace corvane {
@@ -96,27 +101,95 @@ TEST_F(LogTest, ALinkInTheFilesPlaceIsNotFollowed) {
     std::filesystem::create_symlink(target, file_);
     append("elsewhere");
     EXPECT_EQ(std::filesystem::file_size(target), 8U);
+    std::filesystem::remove(target);
+    append("elsewhere");
+    EXPECT_FALSE(std::filesystem::exists(target));
+    EXPECT_TRUE(std::filesystem::is_symlink(file_));
 }
 
-TEST_F(LogTest, LinesOfSeveralThreadsStayWhole) {
-    constexpr int lines = 200;
-    std::vector<std::thread> threads;
-    for (const char *message : {"aaaaaaaaaaaaaaaaaaaa", "bbbbbbbbbbbbbbbbbbbb"}) {
-        threads.emplace_back([this, message] {
-            for (int line = 0; line < lines; ++line) {
-                append(message);
-            }
-        });
+TEST_F(LogTest, AnotherNameOfAFileInTheFilesPlaceIsNotWritten) {
+    const auto target = directory_.path() / "precious";
+    std::ofstream(target) << "precious";
+    std::filesystem::create_hard_link(target, file_);
+    append("elsewhere");
+    EXPECT_EQ(std::filesystem::file_size(target), 8U);
+}
+
+TEST_F(LogTest, AFileOfAnotherUserLosesTheLineSilently) {
+    constexpr uid_t somebodyElse = 65534;
+    constexpr gid_t sameGroup = static_cast<gid_t>(-1);
+    std::ofstream(file_) << "theirs";
+    std::filesystem::permissions(file_, std::filesystem::perms::all);
+    // Only the superuser can give a file away; for anybody else, this one is another user's.
+    const bool isGiven = chown(file_.c_str(), somebodyElse, sameGroup) == 0;
+    const std::filesystem::path theirs = isGiven ? file_ : "/etc/passwd";
+    const auto size = std::filesystem::file_size(theirs);
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    appendLogLine(theirs.c_str(), "ours");
+    EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(std::filesystem::file_size(theirs), size);
+}
+
+TEST_F(LogTest, ANewFileHasDefaultPermissionsAsFarAsTheMaskLeavesThem) {
+    const mode_t before = umask(027);
+    append("first");
+    umask(before);
+    struct stat status{};
+    ASSERT_EQ(stat(file_.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 07777U, 0640U);
+}
+
+/// Lines of several writers at the same time, too long for a buffer on the way.
+class LogOfManyTest : public LogTest {
+  protected:
+    static constexpr int lines = 200;
+    static constexpr std::size_t length = 10'000;
+
+    void appendLinesOf(char letter) const {
+        for (int line = 0; line < lines; ++line) {
+            append(std::string(length, letter));
+        }
     }
-    for (std::thread &thread : threads) {
-        thread.join();
+
+    /// Whether every line of the writers is there and whole.
+    void expectWholeLinesOf(std::string_view letters) const {
+        std::map<std::string, int> counts;
+        std::ifstream stream(file_);
+        for (std::string line; std::getline(stream, line);) {
+            ++counts[line.substr(std::min(line.size(), stampLength))];
+        }
+        EXPECT_EQ(counts.size(), letters.size());
+        for (const char letter : letters) {
+            EXPECT_EQ(counts[std::string(length, letter)], lines) << letter;
+        }
     }
-    std::ifstream stream(file_);
-    int count = 0;
-    for (std::string line; std::getline(stream, line); ++count) {
-        ASSERT_THAT(line, MatchesRegex(std::string(stamp) + "(a{20}|b{20})"));
+
+  private:
+    static constexpr std::size_t stampLength =
+        std::string_view("2026-11-16 00:06:06 +0000 ").size();
+};
+
+TEST_F(LogOfManyTest, LinesOfSeveralThreadsStayWhole) {
+    std::thread other([this] { appendLinesOf('a'); });
+    appendLinesOf('b');
+    other.join();
+    expectWholeLinesOf("ab");
+}
+
+TEST_F(LogOfManyTest, LinesOfSeveralProcessesStayWhole) {
+    const pid_t other = fork();
+    ASSERT_GE(other, 0);
+    if (other == 0) {
+        appendLinesOf('a');
+        _exit(EXIT_SUCCESS);
     }
-    EXPECT_EQ(count, 2 * lines);
+    appendLinesOf('b');
+    int status = -1;
+    ASSERT_EQ(waitpid(other, &status, 0), other);
+    EXPECT_EQ(status, EXIT_SUCCESS);
+    expectWholeLinesOf("ab");
 }
 
 TEST_F(LogTest, ASinkTakesTheMessagesInsteadOfTheFile) {
