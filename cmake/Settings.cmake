@@ -14,6 +14,7 @@ set(CORVANE_SIGNING_IDENTITY "-" CACHE STRING
     "The identity that signs the macOS application bundle; - for an ad-hoc signature")
 
 option(CORVANE_TESTS "Build the tests" ON)
+option(CORVANE_FUZZERS "Build the fuzzers, which needs clang" OFF)
 option(CORVANE_BENCH "Build what measures the program; needs the tests' desktop" OFF)
 set(CORVANE_SANITIZE "" CACHE STRING "Sanitizers to build with: address, thread or none")
 
