@@ -20,8 +20,7 @@ namespace fs = std::filesystem;
 /// A folder for one desktop file, as long as the process lives.
 class Folder {
   public:
-    Folder()
-        : path_(fs::temp_directory_path() / ("corvane-fuzz-" + std::to_string(getpid()))) {
+    Folder() : path_(fs::temp_directory_path() / ("corvane-fuzz-" + std::to_string(getpid()))) {
         fs::create_directories(path_);
     }
     Folder(const Folder &) = delete;

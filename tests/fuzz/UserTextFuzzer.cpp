@@ -1,15 +1,12 @@
-// What users type: numbers, names, arguments of the command line; and the identifiers that come back
-// from menus.
+// What users type into fields, and the stored values and identifiers that menus give back.
 
 #include "Fuzzing.h"
 #include "model/ClickMode.h"
 #include "model/TimeUnit.h"
 #include "model/Uuid.h"
-#include "platform/linux/CommandLine.h"
 #include "presentation/WholeNumber.h"
 #include "support/WhiteSpace.h"
 
-#include <array>
 #include <string>
 
 using namespace corvane;
@@ -33,11 +30,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     require(withoutBlanks(name) == name && text.contains(name), "a trimmed name stays");
     const std::string core = withoutWhiteSpace(text);
     require(withoutWhiteSpace(core) == core && name.contains(core), "a trimmed text stays");
-
-    const std::string argument(text);
-    const std::array arguments{argument.c_str()};
-    const auto line = x11::CommandLine::parse(arguments);
-    require(line.request != x11::CommandLine::Request::run && !line.text.empty(),
-            "an argument is answered or refused");
     return 0;
 }

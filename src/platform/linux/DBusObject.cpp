@@ -25,12 +25,12 @@ bool DBusObject::handleMessage(const QDBusMessage &message, const QDBusConnectio
     if (!isForProperties && !message.interface().isEmpty() && message.interface() != interface_) {
         return false;
     }
-    const auto answers = isForProperties ? callProperties(message.member(), message.arguments())
-                                         : call(message.member(), message.arguments());
+    const auto given =
+        isForProperties ? callProperties(message.member(), message.arguments()) : answers(message);
     if (message.isReplyRequired()) {
-        connection.send(answers ? message.createReply(*answers)
-                                : message.createErrorReply(QDBusError::InvalidArgs,
-                                                           QStringLiteral("not understood")));
+        connection.send(given ? message.createReply(*given)
+                              : message.createErrorReply(QDBusError::InvalidArgs,
+                                                         QStringLiteral("not understood")));
     }
     return true;
 }
@@ -39,6 +39,16 @@ void DBusObject::emitSignal(const QString &name, const QVariantList &arguments) 
     auto signal = QDBusMessage::createSignal(path_, interface_, name);
     signal.setArguments(arguments);
     connection_.send(signal);
+}
+
+/// Arguments of other types are not looked at: reading a list of them may never end.
+std::optional<QVariantList> DBusObject::answers(const QDBusMessage &message) {
+    const auto known = methods();
+    const auto method = known.constFind(message.member());
+    if (method == known.cend() || message.signature() != *method) {
+        return std::nullopt;
+    }
+    return call(message.member(), message.arguments());
 }
 
 std::optional<QVariantList> DBusObject::callProperties(const QString &method,

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
+#include <QMap>
 #include <QVariant>
 
 #include <optional>
@@ -22,8 +23,12 @@ class DBusObject : public QDBusVirtualObject {
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
   protected:
-    /// The method's answers; nothing for a method that does not exist or cannot be carried out with
-    /// these arguments.
+    /// The types of each method's arguments, as the bus writes them.
+    using Signatures = QMap<QString, QString>;
+    virtual Signatures methods() const = 0;
+
+    /// The answers of one of these methods, called with arguments of these types; nothing where it
+    /// cannot be carried out with them.
     virtual std::optional<QVariantList> call(const QString &method,
                                              const QVariantList &arguments) = 0;
     virtual QVariantMap properties() const = 0;
@@ -31,6 +36,7 @@ class DBusObject : public QDBusVirtualObject {
     void emitSignal(const QString &name, const QVariantList &arguments = {});
 
   private:
+    std::optional<QVariantList> answers(const QDBusMessage &message);
     std::optional<QVariantList> callProperties(const QString &method,
                                                const QVariantList &arguments) const;
 

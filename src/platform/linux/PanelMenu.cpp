@@ -172,6 +172,16 @@ QByteArray PanelMenu::imageData(const std::string &symbol) {
     return imageData_.emplace(symbol, image.isNull() ? QByteArray() : png(image)).first->second;
 }
 
+DBusObject::Signatures PanelMenu::methods() const {
+    return {{QStringLiteral("GetLayout"), QStringLiteral("iias")},
+            {QStringLiteral("GetGroupProperties"), QStringLiteral("aias")},
+            {QStringLiteral("GetProperty"), QStringLiteral("is")},
+            {QStringLiteral("Event"), QStringLiteral("isvu")},
+            {QStringLiteral("EventGroup"), QStringLiteral("a(isvu)")},
+            {QStringLiteral("AboutToShow"), QStringLiteral("i")},
+            {QStringLiteral("AboutToShowGroup"), QStringLiteral("ai")}};
+}
+
 std::optional<QVariantList> PanelMenu::call(const QString &method, const QVariantList &arguments) {
     if (method == QLatin1String("GetLayout")) {
         return getLayout(arguments);

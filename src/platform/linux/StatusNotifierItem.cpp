@@ -37,6 +37,15 @@ void StatusNotifierItem::setToolTip(const QString &text) {
     emitSignal(QStringLiteral("NewToolTip"));
 }
 
+DBusObject::Signatures StatusNotifierItem::methods() const {
+    const auto place = QStringLiteral("ii");
+    return {{QStringLiteral("Activate"), place},
+            {QStringLiteral("ContextMenu"), place},
+            {QStringLiteral("SecondaryActivate"), place},
+            {QStringLiteral("Scroll"), QStringLiteral("is")},
+            {QStringLiteral("ProvideXdgActivationToken"), QStringLiteral("s")}};
+}
+
 std::optional<QVariantList> StatusNotifierItem::call(const QString &method,
                                                      const QVariantList &arguments) {
     if (method == QLatin1String("Activate") || method == QLatin1String("ContextMenu") ||

@@ -26,6 +26,7 @@ class StatusNotifierItem : public DBusObject {
     QString introspect(const QString &path) const override;
 
   protected:
+    Signatures methods() const override;
     std::optional<QVariantList> call(const QString &method, const QVariantList &arguments) override;
     QVariantMap properties() const override;
 

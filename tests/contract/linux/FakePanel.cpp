@@ -77,9 +77,12 @@ x11::PanelItemLayout FakePanel::layout() {
 x11::PanelItemLayout FakePanel::line(const QString &label) { return find(layout(), label); }
 
 bool FakePanel::choose(int id) {
-    return !call(menuPath, menuInterface, QStringLiteral("Event"),
-                 {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U})
-                .isError();
+    return callMenu(QStringLiteral("Event"),
+                    {id, QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)), 0U});
+}
+
+bool FakePanel::callMenu(const QString &method, const QVariantList &arguments) {
+    return !call(menuPath, menuInterface, method, arguments).isError();
 }
 
 void FakePanel::activate(int x, int y) {

@@ -39,6 +39,8 @@ class FakePanel : public QObject {
     x11::PanelItemLayout line(const QString &label);
     /// False when the item refuses the event.
     bool choose(int id);
+    /// Whether the item's menu answers a method called with any arguments; false when it refuses.
+    bool callMenu(const QString &method, const QVariantList &arguments);
     /// A left click by a panel that leaves the menu to the program.
     void activate(int x, int y);
 

@@ -245,6 +245,23 @@ TEST_F(StatusBarTest, RefusesWhatCannotBeChosenOnThePanel) {
     EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = "stopClicking:"}}));
 }
 
+TEST_F(StatusBarTest, RefusesArgumentsOfOtherTypes) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const QVariant numbers = QVariant::fromValue(QList<int>{1, 2});
+    const QVariant items = QVariant::fromValue(QList<x11::PanelItemProperties>{{.id = 1}, {}});
+    for (const auto &method :
+         {u"GetLayout"_s, u"GetGroupProperties"_s, u"GetProperty"_s, u"Event"_s, u"EventGroup"_s,
+          u"AboutToShow"_s, u"AboutToShowGroup"_s, u"Unheard"_s}) {
+        EXPECT_FALSE(panel.callMenu(method, {})) << method.toStdString();
+        EXPECT_FALSE(panel.callMenu(method, {u"text"_s, u"text"_s})) << method.toStdString();
+        EXPECT_FALSE(panel.callMenu(method, {numbers, numbers})) << method.toStdString();
+        EXPECT_FALSE(panel.callMenu(method, {items, QStringList()})) << method.toStdString();
+    }
+    EXPECT_TRUE(panel.callMenu(u"AboutToShowGroup"_s, {numbers}));
+    EXPECT_FALSE(panel.line(u"Stop"_s).properties.isEmpty());
+}
+
 TEST_F(StatusBarTest, OpensItsOwnMenuForAPanelThatDoesNot) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
