@@ -76,10 +76,12 @@ std::map<std::string, std::string> desktopEntryValues(std::string_view file) {
     return values;
 }
 
+/// Blanks at both ends would be lost, those within would not.
 std::string desktopEntryString(std::string_view text) {
     std::string value;
-    for (const char character : text) {
-        switch (character) {
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        const bool isAtEnd = place == 0 || place + 1 == text.size();
+        switch (text[place]) {
         case '\\':
             value += "\\\\";
             break;
@@ -92,8 +94,11 @@ std::string desktopEntryString(std::string_view text) {
         case '\r':
             value += "\\r";
             break;
+        case ' ':
+            value += isAtEnd ? "\\s" : " ";
+            break;
         default:
-            value += character;
+            value += text[place];
         }
     }
     return value;
