@@ -115,15 +115,16 @@ DesktopEntries DesktopEntries::ofUser() {
     return {applicationFolders(), locales.empty() ? std::string_view() : locales.front()};
 }
 
-std::optional<std::string> DesktopEntries::identifierFor(const std::string &instanceName,
-                                                         const std::string &className) {
+const std::optional<std::string> &DesktopEntries::identifierFor(const std::string &instanceName,
+                                                                const std::string &className) {
     readAgainIfChanged();
-    const std::pair names(lowerCase(instanceName), lowerCase(className));
-    const auto known = identifiers_.find(names);
-    if (known != identifiers_.end()) {
+    auto &ofClass = identifiers_[className];
+    const auto known = ofClass.find(instanceName);
+    if (known != ofClass.end()) {
         return known->second;
     }
-    return identifiers_.emplace(names, find(names.first, names.second)).first->second;
+    return ofClass.emplace(instanceName, find(lowerCase(instanceName), lowerCase(className)))
+        .first->second;
 }
 
 std::optional<std::string> DesktopEntries::nameOf(const std::string &identifier) {

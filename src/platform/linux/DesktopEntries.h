@@ -6,7 +6,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 namespace corvane::x11 {
@@ -24,8 +23,9 @@ class DesktopEntries {
 
     /// The identifier of the application whose windows have that WM_CLASS: its desktop file's name
     /// without the suffix. Nothing when none fits.
-    std::optional<std::string> identifierFor(const std::string &instanceName,
-                                             const std::string &className);
+    /// Valid until the next call.
+    const std::optional<std::string> &identifierFor(const std::string &instanceName,
+                                                    const std::string &className);
 
     /// The application's name in the user's language.
     std::optional<std::string> nameOf(const std::string &identifier);
@@ -56,7 +56,8 @@ class DesktopEntries {
     Clock::time_point lastCheck_;
     /// By identifier; nothing for one that is hidden on purpose.
     std::map<std::string, std::optional<Entry>> entries_;
-    std::map<std::pair<std::string, std::string>, std::optional<std::string>> identifiers_;
+    /// Those asked for, by class name and then by instance name.
+    std::map<std::string, std::map<std::string, std::optional<std::string>>> identifiers_;
 };
 
 } // namespace corvane::x11

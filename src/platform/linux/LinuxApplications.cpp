@@ -48,7 +48,8 @@ std::optional<std::string> LinuxApplications::identifierOf(const WindowOwner &ow
     if (owner.processIdentifier == ownProcess_) {
         return ownBundleIdentifier();
     }
-    if (const auto identifier = entries_.identifierFor(owner.instanceName, owner.className)) {
+    const auto &identifier = entries_.identifierFor(owner.instanceName, owner.className);
+    if (identifier) {
         return identifier;
     }
     return owner.className.empty() ? std::nullopt : std::optional(owner.className);

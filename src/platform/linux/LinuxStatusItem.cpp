@@ -103,8 +103,9 @@ void LinuxStatusItem::panelAnswered(bool isPresent) {
         return;
     }
     trayIcon_.reset();
-    panelMenu_.setMenu(popup_.shown());
     notifierHost_.registerItem();
+    // The panel asks for the menu in a later turn.
+    panelMenu_.setMenu(popup_.shown());
 }
 
 void LinuxStatusItem::showInSystemTray() {
