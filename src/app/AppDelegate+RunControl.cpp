@@ -8,6 +8,7 @@
 #include "platform/MainQueue.h"
 #include "platform/Platform.h"
 #include "platform/Screens.h"
+#include "services/ClickBacklog.h"
 #include "services/DynamicZoneRect.h"
 #include "support/Localised.h"
 #include "support/Log.h"
@@ -124,13 +125,18 @@ void AppDelegate::beginRun(const RunPlan &plan) {
         });
     };
     platform_.mainQueue().post(weakly([plan, onMainThread](AppDelegate &self) {
+        const auto backlog = std::make_shared<ClickBacklog>();
         self.shared_.clickerService.start(
             plan.config, plan.dynamicZone,
-            [onMainThread](std::int64_t count, Point point) {
-                onMainThread(
-                    [count, point](AppDelegate &current) { current.runProgressed(count, point); });
+            [onMainThread, backlog](std::int64_t count, Point point) {
+                backlog->clickMade();
+                onMainThread([backlog, count, point](AppDelegate &current) {
+                    current.runProgressed(count, point);
+                    backlog->clickShown();
+                });
             },
-            [onMainThread] { onMainThread([](AppDelegate &current) { current.stopRun(); }); });
+            [onMainThread] { onMainThread([](AppDelegate &current) { current.stopRun(); }); },
+            backlog);
     }));
 }
 

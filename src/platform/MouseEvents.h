@@ -39,6 +39,11 @@ class MouseSession {
     /// Where the cursor is in global display space; nothing when that cannot be read.
     virtual std::optional<Point> cursorLocation() = 0;
 
+    /// Whether the left button is down by the system's own account, once every event sent by this
+    /// session has been carried out, except those another program's grab of the pointer holds up.
+    /// Nothing where the system gives no such account.
+    virtual std::optional<bool> isLeftButtonDown() = 0;
+
     /// Null when it cannot be created.
     virtual std::unique_ptr<MouseEventSource> createEventSource() = 0;
 };

@@ -87,6 +87,11 @@ class RecordingMouseEvents::Session : public platform::MouseSession {
         return mouse_.cursor_;
     }
 
+    std::optional<bool> isLeftButtonDown() override {
+        thread_.check();
+        return mouse_.account();
+    }
+
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
         thread_.check();
         const std::lock_guard lock(mouse_.mutex_);
@@ -128,8 +133,31 @@ bool RecordingMouseEvents::awaitPosted(std::size_t count) const {
     return changed_.wait_for(lock, patience, [&] { return posted_.size() >= count; });
 }
 
+void RecordingMouseEvents::setHeldUp(bool isHeldUp) {
+    const std::lock_guard lock(mutex_);
+    if (isHeldUp) {
+        accountWhileHeldUp_ = isPressed();
+    } else {
+        accountWhileHeldUp_.reset();
+    }
+}
+
+void RecordingMouseEvents::setHeldByUser(bool isHeld) {
+    const std::lock_guard lock(mutex_);
+    isHeldByUser_ = isHeld;
+}
+
+std::optional<bool> RecordingMouseEvents::account() const {
+    const std::lock_guard lock(mutex_);
+    return isHeldByUser_ || accountWhileHeldUp_.value_or(isPressed());
+}
+
 bool RecordingMouseEvents::isButtonPressed() const {
     const std::lock_guard lock(mutex_);
+    return isPressed();
+}
+
+bool RecordingMouseEvents::isPressed() const {
     const auto downs =
         std::count_if(posted_.begin(), posted_.end(), [](const PostedMouseEvent &event) {
             return event.type == MouseEventType::leftMouseDown;

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
@@ -42,6 +43,10 @@ class RecordingMouseEvents : public platform::MouseEvents {
     /// Where the cursor is at the next readings, one place each; afterwards it stays at the last.
     void scriptCursor(const std::vector<Point> &places);
     void setFaults(const MouseFaults &faults);
+    /// From now on another program's grab holds up every event sent, or no longer.
+    void setHeldUp(bool isHeldUp);
+    /// From now on the user holds the left button of the mouse itself, or no longer.
+    void setHeldByUser(bool isHeld);
 
     std::vector<PostedMouseEvent> posted() const;
     /// Waits until that many events have been posted; false when they were not in time.
@@ -58,12 +63,18 @@ class RecordingMouseEvents : public platform::MouseEvents {
     class Source;
     class Event;
 
+    /// Whether the button is down as far as the system knows.
+    std::optional<bool> account() const;
+    bool isPressed() const;
+
     const platform::ContinuousClock &clock_;
     mutable std::mutex mutex_;
     mutable std::condition_variable changed_;
     Point cursor_{100, 100};
     std::deque<Point> script_;
     MouseFaults faults_;
+    std::optional<bool> accountWhileHeldUp_;
+    bool isHeldByUser_ = false;
     std::vector<PostedMouseEvent> posted_;
     std::size_t cursorReadings_ = 0;
     std::size_t openedSessions_ = 0;

@@ -90,17 +90,31 @@ void LinuxMouseSession::sendButton(std::uint8_t type, std::uint8_t button) const
     xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
-std::optional<Point> LinuxMouseSession::cursorLocation() {
+/// Null when the server does not answer.
+XcbReply<xcb_query_pointer_reply_t> LinuxMouseSession::queryPointer() {
     if (!ensureUsable()) {
-        return std::nullopt;
+        return nullptr;
     }
     const auto cookie = xcb_query_pointer(connection_->get(), connection_->root());
-    const XcbReply<xcb_query_pointer_reply_t> reply(
+    return XcbReply<xcb_query_pointer_reply_t>(
         xcb_query_pointer_reply(connection_->get(), cookie, nullptr));
+}
+
+std::optional<Point> LinuxMouseSession::cursorLocation() {
+    const auto reply = queryPointer();
     if (!reply) {
         return std::nullopt;
     }
     return Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)};
+}
+
+/// Of the logical buttons.
+std::optional<bool> LinuxMouseSession::isLeftButtonDown() {
+    const auto reply = queryPointer();
+    if (!reply) {
+        return std::nullopt;
+    }
+    return (reply->mask & XCB_BUTTON_MASK_1) != 0;
 }
 
 std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource() {

@@ -20,6 +20,7 @@ class LinuxMouseSession : public platform::MouseSession {
     LinuxMouseSession &operator=(const LinuxMouseSession &) = delete;
 
     std::optional<Point> cursorLocation() override;
+    std::optional<bool> isLeftButtonDown() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
 
     /// Marks the button, then presses it.
@@ -28,6 +29,7 @@ class LinuxMouseSession : public platform::MouseSession {
     void release(std::uint8_t button);
 
   private:
+    XcbReply<xcb_query_pointer_reply_t> queryPointer();
     bool isUsable() const;
     bool ensureUsable();
     void connect();

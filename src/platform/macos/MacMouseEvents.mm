@@ -93,6 +93,9 @@ class MacMouseSession : public platform::MouseSession {
         }
     }
 
+    /// No program here can hold up the events of another.
+    std::optional<bool> isLeftButtonDown() override { return std::nullopt; }
+
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
         @autoreleasepool {
             CFReference source(CGEventSourceCreate(kCGEventSourceStateHIDSystemState));

@@ -1,0 +1,192 @@
+#include "services/ClickBacklog.h"
+#include "services/ClickCount.h"
+#include "services/ClickerService.h"
+#include "support/HandTurnedClock.h"
+#include "support/LogCapture.h"
+#include "support/RecordingMouseEvents.h"
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <limits>
+#include <stdexcept>
+
+namespace corvane {
+namespace {
+
+using std::chrono::milliseconds;
+using Lines = std::vector<std::string>;
+
+/// So often that nothing but the hold keeps two clicks apart.
+constexpr CorvaneConfig withoutPause{.clickRate = std::numeric_limits<std::int64_t>::max()};
+
+/// What a run does when something goes wrong around it.
+class ClickRunSafetyTest : public ::testing::Test {
+  protected:
+    ~ClickRunSafetyTest() override { clock_.setHoldsBlock(false); }
+
+    void start(const CorvaneConfig &config,
+               const std::shared_ptr<const ClickBacklog> &backlog = nullptr) {
+        clicker_.start(
+            config, nullptr, [this](auto, auto) { ++clicks_; }, [this] { ++finishes_; }, backlog);
+    }
+
+    void stopAndAwait() {
+        clicker_.stop();
+        clicker_.awaitEnd();
+    }
+
+    std::size_t pressCount() const {
+        const auto posted = mouse_.posted();
+        return static_cast<std::size_t>(std::ranges::count(
+            posted, platform::MouseEventType::leftMouseDown, &testing::PostedMouseEvent::type));
+    }
+
+    testing::LogCapture log_;
+    testing::HandTurnedClock clock_;
+    testing::RecordingMouseEvents mouse_{clock_};
+    std::atomic<int> clicks_ = 0;
+    std::atomic<int> finishes_ = 0;
+    ClickerService clicker_{mouse_, clock_};
+};
+
+TEST_F(ClickRunSafetyTest, NoButtonIsPressedOnceAStopHasReturned) {
+    constexpr int rounds = 300;
+    for (int round = 0; round < rounds; ++round) {
+        const std::size_t before = mouse_.posted().size();
+        start(withoutPause);
+        ASSERT_TRUE(mouse_.awaitPosted(before + 2));
+        clicker_.stop();
+        const std::size_t presses = pressCount();
+        clicker_.awaitEnd();
+        ASSERT_EQ(pressCount(), presses) << "round " << round;
+        ASSERT_FALSE(mouse_.isButtonPressed());
+    }
+}
+
+TEST_F(ClickRunSafetyTest, ARunDoesNotGetFarAheadOfWhoShowsItsClicks) {
+    const auto backlog = std::make_shared<ClickBacklog>();
+    clicker_.start(
+        withoutPause, nullptr,
+        [&](auto, auto) {
+            ++clicks_;
+            backlog->clickMade();
+        },
+        [] {}, backlog);
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_EQ(clicks_, ClickBacklog::mostClicks);
+    clock_.advance(std::chrono::seconds(10));
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_EQ(clicks_, ClickBacklog::mostClicks);
+    EXPECT_FALSE(mouse_.isButtonPressed());
+
+    backlog->clickShown();
+    clock_.advance(milliseconds(5));
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_EQ(clicks_, ClickBacklog::mostClicks + 1);
+    stopAndAwait();
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 26 clicks");
+}
+
+TEST_F(ClickRunSafetyTest, APressThatIsHeldUpIsFollowedByNoOther) {
+    mouse_.setHeldUp(true);
+    start(withoutPause);
+    for (int look = 0; look < 20; ++look) {
+        ASSERT_TRUE(clock_.awaitBlocked());
+        EXPECT_EQ(mouse_.posted().size(), 1U);
+        clock_.advance(milliseconds(5));
+    }
+    EXPECT_EQ(clicks_, 0);
+    mouse_.setHeldUp(false);
+    clock_.advance(milliseconds(5));
+    ASSERT_TRUE(mouse_.awaitPosted(10));
+    stopAndAwait();
+    EXPECT_FALSE(mouse_.isButtonPressed());
+}
+
+TEST_F(ClickRunSafetyTest, AReleaseThatIsHeldUpIsFollowedByNoPress) {
+    clock_.setHoldsBlock(true);
+    start(withoutPause);
+    ASSERT_TRUE(clock_.awaitBlocked());
+    mouse_.setHeldUp(true);
+    clock_.setHoldsBlock(false);
+    ASSERT_TRUE(mouse_.awaitPosted(2));
+    for (int look = 0; look < 20; ++look) {
+        ASSERT_TRUE(clock_.awaitBlocked());
+        EXPECT_EQ(mouse_.posted().size(), 2U);
+        clock_.advance(milliseconds(5));
+    }
+    EXPECT_EQ(clicks_, 1);
+    stopAndAwait();
+    EXPECT_EQ(mouse_.posted().size(), 2U);
+}
+
+TEST_F(ClickRunSafetyTest, AStopEndsARunThatIsHeldUp) {
+    mouse_.setHeldUp(true);
+    start(withoutPause);
+    ASSERT_TRUE(clock_.awaitBlocked());
+    stopAndAwait();
+    EXPECT_EQ(mouse_.posted().size(), 2U);
+    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(finishes_, 0);
+}
+
+TEST_F(ClickRunSafetyTest, AButtonTheUserHoldsIsNotClickedWith) {
+    mouse_.setHeldByUser(true);
+    start(withoutPause);
+    ASSERT_TRUE(clock_.awaitBlocked());
+    clock_.advance(std::chrono::seconds(1));
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_TRUE(mouse_.posted().empty());
+    mouse_.setHeldByUser(false);
+    clock_.advance(milliseconds(5));
+    ASSERT_TRUE(mouse_.awaitPosted(4));
+    stopAndAwait();
+}
+
+TEST_F(ClickRunSafetyTest, AFailureAfterTheClickEndsTheRunInOrder) {
+    clicker_.start(
+        {}, nullptr, [](auto, auto) { throw std::runtime_error("no memory"); },
+        [this] { ++finishes_; });
+    ASSERT_TRUE(mouse_.awaitPosted(2));
+    stopAndAwait();
+    EXPECT_EQ(finishes_, 1);
+    EXPECT_FALSE(mouse_.isButtonPressed());
+    EXPECT_EQ(mouse_.openSessions(), 0U);
+    EXPECT_EQ(log_.messages(),
+              (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
+                     "Clicker failed: no memory", "Clicker stopped after 1 clicks"}));
+}
+
+/// A clock that fails in the middle of a click.
+class FailingClock : public testing::HandTurnedClock {
+  public:
+    void hold(Duration /*duration*/) override { throw std::runtime_error("no sleep"); }
+};
+
+TEST(ClickRunFailureTest, AFailureBetweenPressAndReleaseReleasesTheButton) {
+    const testing::LogCapture log;
+    FailingClock clock;
+    testing::RecordingMouseEvents mouse(clock);
+    std::atomic<int> finishes = 0;
+    ClickerService clicker(mouse, clock);
+    clicker.start({}, nullptr, [](auto, auto) {}, [&] { ++finishes; });
+    ASSERT_TRUE(mouse.awaitPosted(2));
+    clicker.stop();
+    clicker.awaitEnd();
+    EXPECT_EQ(finishes, 1);
+    EXPECT_FALSE(mouse.isButtonPressed());
+    EXPECT_EQ(log.messages().back(), "Clicker stopped after 0 clicks");
+}
+
+TEST(ClickCountTest, CountsToTheGreatestNumberAndNoFurther) {
+    ::testing::GTEST_FLAG(death_test_style) = "threadsafe";
+    constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
+    ClickCount count(greatest - 1);
+    count.addOne();
+    EXPECT_EQ(count.value(), greatest);
+    EXPECT_DEATH(count.addOne(), "");
+}
+
+} // namespace
+} // namespace corvane
