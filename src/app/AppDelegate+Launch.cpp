@@ -67,11 +67,20 @@ void AppDelegate::accessibilityChecked(bool isTrusted) {
     if (!wasGranted && isTrusted) {
         log("Accessibility granted — registering hotkey");
         registerHotkey();
+    } else {
+        retryHotkey();
     }
 }
 
 void AppDelegate::registerHotkey() {
     hotkeyService_.registerHotkey(weakly([](AppDelegate &self) { self.toggleClicking(); }));
+    statusBarController_.updateToolTip(hotkeyService_.isRegistered());
+}
+
+/// Whoever has the key says nothing when it lets go.
+void AppDelegate::retryHotkey() {
+    hotkeyService_.retry();
+    statusBarController_.updateToolTip(hotkeyService_.isRegistered());
 }
 
 void AppDelegate::openAccessibilitySettings() {

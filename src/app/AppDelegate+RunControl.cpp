@@ -105,7 +105,7 @@ bool AppDelegate::continueAtLastPosition(const WindowAnchor &anchor) {
 
 void AppDelegate::beginRun(const RunPlan &plan) {
     const CorvaneConfig &config = plan.config;
-    appState_.status = ClickStatus::running;
+    setRunning(true);
     appState_.clickCount = 0;
     refreshStatusBar();
     if (config.clickMode == ClickMode::zone && config.zoneRect) {
@@ -153,10 +153,16 @@ void AppDelegate::stopRun() {
         // A run begun meanwhile has its engine start queued behind this.
         self.shared_.clickerService.stop();
         if (self.runNumber_ == run && self.appState_.status == ClickStatus::running) {
-            self.appState_.status = ClickStatus::idle;
+            self.setRunning(false);
         }
         self.refreshStatusBar();
     }));
+}
+
+/// While clicks are made the hot key must be heard whatever has the keyboard.
+void AppDelegate::setRunning(bool isRunning) {
+    appState_.status = isRunning ? ClickStatus::running : ClickStatus::idle;
+    hotkeyService_.setUrgent(isRunning);
 }
 
 void AppDelegate::showZoneOverlay(const Rectangle &zone) {

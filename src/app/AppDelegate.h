@@ -96,6 +96,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void accessibilityChecked(bool isTrusted);
     void registerHotkey();
     void listenForCommands();
+    void retryHotkey();
 
     /// A start under way: what it will run with.
     struct RunPlan {
@@ -106,6 +107,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 
     void startRun();
     void stopRun();
+    void setRunning(bool isRunning);
     bool checkPermissionToStart();
     std::optional<RunPlan> planRun();
     bool continueAtLastPosition(const WindowAnchor &anchor);

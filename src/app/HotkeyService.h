@@ -25,13 +25,23 @@ class HotkeyService {
     /// registration. Success and failure are logged.
     void registerHotkey(std::function<void()> callback);
 
-    /// Whether the last registration succeeded and holds.
-    bool isRegistered() const { return hotKey_ != nullptr; }
+    /// Whether a press would be noticed now.
+    bool isRegistered() const;
+
+    /// Tries a registration again that failed or was lost; logs nothing but success. Nothing where
+    /// none was asked for or all is well.
+    void retry();
+
+    /// Asks for presses also where another program has the keyboard to itself.
+    void setUrgent(bool isUrgent);
 
     /// Safe to call when nothing is registered.
     void unregister();
 
   private:
+    platform::HotKeyStatus installHandler();
+    platform::HotKeyStatus registerKey();
+
     void pressed();
 
     platform::HotKeys &hotKeys_;
@@ -39,7 +49,7 @@ class HotkeyService {
     /// Shared with presses that are queued, so that none runs after `unregister`.
     std::shared_ptr<std::function<void()>> callback_;
     std::unique_ptr<platform::HotKeyReference> handler_;
-    std::unique_ptr<platform::HotKeyReference> hotKey_;
+    std::unique_ptr<platform::RegisteredHotKey> hotKey_;
 };
 
 } // namespace corvane

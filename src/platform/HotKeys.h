@@ -24,6 +24,13 @@ class HotKeyReference {
     virtual ~HotKeyReference() = default;
 };
 
+/// A registered hot key.
+class RegisteredHotKey : public HotKeyReference {
+  public:
+    /// Whether a press would be noticed now; a change of the keyboard may have taken the key away.
+    virtual bool isHeard() const = 0;
+};
+
 /// The status of a refused registration, as the system numbers it.
 using HotKeyStatus = std::int32_t;
 
@@ -41,8 +48,12 @@ class HotKeys {
     installHandler(std::function<void()> pressed) = 0;
 
     /// Fails when another program owns the combination or the keyboard has no such key.
-    virtual std::expected<std::unique_ptr<HotKeyReference>, HotKeyStatus>
+    virtual std::expected<std::unique_ptr<RegisteredHotKey>, HotKeyStatus>
     registerHotKey(const HotKey &hotKey) = 0;
+
+    /// While urgent, a press is noticed also where another program has the keyboard to itself, as
+    /// far as the system allows.
+    virtual void setUrgent(bool isUrgent) = 0;
 };
 
 } // namespace corvane::platform

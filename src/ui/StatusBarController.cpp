@@ -107,6 +107,15 @@ void StatusBarController::updateIcon() {
     statusItem->setIcon(icon);
 }
 
+void StatusBarController::updateToolTip(bool isHotkeyRegistered) {
+    if (statusItem) {
+        statusItem->setToolTip(
+            isHotkeyRegistered
+                ? std::string()
+                : localised("The shortcut that starts and stops clicking is not available"));
+    }
+}
+
 void StatusBarController::rebuildMenu() {
     if (statusItem) {
         statusItem->setMenu(menu());

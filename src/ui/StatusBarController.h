@@ -26,6 +26,9 @@ class StatusBarController {
     /// Refreshes the button: icon, empty title, running dot.
     void updateIcon();
 
+    /// Says in the item's tool tip, which is empty otherwise, when the hot key is not to be had.
+    void updateToolTip(bool isHotkeyRegistered);
+
     /// Builds a new menu and makes it the item's menu.
     void rebuildMenu();
 

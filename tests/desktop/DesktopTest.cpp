@@ -84,4 +84,11 @@ xcb_window_t DesktopTest::alert() const {
     return alert != windows.end() ? alert->id : xcb_window_t{XCB_WINDOW_NONE};
 }
 
+bool DesktopTest::hasMenu() const {
+    constexpr int leastHeight = 100;
+    return std::ranges::any_of(corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
+        return window.isOverride && window.area.height > leastHeight;
+    });
+}
+
 } // namespace corvane::desktop

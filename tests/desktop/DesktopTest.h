@@ -51,6 +51,12 @@ class DesktopTest : public testing::Test {
     /// alert is gone.
     bool answerAlert(xcb_keysym_t key);
 
+    /// The program's alert or another window of its own; XCB_WINDOW_NONE without one.
+    xcb_window_t alert() const;
+
+    /// Whether the program shows its menu.
+    bool hasMenu() const;
+
     VirtualDesktop desktop_;
     ClickClient client_{desktop_};
     int window_ = client_.open({.x = 300, .y = 250});
@@ -58,8 +64,6 @@ class DesktopTest : public testing::Test {
     Keyboard keyboard_{desktop_.connection()};
 
   private:
-    xcb_window_t alert() const;
-
     int ownClicks_ = 0;
 };
 

@@ -1,11 +1,8 @@
 #include "DesktopTest.h"
 #include "harness/TextFile.h"
-#include "harness/WindowTree.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>
-
-#include <algorithm>
 
 namespace corvane::desktop {
 
@@ -21,14 +18,6 @@ class StartTest : public DesktopTest {
         const auto end = corvane.process().waitForEnd();
         EXPECT_TRUE(end.has_value()) << corvane.story();
         return end.value_or(ProcessEnd{});
-    }
-
-    bool hasMenu() const {
-        constexpr int leastHeight = 100;
-        return std::ranges::any_of(corvaneWindows(desktop_.connection()),
-                                   [](const SeenWindow &window) {
-                                       return window.isOverride && window.area.height > leastHeight;
-                                   });
     }
 };
 

@@ -5,8 +5,8 @@
 namespace corvane::testing {
 
 /// Takes one entry out of a table when it is destroyed.
-template <typename Value>
-class RecordingHotKeys::Reference : public platform::HotKeyReference {
+template <typename Base, typename Value>
+class RecordingHotKeys::Reference : public Base {
   public:
     Reference(std::map<int, Value> &table, int number) : table_(table), number_(number) {}
     Reference(const Reference &) = delete;
@@ -18,6 +18,19 @@ class RecordingHotKeys::Reference : public platform::HotKeyReference {
     int number_;
 };
 
+class RecordingHotKeys::KeyReference
+    : public Reference<platform::RegisteredHotKey, platform::HotKey> {
+  public:
+    KeyReference(RecordingHotKeys &hotKeys, int number)
+        : Reference(hotKeys.hotKeys_, number),
+          hotKeys_(hotKeys) {}
+
+    bool isHeard() const override { return hotKeys_.isHeard; }
+
+  private:
+    RecordingHotKeys &hotKeys_;
+};
+
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
 RecordingHotKeys::installHandler(std::function<void()> pressed) {
     mainThread_.check();
@@ -26,10 +39,11 @@ RecordingHotKeys::installHandler(std::function<void()> pressed) {
     }
     const int number = nextNumber_++;
     handlers_.emplace(number, std::move(pressed));
-    return std::make_unique<Reference<std::function<void()>>>(handlers_, number);
+    return std::make_unique<Reference<platform::HotKeyReference, std::function<void()>>>(handlers_,
+                                                                                         number);
 }
 
-std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
 RecordingHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     mainThread_.check();
     ++registrations;
@@ -38,7 +52,7 @@ RecordingHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     }
     const int number = nextNumber_++;
     hotKeys_.emplace(number, hotKey);
-    return std::make_unique<Reference<platform::HotKey>>(hotKeys_, number);
+    return std::make_unique<KeyReference>(*this, number);
 }
 
 std::vector<platform::HotKey> RecordingHotKeys::registered() const {

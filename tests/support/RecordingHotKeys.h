@@ -16,8 +16,9 @@ class RecordingHotKeys : public platform::HotKeys {
     std::string_view mechanism() const override { return mechanismName; }
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
     installHandler(std::function<void()> pressed) override;
-    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
     registerHotKey(const platform::HotKey &hotKey) override;
+    void setUrgent(bool isNowUrgent) override { isUrgent = isNowUrgent; }
 
     std::string mechanismName = "Carbon";
     /// With what status the next attempts fail; nothing for success.
@@ -29,13 +30,17 @@ class RecordingHotKeys : public platform::HotKeys {
     std::vector<platform::HotKey> registered() const;
     /// How often a registration was tried.
     int registrations = 0;
+    /// Whether a registered key could be noticed by its owner.
+    bool isHeard = true;
+    bool isUrgent = false;
 
     /// Presses the registered hot key; without one or without a handler nothing happens.
     void press();
 
   private:
-    template <typename Value>
+    template <typename Base, typename Value>
     class Reference;
+    class KeyReference;
 
     const OneThread mainThread_{"hot keys"};
     std::map<int, std::function<void()>> handlers_;

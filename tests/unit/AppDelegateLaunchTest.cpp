@@ -140,5 +140,19 @@ TEST_F(AppDelegateLaunchTest, StartingTheProgramAgainShowsTheMenu) {
     EXPECT_EQ(statusItem().menusOpened, 1);
 }
 
+TEST_F(AppDelegateLaunchTest, TheToolTipTellsOfAKeyThatIsNotToBeHad) {
+    platform.hotKeys().registerFailure = 10;
+    launch();
+    settle();
+    EXPECT_EQ(statusItem().toolTip, "The shortcut that starts and stops clicking is not available");
+    platform.hotKeys().registerFailure.reset();
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_EQ(statusItem().toolTip, "");
+    EXPECT_EQ(logged("Hotkey (Cmd+Shift+Y) registered via Carbon"), 1);
+    platform.hotKeys().press();
+    settle();
+    EXPECT_EQ(state().status, ClickStatus::running);
+}
+
 } // namespace
 } // namespace corvane

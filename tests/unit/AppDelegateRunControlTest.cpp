@@ -1,6 +1,7 @@
 #include "overlay/ZoneOverlayWindow.h"
 #include "support/AppDelegateTest.h"
 
+#include <limits>
 #include <thread>
 
 namespace corvane {
@@ -298,6 +299,31 @@ TEST_F(AppDelegateRunControlTest, ALateEndOfAnEarlierRunDoesNotEndTheNext) {
     platform.mainQueue().turnUntilIdle();
     EXPECT_EQ(state().status, ClickStatus::running);
     stopAndAwait();
+}
+
+TEST_F(AppDelegateRunControlTest, TheHotKeyIsUrgentWhileClicksAreMade) {
+    EXPECT_FALSE(platform.hotKeys().isUrgent);
+    startRunning();
+    EXPECT_TRUE(platform.hotKeys().isUrgent);
+    platform.hotKeys().press();
+    awaitIdle();
+    EXPECT_FALSE(platform.hotKeys().isUrgent);
+}
+
+TEST_F(AppDelegateRunControlTest, AMainThreadThatIsBusyIsWaitedFor) {
+    state().config.clickRate = std::numeric_limits<std::int64_t>::max();
+    delegate->startClicking();
+    platform.mainQueue().turnUntilIdle();
+    // Nothing turns the main queue now.
+    ASSERT_TRUE(platform.clock().awaitBlocked());
+    const std::size_t eventsPerClick = 2;
+    EXPECT_LE(platform.mouseEvents().posted().size(), 40 * eventsPerClick);
+    platform.clock().advance(std::chrono::seconds(10));
+    ASSERT_TRUE(platform.clock().awaitBlocked());
+    const std::size_t before = platform.mouseEvents().posted().size();
+    delegate->stopClicking();
+    awaitIdle();
+    EXPECT_EQ(platform.mouseEvents().posted().size(), before);
 }
 
 } // namespace

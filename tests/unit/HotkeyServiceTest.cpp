@@ -93,5 +93,52 @@ TEST_F(HotkeyServiceTest, ARefusedHotKeyIsLoggedWithItsStatus) {
     EXPECT_EQ(log.messages(), Lines{"Failed to register hotkey: -9878"});
 }
 
+TEST_F(HotkeyServiceTest, ARefusedKeyIsTriedAgainAndOnlyTheSuccessIsLogged) {
+    platform.hotKeys().registerFailure = 10;
+    service.registerHotkey([this] { ++presses; });
+    EXPECT_FALSE(service.isRegistered());
+    service.retry();
+    service.retry();
+    EXPECT_EQ(platform.hotKeys().registrations, 3);
+    EXPECT_EQ(log.messages(), Lines{"Failed to register hotkey: 10"});
+
+    platform.hotKeys().registerFailure.reset();
+    service.retry();
+    EXPECT_TRUE(service.isRegistered());
+    EXPECT_EQ(log.messages().back(), "Hotkey (Cmd+Shift+Y) registered via Carbon");
+    pressAndTurn();
+    EXPECT_EQ(presses, 1);
+    service.retry();
+    EXPECT_EQ(platform.hotKeys().registrations, 4);
+}
+
+TEST_F(HotkeyServiceTest, AHandlerThatCouldNotBeInstalledIsTriedAgainToo) {
+    platform.hotKeys().installFailure = 5;
+    service.registerHotkey([this] { ++presses; });
+    service.retry();
+    EXPECT_FALSE(service.isRegistered());
+    platform.hotKeys().installFailure.reset();
+    service.retry();
+    EXPECT_TRUE(service.isRegistered());
+}
+
+TEST_F(HotkeyServiceTest, AKeyLostToTheKeyboardIsTakenAgain) {
+    service.registerHotkey([this] { ++presses; });
+    platform.hotKeys().isHeard = false;
+    EXPECT_FALSE(service.isRegistered());
+    platform.hotKeys().isHeard = true;
+    service.retry();
+    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
+}
+
+TEST_F(HotkeyServiceTest, NothingIsRetriedThatNobodyAskedFor) {
+    service.retry();
+    service.registerHotkey([] {});
+    service.unregister();
+    service.retry();
+    EXPECT_TRUE(platform.hotKeys().registered().empty());
+    EXPECT_EQ(platform.hotKeys().registrations, 1);
+}
+
 } // namespace
 } // namespace corvane

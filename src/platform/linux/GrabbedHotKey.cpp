@@ -47,10 +47,11 @@ std::optional<KeyCombination> combinationFor(const platform::HotKey &hotKey,
 
 } // namespace
 
-GrabbedHotKey::GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes,
+GrabbedHotKey::GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes, RawKeys &rawKeys,
                              const platform::HotKey &hotKey, std::function<void()> pressed)
     : events_(events),
       changes_(changes),
+      rawKeys_(rawKeys),
       hotKey_(hotKey),
       pressed_(std::move(pressed)),
       subscription_(events.subscribe([this](const auto &event) { handle(event); })) {}
@@ -74,21 +75,41 @@ platform::HotKeyStatus GrabbedHotKey::grab() {
 }
 
 void GrabbedHotKey::handle(const xcb_generic_event_t &event) {
+    // In key events, which all have the same form, the detail is the key.
+    const auto &key = reinterpret_cast<const xcb_key_press_event_t &>(event);
     if (changes_.isChange(event)) {
         // A key that is not to be had now may be to be had under the next layout.
         grab();
-    } else if (event.response_type == XCB_KEY_RELEASE && isOurKey(event)) {
+    } else if (const auto raw = rawKeys_.follow(event)) {
+        handleRaw(*raw);
+    } else if (event.response_type == XCB_KEY_RELEASE && isOurKey(key.detail)) {
         isHeld_ = false;
-    } else if (event.response_type == XCB_KEY_PRESS && isOurKey(event) &&
-               !std::exchange(isHeld_, true)) {
+    } else if (event.response_type == XCB_KEY_PRESS && isOurKey(key.detail)) {
+        press(key.time);
+    }
+}
+
+/// Comes beside the event of the grab where the grab is not kept out.
+void GrabbedHotKey::handleRaw(const RawKey &event) {
+    if (!isOurKey(event.key)) {
+        return;
+    }
+    if (!event.isPress) {
+        isHeld_ = false;
+    } else if (grab_->combination().isWith(event.modifiers)) {
+        press(event.time);
+    }
+}
+
+/// One press may be reported twice, the second time long after the key has been released.
+void GrabbedHotKey::press(xcb_timestamp_t time) {
+    if (!std::exchange(isHeld_, true) && std::exchange(lastPress_, time) != time) {
         pressed_();
     }
 }
 
-/// In key events, which all have the same form, the detail is the key.
-bool GrabbedHotKey::isOurKey(const xcb_generic_event_t &event) const {
-    return grab_ && reinterpret_cast<const xcb_key_press_event_t &>(event).detail ==
-                        grab_->combination().key;
+bool GrabbedHotKey::isOurKey(xcb_keycode_t key) const {
+    return grab_ && key == grab_->combination().key;
 }
 
 } // namespace corvane::x11

@@ -3,6 +3,7 @@
 #include "platform/HotKeys.h"
 #include "platform/linux/KeyGrab.h"
 #include "platform/linux/KeyboardChanges.h"
+#include "platform/linux/RawKeys.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <functional>
@@ -12,11 +13,13 @@ namespace corvane::x11 {
 
 /// One registered hot key. It names its key by the letter, so it moves along when the user changes
 /// the keyboard layout.
-class GrabbedHotKey : public platform::HotKeyReference {
+class GrabbedHotKey : public platform::RegisteredHotKey {
   public:
     /// Calls `pressed` once for each press, however long the key is held.
-    GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes, const platform::HotKey &hotKey,
-                  std::function<void()> pressed);
+    GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes, RawKeys &rawKeys,
+                  const platform::HotKey &hotKey, std::function<void()> pressed);
+
+    bool isHeard() const override { return grab_ != nullptr; }
 
     /// Takes the key of the present layout, unless it is taken already. 0 where that succeeds, else
     /// the X error code.
@@ -24,14 +27,18 @@ class GrabbedHotKey : public platform::HotKeyReference {
 
   private:
     void handle(const xcb_generic_event_t &event);
-    bool isOurKey(const xcb_generic_event_t &event) const;
+    void handleRaw(const RawKey &event);
+    void press(xcb_timestamp_t time);
+    bool isOurKey(xcb_keycode_t key) const;
 
     XcbEvents &events_;
     const KeyboardChanges &changes_;
+    RawKeys &rawKeys_;
     const platform::HotKey hotKey_;
     const std::function<void()> pressed_;
     std::unique_ptr<KeyGrab> grab_;
     bool isHeld_ = false;
+    xcb_timestamp_t lastPress_ = XCB_CURRENT_TIME;
     XcbEvents::Subscription subscription_;
 };
 

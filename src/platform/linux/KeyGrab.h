@@ -17,6 +17,11 @@ struct KeyCombination {
     std::uint16_t ignoredModifiers = 0;
 
     bool operator==(const KeyCombination &) const = default;
+
+    /// Whether exactly its modifiers are in force.
+    bool isWith(std::uint16_t modifiersInForce) const {
+        return (modifiersInForce & ~ignoredModifiers) == modifiers;
+    }
 };
 
 /// Has a combination delivered to this client, whichever window has the keyboard, until destroyed.

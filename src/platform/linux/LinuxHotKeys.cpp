@@ -21,7 +21,8 @@ class InstalledHandler : public platform::HotKeyReference {
 
 LinuxHotKeys::LinuxHotKeys(XcbEvents &events)
     : events_(events),
-      keyboardChanges_(events.connection()) {}
+      keyboardChanges_(events.connection()),
+      rawKeys_(events.connection()) {}
 
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
 LinuxHotKeys::installHandler(std::function<void()> pressed) {
@@ -31,10 +32,10 @@ LinuxHotKeys::installHandler(std::function<void()> pressed) {
     return std::make_unique<InstalledHandler>(std::move(handler));
 }
 
-std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
 LinuxHotKeys::registerHotKey(const platform::HotKey &hotKey) {
-    auto key =
-        std::make_unique<GrabbedHotKey>(events_, keyboardChanges_, hotKey, [this] { pressed(); });
+    auto key = std::make_unique<GrabbedHotKey>(events_, keyboardChanges_, rawKeys_, hotKey,
+                                               [this] { pressed(); });
     if (const platform::HotKeyStatus status = key->grab(); status != 0) {
         return std::unexpected(status);
     }

@@ -2,6 +2,7 @@
 
 #include "platform/HotKeys.h"
 #include "platform/linux/KeyboardChanges.h"
+#include "platform/linux/RawKeys.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <vector>
@@ -21,8 +22,11 @@ class LinuxHotKeys : public platform::HotKeys {
 
     /// A failure's status is the X error code: 10 where another program owns the combination, 2
     /// where the keyboard has no such key.
-    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
     registerHotKey(const platform::HotKey &hotKey) override;
+
+    /// Listens to the keys themselves while urgent, which no grab can hide.
+    void setUrgent(bool isUrgent) override { rawKeys_.listen(isUrgent); }
 
   private:
     using Handler = std::function<void()>;
@@ -31,6 +35,7 @@ class LinuxHotKeys : public platform::HotKeys {
 
     XcbEvents &events_;
     const KeyboardChanges keyboardChanges_;
+    RawKeys rawKeys_;
     std::vector<std::weak_ptr<const Handler>> handlers_;
 };
 

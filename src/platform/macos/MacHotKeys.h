@@ -10,8 +10,10 @@ class MacHotKeys : public platform::HotKeys {
     std::string_view mechanism() const override { return "Carbon"; }
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
     installHandler(std::function<void()> pressed) override;
-    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
     registerHotKey(const platform::HotKey &hotKey) override;
+    /// No program can keep a hot key from the system.
+    void setUrgent(bool /*isUrgent*/) override {}
 };
 
 } // namespace corvane::macos

@@ -40,12 +40,14 @@ class MacHotKeyHandler : public platform::HotKeyReference {
     EventHandlerRef handler_;
 };
 
-class MacHotKey : public platform::HotKeyReference {
+class MacHotKey : public platform::RegisteredHotKey {
   public:
     explicit MacHotKey(EventHotKeyRef hotKey) : hotKey_(hotKey) {}
     MacHotKey(const MacHotKey &) = delete;
     MacHotKey &operator=(const MacHotKey &) = delete;
     ~MacHotKey() override { UnregisterEventHotKey(hotKey_); }
+
+    bool isHeard() const override { return true; }
 
   private:
     EventHotKeyRef hotKey_;
@@ -66,7 +68,7 @@ MacHotKeys::installHandler(std::function<void()> pressed) {
     return std::make_unique<MacHotKeyHandler>(handler);
 }
 
-std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
 MacHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     const EventHotKeyID identifier{.signature = hotKey.signature, .id = hotKey.id};
     EventHotKeyRef reference = nullptr;
