@@ -67,6 +67,17 @@ TEST_F(SettingsWindowOnDesktop, keepsItsTabWhenChosenAgainAndComesBackNewOnceClo
     EXPECT_NE(active("General").value().id, former);
 }
 
+TEST_F(SettingsWindowOnDesktop, comesBackFromWhereAWindowManagerHasPutIt) {
+    launch({});
+    openTab("Profiles");
+    const xcb_window_t window = active("Profiles").value().id;
+    desktop_.run({"xdotool", "windowminimize", "--sync", std::to_string(window)});
+    ASSERT_TRUE(waitUntil([this] { return !active("Profiles"); }));
+    ASSERT_TRUE(panel_.choose("Settings..."));
+    ASSERT_TRUE(waitForActive("Profiles"));
+    EXPECT_EQ(active("Profiles").value().id, window);
+}
+
 TEST_F(SettingsWindowOnDesktop, saysWhatThisProgramIs) {
     launch({});
     openTab("About");

@@ -17,6 +17,8 @@ constexpr qsizetype longestText = 1000;
 /// A text that is shorter than this, in heights of a line, is neither wrapped nor cut.
 constexpr int wholeLines = 10;
 constexpr int wholeLinesOnOneLine = 5;
+/// So much of a name is seen beside a longer text, points.
+constexpr int leastWidthOnOneLine = 190;
 
 Qt::Alignment lineAlignment(Alignment alignment) {
     switch (alignment) {
@@ -77,9 +79,10 @@ QSize TextWidget::sizeHint() const {
 }
 
 QSize TextWidget::minimumSizeHint() const {
-    const int lines = isSingleLine() ? wholeLinesOnOneLine : wholeLines;
     const int height = fontMetrics().height();
-    return {std::min(naturalWidth(), lines * height), height};
+    const int least = isSingleLine() ? std::max(wholeLinesOnOneLine * height, leastWidthOnOneLine)
+                                     : wholeLines * height;
+    return {std::min(naturalWidth(), least), height};
 }
 
 bool TextWidget::event(QEvent *event) {

@@ -98,6 +98,18 @@ TEST_F(GeneralTabOnScreen, showsWhatBelongsToAZoneInItsPlace) {
     EXPECT_TRUE(turnUntil([&] { return screenWindow().height() == height; }));
 }
 
+TEST_F(GeneralTabOnScreen, cutsALongWindowTitleRatherThanTheApplication) {
+    config.clickMode = ClickMode::zone;
+    config.zoneRect = CodableRect{1, 2, 3, 4};
+    config.windowAnchor = WindowAnchor{"editor", std::string(300, 'w'), {1, 2, 3, 4}};
+    platform.applications().names = {{"editor", "Text Editor"}};
+    open();
+    // What is cut has its whole text as a tool tip.
+    EXPECT_EQ(named(u"Anchored to Text Editor"_s).toolTip(), QString());
+    EXPECT_NE(named(u"("_s + QString(300, u'w') + u")"_s).toolTip(), QString());
+    EXPECT_EQ(screenWindow().width(), 540);
+}
+
 TEST_F(GeneralTabOnScreen, isAsWideAsItShouldBeAndCannotBeResized) {
     open();
     const QWidget &widget = screenWindow();
