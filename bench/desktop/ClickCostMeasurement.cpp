@@ -21,12 +21,12 @@ Samples costsOfClicks(Session &session, int stretches) {
     const pid_t process = corvane->process().pid();
     session.keyboard().pressHotKey();
     // Ripples are painted once and kept.
-    session.client().waitForClicks(session.client().pressCount() + stretch);
+    session.awaitClicks(session.client().pressCount() + stretch);
     Samples costs;
     int clicks = session.client().pressCount();
     double time = processorMilliseconds(process);
     for (int count = 0; count < stretches; ++count) {
-        session.client().waitForClicks(clicks + stretch);
+        session.awaitClicks(clicks + stretch);
         const int clicksNow = session.client().pressCount();
         const double timeNow = processorMilliseconds(process);
         costs.add((timeNow - time) / (clicksNow - clicks));

@@ -13,7 +13,7 @@ std::vector<Figure> measureHotKey(Extent extent) {
     Samples times;
     for (int count = 1; count <= presses; ++count) {
         const double pressed = pressHotKey(session.keyboard());
-        session.client().waitForClicks(count);
+        session.awaitClicks(count);
         times.add(session.newClicks().presses.front() - pressed);
         pressHotKey(session.keyboard());
         requireLog(*corvane, "Clicker stopped after 1 clicks", count);

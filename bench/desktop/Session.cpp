@@ -30,6 +30,12 @@ std::unique_ptr<desktop::CorvaneProcess> Session::start(const desktop::Settings 
     return corvane;
 }
 
+void Session::awaitClicks(int count) {
+    if (!client_.waitForClicks(count)) {
+        throw std::runtime_error("Clicks are missing");
+    }
+}
+
 Clicks Session::newClicks() {
     std::vector<desktop::ButtonEvent> events = client_.events();
     std::erase_if(events, [](const auto &event) { return event.button != leftButton; });
@@ -41,11 +47,12 @@ Clicks Session::newClicks() {
 
 void awaitFinish(desktop::CorvaneProcess &corvane, std::chrono::milliseconds leastTime) {
     std::this_thread::sleep_for(leastTime);
-    requireLog(corvane, "Clicker finished after ");
+    requireLog(corvane, "Clicker finished after ", 1, leastTime + desktop::patience);
 }
 
-void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count) {
-    if (!corvane.waitForLogBeginning(beginning, count)) {
+void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count,
+                std::chrono::milliseconds limit) {
+    if (!corvane.waitForLogBeginning(beginning, count, limit)) {
         throw std::runtime_error("Not logged: " + std::string(beginning) + "\n" + corvane.story());
     }
 }

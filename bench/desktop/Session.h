@@ -37,6 +37,9 @@ class Session {
     /// Starts the program with these settings and waits until it is ready and has come to rest.
     std::unique_ptr<desktop::CorvaneProcess> start(const desktop::Settings &settings);
 
+    /// Waits until the window has got that many clicks in all; throws when they do not come.
+    void awaitClicks(int count);
+
     /// What has been clicked with the left button since this was asked last.
     Clicks newClicks();
 
@@ -53,10 +56,12 @@ class Session {
     std::size_t knownEvents_ = 0;
 };
 
-/// Waits for the end of a run with a limit, without a look at it before `leastTime` has passed.
+/// Waits for the end of a run with a limit, without a look at it before `leastTime` has passed, and
+/// for the same time again.
 void awaitFinish(desktop::CorvaneProcess &corvane, std::chrono::milliseconds leastTime);
 
 /// Waits until the program has logged `count` lines that begin so; throws when it ends before.
-void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count = 1);
+void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count = 1,
+                std::chrono::milliseconds limit = desktop::patience);
 
 } // namespace corvane::bench

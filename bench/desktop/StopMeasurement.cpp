@@ -39,7 +39,7 @@ std::vector<Figure> measureStop(Extent extent) {
     for (int count = 1; count <= stops; ++count) {
         const int before = session.client().pressCount();
         pressHotKey(session.keyboard());
-        session.client().waitForClicks(before + 2);
+        session.awaitClicks(before + 2);
         std::this_thread::sleep_for(std::chrono::microseconds(microseconds(random)));
         const double stopped = pressHotKey(session.keyboard());
         requireLog(*corvane, "Clicker stopped after ", count);

@@ -5,18 +5,27 @@
 #include <exception>
 #include <iostream>
 #include <span>
+#include <utility>
 
 namespace {
 
 using namespace corvane::bench;
 
-void measure(const Options &options, FigureTable &table) {
+/// Whether everything could be measured; what could not be does not keep the rest from it.
+bool measure(const Options &options, FigureTable &table) {
+    bool isComplete = true;
     for (const Measurement &measurement : options.chosen) {
         std::cerr << "measuring: " << measurement.name << std::endl;
-        for (Figure &figure : measurement.measure(options.extent)) {
-            table.figures.push_back(std::move(figure));
+        try {
+            for (Figure &figure : measurement.measure(options.extent)) {
+                table.figures.push_back(std::move(figure));
+            }
+        } catch (const std::exception &error) {
+            std::cerr << "could not be measured: " << error.what() << "\n";
+            isComplete = false;
         }
     }
+    return isComplete;
 }
 
 } // namespace
@@ -32,17 +41,12 @@ int main(int count, char *arguments[]) {
         std::cerr << "\n";
         return 2;
     }
-    try {
-        FigureTable table{.machine = Machine::present()};
-        measure(*options, table);
-        std::cout << table.text();
-        if (!table.write(options->file)) {
-            std::cerr << "cannot write " << options->file << "\n";
-            return 1;
-        }
-    } catch (const std::exception &error) {
-        std::cerr << error.what() << "\n";
+    FigureTable table{.machine = Machine::present()};
+    const bool isComplete = measure(*options, table);
+    std::cout << table.text();
+    if (!table.write(options->file)) {
+        std::cerr << "cannot write " << options->file << "\n";
         return 1;
     }
-    return 0;
+    return isComplete ? 0 : 1;
 }
