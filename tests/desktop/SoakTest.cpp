@@ -1,36 +1,10 @@
 #include "DesktopTest.h"
-#include "harness/TextFile.h"
+#include "harness/Holdings.h"
 #include "harness/WindowTree.h"
-
-#include <filesystem>
-#include <iterator>
-#include <sstream>
 
 namespace corvane::desktop {
 
 namespace {
-
-/// What the program holds of the system at one moment.
-struct Holdings {
-    long memoryKilobytes = 0;
-    long openFiles = 0;
-    long threads = 0;
-};
-
-long statusField(const std::string &status, const std::string &name) {
-    std::istringstream rest(status.substr(status.find(name) + name.size()));
-    long value = 0;
-    rest >> value;
-    return value;
-}
-
-Holdings holdingsOf(pid_t pid) {
-    const std::filesystem::path process = "/proc/" + std::to_string(pid);
-    const std::string status = readFile(process / "status");
-    return {.memoryKilobytes = statusField(status, "VmRSS:"),
-            .openFiles = std::distance(std::filesystem::directory_iterator(process / "fd"), {}),
-            .threads = statusField(status, "Threads:")};
-}
 
 /// Long runs: what the program holds does not grow with the clicks.
 class LongRunTest : public DesktopTest {
