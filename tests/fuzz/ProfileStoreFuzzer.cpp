@@ -15,7 +15,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto text = encodeProfileStore(*store);
     require(text.has_value(), "what was read can be written");
     require(decodeProfileStore(*text) == *store, "what was written is read as the same");
-    require(encodeProfileStore(*decodeProfileStore(*text)) == *text,
-            "the same is written as the same");
     return 0;
 }

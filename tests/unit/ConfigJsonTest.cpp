@@ -225,14 +225,5 @@ TEST(ConfigJson, NestingWithinTheLimitIsRead) {
     EXPECT_EQ(whyNot(nested(512)), "nested more than 512 levels deep");
 }
 
-TEST(ConfigJson, AHugeTextIsRead) {
-    std::string text = "{\"clickRate\":3,\"padding\":[";
-    for (int element = 0; element < 1'000'000; ++element) {
-        text += "0,";
-    }
-    text += "0],\"name\":\"" + std::string(8'000'000, 'x') + "\",\"maxClicks\":4}";
-    EXPECT_EQ(decoded(text), (CorvaneConfig{.clickRate = 3, .maxClicks = 4}));
-}
-
 } // namespace
 } // namespace corvane
