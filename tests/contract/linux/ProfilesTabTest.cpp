@@ -162,27 +162,21 @@ class WidgetWatch : public QObject {
     std::set<const QObject *> busy_;
 };
 
-TEST_F(ProfilesTabOnScreen, aLetterInTheNameCostsWithManyProfilesWhatItCostsWithFew) {
-    const auto busyWhileTyping = [this](std::size_t count) {
-        while (profiles.size() < count) {
-            addProfile("Profile");
-        }
-        open("profiles");
-        focus(nameField());
-        type("zz");
-        const auto before = screenWindow().findChildren<QWidget *>();
-        const WidgetWatch watch;
-        type("z");
-        EXPECT_EQ(nameField().text(), u"zzz"_s);
-        EXPECT_EQ(screenWindow().findChildren<QWidget *>(), before);
-        const std::size_t busy = watch.count();
-        window.reset();
-        return busy;
-    };
-    const std::size_t few = busyWhileTyping(10);
-    const std::size_t many = busyWhileTyping(500);
-    EXPECT_GT(few, 0U);
-    EXPECT_LE(many, few);
+TEST_F(ProfilesTabOnScreen, aLetterInTheNameLeavesVeryManyProfilesAlone) {
+    while (profiles.size() < 500) {
+        addProfile("Profile");
+    }
+    open("profiles");
+    focus(nameField());
+    type("zz");
+    const auto before = screenWindow().findChildren<QWidget *>();
+    const WidgetWatch watch;
+    type("z");
+    EXPECT_EQ(nameField().text(), u"zzz"_s);
+    EXPECT_EQ(screenWindow().findChildren<QWidget *>(), before);
+    EXPECT_GT(watch.count(), 0U);
+    // Even where all that is seen was still to be drawn.
+    EXPECT_LT(watch.count(), profiles.size() / 2);
 }
 
 TEST_F(ProfilesTabOnScreen, keepsTheKeyboardNearWhatIsGone) {
