@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <fstream>
@@ -50,7 +51,7 @@ TEST_F(PosixFileSystemTest, ReplacesAFileAndLeavesNothingBeside) {
 }
 
 TEST_F(PosixFileSystemTest, WhatIsNewHasDefaultPermissionsAsFarAsTheMaskLeavesThem) {
-    for (const mode_t mask : {0U, 022U, 027U, 077U}) {
+    for (const mode_t mask : std::array<mode_t, 4>{0, 022, 027, 077}) {
         const fs::path outer = directory_.path() / std::to_string(mask);
         const mode_t before = umask(mask);
         ASSERT_TRUE(files_.createDirectories(outer / "inner"));
