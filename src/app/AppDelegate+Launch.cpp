@@ -43,6 +43,7 @@ void AppDelegate::finishLaunching() {
     statusBarController_.rebuildMenu();
     registerHotkey();
     listenForCommands();
+    awaitStatusBar();
 }
 
 void AppDelegate::listenForCommands() {
@@ -88,13 +89,19 @@ void AppDelegate::openAccessibilitySettings() {
 }
 
 void AppDelegate::applicationShouldHandleReopen() {
-    if (statusBarController_.statusItem) {
+    if (!statusBarController_.statusItem) {
+        return;
+    }
+    if (statusBarController_.statusItem->isShown() || appState_.status == ClickStatus::running) {
         statusBarController_.statusItem->openMenu();
+    } else {
+        showConfig();
     }
 }
 
 void AppDelegate::applicationWillTerminate() {
     accessibilityPollTimer_.reset();
+    statusBarTimer_.reset();
     hotkeyService_.unregister();
     shared_.clickerService.stop();
 }

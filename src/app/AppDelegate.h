@@ -35,7 +35,8 @@ struct SharedServices;
 /// The surface every command arrives at, and the owner of the user-interface objects. Main thread.
 ///
 /// Each subject has a source file of its own: AppDelegate (the command table), AppDelegate+Launch,
-/// AppDelegate+RunControl, AppDelegate+ZoneSelection, AppDelegate+Profiles, AppDelegate+Settings.
+/// AppDelegate+RunControl, AppDelegate+ZoneSelection, AppDelegate+Profiles, AppDelegate+Settings,
+/// AppDelegate+NoStatusBar (a desktop that shows no status items).
 class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
   public:
     /// Both outlive the delegate.
@@ -97,6 +98,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void registerHotkey();
     void listenForCommands();
     void retryHotkey();
+    void awaitStatusBar();
+    void startWithoutStatusBar();
+    void tellOfMissingStatusBar();
 
     /// A start under way: what it will run with.
     struct RunPlan {
@@ -141,6 +145,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     std::unique_ptr<ZoneOverlayWindow> zoneOverlayWindow_;
     std::unique_ptr<AnchorTracking> anchorTrackingTask_;
     std::unique_ptr<platform::Timer> accessibilityPollTimer_;
+    /// Runs while a status bar may still take the item.
+    std::unique_ptr<platform::Timer> statusBarTimer_;
     std::set<std::shared_ptr<RippleWindow>> rippleWindows_;
     /// Tells the callbacks of the present run from late ones of the runs before it.
     std::uint64_t runNumber_ = 0;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *usage =
     "Usage: corvane [option]\n"
-    "       corvane command\n"
+    "       corvane [--launch] command\n"
     "\n"
     "Clicks the left mouse button again and again, at the cursor or inside a zone of the screen.\n"
     "Super+Shift+Y or the menu in the system tray starts and stops it.\n"
@@ -29,6 +29,7 @@ constexpr const char *usage =
     "  profile load NAME      load the profile of that name or id\n"
     "  settings               open the settings\n"
     "  quit                   end it\n"
+    "With --launch, Corvane is started first where none is running.\n"
     "\n"
     "Without a running Corvane, and beside one:\n"
     "  doctor                 say what works on this desktop, and what to do about the rest\n"
@@ -41,6 +42,12 @@ CommandLine answering(CommandAnswer answer) {
 
 CommandLine misused(const std::string &why) {
     return answering({.result = CommandResult::misused, .error = why + "; try --help"});
+}
+
+CommandLine parseCommand(const CommandRequest &words, CommandLine::Request request) {
+    const auto command = Command::parse(words);
+    return command ? CommandLine{.request = request, .words = words}
+                   : misused(command.error().description);
 }
 
 } // namespace
@@ -56,6 +63,9 @@ CommandLine CommandLine::parse(const CommandRequest &words, const std::string &v
     if (first == "-v" || first == "--version") {
         return answering({.output = "Corvane " + version + "\n"});
     }
+    if (first == "--launch") {
+        return parseCommand(CommandRequest(words.begin() + 1, words.end()), Request::launch);
+    }
     if (first.starts_with('-')) {
         return misused("unknown option '" + first + "'");
     }
@@ -63,10 +73,7 @@ CommandLine CommandLine::parse(const CommandRequest &words, const std::string &v
         return words.size() == 1 ? CommandLine{.request = Request::diagnose}
                                  : misused("'" + words[1] + "' is one word too many");
     }
-    if (const auto command = Command::parse(words); !command) {
-        return misused(command.error().description);
-    }
-    return {.request = Request::command, .words = words};
+    return parseCommand(words, Request::command);
 }
 
 int print(const CommandAnswer &answer) {

@@ -15,6 +15,8 @@ struct CommandLine {
         answer,
         /// Hand the words to the running program.
         command,
+        /// The same; where none is running, start the program with them.
+        launch,
         /// Say what works on this desktop.
         diagnose
     };

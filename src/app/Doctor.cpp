@@ -140,8 +140,7 @@ Finding clicksFinding(const DesktopFacts &desktop, const std::optional<Running> 
 Finding hotKeyInWayland() {
     return {.grade = Grade::limited,
             .subject = "Hot key",
-            .statement = "It is heard only while a program under XWayland has the keyboard.",
-            .remedy = bindKey};
+            .statement = "It is heard only while a program under XWayland has the keyboard."};
 }
 
 Finding hotKeyTaken(const char *who) {

@@ -8,6 +8,7 @@ namespace corvane {
 SharedServices::SharedServices(platform::Platform &platform)
     : configService(platform.fileSystem(), platform.application().homeDirectory()),
       profileService(platform.fileSystem(), platform.application().homeDirectory()),
+      noticeService(platform.fileSystem(), platform.application().homeDirectory()),
       clickerService(platform.mouseEvents(), platform.clock()),
       windowResolver(platform.windowList(), platform.applications(), platform.accessibility()),
       zonePickerService(platform.screens(), platform.overlayWindows(), platform.alerts(),

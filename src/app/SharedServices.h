@@ -2,6 +2,7 @@
 
 #include "services/ClickerService.h"
 #include "services/ConfigService.h"
+#include "services/NoticeService.h"
 #include "services/ProfileService.h"
 #include "services/WindowResolver.h"
 #include "services/ZonePickerService.h"
@@ -21,6 +22,7 @@ struct SharedServices {
 
     ConfigService configService;
     ProfileService profileService;
+    NoticeService noticeService;
     ClickerService clickerService;
     WindowResolver windowResolver;
     ZonePickerService zonePickerService;

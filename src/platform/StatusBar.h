@@ -26,6 +26,10 @@ class StatusItem {
     /// An empty text removes it.
     virtual void setToolTip(const std::string &text) = 0;
 
+    /// Whether a bar shows the item now. A bar may take a moment to take a new item, and come and
+    /// go later.
+    virtual bool isShown() const = 0;
+
     /// Opens the menu as if the item had been clicked.
     virtual void openMenu() = 0;
 };

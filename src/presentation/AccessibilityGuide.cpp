@@ -22,6 +22,8 @@ std::vector<std::string> paragraphsFor(AccessibilityObstacle obstacle) {
     case AccessibilityObstacle::waylandSession:
         return {localised("This is a Wayland session. In such a session a program's clicks do not "
                           "reach other applications."),
+                localised("Those that run through XWayland could be reached, but not reliably. So "
+                          "Corvane does not click here."),
                 localised("Log out, choose a session whose name ends in “on Xorg” or “X11” "
                           "on the login screen, and log in again. The choice is often behind the "
                           "gear button.")};

@@ -124,6 +124,16 @@ TEST_P(CommandTest, endsTheProgram) {
     EXPECT_EQ(command({"status"}).exitCode, 3);
 }
 
+TEST_P(CommandTest, launchesTheProgramWhereNoneIsRunning) {
+    writeSettings(desktop_, Settings{.clickRate = 20}.text());
+    CorvaneProcess launched(desktop_, {.arguments = {"--launch", "start"},
+                                       .withoutVariables = GetParam().withoutVariables});
+    ASSERT_TRUE(waitForMoreClicks(2)) << launched.story();
+    EXPECT_EQ(command({"--launch", "stop"}).exitCode, 0);
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_TRUE(launched.process().isRunning());
+}
+
 TEST_P(CommandTest, saysWhatItDoesNotUnderstand) {
     const Result result = command({"profile"});
     EXPECT_EQ(result.exitCode, 2);

@@ -37,6 +37,8 @@ class RecordingStatusBar::Item : public platform::StatusItem {
         record_->toolTip = text;
     }
 
+    bool isShown() const override { return bar_.isPresent; }
+
     void openMenu() override {
         bar_.mainThread_.check();
         ++record_->menusOpened;

@@ -19,6 +19,9 @@ class RecordingStatusBar : public platform::StatusBar {
     /// What items answer when asked for their button.
     std::optional<Size> buttonSize = Size{32, 22};
 
+    /// Whether items are shown.
+    bool isPresent = true;
+
     /// All items ever made, in that order, the destroyed ones included.
     const std::vector<std::shared_ptr<RecordedStatusItem>> &items() const { return items_; }
 

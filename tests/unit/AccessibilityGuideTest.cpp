@@ -23,9 +23,10 @@ TEST(AccessibilityGuideTest, NamesTheMissingExtension) {
 TEST(AccessibilityGuideTest, SendsUsersOfWaylandToAnotherSession) {
     const auto guide = accessibilityGuide(AccessibilityObstacle::waylandSession);
     EXPECT_EQ(guide.heading, "Corvane cannot click in other applications");
-    ASSERT_EQ(guide.paragraphs.size(), 2U);
+    ASSERT_EQ(guide.paragraphs.size(), 3U);
     EXPECT_THAT(guide.paragraphs[0], HasSubstr("Wayland"));
-    EXPECT_THAT(guide.paragraphs[1], HasSubstr("Xorg"));
+    EXPECT_THAT(guide.paragraphs[1], HasSubstr("XWayland"));
+    EXPECT_THAT(guide.paragraphs[2], HasSubstr("Xorg"));
 }
 
 TEST(AccessibilityGuideTest, SaysWhenNothingIsMissing) {

@@ -55,6 +55,14 @@ TEST(CommandLineTest, TheDoctorComesByHimself) {
     EXPECT_EQ(parse({"doctor", "now"}).answer.result, CommandResult::misused);
 }
 
+TEST(CommandLineTest, ACommandMayLaunchTheProgram) {
+    const auto commandLine = parse({"--launch", "settings"});
+    EXPECT_EQ(commandLine.request, Request::launch);
+    EXPECT_EQ(commandLine.words, CommandRequest{"settings"});
+    EXPECT_EQ(parse({"--launch"}).answer.error, "no command is given; try --help");
+    EXPECT_EQ(parse({"--launch", "doctor"}).answer.error, "unknown command 'doctor'; try --help");
+}
+
 TEST(CommandLineTest, PassesCommandsOnAsTheyAre) {
     const CommandRequest words{"profile", "load", "Ünï  côdé"};
     const auto commandLine = parse(words);

@@ -1,19 +1,31 @@
 #include "platform/linux/LinuxCommandEndpoint.h"
 
+#include "platform/MainQueue.h"
 #include "platform/linux/BusCommands.h"
 #include "platform/linux/CommandAddress.h"
 #include "support/Log.h"
 
+#include <cstdio>
 #include <utility>
 
 namespace corvane::x11 {
 
-LinuxCommandEndpoint::LinuxCommandEndpoint(platform::MainQueue &mainQueue)
-    : mainQueue_(mainQueue) {}
+LinuxCommandEndpoint::LinuxCommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first)
+    : mainQueue_(mainQueue),
+      first_(std::move(first)) {}
 
 LinuxCommandEndpoint::~LinuxCommandEndpoint() = default;
 
 void LinuxCommandEndpoint::listen(Obey obey) {
+    if (!first_.empty()) {
+        mainQueue_.post([obey, request = first_] {
+            obey(request, [](const CommandAnswer &answer) {
+                if (!answer.error.empty()) {
+                    std::fputs(("corvane: " + answer.error + "\n").c_str(), stderr);
+                }
+            });
+        });
+    }
     const auto address = CommandAddress::ofDisplay();
     auto socket = posix::CommandSocket::open(address.socket, mainQueue_, obey, {});
     if (socket) {

@@ -17,8 +17,9 @@ class BusCommands;
 /// who cannot reach the bus.
 class LinuxCommandEndpoint : public platform::CommandEndpoint {
   public:
-    /// The main queue outlives the endpoint.
-    explicit LinuxCommandEndpoint(platform::MainQueue &mainQueue);
+    /// `first` is obeyed before all others, and its refusal printed; none where there is nothing to
+    /// obey. The main queue outlives the endpoint.
+    LinuxCommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first);
     ~LinuxCommandEndpoint() override;
     LinuxCommandEndpoint(const LinuxCommandEndpoint &) = delete;
     LinuxCommandEndpoint &operator=(const LinuxCommandEndpoint &) = delete;
@@ -27,6 +28,7 @@ class LinuxCommandEndpoint : public platform::CommandEndpoint {
 
   private:
     platform::MainQueue &mainQueue_;
+    const CommandRequest first_;
     std::unique_ptr<BusCommands> bus_;
     std::unique_ptr<posix::CommandSocket> socket_;
 };

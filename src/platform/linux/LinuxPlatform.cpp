@@ -8,8 +8,9 @@
 
 namespace corvane::x11 {
 
-LinuxPlatform::LinuxPlatform(XcbEvents &events)
-    : localisation_(userLocales()),
+LinuxPlatform::LinuxPlatform(XcbEvents &events, const CommandRequest &firstCommand)
+    : commandEndpoint_(mainQueue_, firstCommand),
+      localisation_(userLocales()),
       screens_(events),
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),

@@ -29,8 +29,9 @@ class XcbEvents;
 /// The Linux desktop under X11. Made on the main thread, after the Qt application.
 class LinuxPlatform : public platform::Platform {
   public:
-    /// The events outlive the platform.
-    explicit LinuxPlatform(XcbEvents &events);
+    /// The program obeys `firstCommand` when it is up, if there is one. The events outlive the
+    /// platform.
+    explicit LinuxPlatform(XcbEvents &events, const CommandRequest &firstCommand = {});
 
     platform::Accessibility &accessibility() override { return accessibility_; }
     platform::Alerts &alerts() override { return alerts_; }
@@ -55,7 +56,7 @@ class LinuxPlatform : public platform::Platform {
     posix::PosixFileSystem fileSystem_;
     LinuxClock clock_;
     LinuxMainQueue mainQueue_;
-    LinuxCommandEndpoint commandEndpoint_{mainQueue_};
+    LinuxCommandEndpoint commandEndpoint_;
     LinuxLocalisation localisation_;
     LinuxApplication application_;
     LinuxMouseEvents mouseEvents_;

@@ -32,6 +32,7 @@ class LinuxStatusItem : public platform::StatusItem {
     void setIcon(const StatusIcon &icon) override;
     void setMenu(const Menu &menu) override;
     void setToolTip(const std::string &text) override;
+    bool isShown() const override { return isOnPanel_ || (trayIcon_ && tray_.isPresent()); }
     void openMenu() override;
 
   private:

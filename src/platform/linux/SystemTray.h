@@ -16,6 +16,8 @@ class SystemTray {
     /// `events` outlives the object.
     SystemTray(XcbEvents &events, std::function<void()> appeared, std::function<void()> vanished);
 
+    bool isPresent() const { return manager_ != XCB_WINDOW_NONE; }
+
     /// The colour of symbols on the tray; nothing when there is none or it does not say.
     std::optional<QColor> foreground() const;
 

@@ -28,6 +28,10 @@
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
+
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -69,8 +73,15 @@ void useUserLanguage(QTranslator &toolkitTexts) {
     std::setlocale(LC_MESSAGES, "C"); // NOLINT(concurrency-mt-unsafe)
 }
 
-int runApp(XcbEvents &events) {
-    LinuxPlatform platform(events);
+/// Ends a process that has talked on the message bus. The toolkit's thread for it may still be at
+/// work, and must not meet the end of what it works with.
+[[noreturn]] void endAtOnce(int status) {
+    std::fflush(nullptr);
+    std::_Exit(status);
+}
+
+int runApp(XcbEvents &events, const CommandRequest &firstCommand) {
+    LinuxPlatform platform(events, firstCommand);
     CorvaneApp app(platform);
     runningApp = &app;
     app.appDelegate().applicationDidFinishLaunching();
@@ -80,7 +91,7 @@ int runApp(XcbEvents &events) {
     return status;
 }
 
-int runProgram(int argc, char **argv) {
+int runProgram(int argc, char **argv, const CommandRequest &firstCommand) {
     auto connection = XcbConnection::open();
     if (!connection) {
         return print(noDisplay(isWaylandSession()));
@@ -102,26 +113,42 @@ int runProgram(int argc, char **argv) {
     const auto instance = SingleInstance::claim(events.connection());
     if (!instance) {
         std::puts("Corvane is running already.");
-        callRunning({});
-        return EXIT_SUCCESS;
+        callRunning(firstCommand);
+        endAtOnce(EXIT_SUCCESS);
     }
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    return runApp(events);
+    return runApp(events, firstCommand);
 }
 
-int runCommand(int argc, char **argv, const CommandRequest &words) {
+/// Nothing where no Corvane is running.
+std::optional<CommandAnswer> command(int argc, char **argv, const CommandRequest &words) {
     const QCoreApplication application(argc, argv);
-    return print(callRunning(words).value_or(nothingRunning()));
+    return callRunning(words);
 }
 
-int runDoctor(int argc, char **argv) {
+/// A process of its own asks the running Corvane: the program has to begin with one thread.
+int runLaunch(int argc, char **argv, const CommandRequest &words) {
+    constexpr int nothingRuns = static_cast<int>(CommandResult::nothingRunning);
+    const pid_t asking = fork();
+    if (asking == 0) {
+        const auto answer = command(argc, argv, words);
+        endAtOnce(answer ? print(*answer) : nothingRuns);
+    }
+    int status = 0;
+    if (asking < 0 || waitpid(asking, &status, 0) != asking || !WIFEXITED(status)) {
+        return print(noAnswer());
+    }
+    return WEXITSTATUS(status) == nothingRuns ? runProgram(argc, argv, words) : WEXITSTATUS(status);
+}
+
+CommandAnswer examine(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     posix::PosixFileSystem files;
-    return print(diagnose(readDesktopFacts(startStopKey),
-                          posix::readFileFacts(filesOfCorvane(files, homeDirectory())),
-                          callRunning({"status", "--json"})));
+    return diagnose(readDesktopFacts(startStopKey),
+                    posix::readFileFacts(filesOfCorvane(files, homeDirectory())),
+                    callRunning({"status", "--json"}));
 }
 
 } // namespace
@@ -134,11 +161,13 @@ int main(int argc, char **argv) {
     case CommandLine::Request::answer:
         return print(commandLine.answer);
     case CommandLine::Request::command:
-        return runCommand(argc, argv, commandLine.words);
+        endAtOnce(print(command(argc, argv, commandLine.words).value_or(nothingRunning())));
+    case CommandLine::Request::launch:
+        return runLaunch(argc, argv, commandLine.words);
     case CommandLine::Request::diagnose:
-        return runDoctor(argc, argv);
+        endAtOnce(print(examine(argc, argv)));
     case CommandLine::Request::run:
         break;
     }
-    return runProgram(argc, argv);
+    return runProgram(argc, argv, {});
 }

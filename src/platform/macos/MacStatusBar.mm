@@ -66,6 +66,8 @@ class MacStatusItem : public platform::StatusItem {
         }
     }
 
+    bool isShown() const override { return item_.visible; }
+
     void setToolTip(const std::string &text) override {
         item_.button.toolTip = text.empty() ? nil : systemText(text);
     }

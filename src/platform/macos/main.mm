@@ -8,11 +8,13 @@
 #import "platform/macos/MacDesktopReading.h"
 #import "platform/macos/MacPlatform.h"
 #import "platform/macos/TerminationSignals.h"
+#import "platform/macos/Text.h"
 #include "platform/posix/FileFacts.h"
 
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
@@ -35,6 +37,23 @@ CommandLine readCommandLine(int argc, char **argv) {
     return CommandLine::parse(isForTheSystem(words) ? CommandRequest{} : words,
                               application.shortVersion().value_or("") + " (" +
                                   application.buildVersion().value_or("") + ")");
+}
+
+/// Where the program does not run, the system starts it for a URL of its own and hands that over.
+int runLaunch(const CommandRequest &words) {
+    if (const auto answer = macos::callRunning(words)) {
+        return print(*answer);
+    }
+    NSString *url = @"corvane:/";
+    for (const std::string &word : words) {
+        NSString *part = [macos::systemText(word)
+            stringByAddingPercentEncodingWithAllowedCharacters:NSCharacterSet
+                                                                   .alphanumericCharacterSet];
+        url = [url stringByAppendingFormat:@"/%@", part];
+    }
+    NSURL *address = [NSURL URLWithString:url];
+    const bool isLaunched = address != nil && [NSWorkspace.sharedWorkspace openURL:address];
+    return isLaunched ? EXIT_SUCCESS : print(nothingRunning());
 }
 
 int runDoctor() {
@@ -70,6 +89,8 @@ int main(int argc, char **argv) {
             return print(commandLine.answer);
         case CommandLine::Request::command:
             return print(macos::callRunning(commandLine.words).value_or(nothingRunning()));
+        case CommandLine::Request::launch:
+            return runLaunch(commandLine.words);
         case CommandLine::Request::diagnose:
             return runDoctor();
         case CommandLine::Request::run:

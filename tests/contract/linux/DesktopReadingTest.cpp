@@ -30,7 +30,7 @@ class DesktopReadingTest : public testing::Test {
 };
 
 TEST_F(DesktopReadingTest, SeesABareServer) {
-    const VirtualDesktop desktop({.windowManager = WindowManager::none});
+    const VirtualDesktop desktop({.windowManager = WindowManager::none, .takesStatusIcons = false});
     const DesktopFacts facts = read(desktop);
     EXPECT_EQ(facts.displayServer, DisplayServer::x11);
     EXPECT_EQ(facts.displayName, desktop.display());

@@ -9,7 +9,7 @@ int main(int argc, char **argv) {
         return RUN_ALL_TESTS();
     }
     const corvane::desktop::VirtualDesktop desktop(
-        {.windowManager = corvane::desktop::WindowManager::none});
+        {.windowManager = corvane::desktop::WindowManager::none, .takesStatusIcons = false});
     desktop.adoptEnvironment();
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

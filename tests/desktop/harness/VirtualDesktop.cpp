@@ -97,6 +97,8 @@ VirtualDesktop::VirtualDesktop(const Options &options)
     }
     if (options.hasPanel) {
         startPanel();
+    } else if (options.takesStatusIcons) {
+        takeStatusIcons();
     }
 }
 
@@ -205,6 +207,16 @@ void VirtualDesktop::startPanel() {
     panel_ = start({"tint2", "-c", settings});
     require("The panel", *panel_,
             [this] { return connection_->selectionOwner(traySelection) != XCB_WINDOW_NONE; });
+}
+
+/// With the test's own connection.
+void VirtualDesktop::takeStatusIcons() const {
+    const xcb_window_t window = xcb_generate_id(connection_->get());
+    xcb_create_window(connection_->get(), XCB_COPY_FROM_PARENT, window, connection_->root(), 0, 0,
+                      1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_set_selection_owner(connection_->get(), window, connection_->atom(traySelection),
+                            XCB_CURRENT_TIME);
+    connection_->synchronize();
 }
 
 bool VirtualDesktop::isWhole() const {

@@ -30,6 +30,8 @@ class VirtualDesktop {
         bool hasPanel = false;
         /// A bus for assistive technology (AT-SPI).
         bool isAccessible = false;
+        /// Without a panel, somebody else who takes status icons and shows them nowhere.
+        bool takesStatusIcons = true;
         /// Extensions the X server does without, such as "XTEST".
         std::vector<std::string> withoutExtensions;
     };
@@ -79,6 +81,7 @@ class VirtualDesktop {
     void startWindowManager(WindowManager windowManager);
     void startPanel();
     void startAccessibilityBus();
+    void takeStatusIcons() const;
     bool hasWindowManager() const;
 
     TemporaryFolder folder_;

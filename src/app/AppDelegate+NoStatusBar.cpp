@@ -1,0 +1,55 @@
+#include "app/AppDelegate.h"
+#include "app/SharedServices.h"
+#include "platform/Alerts.h"
+#include "platform/MainQueue.h"
+#include "platform/Platform.h"
+#include "platform/StatusBar.h"
+#include "support/Localised.h"
+
+#include <chrono>
+
+namespace corvane {
+
+namespace {
+
+/// At login a panel may come up later than this program.
+constexpr std::chrono::seconds patienceWithStatusBar{2};
+
+Alert missingStatusBarAlert() {
+    return {.style = AlertStyle::informational,
+            .messageText = localised("No panel shows Corvane here"),
+            .informativeText =
+                localised("This desktop shows no status icons, so Corvane's menu is missing. "
+                          "Super+Shift+Y starts and stops clicking. Opening Corvane again brings "
+                          "the settings back; its entry among the applications can also start, "
+                          "stop and quit it."),
+            .buttons = {localised("OK")}};
+}
+
+} // namespace
+
+void AppDelegate::awaitStatusBar() {
+    statusBarTimer_ = platform_.mainQueue().after(
+        patienceWithStatusBar, weakly([](AppDelegate &self) { self.startWithoutStatusBar(); }));
+}
+
+void AppDelegate::startWithoutStatusBar() {
+    if (statusBarController_.statusItem->isShown() || appState_.status != ClickStatus::idle) {
+        return;
+    }
+    showConfig();
+    // Where nothing can be clicked at all, the user has just been told that.
+    if (appState_.isAccessibilityGranted) {
+        shared_.storeQueue.post(
+            [&notices = shared_.noticeService, &mainQueue = platform_.mainQueue(),
+             tell = weakly([](AppDelegate &self) { self.tellOfMissingStatusBar(); })] {
+                if (notices.isFirst("missing-status-bar")) {
+                    mainQueue.post(tell);
+                }
+            });
+    }
+}
+
+void AppDelegate::tellOfMissingStatusBar() { platform_.alerts().runModal(missingStatusBarAlert()); }
+
+} // namespace corvane

@@ -1,0 +1,232 @@
+#include "BackEnd.h"
+#include "TemporaryFolder.h"
+#include "platform/Platform.h"
+#include "platform/posix/CommandMessage.h"
+#include "platform/posix/CommandSender.h"
+#include "platform/posix/CommandSocket.h"
+#include "platform/posix/PrivateFolder.h"
+#include "platform/posix/UnixSocket.h"
+
+#include <gmock/gmock.h>
+
+#include <future>
+#include <vector>
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+
+namespace corvane::contract {
+
+namespace {
+
+using posix::CommandSocket;
+using posix::FileDescriptor;
+using testing::ElementsAre;
+
+constexpr std::chrono::seconds patience{20};
+
+/// The socket with each back end's main queue behind it.
+class CommandSocketContract : public ContractTest {
+  protected:
+    /// Answers each request with its own words.
+    void open(const CommandSocket::Options &options = {}) {
+        auto socket = CommandSocket::open(
+            path_, platform().mainQueue(),
+            [this](const CommandRequest &request, const CommandReply &reply) {
+                requests_.push_back(request);
+                reply({.output = posix::encodeWords(request)});
+            },
+            options);
+        ASSERT_TRUE(socket) << socket.error().description;
+        socket_ = std::move(*socket);
+    }
+
+    std::future<std::optional<CommandAnswer>> send(const CommandRequest &request) {
+        return std::async(std::launch::async, [request, path = path_] {
+            return posix::sendCommand(path, request, patience);
+        });
+    }
+
+    bool wait(const std::future<std::optional<CommandAnswer>> &answer) {
+        return backEnd().turnUntil([&answer] {
+            return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+        });
+    }
+
+    /// Waits until the program has hung up.
+    bool isTurnedAway(const FileDescriptor &connection) {
+        return backEnd().turnUntil([&connection] {
+            char byte = 0;
+            return recv(connection.get(), &byte, 1, MSG_DONTWAIT) == 0;
+        });
+    }
+
+    desktop::TemporaryFolder folder_;
+    const std::filesystem::path path_ = folder_.path() / "corvane" / "display_0.socket";
+    std::vector<CommandRequest> requests_;
+    std::unique_ptr<CommandSocket> socket_;
+};
+
+TEST_P(CommandSocketContract, AnswersARequest) {
+    open();
+    auto answer = send({"profile", "load", "Zwei Wörter"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get()->output, posix::encodeWords({"profile", "load", "Zwei Wörter"}));
+}
+
+TEST_P(CommandSocketContract, AnswersARequestWithoutWords) {
+    open();
+    auto answer = send({});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_THAT(requests_, ElementsAre(CommandRequest{}));
+}
+
+TEST_P(CommandSocketContract, AnswersManyAtOnce) {
+    open({.mostConnections = 8});
+    std::vector<std::future<std::optional<CommandAnswer>>> answers;
+    for (int number = 0; number < 50; ++number) {
+        answers.push_back(send({std::to_string(number)}));
+    }
+    for (int number = 0; number < 50; ++number) {
+        auto &answer = answers[static_cast<std::size_t>(number)];
+        ASSERT_TRUE(wait(answer));
+        EXPECT_EQ(answer.get()->output, posix::encodeWords({std::to_string(number)}));
+    }
+    EXPECT_EQ(requests_.size(), 50U);
+}
+
+TEST_P(CommandSocketContract, ALongAnswerArrivesWhole) {
+    const std::string text(3'000'000, 'x');
+    auto socket = CommandSocket::open(
+        path_, platform().mainQueue(),
+        [&text](const CommandRequest &, const CommandReply &reply) { reply({.output = text}); },
+        {});
+    ASSERT_TRUE(socket);
+    auto answer = send({"status"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get()->output, text);
+}
+
+TEST_P(CommandSocketContract, TurnsOtherUsersAway) {
+    open({.user = geteuid() + 1});
+    auto answer = send({"start"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get(), noAnswer());
+    EXPECT_TRUE(requests_.empty());
+}
+
+TEST_P(CommandSocketContract, TurnsGarbageAway) {
+    open();
+    for (const char *garbage : {"GET / HTTP/1.1\r\n\r\n", "\n", "5:start,", "3:0:,junk"}) {
+        const auto connection = posix::connectTo(path_);
+        ASSERT_TRUE(connection);
+        posix::sendSome(*connection, garbage);
+        EXPECT_TRUE(isTurnedAway(*connection)) << garbage;
+    }
+    EXPECT_TRUE(requests_.empty());
+    auto answer = send({"status"});
+    EXPECT_TRUE(wait(answer));
+}
+
+TEST_P(CommandSocketContract, TurnsAwayWhatIsTooLong) {
+    open({.longestRequest = 100});
+    const auto connection = posix::connectTo(path_);
+    ASSERT_TRUE(connection);
+    posix::sendSome(*connection, posix::encodeWords({std::string(200, 'x')}));
+    EXPECT_TRUE(isTurnedAway(*connection));
+    EXPECT_TRUE(requests_.empty());
+}
+
+TEST_P(CommandSocketContract, DoesNotObeyHalfARequest) {
+    open({.patience = std::chrono::milliseconds(50)});
+    const std::string whole = posix::encodeWords({"start"});
+    const auto slow = posix::connectTo(path_);
+    ASSERT_TRUE(slow);
+    posix::sendSome(*slow, whole.substr(0, whole.size() - 1));
+    {
+        const auto gone = posix::connectTo(path_);
+        ASSERT_TRUE(gone);
+        posix::sendSome(*gone, whole.substr(0, whole.size() - 1));
+    }
+    EXPECT_TRUE(isTurnedAway(*slow));
+    EXPECT_TRUE(requests_.empty());
+}
+
+TEST_P(CommandSocketContract, SilentSendersKeepNobodyWaitingForLong) {
+    open({.patience = std::chrono::milliseconds(50), .mostConnections = 2});
+    std::vector<std::optional<FileDescriptor>> silent;
+    for (int number = 0; number < 5; ++number) {
+        silent.push_back(posix::connectTo(path_));
+    }
+    auto answer = send({"status"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get()->result, CommandResult::done);
+}
+
+TEST_P(CommandSocketContract, AnAnswerGivenBeforeTheEndArrives) {
+    open();
+    auto answer = send({"quit"});
+    ASSERT_TRUE(backEnd().turnUntil([this] { return !requests_.empty(); }));
+    socket_.reset();
+    EXPECT_EQ(answer.get()->output, posix::encodeWords({"quit"}));
+    EXPECT_FALSE(std::filesystem::exists(path_));
+    EXPECT_EQ(posix::sendCommand(path_, {"status"}, patience), std::nullopt);
+}
+
+TEST_P(CommandSocketContract, ALateAnswerGoesNowhere) {
+    CommandReply late;
+    auto socket = CommandSocket::open(
+        path_, platform().mainQueue(),
+        [&late](const CommandRequest &, const CommandReply &reply) { late = reply; }, {});
+    ASSERT_TRUE(socket);
+    auto answer = send({"stop"});
+    ASSERT_TRUE(backEnd().turnUntil([&late] { return late != nullptr; }));
+    socket->reset();
+    late({});
+    EXPECT_EQ(answer.get(), noAnswer());
+}
+
+TEST_P(CommandSocketContract, TakesThePlaceOfWhatAnUnexpectedEndLeft) {
+    open();
+    std::filesystem::create_hard_link(path_, folder_.path() / "kept");
+    socket_.reset();
+    std::filesystem::rename(folder_.path() / "kept", path_);
+    EXPECT_EQ(posix::sendCommand(path_, {"status"}, patience), std::nullopt);
+    open();
+    auto answer = send({"status"});
+    EXPECT_TRUE(wait(answer));
+}
+
+TEST_P(CommandSocketContract, IsClosedToOthers) {
+    open();
+    EXPECT_TRUE(posix::isPrivateFolder(path_.parent_path()));
+    struct stat status{};
+    ASSERT_EQ(stat(path_.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0077U, 0U);
+}
+
+TEST_P(CommandSocketContract, AFolderOpenToOthersIsNotUsed) {
+    std::filesystem::create_directory(path_.parent_path());
+    std::filesystem::permissions(path_.parent_path(), std::filesystem::perms(0770));
+    EXPECT_FALSE(CommandSocket::open(path_, platform().mainQueue(), {}, {}));
+    EXPECT_EQ(posix::sendCommand(path_, {"start"}, patience), std::nullopt);
+}
+
+TEST_P(CommandSocketContract, ALinkInPlaceOfTheFolderIsNotFollowed) {
+    std::filesystem::create_directory(folder_.path() / "elsewhere");
+    std::filesystem::permissions(folder_.path() / "elsewhere", std::filesystem::perms(0700));
+    std::filesystem::create_directory_symlink(folder_.path() / "elsewhere", path_.parent_path());
+    EXPECT_FALSE(CommandSocket::open(path_, platform().mainQueue(), {}, {}));
+}
+
+TEST_P(CommandSocketContract, APathThatIsTooLongIsAFailure) {
+    const auto socket =
+        CommandSocket::open(folder_.path() / std::string(150, 'x'), platform().mainQueue(), {}, {});
+    EXPECT_FALSE(socket);
+}
+
+CORVANE_CONTRACT(CommandSocketContract);
+
+} // namespace
+
+} // namespace corvane::contract

@@ -1,0 +1,61 @@
+#include "DesktopTest.h"
+#include "harness/StatusPanel.h"
+#include "harness/WindowTree.h"
+
+#include <X11/keysym.h>
+
+#include <algorithm>
+
+namespace corvane::desktop {
+
+namespace {
+
+/// A desktop that shows no status icons.
+class NoPanelTest : public DesktopTest {
+  protected:
+    NoPanelTest() : DesktopTest({.takesStatusIcons = false}) {}
+
+    /// Windows of the program, its popup menus and overlays left out.
+    int windowCount() const {
+        constexpr int leastWidth = 100;
+        return static_cast<int>(std::ranges::count_if(
+            corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
+                return !window.isOverride && window.area.width > leastWidth;
+            }));
+    }
+
+    bool waitForWindows(int count) {
+        return waitUntil([&] { return windowCount() == count; });
+    }
+
+    /// Closes the window that has the keyboard.
+    void closeWindow() { keyboard_.tap(keyboard_.keyOf(XK_Escape)); }
+
+    /// Starts the program a second time and waits for the end of that.
+    void startAgain() {
+        CorvaneProcess second(desktop_);
+        EXPECT_EQ(second.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << second.story();
+    }
+};
+
+TEST_F(NoPanelTest, staysWithinReach) {
+    const auto corvane = start({});
+    // The settings, and once the notice over them.
+    ASSERT_TRUE(waitForWindows(2)) << corvane->story();
+    keyboard_.tap(keyboard_.keyOf(XK_Return));
+    ASSERT_TRUE(waitForWindows(1)) << corvane->story();
+    closeWindow();
+    ASSERT_TRUE(waitForWindows(0)) << corvane->story();
+    EXPECT_TRUE(corvane->process().isRunning());
+    startAgain();
+    ASSERT_TRUE(waitForWindows(1)) << corvane->story();
+
+    // A panel that comes later takes the item.
+    StatusPanel panel(desktop_);
+    EXPECT_TRUE(panel.waitForItem()) << corvane->story();
+    EXPECT_TRUE(panel.line("Settings...").has_value());
+}
+
+} // namespace
+
+} // namespace corvane::desktop

@@ -1,0 +1,98 @@
+#include "support/AppDelegateTest.h"
+
+#include <gmock/gmock.h>
+
+namespace corvane {
+namespace {
+
+/// A desktop whose panel shows no status items, or that has no panel.
+class NoStatusBarTest : public testing::AppDelegateTest {
+  protected:
+    void SetUp() override { platform.statusBar().isPresent = false; }
+
+    void start() {
+        launch();
+        platform.advance(std::chrono::seconds(2));
+        settle();
+    }
+
+    bool areSettingsOpen() {
+        const auto &windows = platform.settingsWindows().windows();
+        return !windows.empty() && windows.back()->isVisible;
+    }
+};
+
+TEST_F(NoStatusBarTest, TheSettingsOpenAndTheUserIsTold) {
+    start();
+    EXPECT_TRUE(areSettingsOpen());
+    ASSERT_EQ(platform.alerts().shown.size(), 1U);
+    const Alert &alert = platform.alerts().shown.front();
+    EXPECT_EQ(alert.style, AlertStyle::informational);
+    EXPECT_EQ(alert.messageText, "No panel shows Corvane here");
+    EXPECT_THAT(alert.informativeText, ::testing::HasSubstr("Super+Shift+Y"));
+    EXPECT_EQ(alert.buttons, std::vector<std::string>{"OK"});
+}
+
+TEST_F(NoStatusBarTest, TheUserIsToldOnlyOnce) {
+    start();
+    delegate = std::make_shared<AppDelegate>(platform, shared);
+    platform.hotKeys().registrations = 0;
+    start();
+    EXPECT_TRUE(areSettingsOpen());
+    EXPECT_EQ(platform.alerts().shown.size(), 1U);
+}
+
+TEST_F(NoStatusBarTest, APanelInTimeIsEnough) {
+    launch();
+    platform.advance(std::chrono::seconds(1));
+    platform.statusBar().isPresent = true;
+    platform.advance(std::chrono::seconds(10));
+    settle();
+    EXPECT_FALSE(areSettingsOpen());
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(NoStatusBarTest, ARunIsNotDisturbed) {
+    launch();
+    startRunning();
+    platform.advance(std::chrono::seconds(2));
+    settle();
+    EXPECT_FALSE(areSettingsOpen());
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(NoStatusBarTest, WhereNothingCanBeClickedTheUserHasHeardOfThat) {
+    platform.accessibility().isTrusted = false;
+    start();
+    EXPECT_TRUE(areSettingsOpen());
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(NoStatusBarTest, AnotherStartBringsClosedSettingsBack) {
+    start();
+    platform.settingsWindows().window().closeByUser();
+    delegate->applicationShouldHandleReopen();
+    EXPECT_TRUE(areSettingsOpen());
+    EXPECT_EQ(statusItem().menusOpened, 0);
+}
+
+TEST_F(NoStatusBarTest, AnotherStartOpensTheMenuWhileClicking) {
+    start();
+    platform.settingsWindows().window().closeByUser();
+    startRunning();
+    delegate->applicationShouldHandleReopen();
+    EXPECT_FALSE(areSettingsOpen());
+    EXPECT_EQ(statusItem().menusOpened, 1);
+}
+
+TEST_F(NoStatusBarTest, AnotherStartOpensTheMenuOncePanelsAreThere) {
+    start();
+    platform.settingsWindows().window().closeByUser();
+    platform.statusBar().isPresent = true;
+    delegate->applicationShouldHandleReopen();
+    EXPECT_FALSE(areSettingsOpen());
+    EXPECT_EQ(statusItem().menusOpened, 1);
+}
+
+} // namespace
+} // namespace corvane
