@@ -42,13 +42,30 @@ void AppDelegate::setMode(ClickMode mode) {
 
 void AppDelegate::startRun() {
     // The alert of a start under way keeps the main queue turning: the hot key may come again.
-    if (isAskingToStart_ || !checkPermissionToStart()) {
+    if (isAskingToStart_ || !checkPresence() || !checkPermissionToStart()) {
         return;
     }
     if (const auto plan = planRun()) {
         beginRun(*plan);
     }
 }
+
+/// Nothing may be clicked on a locked screen.
+bool AppDelegate::checkPresence() const {
+    if (isUserAway_) {
+        log("Cannot start: the user is away from the screen");
+    }
+    return !isUserAway_;
+}
+
+void AppDelegate::userLeft() {
+    isUserAway_ = true;
+    if (appState_.status == ClickStatus::running) {
+        stopRun();
+    }
+}
+
+void AppDelegate::userReturned() { isUserAway_ = false; }
 
 bool AppDelegate::checkPermissionToStart() {
     appState_.isAccessibilityGranted = platform_.accessibility().isProcessTrusted();

@@ -60,6 +60,11 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 
     bool isHotkeyRegistered() const;
 
+    /// The screen is locked or its saver comes on, the system is about to sleep, or another user
+    /// takes the screen over: ends a run, and no other begins before `userReturned`.
+    void userLeft();
+    void userReturned();
+
     /// Carries out a menu command by its name; an unknown one does nothing.
     void perform(const MenuCommand &command);
 
@@ -112,6 +117,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void startRun();
     void stopRun();
     void setRunning(bool isRunning);
+    bool checkPresence() const;
     bool checkPermissionToStart();
     std::optional<RunPlan> planRun();
     bool continueAtLastPosition(const WindowAnchor &anchor);
@@ -151,6 +157,7 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     /// Tells the callbacks of the present run from late ones of the runs before it.
     std::uint64_t runNumber_ = 0;
     bool isAskingToStart_ = false;
+    bool isUserAway_ = false;
     bool isConfigHiddenForPick_ = false;
 };
 

@@ -326,5 +326,27 @@ TEST_F(AppDelegateRunControlTest, AMainThreadThatIsBusyIsWaitedFor) {
     EXPECT_EQ(platform.mouseEvents().posted().size(), before);
 }
 
+TEST_F(AppDelegateRunControlTest, AUserWhoLeavesEndsTheRun) {
+    startRunning();
+    delegate->userLeft();
+    awaitIdle();
+    EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 1);
+    EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
+}
+
+TEST_F(AppDelegateRunControlTest, NoRunBeginsBeforeTheUserIsBack) {
+    delegate->userLeft();
+    delegate->startClicking();
+    delegate->toggleClicking();
+    settle();
+    EXPECT_EQ(state().status, ClickStatus::idle);
+    EXPECT_EQ(logged("Cannot start: the user is away from the screen"), 2);
+    EXPECT_TRUE(platform.mouseEvents().posted().empty());
+
+    delegate->userReturned();
+    startRunning();
+    EXPECT_EQ(state().status, ClickStatus::running);
+}
+
 } // namespace
 } // namespace corvane

@@ -9,6 +9,7 @@
 #include "platform/linux/CommandCall.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/LinuxUserSession.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
@@ -73,6 +74,13 @@ void useUserLanguage(QTranslator &toolkitTexts) {
     std::setlocale(LC_MESSAGES, "C"); // NOLINT(concurrency-mt-unsafe)
 }
 
+void userPresenceChanged(bool isAway) {
+    if (runningApp != nullptr) {
+        AppDelegate &delegate = runningApp->appDelegate();
+        isAway ? delegate.userLeft() : delegate.userReturned();
+    }
+}
+
 /// Ends a process that has talked on the message bus. The toolkit's thread for it may still be at
 /// work, and must not meet the end of what it works with.
 [[noreturn]] void endAtOnce(int status) {
@@ -84,6 +92,8 @@ int runApp(XcbEvents &events, const CommandRequest &firstCommand) {
     LinuxPlatform platform(events, firstCommand);
     CorvaneApp app(platform);
     runningApp = &app;
+    const LinuxUserSession userSession(events, QDBusConnection::sessionBus(),
+                                       QDBusConnection::systemBus(), userPresenceChanged);
     app.appDelegate().applicationDidFinishLaunching();
     const int status = QApplication::exec();
     app.appDelegate().applicationWillTerminate();

@@ -1,5 +1,6 @@
 #import "platform/macos/MacAppDelegate.h"
 
+#import "platform/macos/MacUserSession.h"
 #import "platform/macos/Text.h"
 
 #include <utility>
@@ -28,6 +29,7 @@ std::string representedObject(id sender) {
 
 @implementation MacAppDelegate {
     std::unique_ptr<corvane::CorvaneApp> _application;
+    std::unique_ptr<macos::MacUserSession> _userSession;
 }
 
 - (instancetype)initWithApplication:(std::unique_ptr<corvane::CorvaneApp>)application {
@@ -39,11 +41,15 @@ std::string representedObject(id sender) {
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
-    _application->appDelegate().applicationDidFinishLaunching();
+    corvane::AppDelegate &delegate = _application->appDelegate();
+    delegate.applicationDidFinishLaunching();
+    _userSession = std::make_unique<macos::MacUserSession>(
+        [&delegate](bool isAway) { isAway ? delegate.userLeft() : delegate.userReturned(); });
 }
 
 - (void)applicationWillTerminate:(NSNotification *)notification {
     _application->appDelegate().applicationWillTerminate();
+    _userSession.reset();
     // The process exits without coming back to main: runs end and saves finish here.
     _application.reset();
 }

@@ -1,0 +1,31 @@
+#include "platform/linux/LinuxUserSession.h"
+
+#include <utility>
+
+namespace corvane::x11 {
+
+LinuxUserSession::LinuxUserSession(XcbEvents &events, const QDBusConnection &sessionBus,
+                                   const QDBusConnection &systemBus,
+                                   std::function<void(bool isAway)> changed)
+    : changed_(std::move(changed)),
+      serverSaver_(events,
+                   [this](bool isOn) { note(QStringLiteral("the server's screen saver"), isOn); }),
+      desktopSaver_(
+          sessionBus,
+          [this](bool isOn) { note(QStringLiteral("the desktop's screen saver"), isOn); }),
+      login_(systemBus, [this](const QString &reason, bool isAway) { note(reason, isAway); }) {}
+
+/// Several may say so at once; the user is back when none does any more.
+void LinuxUserSession::note(const QString &reason, bool isReasonToBeAway) {
+    const bool wasAway = isAway();
+    if (isReasonToBeAway) {
+        reasons_.insert(reason);
+    } else {
+        reasons_.erase(reason);
+    }
+    if (isAway() != wasAway) {
+        changed_(isAway());
+    }
+}
+
+} // namespace corvane::x11

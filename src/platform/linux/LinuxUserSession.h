@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/linux/LoginSignals.h"
+#include "platform/linux/ScreenSaverEvents.h"
+#include "platform/linux/ScreenSaverSignals.h"
+
+#include <QDBusConnection>
+#include <QString>
+
+#include <functional>
+#include <set>
+
+namespace corvane::x11 {
+
+class XcbEvents;
+
+/// Whether the user is at the screen, by what the X server's screen saver, the desktop's locker and
+/// the login manager say. A locker that tells none of them is not noticed. Main thread.
+class LinuxUserSession {
+  public:
+    /// Calls `changed` when the user leaves or is back: the screen is locked or its saver comes on,
+    /// the system is about to sleep, another user takes the screen over. The events outlive it. A
+    /// bus that is not there says nothing.
+    LinuxUserSession(XcbEvents &events, const QDBusConnection &sessionBus,
+                     const QDBusConnection &systemBus, std::function<void(bool isAway)> changed);
+
+    bool isAway() const { return !reasons_.empty(); }
+
+  private:
+    void note(const QString &reason, bool isReasonToBeAway);
+
+    const std::function<void(bool isAway)> changed_;
+    std::set<QString> reasons_;
+    ScreenSaverEvents serverSaver_;
+    ScreenSaverSignals desktopSaver_;
+    LoginSignals login_;
+};
+
+} // namespace corvane::x11

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+#include <functional>
+
+namespace corvane::x11 {
+
+/// The login manager (org.freedesktop.login1): sleep of the system; lock, unlock and change of the
+/// user in front of the screen for the session this program is in. Main thread.
+class LoginSignals : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Calls `changed` with why the user is away, or no longer.
+    LoginSignals(const QDBusConnection &bus,
+                 std::function<void(const QString &reason, bool isAway)> changed);
+
+  private Q_SLOTS:
+    void prepareForSleep(bool isAboutToSleep);
+    void locked();
+    void unlocked();
+    void propertiesChanged(const QString &interface, const QVariantMap &changed,
+                           const QStringList &invalidated);
+
+  private:
+    void findSession();
+    void watchSession(const QString &path);
+
+    QDBusConnection bus_;
+    const std::function<void(const QString &reason, bool isAway)> changed_;
+};
+
+} // namespace corvane::x11

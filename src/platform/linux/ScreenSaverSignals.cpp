@@ -1,0 +1,69 @@
+#include "platform/linux/ScreenSaverSignals.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// Every desktop has an interface of its own with the same signal.
+constexpr const char *interfaces[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                      "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
+                                      "org.xfce.ScreenSaver"};
+
+} // namespace
+
+ScreenSaverSignals::ScreenSaverSignals(const QDBusConnection &bus,
+                                       std::function<void(bool isOn)> changed)
+    : bus_(bus),
+      changed_(std::move(changed)) {
+    if (!bus_.isConnected()) {
+        return;
+    }
+    savers_.setConnection(bus_);
+    savers_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&savers_, &QDBusServiceWatcher::serviceUnregistered, this, &ScreenSaverSignals::gone);
+    for (const char *interface : interfaces) {
+        bus_.connect(QString(), QString(), QString::fromLatin1(interface),
+                     QStringLiteral("ActiveChanged"), this,
+                     SLOT(activeChanged(bool, QDBusMessage)));
+    }
+}
+
+void ScreenSaverSignals::activeChanged(bool isOn, const QDBusMessage &message) {
+    changed_(isOn);
+    if (isOn) {
+        watch(message.service());
+    } else {
+        savers_.setWatchedServices({});
+    }
+}
+
+/// One that ends while it is on cannot say that it is off; it may have ended already.
+void ScreenSaverSignals::watch(const QString &saver) {
+    savers_.addWatchedService(saver);
+    auto question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question << saver;
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
+    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, saver] {
+        pending->deleteLater();
+        const QDBusPendingReply<bool> isThere = *pending;
+        if (!isThere.isError() && !isThere.value()) {
+            gone(saver);
+        }
+    });
+}
+
+void ScreenSaverSignals::gone(const QString &saver) {
+    if (savers_.removeWatchedService(saver)) {
+        changed_(false);
+    }
+}
+
+} // namespace corvane::x11
