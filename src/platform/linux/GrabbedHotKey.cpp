@@ -85,7 +85,7 @@ void GrabbedHotKey::handle(const xcb_generic_event_t &event) {
     } else if (event.response_type == XCB_KEY_RELEASE && isOurKey(key.detail)) {
         isHeld_ = false;
     } else if (event.response_type == XCB_KEY_PRESS && isOurKey(key.detail)) {
-        press(key.time);
+        press(key.time, Report::grabbed);
     }
 }
 
@@ -97,15 +97,23 @@ void GrabbedHotKey::handleRaw(const RawKey &event) {
     if (!event.isPress) {
         isHeld_ = false;
     } else if (grab_->combination().isWith(event.modifiers)) {
-        press(event.time);
+        press(event.time, Report::raw);
     }
 }
 
-/// One press may be reported twice, the second time long after the key has been released.
-void GrabbedHotKey::press(xcb_timestamp_t time) {
-    if (!std::exchange(isHeld_, true) && std::exchange(lastPress_, time) != time) {
-        pressed_();
+void GrabbedHotKey::press(xcb_timestamp_t time, Report report) {
+    if (isReportedAgain(time, report) || std::exchange(isHeld_, true)) {
+        return;
     }
+    lastPress_ = time;
+    reportsOfLastPress_ = {report};
+    pressed_();
+}
+
+/// The second report of a press may come long after the key has been released. A press of the same
+/// millisecond that is reported the same way is another one.
+bool GrabbedHotKey::isReportedAgain(xcb_timestamp_t time, Report report) {
+    return time == lastPress_ && reportsOfLastPress_.insert(report).second;
 }
 
 bool GrabbedHotKey::isOurKey(xcb_keycode_t key) const {

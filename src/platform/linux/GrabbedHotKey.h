@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <set>
 
 namespace corvane::x11 {
 
@@ -26,9 +27,13 @@ class GrabbedHotKey : public platform::RegisteredHotKey {
     platform::HotKeyStatus grab();
 
   private:
+    /// The two ways in which one press may be heard of.
+    enum class Report { grabbed, raw };
+
     void handle(const xcb_generic_event_t &event);
     void handleRaw(const RawKey &event);
-    void press(xcb_timestamp_t time);
+    void press(xcb_timestamp_t time, Report report);
+    bool isReportedAgain(xcb_timestamp_t time, Report report);
     bool isOurKey(xcb_keycode_t key) const;
 
     XcbEvents &events_;
@@ -39,6 +44,7 @@ class GrabbedHotKey : public platform::RegisteredHotKey {
     std::unique_ptr<KeyGrab> grab_;
     bool isHeld_ = false;
     xcb_timestamp_t lastPress_ = XCB_CURRENT_TIME;
+    std::set<Report> reportsOfLastPress_;
     XcbEvents::Subscription subscription_;
 };
 
