@@ -1,18 +1,10 @@
-#include "services/ClickerService.h"
+#include "support/ClickerServiceTest.h"
 
-#include "support/HandTurnedClock.h"
-#include "support/LogCapture.h"
-#include "support/Patience.h"
-#include "support/RecordingMouseEvents.h"
-
-#include <gtest/gtest.h>
-
-#include <condition_variable>
 #include <limits>
 #include <pthread.h>
 #include <thread>
 
-namespace corvane {
+namespace corvane::testing {
 namespace {
 
 using platform::MouseEventType;
@@ -21,102 +13,6 @@ using std::chrono::seconds;
 using Lines = std::vector<std::string>;
 
 constexpr std::int64_t greatest = std::numeric_limits<std::int64_t>::max();
-
-/// What a run called back.
-class Callbacks {
-  public:
-    ClickerService::ClickCallback onClick() {
-        return [this](std::int64_t count, Point point) {
-            const std::lock_guard lock(mutex_);
-            counts_.push_back(count);
-            points_.push_back(point);
-            thread_ = std::this_thread::get_id();
-            changed_.notify_all();
-        };
-    }
-    ClickerService::FinishCallback onFinish() {
-        return [this] {
-            const std::lock_guard lock(mutex_);
-            countAtFinish_ = counts_.size();
-            ++finishes_;
-            changed_.notify_all();
-        };
-    }
-
-    std::vector<std::int64_t> counts() const {
-        const std::lock_guard lock(mutex_);
-        return counts_;
-    }
-    std::vector<Point> points() const {
-        const std::lock_guard lock(mutex_);
-        return points_;
-    }
-    int finishes() const {
-        const std::lock_guard lock(mutex_);
-        return finishes_;
-    }
-    /// How many clicks came before the finish.
-    std::size_t countAtFinish() const {
-        const std::lock_guard lock(mutex_);
-        return countAtFinish_;
-    }
-    std::thread::id thread() const {
-        const std::lock_guard lock(mutex_);
-        return thread_;
-    }
-    [[nodiscard]] bool awaitFinish() {
-        std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, testing::patience, [this] { return finishes_ > 0; });
-    }
-
-  private:
-    mutable std::mutex mutex_;
-    std::condition_variable changed_;
-    std::vector<std::int64_t> counts_;
-    std::vector<Point> points_;
-    int finishes_ = 0;
-    std::size_t countAtFinish_ = 0;
-    std::thread::id thread_;
-};
-
-class ClickerServiceTest : public ::testing::Test {
-  protected:
-    ~ClickerServiceTest() override { clock_.setHoldsBlock(false); }
-
-    void start(const CorvaneConfig &config, std::shared_ptr<DynamicZoneRect> liveZone = nullptr) {
-        clicker_.start(config, std::move(liveZone), callbacks_.onClick(), callbacks_.onFinish());
-    }
-
-    /// Waits until the run waits for its next click.
-    [[nodiscard]] bool awaitWait() { return clock_.awaitBlocked(); }
-
-    /// Turns the clock to the next click and waits until it is over.
-    [[nodiscard]] bool clickAgain() {
-        clock_.advanceTo(clock_.deadlines().at(0));
-        return awaitWait();
-    }
-
-    void stopAndAwait() {
-        clicker_.stop();
-        clicker_.awaitEnd();
-    }
-
-    /// How many clicks were made at a cursor there in zone mode.
-    std::size_t clicksAt(Point cursor, const Rectangle &zone) {
-        mouse_.setCursor(cursor);
-        const std::size_t before = mouse_.posted().size();
-        start({.clickMode = ClickMode::zone, .zoneRect = CodableRect::of(zone)});
-        EXPECT_TRUE(awaitWait());
-        stopAndAwait();
-        return (mouse_.posted().size() - before) / 2;
-    }
-
-    testing::LogCapture log_;
-    testing::HandTurnedClock clock_;
-    testing::RecordingMouseEvents mouse_{clock_};
-    Callbacks callbacks_;
-    ClickerService clicker_{mouse_, clock_};
-};
 
 TEST_F(ClickerServiceTest, ClicksAtTheCursorCountsAndWaits) {
     mouse_.scriptCursor({{1, 2}, {3.5, -4}});
@@ -257,80 +153,6 @@ TEST_F(ClickerServiceTest, NoLimitNeverFinishes) {
     }
 }
 
-TEST_F(ClickerServiceTest, OutsideTheZoneNothingIsClickedOrCounted) {
-    mouse_.setCursor({500, 500});
-    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}, .maxClicks = 1});
-    ASSERT_TRUE(awaitWait());
-    for (int turn = 0; turn < 5; ++turn) {
-        EXPECT_EQ(clock_.deadlines().at(0), clock_.now() + seconds(1));
-        ASSERT_TRUE(clickAgain());
-    }
-    stopAndAwait();
-    EXPECT_EQ(mouse_.cursorReadings(), 6U);
-    EXPECT_TRUE(mouse_.posted().empty());
-    EXPECT_TRUE(callbacks_.counts().empty());
-    EXPECT_EQ(callbacks_.finishes(), 0);
-    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=zone interval=1.0s maxClicks=1",
-                                      "Clicker stopped after 0 clicks"}));
-}
-
-TEST_F(ClickerServiceTest, OnlyClicksInsideTheZoneCount) {
-    mouse_.scriptCursor({{5, 5}, {500, 500}, {6, 6}});
-    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}});
-    ASSERT_TRUE(awaitWait());
-    ASSERT_TRUE(clickAgain());
-    ASSERT_TRUE(clickAgain());
-    stopAndAwait();
-    EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2}));
-    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{5, 5}, {6, 6}}));
-}
-
-TEST_F(ClickerServiceTest, LeftAndTopEdgesAreInsideRightAndBottomEdgesOutside) {
-    const Rectangle zone{10, 20, 30, 40};
-    EXPECT_EQ(clicksAt({10, 20}, zone), 1U);
-    EXPECT_EQ(clicksAt({10, 59.9}, zone), 1U);
-    EXPECT_EQ(clicksAt({39.9, 20}, zone), 1U);
-    EXPECT_EQ(clicksAt({40, 30}, zone), 0U);
-    EXPECT_EQ(clicksAt({20, 60}, zone), 0U);
-    EXPECT_EQ(clicksAt({9.9, 30}, zone), 0U);
-    EXPECT_EQ(clicksAt({20, 19.9}, zone), 0U);
-}
-
-TEST_F(ClickerServiceTest, AZoneWithoutAreaContainsNoPoint) {
-    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 0, 40}), 0U);
-    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 30, 0}), 0U);
-    EXPECT_EQ(clicksAt({10, 20}, {10, 20, 0, 0}), 0U);
-}
-
-TEST_F(ClickerServiceTest, ALiveZoneReplacesTheFixedOneAndIsFollowed) {
-    const auto liveZone = std::make_shared<DynamicZoneRect>(Rectangle{100, 100, 10, 10});
-    mouse_.setCursor({5, 5});
-    start({.clickMode = ClickMode::zone, .zoneRect = CodableRect{0, 0, 10, 10}}, liveZone);
-    ASSERT_TRUE(awaitWait());
-    EXPECT_TRUE(mouse_.posted().empty());
-    liveZone->setRect({0, 0, 10, 10});
-    ASSERT_TRUE(clickAgain());
-    EXPECT_EQ(callbacks_.counts().size(), 1U);
-    liveZone->setRect({6, 0, 10, 10});
-    ASSERT_TRUE(clickAgain());
-    EXPECT_EQ(callbacks_.counts().size(), 1U);
-}
-
-TEST_F(ClickerServiceTest, WithoutAnyZoneZoneModeClicksEverywhere) {
-    mouse_.setCursor({-5000, 7000});
-    start({.clickMode = ClickMode::zone});
-    ASSERT_TRUE(awaitWait());
-    EXPECT_EQ(callbacks_.counts().size(), 1U);
-}
-
-TEST_F(ClickerServiceTest, CursorModeIgnoresTheZone) {
-    mouse_.setCursor({500, 500});
-    start({.zoneRect = CodableRect{0, 0, 10, 10}},
-          std::make_shared<DynamicZoneRect>(Rectangle{0, 0, 10, 10}));
-    ASSERT_TRUE(awaitWait());
-    EXPECT_EQ(callbacks_.counts().size(), 1U);
-}
-
 TEST_F(ClickerServiceTest, WithoutACursorItClicksAtTheOrigin) {
     mouse_.setFaults({.noCursorLocation = true});
     start({});
@@ -340,9 +162,9 @@ TEST_F(ClickerServiceTest, WithoutACursorItClicksAtTheOrigin) {
 }
 
 TEST_F(ClickerServiceTest, AnEventThatCannotBeMadeIsCountedButNothingIsPosted) {
-    for (const testing::MouseFaults &faults :
-         {testing::MouseFaults{.noEventSource = true}, testing::MouseFaults{.noMouseDown = true},
-          testing::MouseFaults{.noMouseUp = true}}) {
+    for (const MouseFaults &faults :
+         {MouseFaults{.noEventSource = true}, MouseFaults{.noMouseDown = true},
+          MouseFaults{.noMouseUp = true}}) {
         mouse_.setFaults(faults);
         const std::size_t before = callbacks_.counts().size();
         start({});
@@ -386,7 +208,7 @@ TEST_F(ClickerServiceTest, AStopWhileIdleDoesNothing) {
 }
 
 TEST_F(ClickerServiceTest, ASecondStartEndsTheFirstRun) {
-    Callbacks first;
+    RunCallbacks first;
     clicker_.start({}, nullptr, first.onClick(), first.onFinish());
     ASSERT_TRUE(awaitWait());
     start({.clickRate = 2});
@@ -530,4 +352,4 @@ TEST_F(ClickerServiceTest, WithoutAThreadTheRunIsReportedAsFinished) {
 #endif
 
 } // namespace
-} // namespace corvane
+} // namespace corvane::testing

@@ -1,6 +1,7 @@
 #include "ui/GeneralTab.h"
 
 #include "services/WindowResolver.h"
+#include "support/LogCapture.h"
 #include "support/RecordingPlatform.h"
 #include "support/ViewUser.h"
 
@@ -43,6 +44,7 @@ class GeneralTabTest : public ::testing::Test {
         platform.applications().names = {{"org.example.editor", "Editor"}};
     }
 
+    LogCapture log;
     RecordingPlatform platform;
     WindowResolver resolver{platform.windowList(), platform.applications(),
                             platform.accessibility()};
