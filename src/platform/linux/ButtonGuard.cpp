@@ -22,9 +22,10 @@ void keepOnly(int descriptor) {
     if (descriptor != input) {
         dup2(descriptor, input);
     }
-    const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC);
-    dup2(nowhere, STDOUT_FILENO);
-    dup2(nowhere, STDERR_FILENO);
+    if (const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC); nowhere >= 0) {
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+    }
     constexpr unsigned firstOther = STDERR_FILENO + 1;
     close_range(firstOther, ~0U, 0);
 }

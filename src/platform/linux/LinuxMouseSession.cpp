@@ -69,7 +69,7 @@ LinuxMouseSession::~LinuxMouseSession() {
 }
 
 void LinuxMouseSession::press(std::uint8_t button) {
-    if (isUsable()) {
+    if (isUsable() && mark_) {
         mark_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
         connection_->flush();
@@ -77,7 +77,7 @@ void LinuxMouseSession::press(std::uint8_t button) {
 }
 
 void LinuxMouseSession::release(std::uint8_t button) {
-    if (isUsable()) {
+    if (isUsable() && mark_) {
         sendButton(XCB_BUTTON_RELEASE, button);
         mark_->setReleased();
         connection_->flush();

@@ -37,9 +37,9 @@ QDBusMessage questionForSession() {
 
 } // namespace
 
-LoginSignals::LoginSignals(const QDBusConnection &bus,
+LoginSignals::LoginSignals(QDBusConnection bus,
                            std::function<void(const QString &reason, bool isAway)> changed)
-    : bus_(bus),
+    : bus_(std::move(bus)),
       changed_(std::move(changed)) {
     if (!bus_.isConnected()) {
         return;

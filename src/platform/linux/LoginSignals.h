@@ -16,10 +16,10 @@ class LoginSignals : public QObject {
 
   public:
     /// Calls `changed` with why the user is away, or no longer.
-    LoginSignals(const QDBusConnection &bus,
+    LoginSignals(QDBusConnection bus,
                  std::function<void(const QString &reason, bool isAway)> changed);
 
-  private Q_SLOTS:
+  private Q_SLOTS: // NOLINT(readability-redundant-access-specifiers)
     void prepareForSleep(bool isAboutToSleep);
     void locked();
     void unlocked();

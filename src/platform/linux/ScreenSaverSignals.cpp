@@ -3,6 +3,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
+#include <array>
 #include <utility>
 
 namespace corvane::x11 {
@@ -10,15 +11,14 @@ namespace corvane::x11 {
 namespace {
 
 /// Every desktop has an interface of its own with the same signal.
-constexpr const char *interfaces[] = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
-                                      "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
-                                      "org.xfce.ScreenSaver"};
+constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                   "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
+                                   "org.xfce.ScreenSaver"};
 
 } // namespace
 
-ScreenSaverSignals::ScreenSaverSignals(const QDBusConnection &bus,
-                                       std::function<void(bool isOn)> changed)
-    : bus_(bus),
+ScreenSaverSignals::ScreenSaverSignals(QDBusConnection bus, std::function<void(bool isOn)> changed)
+    : bus_(std::move(bus)),
       changed_(std::move(changed)) {
     if (!bus_.isConnected()) {
         return;

@@ -15,9 +15,9 @@ class ScreenSaverSignals : public QObject {
 
   public:
     /// Calls `changed` when a saver comes on or goes off, or the program that showed it ends.
-    ScreenSaverSignals(const QDBusConnection &bus, std::function<void(bool isOn)> changed);
+    ScreenSaverSignals(QDBusConnection bus, std::function<void(bool isOn)> changed);
 
-  private Q_SLOTS:
+  private Q_SLOTS: // NOLINT(readability-redundant-access-specifiers)
     void activeChanged(bool isOn, const QDBusMessage &message);
 
   private:
