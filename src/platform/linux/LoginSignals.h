@@ -19,14 +19,13 @@ class LoginSignals : public QObject {
     LoginSignals(QDBusConnection bus,
                  std::function<void(const QString &reason, bool isAway)> changed);
 
-  private Q_SLOTS: // NOLINT(readability-redundant-access-specifiers)
-    void prepareForSleep(bool isAboutToSleep);
-    void locked();
-    void unlocked();
-    void propertiesChanged(const QString &interface, const QVariantMap &changed,
-                           const QStringList &invalidated);
-
   private:
+    Q_SLOT void prepareForSleep(bool isAboutToSleep);
+    Q_SLOT void locked();
+    Q_SLOT void unlocked();
+    Q_SLOT void propertiesChanged(const QString &interface, const QVariantMap &changed,
+                                  const QStringList &invalidated);
+
     void findSession();
     void watchSession(const QString &path);
 

@@ -17,10 +17,9 @@ class ScreenSaverSignals : public QObject {
     /// Calls `changed` when a saver comes on or goes off, or the program that showed it ends.
     ScreenSaverSignals(QDBusConnection bus, std::function<void(bool isOn)> changed);
 
-  private Q_SLOTS: // NOLINT(readability-redundant-access-specifiers)
-    void activeChanged(bool isOn, const QDBusMessage &message);
-
   private:
+    Q_SLOT void activeChanged(bool isOn, const QDBusMessage &message);
+
     void watch(const QString &saver);
     void gone(const QString &saver);
 
