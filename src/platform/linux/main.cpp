@@ -23,6 +23,7 @@
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QSessionManager>
 #include <QTranslator>
 
 #include <algorithm>
@@ -88,6 +89,12 @@ void userPresenceChanged(bool isAway) {
     std::_Exit(status);
 }
 
+/// Whether Corvane starts with a session is for its login item to say: one that is restored does
+/// not start it once more.
+void startOnlyAsSet(QSessionManager &session) {
+    session.setRestartHint(QSessionManager::RestartNever);
+}
+
 int runApp(XcbEvents &events, const CommandRequest &firstCommand) {
     LinuxPlatform platform(events, firstCommand);
     CorvaneApp app(platform);
@@ -115,6 +122,7 @@ int runProgram(int argc, char **argv, const CommandRequest &firstCommand) {
     QApplication::setDesktopFileName(QStringLiteral("corvane"));
     QTranslator toolkitTexts;
     useUserLanguage(toolkitTexts);
+    QObject::connect(&application, &QApplication::saveStateRequest, startOnlyAsSet);
     dropButtonReportsOfKeyboard();
     usePlaceholderColourOfFields();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
