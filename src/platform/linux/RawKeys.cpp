@@ -72,9 +72,10 @@ void RawKeys::readKeysDown() {
     const XcbReply<xcb_query_keymap_reply_t> reply(
         xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
     constexpr std::size_t bitsInByte = 8;
-    for (std::size_t key = 0; key < keyCount; ++key) {
-        isDown_[key] =
-            reply && (reply->keys[key / bitsInByte] >> (key % bitsInByte) & 1U) != 0; // NOLINT
+    isDown_.reset();
+    for (std::size_t key = 0; reply && key < keyCount; ++key) {
+        const std::bitset<bitsInByte> eightKeys = std::span(reply->keys)[key / bitsInByte];
+        isDown_[key] = eightKeys[key % bitsInByte];
     }
 }
 

@@ -60,6 +60,9 @@ class ChildProcess {
     /// How it ended; nothing while it still runs when `limit` has passed.
     std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds limit = patience);
 
+    /// Where the standard output is collected.
+    const std::filesystem::path &outputFile() const { return outputFile_; }
+
     /// Everything printed so far.
     std::string standardOutput() const;
     std::string standardError() const;

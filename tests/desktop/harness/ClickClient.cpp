@@ -12,8 +12,6 @@ namespace corvane::desktop {
 
 namespace {
 
-using Fields = std::vector<std::string>;
-
 std::string commandToOpen(int number, const ClickClient::Window &window) {
     std::string line = "open";
     const auto add = [&line](const std::string &field) { line += "\t" + field; };
@@ -28,7 +26,7 @@ std::string commandToOpen(int number, const ClickClient::Window &window) {
     return line;
 }
 
-ButtonEvent buttonEvent(const Fields &fields) {
+ButtonEvent buttonEvent(const std::vector<std::string> &fields) {
     return {.isPress = fields[0] == "press",
             .window = std::stoi(fields[1]),
             .button = std::stoi(fields[2]),
@@ -42,7 +40,8 @@ ButtonEvent buttonEvent(const Fields &fields) {
 
 ClickClient::ClickClient(const VirtualDesktop &desktop)
     : desktop_(desktop),
-      program_(desktop.start({CORVANE_CLICK_CLIENT})) {}
+      program_(desktop.start({CORVANE_CLICK_CLIENT})),
+      output_(program_->outputFile()) {}
 
 int ClickClient::open(const Window &window) {
     const int number = ++windowCount_;
@@ -92,19 +91,20 @@ Position ClickClient::position(int window) const {
     return {reply->dst_x, reply->dst_y};
 }
 
-std::vector<ButtonEvent> ClickClient::events() const {
-    std::vector<ButtonEvent> events;
-    for (const std::string &line : wholeLines(program_->standardOutput())) {
-        const Fields fields = split(line, '\t');
-        if (fields.front() == "press" || fields.front() == "release") {
-            events.push_back(buttonEvent(fields));
-        }
-    }
-    return events;
+const std::vector<ButtonEvent> &ClickClient::events() const {
+    listen();
+    return events_;
 }
 
-int ClickClient::pressCount() const { return static_cast<int>(reports("press").size()); }
-int ClickClient::releaseCount() const { return static_cast<int>(reports("release").size()); }
+int ClickClient::pressCount() const {
+    listen();
+    return pressCount_;
+}
+
+int ClickClient::releaseCount() const {
+    listen();
+    return static_cast<int>(events_.size()) - pressCount_;
+}
 
 bool ClickClient::waitForClicks(int count, std::chrono::milliseconds limit) const {
     return waitUntil([&] { return pressCount() >= count && releaseCount() >= count; }, limit);
@@ -123,19 +123,26 @@ bool ClickClient::isOnScreen(int window) const {
 
 void ClickClient::send(const std::string &line) const { program_->write(line + "\n"); }
 
-std::vector<Fields> ClickClient::reports(const std::string &kind) const {
-    std::vector<Fields> found;
-    for (const std::string &line : wholeLines(program_->standardOutput())) {
+void ClickClient::listen() const {
+    for (const std::string &line : output_.newLines()) {
         Fields fields = split(line, '\t');
-        if (fields.front() == kind) {
-            found.push_back(std::move(fields));
+        if (fields.front() == "press" || fields.front() == "release") {
+            events_.push_back(buttonEvent(fields));
+            pressCount_ += events_.back().isPress ? 1 : 0;
+        } else {
+            reports_[fields.front()].push_back(std::move(fields));
         }
     }
-    return found;
 }
 
-std::optional<Fields> ClickClient::lastReport(const std::string &kind, int window) const {
-    const std::vector<Fields> all = reports(kind);
+const std::vector<ClickClient::Fields> &ClickClient::reports(const std::string &kind) const {
+    listen();
+    return reports_[kind];
+}
+
+std::optional<ClickClient::Fields> ClickClient::lastReport(const std::string &kind,
+                                                           int window) const {
+    const std::vector<Fields> &all = reports(kind);
     const auto found = std::find_if(all.rbegin(), all.rend(), [&](const Fields &fields) {
         return fields.at(1) == std::to_string(window);
     });

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "ChildProcess.h"
+#include "GrowingFile.h"
 #include "Pointer.h"
 #include "VirtualDesktop.h"
 
 #include <xcb/xcb.h>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -71,7 +73,7 @@ class ClickClient {
     Position position(int window) const;
 
     /// Every event so far, in order.
-    std::vector<ButtonEvent> events() const;
+    const std::vector<ButtonEvent> &events() const;
     int pressCount() const;
     int releaseCount() const;
 
@@ -81,13 +83,22 @@ class ClickClient {
     pid_t pid() const { return program_->pid(); }
 
   private:
+    using Fields = std::vector<std::string>;
+
     bool isOnScreen(int window) const;
     void send(const std::string &line) const;
-    std::vector<std::vector<std::string>> reports(const std::string &kind) const;
-    std::optional<std::vector<std::string>> lastReport(const std::string &kind, int window) const;
+    /// Takes in what the program has said since the last time.
+    void listen() const;
+    const std::vector<Fields> &reports(const std::string &kind) const;
+    std::optional<Fields> lastReport(const std::string &kind, int window) const;
 
     const VirtualDesktop &desktop_;
     std::unique_ptr<ChildProcess> program_;
+    mutable GrowingFile output_;
+    mutable std::vector<ButtonEvent> events_;
+    mutable int pressCount_ = 0;
+    /// What it said beside the events, by kind.
+    mutable std::map<std::string, std::vector<Fields>> reports_;
     int windowCount_ = 0;
 };
 

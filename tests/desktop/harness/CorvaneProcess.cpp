@@ -35,7 +35,8 @@ void ensureLogExists() {
 } // namespace
 
 CorvaneProcess::CorvaneProcess(const VirtualDesktop &desktop, Options options)
-    : logFile_(newLogFile(desktop)) {
+    : logFile_(newLogFile(desktop)),
+      newLog_(logFile_) {
     ensureLogExists();
     options.mounts.replace(logPath, logFile_);
     std::vector<std::string> arguments{CORVANE_PROGRAM};
@@ -64,12 +65,11 @@ bool CorvaneProcess::waitUntilReady() {
     return waitUntil([&] { return isReady() || !process_->isRunning(); }) && process_->isRunning();
 }
 
-std::vector<std::string> CorvaneProcess::log() const {
-    std::vector<std::string> messages;
-    for (const std::string &line : wholeLines(readFile(logFile_))) {
-        messages.push_back(line.substr(std::min(timeStampLength, line.size())));
+const std::vector<std::string> &CorvaneProcess::log() const {
+    for (const std::string &line : newLog_.newLines()) {
+        log_.push_back(line.substr(std::min(timeStampLength, line.size())));
     }
-    return messages;
+    return log_;
 }
 
 int CorvaneProcess::logCount(std::string_view message) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
+#include "GrowingFile.h"
 #include "PrivateMounts.h"
 #include "VirtualDesktop.h"
 
@@ -35,7 +36,7 @@ class CorvaneProcess {
     bool waitUntilReady();
 
     /// The messages logged so far, without their time stamps.
-    std::vector<std::string> log() const;
+    const std::vector<std::string> &log() const;
     int logCount(std::string_view message) const;
 
     /// Waits until the message has been logged `count` times; false when time runs out.
@@ -52,6 +53,8 @@ class CorvaneProcess {
 
   private:
     std::filesystem::path logFile_;
+    mutable GrowingFile newLog_;
+    mutable std::vector<std::string> log_;
     std::unique_ptr<ChildProcess> process_;
 };
 
