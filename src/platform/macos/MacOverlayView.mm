@@ -1,13 +1,12 @@
 #import "platform/macos/MacOverlayView.h"
 
-#import "platform/macos/Colours.h"
 #import "platform/macos/Drawings.h"
 #import "platform/macos/Geometry.h"
+#import "platform/macos/ShapeLayers.h"
 
 #import <QuartzCore/QuartzCore.h>
 
 #include <chrono>
-#include <optional>
 #include <utility>
 
 #if !__has_feature(objc_arc)
@@ -21,10 +20,6 @@ namespace macos = corvane::macos;
 namespace {
 
 constexpr unsigned short escapeKeyCode = 53;
-
-CGColorRef layerColour(const std::optional<corvane::Colour> &colour) {
-    return colour ? macos::systemColour(*colour).CGColor : nullptr;
-}
 
 CAMediaTimingFunction *timingFunction(corvane::TimingFunction timing) {
     switch (timing) {
@@ -62,7 +57,11 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
 @implementation MacOverlayView {
     OverlayEvents _events;
     corvane::Cursor _cursor;
+    /// What is painted.
     corvane::Drawing _drawing;
+    /// What is shown in layers.
+    corvane::Drawing _shapes;
+    macos::ShapeLayers _shapeLayers;
     CAShapeLayer *_animatedLayer;
 }
 
@@ -80,6 +79,13 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
 }
 
 - (void)setDrawing:(const corvane::Drawing &)drawing {
+    const bool isOfShapes = macos::isOfShapes(drawing);
+    [self paint:isOfShapes ? corvane::Drawing() : drawing];
+    _shapes = isOfShapes ? drawing : corvane::Drawing();
+    _shapeLayers.show(_shapes, self);
+}
+
+- (void)paint:(const corvane::Drawing &)drawing {
     [self redraw:macos::drawnArea(_drawing)];
     _drawing = drawing;
     [self redraw:macos::drawnArea(_drawing)];
@@ -96,6 +102,12 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
     macos::draw(_drawing);
 }
 
+- (void)viewDidChangeEffectiveAppearance {
+    [super viewDidChangeEffectiveAppearance];
+    // Unlike a painted colour, a layer's does not follow by itself.
+    _shapeLayers.show(_shapes, self);
+}
+
 - (void)play:(const corvane::Animation &)animation completion:(std::function<void()>)completion {
     [CATransaction begin];
     // Only the group moves the layer, nothing that the system adds by itself.
@@ -103,19 +115,10 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
     [CATransaction setCompletionBlock:^{
       completion();
     }];
-    [self showStart:animation];
+    macos::showShape(_animatedLayer, animation.shape, self);
+    _animatedLayer.opacity = static_cast<float>(animation.startOpacity);
     [_animatedLayer addAnimation:animationGroup(animation) forKey:@(animation.key.c_str())];
     [CATransaction commit];
-}
-
-- (void)showStart:(const corvane::Animation &)animation {
-    [self.effectiveAppearance performAsCurrentDrawingAppearance:^{
-      self->_animatedLayer.fillColor = layerColour(animation.shape.fill);
-      self->_animatedLayer.strokeColor = layerColour(animation.shape.stroke);
-    }];
-    _animatedLayer.lineWidth = animation.shape.lineWidth;
-    _animatedLayer.path = macos::layerPath(animation.shape.path).get();
-    _animatedLayer.opacity = static_cast<float>(animation.startOpacity);
 }
 
 - (void)disconnect {

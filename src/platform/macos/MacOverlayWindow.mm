@@ -45,6 +45,9 @@ NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &
         self.acceptsMouseMovedEvents = description.acceptsMouseMovedEvents;
         self.collectionBehavior = collectionBehaviour(description);
         self.contentView = contentView;
+        // Keys go to the view from the moment the window has the keyboard, not from the first
+        // click.
+        self.initialFirstResponder = contentView;
     }
     return self;
 }
