@@ -1,6 +1,7 @@
 #import "platform/macos/MacOverlayWindows.h"
 
 #import "platform/macos/Geometry.h"
+#import "platform/macos/KeptObjects.h"
 #import "platform/macos/MacOverlayView.h"
 #import "platform/macos/MacOverlayWindow.h"
 
@@ -24,8 +25,12 @@ class MacOverlay : public platform::NativeOverlay {
     ~MacOverlay() override {
         [view_ disconnect];
         [window_ orderOut:nil];
-        // One of the window's own events may be under way: it lasts until that turn is over.
-        CFAutorelease(CFBridgingRetain(window_));
+        if (window_.ignoresMouseEvents) {
+            // No event is under way, but perhaps the end of an animation.
+            CFAutorelease(CFBridgingRetain(window_));
+        } else {
+            keepThroughEvents(window_);
+        }
     }
 
     void orderFront() override { [window_ orderFront:nil]; }

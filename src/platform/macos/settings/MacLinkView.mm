@@ -72,8 +72,13 @@
 
 - (void)press {
     // A copy: the action may destroy this view.
-    const auto action = _action;
-    action();
+    if (const auto action = _action) {
+        action();
+    }
+}
+
+- (void)disconnect {
+    _action = nullptr;
 }
 
 @end

@@ -1,5 +1,6 @@
 #import "platform/macos/settings/MacSettingsWindows.h"
 
+#import "platform/macos/KeptObjects.h"
 #import "platform/macos/Text.h"
 #import "platform/macos/settings/MacToolbarDelegate.h"
 #import "platform/macos/settings/RenderedView.h"
@@ -63,9 +64,8 @@ class MacSettingsWindow : public platform::NativeSettingsWindow {
     MacSettingsWindow &operator=(const MacSettingsWindow &) = delete;
     ~MacSettingsWindow() override {
         [window_ orderOut:nil];
-        // One of its own events may be under way: both last until that turn is over.
-        CFAutorelease(CFBridgingRetain(toolbarDelegate_));
-        CFAutorelease(CFBridgingRetain(window_));
+        keepThroughEvents(toolbarDelegate_);
+        keepThroughEvents(window_);
     }
 
     bool isVisible() const override { return window_.visible; }

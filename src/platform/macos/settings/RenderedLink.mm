@@ -26,6 +26,11 @@ std::string spokenText(const View &view) {
 
 class RenderedLink : public RenderedContent {
   public:
+    RenderedLink() = default;
+    RenderedLink(const RenderedLink &) = delete;
+    RenderedLink &operator=(const RenderedLink &) = delete;
+    ~RenderedLink() override { [link_ disconnect]; }
+
     NSView *view() const override { return link_; }
 
     void update(const View &next, const Surroundings &surroundings) override {

@@ -1,5 +1,6 @@
 #import "platform/macos/settings/RenderedView.h"
 
+#import "platform/macos/KeptObjects.h"
 #import "platform/macos/settings/Widths.h"
 
 #if !__has_feature(objc_arc)
@@ -31,8 +32,7 @@ RenderedView::RenderedView(const View &view, const Surroundings &surroundings)
 
 RenderedView::~RenderedView() {
     [box_ removeFromSuperview];
-    // One of the controls may be in the midst of its action: they last until that turn is over.
-    CFAutorelease(CFBridgingRetain(box_));
+    keepThroughEvents(box_);
 }
 
 bool RenderedView::canShow(const View &next) const {
