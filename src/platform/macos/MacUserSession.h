@@ -3,8 +3,14 @@
 #import <Foundation/Foundation.h>
 
 #include <functional>
-#include <set>
-#include <string>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+@class MacSessionObserver;
+
+NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {
 
@@ -20,13 +26,15 @@ class MacUserSession {
     MacUserSession &operator=(const MacUserSession &) = delete;
 
   private:
-    void observe(NSNotificationCenter *centre, NSString *name, const std::string &reason,
-                 bool isReasonToBeAway);
-    void note(const std::string &reason, bool isReasonToBeAway);
+    void note(NSNotificationName notification);
+    void note(NSNotificationName notification, NSNotificationName begin, NSNotificationName end);
 
     const std::function<void(bool isAway)> changed_;
-    std::set<std::string> reasons_;
-    NSMutableArray<id<NSObject>> *observers_;
+    /// The beginnings of all absences that have not ended.
+    NSMutableSet<NSNotificationName> *reasons_ = [NSMutableSet set];
+    MacSessionObserver *observer_;
 };
 
 } // namespace corvane::macos
+
+NS_ASSUME_NONNULL_END

@@ -1,7 +1,12 @@
 #import "platform/macos/MacUserSession.h"
 
+#import "platform/macos/MacSessionObserver.h"
+#import "platform/macos/Text.h"
+
 #import <AppKit/AppKit.h>
 
+#include <array>
+#include <string_view>
 #include <utility>
 
 #if !__has_feature(objc_arc)
@@ -10,49 +15,69 @@
 
 namespace corvane::macos {
 
+namespace {
+
+/// Two notifications, of which the second takes back what the first says.
+struct Absence {
+    NSNotificationName begin;
+    NSNotificationName end;
+};
+
+constexpr std::string_view unlocked = "com.apple.screenIsUnlocked";
+
+std::array<Absence, 2> toldByWorkspace() {
+    return {{{NSWorkspaceWillSleepNotification, NSWorkspaceDidWakeNotification},
+             {NSWorkspaceSessionDidResignActiveNotification,
+              NSWorkspaceSessionDidBecomeActiveNotification}}};
+}
+
+std::array<Absence, 2> toldToEverybody() {
+    return {{{@"com.apple.screenIsLocked", systemText(unlocked)},
+             {@"com.apple.screensaver.didstart", @"com.apple.screensaver.didstop"}}};
+}
+
+} // namespace
+
 MacUserSession::MacUserSession(std::function<void(bool isAway)> changed)
     : changed_(std::move(changed)),
-      observers_([NSMutableArray array]) {
-    NSNotificationCenter *workspace = NSWorkspace.sharedWorkspace.notificationCenter;
-    observe(workspace, NSWorkspaceWillSleepNotification, "sleep", true);
-    observe(workspace, NSWorkspaceDidWakeNotification, "sleep", false);
-    observe(workspace, NSWorkspaceSessionDidResignActiveNotification, "another user", true);
-    observe(workspace, NSWorkspaceSessionDidBecomeActiveNotification, "another user", false);
-    NSNotificationCenter *everybody = NSDistributedNotificationCenter.defaultCenter;
-    observe(everybody, @"com.apple.screenIsLocked", "lock", true);
-    observe(everybody, @"com.apple.screenIsUnlocked", "lock", false);
-    observe(everybody, @"com.apple.screensaver.didstart", "screen saver", true);
-    observe(everybody, @"com.apple.screensaver.didstop", "screen saver", false);
-}
-
-MacUserSession::~MacUserSession() {
-    for (id<NSObject> observer in observers_) {
-        [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:observer];
-        [NSDistributedNotificationCenter.defaultCenter removeObserver:observer];
+      observer_([[MacSessionObserver alloc]
+          initWithReceiver:[this](NSNotificationName name) { note(name); }]) {
+    for (const Absence &absence : toldByWorkspace()) {
+        [observer_ observeWorkspace:absence.begin];
+        [observer_ observeWorkspace:absence.end];
+    }
+    for (const Absence &absence : toldToEverybody()) {
+        [observer_ observeEverybody:absence.begin];
+        [observer_ observeEverybody:absence.end];
     }
 }
 
-void MacUserSession::observe(NSNotificationCenter *centre, NSString *name,
-                             const std::string &reason, bool isReasonToBeAway) {
-    // The observers are removed before this is gone.
-    [observers_ addObject:[centre addObserverForName:name
-                                              object:nil
-                                               queue:NSOperationQueue.mainQueue
-                                          usingBlock:^(NSNotification *) {
-                                            note(reason, isReasonToBeAway);
-                                          }]];
-}
+MacUserSession::~MacUserSession() { [observer_ end]; }
 
-void MacUserSession::note(const std::string &reason, bool isReasonToBeAway) {
-    const bool wasAway = !reasons_.empty();
-    if (isReasonToBeAway) {
-        reasons_.insert(reason);
-    } else {
-        reasons_.erase(reason);
+void MacUserSession::note(NSNotificationName notification) {
+    const bool wasAway = reasons_.count > 0;
+    for (const Absence &absence : toldByWorkspace()) {
+        note(notification, absence.begin, absence.end);
     }
-    const bool isAway = !reasons_.empty();
+    for (const Absence &absence : toldToEverybody()) {
+        note(notification, absence.begin, absence.end);
+    }
+    if (utf8(notification) == unlocked) {
+        // Whoever unlocks the screen is there, even where another notification went astray.
+        [reasons_ removeAllObjects];
+    }
+    const bool isAway = reasons_.count > 0;
     if (isAway != wasAway) {
         changed_(isAway);
+    }
+}
+
+void MacUserSession::note(NSNotificationName notification, NSNotificationName begin,
+                          NSNotificationName end) {
+    if ([notification isEqualToString:begin]) {
+        [reasons_ addObject:begin];
+    } else if ([notification isEqualToString:end]) {
+        [reasons_ removeObject:begin];
     }
 }
 
