@@ -2,15 +2,24 @@
 
 #include "platform/Accessibility.h"
 
+#include <memory>
+
 namespace corvane::macos {
+
+class SilentApplications;
 
 /// The Accessibility interface of the system.
 class MacAccessibility : public platform::Accessibility {
   public:
+    MacAccessibility();
+
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
     std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
     windows(std::int32_t processIdentifier) override;
+
+  private:
+    std::shared_ptr<SilentApplications> silent_;
 };
 
 } // namespace corvane::macos

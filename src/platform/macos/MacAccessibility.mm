@@ -1,7 +1,7 @@
 #import "platform/macos/MacAccessibility.h"
 
-#import "platform/macos/CFReference.h"
 #import "platform/macos/Geometry.h"
+#import "platform/macos/MacAccessibilityElement.h"
 #import "platform/macos/Text.h"
 
 #import <ApplicationServices/ApplicationServices.h>
@@ -17,18 +17,6 @@ namespace corvane::macos {
 
 namespace {
 
-/// Seconds. These calls are made on the main thread, many times a second while a zone is tracked:
-/// an application that hangs must not take this program with it.
-constexpr float messagingTimeout = 0.25F;
-
-/// Null when the element does not answer in time or has no such attribute.
-CFReference<CFTypeRef> attribute(AXUIElementRef element, CFStringRef name) {
-    CFTypeRef value = nullptr;
-    const AXError error = AXUIElementCopyAttributeValue(element, name, &value);
-    CFReference owned(value);
-    return error == kAXErrorSuccess ? std::move(owned) : CFReference<CFTypeRef>();
-}
-
 template <typename Value>
 std::optional<Value> unpacked(const CFReference<CFTypeRef> &value, AXValueType type) {
     Value content{};
@@ -41,13 +29,11 @@ std::optional<Value> unpacked(const CFReference<CFTypeRef> &value, AXValueType t
 
 class MacAccessibilityWindow : public platform::AccessibilityWindow {
   public:
-    explicit MacAccessibilityWindow(AXUIElementRef element)
-        : element_(CFReference<AXUIElementRef>::sharing(element)) {
-        AXUIElementSetMessagingTimeout(element, messagingTimeout);
-    }
+    explicit MacAccessibilityWindow(MacAccessibilityElement element)
+        : element_(std::move(element)) {}
 
     std::optional<std::string> title() override {
-        const auto value = attribute(element_.get(), kAXTitleAttribute);
+        const auto value = element_.attribute(kAXTitleAttribute);
         if (!value || CFGetTypeID(value.get()) != CFStringGetTypeID()) {
             return std::nullopt;
         }
@@ -55,22 +41,24 @@ class MacAccessibilityWindow : public platform::AccessibilityWindow {
     }
 
     std::optional<Point> position() override {
-        const auto value = attribute(element_.get(), kAXPositionAttribute);
+        const auto value = element_.attribute(kAXPositionAttribute);
         const auto point = unpacked<CGPoint>(value, kAXValueTypeCGPoint);
         return point ? std::optional(portablePoint(*point)) : std::nullopt;
     }
 
     std::optional<Size> size() override {
-        const auto value = attribute(element_.get(), kAXSizeAttribute);
+        const auto value = element_.attribute(kAXSizeAttribute);
         const auto size = unpacked<CGSize>(value, kAXValueTypeCGSize);
         return size ? std::optional(Size{size->width, size->height}) : std::nullopt;
     }
 
   private:
-    CFReference<AXUIElementRef> element_;
+    MacAccessibilityElement element_;
 };
 
 } // namespace
+
+MacAccessibility::MacAccessibility() : silent_(std::make_shared<SilentApplications>()) {}
 
 bool MacAccessibility::isProcessTrusted() { return AXIsProcessTrusted(); }
 
@@ -81,12 +69,9 @@ bool MacAccessibility::isProcessTrustedWithPrompt() {
 
 std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
 MacAccessibility::windows(std::int32_t processIdentifier) {
-    const CFReference application(AXUIElementCreateApplication(processIdentifier));
-    if (!application) {
-        return std::nullopt;
-    }
-    AXUIElementSetMessagingTimeout(application.get(), messagingTimeout);
-    const auto list = attribute(application.get(), kAXWindowsAttribute);
+    const MacAccessibilityElement application(
+        CFReference(AXUIElementCreateApplication(processIdentifier)), processIdentifier, silent_);
+    const auto list = application.attribute(kAXWindowsAttribute);
     if (!list || CFGetTypeID(list.get()) != CFArrayGetTypeID()) {
         return std::nullopt;
     }
@@ -96,8 +81,8 @@ MacAccessibility::windows(std::int32_t processIdentifier) {
         if (CFGetTypeID(element) != AXUIElementGetTypeID()) {
             return std::nullopt;
         }
-        windows.push_back(
-            std::make_unique<MacAccessibilityWindow>(static_cast<AXUIElementRef>(element)));
+        windows.push_back(std::make_unique<MacAccessibilityWindow>(
+            application.sibling(static_cast<AXUIElementRef>(element))));
     }
     return windows;
 }
