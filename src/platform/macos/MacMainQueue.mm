@@ -1,7 +1,10 @@
 #import "platform/macos/MacMainQueue.h"
 
+#import "platform/macos/Activity.h"
+
 #import <Foundation/Foundation.h>
 
+#include <optional>
 #include <utility>
 
 #if !__has_feature(objc_arc)
@@ -25,6 +28,10 @@ class MacTimer : public platform::Timer {
                                                 const auto held = shared; // NOLINT(performance-*)
                                                 (*held)();
                                               }];
+        if (repeats) {
+            // A napping program's timers come late; this one is asked for something every period.
+            activity_.emplace(NSActivityUserInitiatedAllowingIdleSystemSleep, @"Repeated check");
+        }
         // Beside the default mode, in which it is now: while a menu or an alert is open too.
         [NSRunLoop.mainRunLoop addTimer:timer_ forMode:NSRunLoopCommonModes];
     }
@@ -33,6 +40,7 @@ class MacTimer : public platform::Timer {
     ~MacTimer() override { [timer_ invalidate]; }
 
   private:
+    std::optional<Activity> activity_;
     NSTimer *timer_;
 };
 

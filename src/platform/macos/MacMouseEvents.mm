@@ -1,5 +1,6 @@
 #import "platform/macos/MacMouseEvents.h"
 
+#import "platform/macos/Activity.h"
 #import "platform/macos/CFReference.h"
 #import "platform/macos/Geometry.h"
 
@@ -67,22 +68,6 @@ class MacMouseEventSource : public platform::MouseEventSource {
 
 class MacMouseSession : public platform::MouseSession {
   public:
-    MacMouseSession() {
-        @autoreleasepool {
-            // While it is held, the system neither naps this program nor stretches its timers.
-            activity_ = [NSProcessInfo.processInfo
-                beginActivityWithOptions:NSActivityUserInitiated | NSActivityLatencyCritical
-                                  reason:@"Clicking"];
-        }
-    }
-    MacMouseSession(const MacMouseSession &) = delete;
-    MacMouseSession &operator=(const MacMouseSession &) = delete;
-    ~MacMouseSession() override {
-        @autoreleasepool {
-            [NSProcessInfo.processInfo endActivity:activity_];
-        }
-    }
-
     std::optional<Point> cursorLocation() override {
         @autoreleasepool {
             const CFReference event(CGEventCreate(nullptr));
@@ -104,7 +89,8 @@ class MacMouseSession : public platform::MouseSession {
     }
 
   private:
-    id<NSObject> activity_;
+    /// Clicks are to come exactly in time, and the system is not to fall asleep between them.
+    Activity activity_{NSActivityUserInitiated | NSActivityLatencyCritical, @"Clicking"};
 };
 
 } // namespace
