@@ -37,6 +37,11 @@ FileDescriptor makeSocket() {
     FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
     if (socket.isOpen()) {
         fcntl(socket.get(), F_SETFD, FD_CLOEXEC);
+#ifdef __APPLE__
+        // Now: a socket whose other end has hung up takes no options. Accepted ones inherit it.
+        const int yes = 1;
+        setsockopt(socket.get(), SOL_SOCKET, SO_NOSIGPIPE, &yes, sizeof(yes));
+#endif
     }
     return socket;
 }
@@ -94,12 +99,11 @@ std::optional<uid_t> peerOf(const FileDescriptor &connection) {
 
 ssize_t sendSome(const FileDescriptor &connection, std::string_view text) {
 #ifdef __APPLE__
-    const int yes = 1;
-    setsockopt(connection.get(), SOL_SOCKET, SO_NOSIGPIPE, &yes, sizeof(yes));
-    return send(connection.get(), text.data(), text.size(), 0);
+    constexpr int flags = 0;
 #else
-    return send(connection.get(), text.data(), text.size(), MSG_NOSIGNAL);
+    constexpr int flags = MSG_NOSIGNAL;
 #endif
+    return send(connection.get(), text.data(), text.size(), flags);
 }
 
 void makeNonBlocking(const FileDescriptor &descriptor) {
