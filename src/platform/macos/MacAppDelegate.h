@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
@@ -14,15 +15,22 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// The application object's delegate: passes the events of the program's life and the commands of
-/// its menus on to the portable application.
+/// The application object's delegate: passes the events of the program's life, the commands of its
+/// menus and the URLs of its own scheme on to the portable application. Main thread.
 @interface MacAppDelegate : NSObject <NSApplicationDelegate>
 
 /// Receives each command that a menu sends.
 @property(nonatomic) std::function<void(const corvane::MenuCommand &)> perform;
 
-/// The application is told of the launch, and destroyed when the program terminates.
-- (instancetype)initWithApplication:(std::unique_ptr<corvane::CorvaneApp>)application
+/// Receives each URL that another program opens. Those that come before it is set wait for it.
+@property(nonatomic) std::function<void(const std::string &url)> openUrl;
+
+/// The delegate of the running application; nil where another one or none is set.
++ (nullable instancetype)current;
+
+/// Owns both until the program terminates. The application uses the platform.
+- (instancetype)initWithPlatform:(std::unique_ptr<corvane::platform::Platform>)platform
+                     application:(std::unique_ptr<corvane::CorvaneApp>)application
     NS_DESIGNATED_INITIALIZER;
 - (instancetype)init NS_UNAVAILABLE;
 

@@ -1,9 +1,11 @@
 #import "platform/macos/MacAppDelegate.h"
 
+#include "platform/Platform.h"
 #import "platform/macos/MacUserSession.h"
 #import "platform/macos/Text.h"
 
 #include <utility>
+#include <vector>
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
@@ -28,13 +30,22 @@ std::string representedObject(id sender) {
 } // namespace
 
 @implementation MacAppDelegate {
+    std::unique_ptr<corvane::platform::Platform> _platform;
     std::unique_ptr<corvane::CorvaneApp> _application;
     std::unique_ptr<macos::MacUserSession> _userSession;
+    std::vector<std::string> _earlyUrls;
 }
 
-- (instancetype)initWithApplication:(std::unique_ptr<corvane::CorvaneApp>)application {
++ (instancetype)current {
+    NSObject *delegate = NSApp.delegate;
+    return [delegate isKindOfClass:self] ? static_cast<MacAppDelegate *>(delegate) : nil;
+}
+
+- (instancetype)initWithPlatform:(std::unique_ptr<corvane::platform::Platform>)platform
+                     application:(std::unique_ptr<corvane::CorvaneApp>)application {
     self = [super init];
     if (self != nil) {
+        _platform = std::move(platform);
         _application = std::move(application);
     }
     return self;
@@ -50,8 +61,40 @@ std::string representedObject(id sender) {
 - (void)applicationWillTerminate:(NSNotification *)notification {
     _application->appDelegate().applicationWillTerminate();
     _userSession.reset();
-    // The process exits without coming back to main: runs end and saves finish here.
+    // The process exits without coming back to main: here runs end, saves finish and the last
+    // answers go out.
     _application.reset();
+    _platform.reset();
+}
+
+/// What the system would restore after a new login is nothing; it asks in the log all the same.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication *)application {
+    return YES;
+}
+
+- (void)application:(NSApplication *)application openURLs:(NSArray<NSURL *> *)urls {
+    for (NSURL *url in urls) {
+        if (NSString *text = url.absoluteString) {
+            [self take:macos::utf8(text)];
+        }
+    }
+}
+
+- (void)take:(const std::string &)url {
+    if (_openUrl) {
+        _openUrl(url);
+    } else {
+        _earlyUrls.push_back(url);
+    }
+}
+
+- (void)setOpenUrl:(std::function<void(const std::string &)>)openUrl {
+    _openUrl = std::move(openUrl);
+    if (_openUrl) {
+        for (const std::string &url : std::exchange(_earlyUrls, {})) {
+            _openUrl(url);
+        }
+    }
 }
 
 - (BOOL)applicationShouldHandleReopen:(NSApplication *)sender hasVisibleWindows:(BOOL)isVisible {

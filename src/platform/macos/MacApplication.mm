@@ -46,6 +46,8 @@ std::optional<std::filesystem::path> MacApplication::iconFile() const {
                : std::optional<std::filesystem::path>(location.fileSystemRepresentation);
 }
 
-std::filesystem::path MacApplication::homeDirectory() const { return utf8(NSHomeDirectory()); }
+std::filesystem::path MacApplication::homeDirectory() const {
+    return NSFileManager.defaultManager.homeDirectoryForCurrentUser.fileSystemRepresentation;
+}
 
 } // namespace corvane::macos

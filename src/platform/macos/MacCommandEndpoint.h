@@ -12,8 +12,6 @@
 #error "Compile this file with -fobjc-arc"
 #endif
 
-@class MacUrlEvents;
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::platform {
@@ -27,8 +25,8 @@ namespace corvane::macos {
 /// folder.
 class MacCommandEndpoint : public platform::CommandEndpoint {
   public:
-    /// URLs that come before `listen` wait for it. The main queue outlives the endpoint.
-    explicit MacCommandEndpoint(platform::MainQueue &mainQueue);
+    /// The main queue outlives the endpoint.
+    explicit MacCommandEndpoint(platform::MainQueue &mainQueue) : mainQueue_(mainQueue) {}
     ~MacCommandEndpoint() override;
     MacCommandEndpoint(const MacCommandEndpoint &) = delete;
     MacCommandEndpoint &operator=(const MacCommandEndpoint &) = delete;
@@ -37,7 +35,6 @@ class MacCommandEndpoint : public platform::CommandEndpoint {
 
   private:
     platform::MainQueue &mainQueue_;
-    MacUrlEvents *urlEvents_;
     std::unique_ptr<posix::CommandSocket> socket_;
 };
 

@@ -1,6 +1,6 @@
 #import "platform/macos/MacCommandEndpoint.h"
 
-#import "platform/macos/MacUrlEvents.h"
+#import "platform/macos/MacAppDelegate.h"
 #include "platform/posix/CommandSender.h"
 #include "support/Log.h"
 
@@ -45,11 +45,7 @@ void obeyUrl(const std::string &url, const platform::CommandEndpoint::Obey &obey
 
 } // namespace
 
-MacCommandEndpoint::MacCommandEndpoint(platform::MainQueue &mainQueue)
-    : mainQueue_(mainQueue),
-      urlEvents_([[MacUrlEvents alloc] init]) {}
-
-MacCommandEndpoint::~MacCommandEndpoint() { [urlEvents_ end]; }
+MacCommandEndpoint::~MacCommandEndpoint() { MacAppDelegate.current.openUrl = nullptr; }
 
 void MacCommandEndpoint::listen(Obey obey) {
     auto socket = posix::CommandSocket::open(socketPath(), mainQueue_, obey, {});
@@ -58,7 +54,9 @@ void MacCommandEndpoint::listen(Obey obey) {
     } else {
         log("Cannot take commands at " + socket.error().description);
     }
-    [urlEvents_ listen:[obey = std::move(obey)](const std::string &url) { obeyUrl(url, obey); }];
+    MacAppDelegate.current.openUrl = [obey = std::move(obey)](const std::string &url) {
+        obeyUrl(url, obey);
+    };
 }
 
 std::optional<CommandAnswer> callRunning(const CommandRequest &request) {

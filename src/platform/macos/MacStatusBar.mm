@@ -72,7 +72,10 @@ class MacStatusItem : public platform::StatusItem {
         item_.button.toolTip = text.empty() ? nil : systemText(text);
     }
 
-    void openMenu() override { [item_.button performClick:nil]; }
+    void openMenu() override {
+        // In a turn of its own: an open menu comes back only when it closes.
+        [item_.button performSelector:@selector(performClick:) withObject:nil afterDelay:0];
+    }
 
   private:
     /// Setting another menu closes an open one; one that is open gets its turn when it closes.
@@ -98,10 +101,7 @@ class MacStatusItem : public platform::StatusItem {
 
 std::unique_ptr<platform::StatusItem>
 MacStatusBar::createItem(std::function<void(const MenuCommand &)> perform) {
-    NSObject *delegate = NSApp.delegate;
-    if ([delegate isKindOfClass:MacAppDelegate.class]) {
-        static_cast<MacAppDelegate *>(delegate).perform = std::move(perform);
-    }
+    MacAppDelegate.current.perform = std::move(perform);
     return std::make_unique<MacStatusItem>();
 }
 

@@ -24,6 +24,11 @@ namespace macos = corvane::macos;
     return self;
 }
 
+/// Clicks are the button's.
+- (NSView *)hitTest:(NSPoint)point {
+    return nil;
+}
+
 - (BOOL)wantsUpdateLayer {
     return YES;
 }

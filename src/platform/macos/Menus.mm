@@ -14,16 +14,10 @@ namespace corvane::macos {
 
 namespace {
 
-MacAppDelegate *appDelegate() {
-    NSObject *delegate = NSApp.delegate;
-    return [delegate isKindOfClass:MacAppDelegate.class] ? static_cast<MacAppDelegate *>(delegate)
-                                                         : nil;
-}
-
 void configure(NSMenuItem *view, const MenuItem &item) {
     view.title = systemText(item.title);
     view.action = item.action.empty() ? nullptr : NSSelectorFromString(systemText(item.action));
-    view.target = item.target == MenuTarget::appDelegate ? appDelegate() : nil;
+    view.target = item.target == MenuTarget::appDelegate ? MacAppDelegate.current : nil;
     view.keyEquivalent = systemText(item.commandKey);
     view.keyEquivalentModifierMask = NSEventModifierFlagCommand;
     view.image = item.image ? symbolImage(*item.image) : nil;

@@ -65,11 +65,17 @@ int runDoctor() {
 }
 
 int runProgram() {
+    if (macos::callRunning({})) {
+        // It has shown itself. Only for a bundle that it opens itself the system sees to that.
+        return print({.output = "Corvane is running already.\n"});
+    }
     NSApplication *application = NSApplication.sharedApplication;
-    macos::MacPlatform platform;
+    auto platform = std::make_unique<macos::MacPlatform>();
+    auto corvane = std::make_unique<CorvaneApp>(*platform);
     // Held to the end: the application object holds its delegate weakly.
     NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate =
-        [[MacAppDelegate alloc] initWithApplication:std::make_unique<CorvaneApp>(platform)];
+        [[MacAppDelegate alloc] initWithPlatform:std::move(platform)
+                                     application:std::move(corvane)];
     const macos::TerminationSignals signals;
     application.delegate = delegate;
     application.mainMenu = macos::makeEditingKeys();
