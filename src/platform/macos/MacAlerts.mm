@@ -21,6 +21,8 @@ NSAlertStyle systemStyle(AlertStyle style) {
     }
 }
 
+NSString *const escapeKey = @"\x1b";
+
 NSAlert *makeAlert(const Alert &alert) {
     NSAlert *panel = [[NSAlert alloc] init];
     panel.alertStyle = systemStyle(alert.style);
@@ -28,6 +30,10 @@ NSAlert *makeAlert(const Alert &alert) {
     panel.informativeText = systemText(alert.informativeText);
     for (const std::string &button : alert.buttons) {
         [panel addButtonWithTitle:systemText(button)];
+    }
+    if (panel.buttons.count > 1) {
+        // The system does so only where it knows the title, such as "Cancel".
+        panel.buttons.lastObject.keyEquivalent = escapeKey;
     }
     return panel;
 }
