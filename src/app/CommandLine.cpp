@@ -13,7 +13,7 @@ constexpr const char *usage =
     "       corvane [--launch] command\n"
     "\n"
     "Clicks the left mouse button again and again, at the cursor or inside a zone of the screen.\n"
-    "Super+Shift+Y or the menu in the system tray starts and stops it.\n"
+    "Super+Shift+Y, on a Mac Command+Shift+Y, or Corvane's menu starts and stops it.\n"
     "\n"
     "Options:\n"
     "  -h, --help     show this text and exit\n"

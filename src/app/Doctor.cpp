@@ -112,8 +112,13 @@ Finding displayFinding(const DesktopFacts &desktop) {
             .remedy = "Run Corvane inside a desktop session."};
 }
 
-/// On macOS the permission is each program's own: that of the one that clicks counts.
+/// The running Corvane knows best: on macOS the right is each program's own.
 Finding clicksFinding(const DesktopFacts &desktop, const std::optional<Running> &running) {
+    if (!running && !desktop.takesClicks) {
+        return {.subject = "Clicks",
+                .statement = "Only a running Corvane can tell whether they reach other "
+                             "applications."};
+    }
     if (running ? running->isAccessibilityGranted : *desktop.takesClicks) {
         return {.subject = "Clicks", .statement = "They reach other applications."};
     }
@@ -143,10 +148,12 @@ Finding hotKeyInWayland() {
             .statement = "It is heard only while a program under XWayland has the keyboard."};
 }
 
-Finding hotKeyTaken(const char *who) {
+Finding hotKeyTaken(const DesktopFacts &desktop, const char *who) {
+    const std::string key =
+        desktop.displayServer == DisplayServer::macos ? "Command+Shift+Y" : "Super+Shift+Y";
     return {.grade = Grade::limited,
             .subject = "Hot key",
-            .statement = std::string("Another program has Super+Shift+Y") + who + ".",
+            .statement = "Another program has " + key + who + ".",
             .remedy = std::string("Take the key away from that program and start Corvane again. "
                                   "Or: ") +
                       bindKey};
@@ -160,13 +167,13 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
         return {.subject = "Hot key", .statement = "It belongs to the running Corvane."};
     }
     if (running) {
-        return hotKeyTaken(", or the keyboard has no such key");
+        return hotKeyTaken(desktop, ", or the keyboard has no such key");
     }
     switch (*desktop.hotKey) {
     case HotKeyState::free:
         return {.subject = "Hot key", .statement = "It is free for Corvane."};
     case HotKeyState::taken:
-        return hotKeyTaken("");
+        return hotKeyTaken(desktop, "");
     case HotKeyState::noSuchKey:
         break;
     }
@@ -259,7 +266,7 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
                        const std::optional<CommandAnswer> &runningStatus) {
     const auto running = readRunning(runningStatus);
     std::vector<Finding> findings{programFinding(runningStatus, running), displayFinding(desktop)};
-    if (desktop.takesClicks) {
+    if (desktop.takesClicks || desktop.displayServer == DisplayServer::macos) {
         findings.push_back(clicksFinding(desktop, running));
     }
     if (desktop.hotKey) {

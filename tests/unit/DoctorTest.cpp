@@ -51,8 +51,7 @@ TEST(DoctorTest, ReportsAGoodDesktopLineByLine) {
 }
 
 TEST(DoctorTest, LeavesOutWhatPlaysNoPart) {
-    const auto report =
-        diagnose({.displayServer = DisplayServer::macos, .takesClicks = true}).output;
+    const auto report = diagnose({.displayServer = DisplayServer::macos}).output;
     EXPECT_THAT(report, HasSubstr("Display: Corvane is on the desktop of macOS."));
     for (const char *subject : {"Hot key", "Menu", "Compositor", "Windows"}) {
         EXPECT_THAT(report, Not(HasSubstr(subject)));
@@ -65,11 +64,31 @@ TEST(DoctorTest, WithoutTheRightToClickSomethingIsMissing) {
     EXPECT_EQ(diagnose(desktop).result, CommandResult::refused);
     EXPECT_THAT(diagnose(desktop).output, HasSubstr("[missing] Clicks: The X server does not "
                                                     "offer XTEST"));
-    desktop.displayServer = DisplayServer::macos;
-    EXPECT_THAT(diagnose(desktop).output, HasSubstr("System Settings, Privacy & Security"));
 }
 
-/// On macOS the terminal's permission says nothing about Corvane's.
+/// The permission of the terminal, in which the doctor runs, says nothing about Corvane's.
+TEST(DoctorTest, OnMacosOnlyTheRunningProgramKnowsItsPermission) {
+    DesktopFacts desktop = goodDesktop;
+    desktop.displayServer = DisplayServer::macos;
+    desktop.takesClicks.reset();
+    EXPECT_EQ(diagnose(desktop).result, CommandResult::done);
+    EXPECT_THAT(diagnose(desktop).output,
+                HasSubstr("[ok]      Clicks: Only a running Corvane can tell"));
+    const auto refused = diagnose(desktop, running("idle", true, false));
+    EXPECT_EQ(refused.result, CommandResult::refused);
+    EXPECT_THAT(refused.output, HasSubstr("System Settings, Privacy & Security"));
+    EXPECT_THAT(diagnose(desktop, running("idle", true)).output,
+                HasSubstr("[ok]      Clicks: They reach other applications."));
+}
+
+TEST(DoctorTest, NamesTheHotKeyAsTheKeyboardDoes) {
+    DesktopFacts desktop = goodDesktop;
+    desktop.hotKey = HotKeyState::taken;
+    EXPECT_THAT(diagnose(desktop).output, HasSubstr("Another program has Super+Shift+Y."));
+    desktop.displayServer = DisplayServer::macos;
+    EXPECT_THAT(diagnose(desktop).output, HasSubstr("Another program has Command+Shift+Y."));
+}
+
 TEST(DoctorTest, ThePermissionOfTheRunningProgramCounts) {
     DesktopFacts desktop = goodDesktop;
     desktop.takesClicks = false;

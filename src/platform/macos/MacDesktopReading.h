@@ -5,8 +5,8 @@
 
 namespace corvane::macos {
 
-/// What this desktop offers. Main thread. The permission is that of whoever started the process,
-/// such as a terminal.
+/// What this desktop offers. Main thread. Not whether it takes clicks: to the system a program that
+/// a terminal has started is the terminal.
 DesktopFacts readDesktopFacts(const platform::HotKey &hotKey);
 
 } // namespace corvane::macos

@@ -2,8 +2,6 @@
 
 #import "platform/macos/MacHotKeys.h"
 
-#import <ApplicationServices/ApplicationServices.h>
-
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
 #endif
@@ -13,7 +11,6 @@ namespace corvane::macos {
 DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
     MacHotKeys hotKeys;
     return {.displayServer = DisplayServer::macos,
-            .takesClicks = AXIsProcessTrusted() != 0,
             .hotKey = hotKeys.registerHotKey(hotKey) ? HotKeyState::free : HotKeyState::taken,
             .statusArea = StatusArea::menuBar};
 }
