@@ -22,19 +22,19 @@ constexpr const char *accessibilitySettingsUrl =
 
 } // namespace
 
-void AppDelegate::applicationDidFinishLaunching() {
+void AppDelegate::applicationDidFinishLaunching(LaunchCause cause) {
     statusBarController_.statusItem = platform_.statusBar().createItem(
         weakly([](AppDelegate &self, const MenuCommand &command) { self.perform(command); }));
     refreshStatusBar();
-    platform_.mainQueue().post(weakly([](AppDelegate &self) {
-        self.appState_.loadConfig(self.weakly([](AppDelegate &loading) {
+    platform_.mainQueue().post(weakly([cause](AppDelegate &self) {
+        self.appState_.loadConfig(self.weakly([cause](AppDelegate &loading) {
             loading.appState_.loadProfiles(
-                loading.weakly([](AppDelegate &loaded) { loaded.finishLaunching(); }));
+                loading.weakly([cause](AppDelegate &loaded) { loaded.finishLaunching(cause); }));
         }));
     }));
 }
 
-void AppDelegate::finishLaunching() {
+void AppDelegate::finishLaunching(LaunchCause cause) {
     const bool isTrusted = platform_.accessibility().isProcessTrustedWithPrompt();
     appState_.isAccessibilityGranted = isTrusted;
     log(std::string("Initial accessibility: ") + (isTrusted ? "true" : "false"));
@@ -43,7 +43,7 @@ void AppDelegate::finishLaunching() {
     statusBarController_.rebuildMenu();
     registerHotkey();
     listenForCommands();
-    awaitStatusBar();
+    awaitStatusBar(cause);
 }
 
 void AppDelegate::listenForCommands() {
@@ -104,6 +104,11 @@ void AppDelegate::applicationWillTerminate() {
     statusBarTimer_.reset();
     hotkeyService_.unregister();
     shared_.clickerService.stop();
+    platform_.commandEndpoint().close([this] {
+        if (commandService_) {
+            commandService_->sayGoodbye();
+        }
+    });
 }
 
 } // namespace corvane

@@ -12,8 +12,11 @@ namespace corvane {
 
 namespace {
 
-/// At login a panel may come up later than this program.
-constexpr std::chrono::seconds patienceWithStatusBar{2};
+/// How long a status bar may take to take the item. At login it comes up beside this program, and
+/// on a busy machine much later.
+constexpr std::chrono::seconds patienceWithStatusBar(LaunchCause cause) {
+    return cause == LaunchCause::login ? std::chrono::seconds(30) : std::chrono::seconds(2);
+}
 
 Alert missingStatusBarAlert() {
     return {.style = AlertStyle::informational,
@@ -28,9 +31,10 @@ Alert missingStatusBarAlert() {
 
 } // namespace
 
-void AppDelegate::awaitStatusBar() {
+void AppDelegate::awaitStatusBar(LaunchCause cause) {
     statusBarTimer_ = platform_.mainQueue().after(
-        patienceWithStatusBar, weakly([](AppDelegate &self) { self.startWithoutStatusBar(); }));
+        patienceWithStatusBar(cause),
+        weakly([](AppDelegate &self) { self.startWithoutStatusBar(); }));
 }
 
 void AppDelegate::startWithoutStatusBar() {

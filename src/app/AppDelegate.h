@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/HotkeyService.h"
+#include "app/LaunchCause.h"
 #include "model/ClickMode.h"
 #include "model/CorvaneConfig.h"
 #include "presentation/Menu.h"
@@ -47,9 +48,9 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     AppDelegate &operator=(const AppDelegate &) = delete;
 
     /// Shows the status item at once, then loads the files and registers the hot key.
-    void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching(LaunchCause cause = LaunchCause::user);
 
-    /// Stops clicking and gives the hot key back.
+    /// Stops clicking, gives the hot key back and takes no more commands.
     void applicationWillTerminate();
 
     /// The user started the program again while it runs: shows where it is.
@@ -97,13 +98,13 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void terminate();
     void refreshStatusBar();
 
-    void finishLaunching();
+    void finishLaunching(LaunchCause cause);
     void startAccessibilityPolling(std::function<void(bool isTrusted)> callback);
     void accessibilityChecked(bool isTrusted);
     void registerHotkey();
     void listenForCommands();
     void retryHotkey();
-    void awaitStatusBar();
+    void awaitStatusBar(LaunchCause cause);
     void startWithoutStatusBar();
     void tellOfMissingStatusBar();
 

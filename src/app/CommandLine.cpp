@@ -8,16 +8,18 @@ namespace corvane {
 
 namespace {
 
-constexpr const char *usage =
+constexpr const char *synopsis =
     "Usage: corvane [option]\n"
     "       corvane [--launch] command\n"
     "\n"
-    "Clicks the left mouse button again and again, at the cursor or inside a zone of the screen.\n"
-    "Super+Shift+Y, on a Mac Command+Shift+Y, or Corvane's menu starts and stops it.\n"
+    "Clicks the left mouse button again and again, at the cursor or inside a zone of the screen.\n";
+
+constexpr const char *details =
     "\n"
     "Options:\n"
     "  -h, --help     show this text and exit\n"
     "  -v, --version  show the version and exit\n"
+    "  --at-login     start as at login: give a panel half a minute to appear\n"
     "\n"
     "Commands to the Corvane that is running:\n"
     "  start                  start clicking\n"
@@ -36,12 +38,20 @@ constexpr const char *usage =
     "\n"
     "Exit codes: 0 done, 1 refused, 2 not understood, 3 no Corvane is running.\n";
 
+std::string usage(const std::string &hotKeyName) {
+    return synopsis + hotKeyName + " or Corvane's menu starts and stops it.\n" + details;
+}
+
 CommandLine answering(CommandAnswer answer) {
     return {.request = CommandLine::Request::answer, .answer = std::move(answer)};
 }
 
 CommandLine misused(const std::string &why) {
     return answering({.result = CommandResult::misused, .error = why + "; try --help"});
+}
+
+CommandLine parseWithoutMore(const CommandRequest &words, const CommandLine &meant) {
+    return words.size() == 1 ? meant : misused("'" + words[1] + "' is one word too many");
 }
 
 CommandLine parseCommand(const CommandRequest &words, CommandLine::Request request) {
@@ -52,26 +62,28 @@ CommandLine parseCommand(const CommandRequest &words, CommandLine::Request reque
 
 } // namespace
 
-CommandLine CommandLine::parse(const CommandRequest &words, const std::string &version) {
+CommandLine CommandLine::parse(const CommandRequest &words, const Program &program) {
     if (words.empty()) {
         return {};
     }
     const std::string &first = words.front();
     if (first == "-h" || first == "--help") {
-        return answering({.output = usage});
+        return answering({.output = usage(program.hotKeyName)});
     }
     if (first == "-v" || first == "--version") {
-        return answering({.output = "Corvane " + version + "\n"});
+        return answering({.output = "Corvane " + program.version + "\n"});
     }
     if (first == "--launch") {
         return parseCommand(CommandRequest(words.begin() + 1, words.end()), Request::launch);
+    }
+    if (first == "--at-login") {
+        return parseWithoutMore(words, {.cause = LaunchCause::login});
     }
     if (first.starts_with('-')) {
         return misused("unknown option '" + first + "'");
     }
     if (first == "doctor") {
-        return words.size() == 1 ? CommandLine{.request = Request::diagnose}
-                                 : misused("'" + words[1] + "' is one word too many");
+        return parseWithoutMore(words, {.request = Request::diagnose});
     }
     return parseCommand(words, Request::command);
 }

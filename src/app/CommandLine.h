@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LaunchCause.h"
 #include "presentation/Command.h"
 
 #include <string>
@@ -22,11 +23,20 @@ struct CommandLine {
     };
 
     Request request = Request::run;
+    LaunchCause cause = LaunchCause::user;
     CommandAnswer answer{};
     CommandRequest words{};
 
-    /// `words` without the program's name; `version` as it is shown: "1.0.0 (1)".
-    static CommandLine parse(const CommandRequest &words, const std::string &version);
+    /// What the program tells of itself.
+    struct Program {
+        /// Such as "1.0.0 (1)".
+        std::string version;
+        /// The hot key as this system writes it, such as "Super+Shift+Y".
+        std::string hotKeyName;
+    };
+
+    /// `words` without the program's name.
+    static CommandLine parse(const CommandRequest &words, const Program &program);
 };
 
 /// Prints the answer: what it says to standard output, why it was refused to standard error. The

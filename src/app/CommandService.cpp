@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace corvane {
 
@@ -146,8 +145,14 @@ CommandAnswer CommandService::showSettings() {
 }
 
 void CommandService::quit(const CommandReply &reply) {
-    reply(done("Corvane ends."));
+    awaitingEnd_.push_back(reply);
     delegate_.perform({"terminate:"});
+}
+
+void CommandService::sayGoodbye() {
+    for (const CommandReply &reply : std::exchange(awaitingEnd_, {})) {
+        reply(done("Corvane ends."));
+    }
 }
 
 CommandAnswer CommandService::loadProfile(const std::string &nameOrId) {

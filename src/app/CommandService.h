@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace corvane {
 
@@ -23,8 +24,11 @@ class CommandService : public std::enable_shared_from_this<CommandService> {
     CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue);
 
     /// Answers once: when what was asked for has happened, in a later turn of the main queue at the
-    /// latest.
+    /// latest; `quit` by `sayGoodbye`.
     void obey(const CommandRequest &request, const CommandReply &reply);
+
+    /// Answers those who asked the program to end.
+    void sayGoodbye();
 
   private:
     void perform(const Command &command, const CommandReply &reply);
@@ -48,6 +52,7 @@ class CommandService : public std::enable_shared_from_this<CommandService> {
     AppDelegate &delegate_;
     const AppState &appState_;
     platform::MainQueue &mainQueue_;
+    std::vector<CommandReply> awaitingEnd_;
 };
 
 } // namespace corvane

@@ -148,12 +148,10 @@ Finding hotKeyInWayland() {
             .statement = "It is heard only while a program under XWayland has the keyboard."};
 }
 
-Finding hotKeyTaken(const DesktopFacts &desktop, const char *who) {
-    const std::string key =
-        desktop.displayServer == DisplayServer::macos ? "Command+Shift+Y" : "Super+Shift+Y";
+Finding hotKeyTaken(const std::string &hotKeyName, const char *doubt) {
     return {.grade = Grade::limited,
             .subject = "Hot key",
-            .statement = "Another program has " + key + who + ".",
+            .statement = "Another program has " + hotKeyName + doubt + ".",
             .remedy = std::string("Take the key away from that program and start Corvane again. "
                                   "Or: ") +
                       bindKey};
@@ -167,13 +165,13 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
         return {.subject = "Hot key", .statement = "It belongs to the running Corvane."};
     }
     if (running) {
-        return hotKeyTaken(desktop, ", or the keyboard has no such key");
+        return hotKeyTaken(desktop.hotKeyName, ", or the keyboard has no such key");
     }
     switch (*desktop.hotKey) {
     case HotKeyState::free:
         return {.subject = "Hot key", .statement = "It is free for Corvane."};
     case HotKeyState::taken:
-        return hotKeyTaken(desktop, "");
+        return hotKeyTaken(desktop.hotKeyName, "");
     case HotKeyState::noSuchKey:
         break;
     }

@@ -21,6 +21,11 @@ class CommandEndpoint {
     /// user sends, and what is no request, is turned away unheard. Called once. A way in that
     /// cannot be opened is logged.
     virtual void listen(Obey obey) = 0;
+
+    /// Closes all ways in, then calls `sayGoodbye`, within which what was asked before can still be
+    /// answered: who reads such an answer finds nobody running. Returns when the answers are on
+    /// their way. Called once at most.
+    virtual void close(const std::function<void()> &sayGoodbye) = 0;
 };
 
 } // namespace corvane::platform

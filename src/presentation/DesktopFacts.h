@@ -45,6 +45,8 @@ struct DesktopFacts {
     /// Whether the system lets this program click.
     std::optional<bool> takesClicks{};
     std::optional<HotKeyState> hotKey{};
+    /// The hot key as this system writes it, such as "Super+Shift+Y".
+    std::string hotKeyName{};
     std::optional<StatusArea> statusArea{};
     std::optional<bool> hasCompositor{};
     /// Empty for none.

@@ -1,6 +1,7 @@
 #include "ui/StatusBarController.h"
 
 #include "platform/StatusBar.h"
+#include "presentation/KeyHint.h"
 #include "state/AppState.h"
 #include "support/Localised.h"
 
@@ -18,7 +19,6 @@ constexpr double menuSymbolPointSize = 13;
 constexpr double dotDiameter = 7;
 constexpr double dotTrailingGap = 1;
 constexpr double dotTop = 2;
-constexpr const char *hotkeySuffix = "\t⇧⌘Y";
 
 MenuItem information(std::string title) { return {.title = std::move(title), .isEnabled = false}; }
 
@@ -56,10 +56,10 @@ std::string rateLine(const CorvaneConfig &config) {
 }
 
 MenuItem startOrStopItem(bool isRunning, bool isGranted) {
+    const std::string hint = std::string("\t") + startStopKeyHint;
     return isRunning
-               ? withImage(command(localised("Stop") + hotkeySuffix, "stopClicking:", true),
-                           "stop.fill")
-               : withImage(command(localised("Start") + hotkeySuffix, "startClicking:", isGranted),
+               ? withImage(command(localised("Stop") + hint, "stopClicking:", true), "stop.fill")
+               : withImage(command(localised("Start") + hint, "startClicking:", isGranted),
                            "play.fill");
 }
 

@@ -173,6 +173,23 @@ TEST_P(CommandSocketContract, AnAnswerGivenBeforeTheEndArrives) {
     EXPECT_EQ(posix::sendCommand(path_, {"status"}, patience), std::nullopt);
 }
 
+TEST_P(CommandSocketContract, WhoReadsTheGoodbyeFindsNobodyRunning) {
+    CommandReply goodbye;
+    auto socket = CommandSocket::open(
+        path_, platform().mainQueue(),
+        [&goodbye](const CommandRequest &, const CommandReply &reply) { goodbye = reply; }, {});
+    ASSERT_TRUE(socket);
+    auto next = std::async(std::launch::async, [path = path_] {
+        const auto answer = posix::sendCommand(path, {"quit"}, patience);
+        return std::pair(answer, posix::sendCommand(path, {"start"}, patience));
+    });
+    ASSERT_TRUE(backEnd().turnUntil([&goodbye] { return goodbye != nullptr; }));
+    (*socket)->close([&goodbye] { goodbye({.output = "bye"}); });
+    const auto [answer, afterwards] = next.get();
+    EXPECT_EQ(answer, (CommandAnswer{.output = "bye"}));
+    EXPECT_EQ(afterwards, std::nullopt);
+}
+
 TEST_P(CommandSocketContract, ALateAnswerGoesNowhere) {
     CommandReply late;
     auto socket = CommandSocket::open(

@@ -124,6 +124,15 @@ TEST_P(CommandTest, endsTheProgram) {
     EXPECT_EQ(command({"status"}).exitCode, 3);
 }
 
+TEST_P(CommandTest, theNextProgramMayFollowAtOnceOnQuit) {
+    std::vector<std::unique_ptr<CorvaneProcess>> programs;
+    for (int round = 0; round < 5; ++round) {
+        programs.push_back(startProgram({}));
+        EXPECT_EQ(command({"quit"}).exitCode, 0) << programs.back()->story();
+        EXPECT_EQ(command({"start"}).exitCode, 3) << programs.back()->story();
+    }
+}
+
 TEST_P(CommandTest, launchesTheProgramWhereNoneIsRunning) {
     writeSettings(desktop_, Settings{.clickRate = 20}.text());
     CorvaneProcess launched(desktop_, {.arguments = {"--launch", "start"},

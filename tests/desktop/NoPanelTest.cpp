@@ -16,13 +16,15 @@ class NoPanelTest : public DesktopTest {
     NoPanelTest() : DesktopTest({.takesStatusIcons = false}) {}
 
     /// Windows of the program, its popup menus and overlays left out.
-    int windowCount() const {
+    static int windowCount(const VirtualDesktop &desktop) {
         constexpr int leastWidth = 100;
         return static_cast<int>(std::ranges::count_if(
-            corvaneWindows(desktop_.connection()), [](const SeenWindow &window) {
+            corvaneWindows(desktop.connection()), [](const SeenWindow &window) {
                 return !window.isOverride && window.area.width > leastWidth;
             }));
     }
+
+    int windowCount() const { return windowCount(desktop_); }
 
     bool waitForWindows(int count) {
         return waitUntil([&] { return windowCount() == count; });
@@ -43,6 +45,18 @@ class NoPanelTest : public DesktopTest {
         EXPECT_EQ(second.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << second.story();
     }
 };
+
+TEST_F(NoPanelTest, atLoginAPanelMayComeLate) {
+    const auto corvane = start({}, {.arguments = {"--at-login"}});
+    // By the time one that the user has started gives up, this one has not.
+    const VirtualDesktop beside({.takesStatusIcons = false});
+    CorvaneProcess impatient(beside);
+    ASSERT_TRUE(waitUntil([&] { return windowCount(beside) > 0; })) << impatient.story();
+    EXPECT_EQ(windowCount(), 0) << corvane->story();
+    StatusPanel panel(desktop_);
+    EXPECT_TRUE(panel.waitForItem()) << corvane->story();
+    EXPECT_EQ(windowCount(), 0) << corvane->story();
+}
 
 TEST_F(NoPanelTest, staysWithinReach) {
     const auto corvane = start({});

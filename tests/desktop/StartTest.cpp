@@ -69,6 +69,15 @@ TEST_F(StartTest, aSecondStartSaysSoAndTheFirstGoesOn) {
     EXPECT_TRUE(first->waitForLogBeginning("Clicker started")) << first->story();
 }
 
+TEST_F(StartTest, aSecondStartAtLoginShowsNothing) {
+    const auto first = start({});
+    CorvaneProcess atLogin(desktop_, {.arguments = {"--at-login"}});
+    EXPECT_EQ(runToEnd(atLogin).exitCode, 0) << atLogin.story();
+    CorvaneProcess question(desktop_, {.arguments = {"status"}});
+    EXPECT_EQ(runToEnd(question).exitCode, 0) << question.story();
+    EXPECT_FALSE(hasMenu());
+}
+
 TEST_F(StartTest, printsNothingUnexpected) {
     const auto corvane = start({});
     EXPECT_EQ(corvane->standardOutput(),

@@ -18,7 +18,7 @@ constexpr std::size_t longestMessage = 1000;
 void obey(const CommandRequest &words) {
     const auto command = Command::parse(words);
     require(command || !command.error().description.empty(), "a refusal has a reason");
-    const CommandLine line = CommandLine::parse(words, "1.0");
+    const CommandLine line = CommandLine::parse(words, {.version = "1.0", .hotKeyName = "F1"});
     require(words.empty() == (line.request == CommandLine::Request::run),
             "no words start the program");
     require(line.request != CommandLine::Request::command || command.has_value(),

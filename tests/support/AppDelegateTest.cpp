@@ -4,8 +4,8 @@
 
 namespace corvane::testing {
 
-void AppDelegateTest::launch() {
-    delegate->applicationDidFinishLaunching();
+void AppDelegateTest::launch(LaunchCause cause) {
+    delegate->applicationDidFinishLaunching(cause);
     ASSERT_TRUE(
         platform.mainQueue().turnUntil([this] { return platform.hotKeys().registrations > 0; }));
 }

@@ -16,7 +16,7 @@ namespace corvane::testing {
 class AppDelegateTest : public ::testing::Test {
   protected:
     /// Shows the status item, loads the files and registers the hot key.
-    void launch();
+    void launch(LaunchCause cause = LaunchCause::user);
 
     /// Lets the store finish and the main queue turn until there is nothing left to do.
     void settle();

@@ -19,6 +19,12 @@ void RecordingCommandEndpoint::listen(Obey obey) {
     obey_ = std::move(obey);
 }
 
+void RecordingCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+    mainThread_.check();
+    obey_ = nullptr;
+    sayGoodbye();
+}
+
 void RecordingCommandEndpoint::send(const CommandRequest &request) {
     if (!obey_) {
         throw std::logic_error("nobody listens for commands");

@@ -19,6 +19,7 @@ namespace corvane::testing {
 class RecordingCommandEndpoint : public platform::CommandEndpoint {
   public:
     void listen(Obey obey) override;
+    void close(const std::function<void()> &sayGoodbye) override;
 
     bool isListening() const { return obey_ != nullptr; }
 

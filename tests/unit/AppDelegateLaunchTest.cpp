@@ -115,10 +115,17 @@ TEST_F(AppDelegateLaunchTest, TerminatingStopsTheRunAndGivesEverythingBack) {
     delegate->applicationWillTerminate();
     shared.clickerService.awaitEnd();
     EXPECT_TRUE(platform.hotKeys().registered().empty());
+    EXPECT_FALSE(platform.commandEndpoint().isListening());
     EXPECT_EQ(platform.mainQueue().timerCount(), 0U);
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
     EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 1);
     EXPECT_EQ(platform.fileSystem().writes(), writes);
+}
+
+TEST_F(AppDelegateLaunchTest, TheEndMayComeBeforeTheFilesAreRead) {
+    delegate->applicationDidFinishLaunching();
+    delegate->applicationWillTerminate();
+    EXPECT_FALSE(platform.commandEndpoint().isListening());
 }
 
 TEST_F(AppDelegateLaunchTest, NothingReachesADelegateThatIsGone) {

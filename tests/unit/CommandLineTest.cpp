@@ -7,9 +7,20 @@ namespace {
 
 using Request = CommandLine::Request;
 
-CommandLine parse(const CommandRequest &words) { return CommandLine::parse(words, "2.1 (37)"); }
+CommandLine parse(const CommandRequest &words) {
+    return CommandLine::parse(words, {.version = "2.1 (37)", .hotKeyName = "⇧⌘Y"});
+}
 
 TEST(CommandLineTest, RunsWithoutArguments) { EXPECT_EQ(parse({}).request, Request::run); }
+
+TEST(CommandLineTest, KnowsWhoStartsTheProgram) {
+    EXPECT_EQ(parse({}).cause, LaunchCause::user);
+    EXPECT_EQ(parse({"--launch", "start"}).cause, LaunchCause::user);
+    EXPECT_EQ(parse({"--at-login"}).request, Request::run);
+    EXPECT_EQ(parse({"--at-login"}).cause, LaunchCause::login);
+    EXPECT_EQ(parse({"--at-login", "start"}).answer.error,
+              "'start' is one word too many; try --help");
+}
 
 TEST(CommandLineTest, TellsTheVersion) {
     for (const char *option : {"--version", "-v"}) {
@@ -24,7 +35,9 @@ TEST(CommandLineTest, Helps) {
         const auto commandLine = parse({option});
         EXPECT_EQ(commandLine.request, Request::answer);
         EXPECT_EQ(commandLine.answer.result, CommandResult::done);
-        EXPECT_NE(commandLine.answer.output.find("--version"), std::string::npos);
+        for (const char *word : {"--version", "--at-login", "\n⇧⌘Y or the menu "}) {
+            EXPECT_NE(commandLine.answer.output.find(word), std::string::npos) << word;
+        }
         for (const char *command : {"start", "stop", "toggle", "status", "select-zone", "settings",
                                     "quit", "profile list", "profile load NAME", "doctor"}) {
             EXPECT_NE(commandLine.answer.output.find(std::string("\n  ") + command + ' '),

@@ -239,9 +239,16 @@ TEST_F(CommandServiceTest, TheJsonFollowsTheState) {
     EXPECT_EQ(statusJson()["isAccessibilityGranted"], false);
 }
 
-TEST_F(CommandServiceTest, QuitIsAnsweredAndEnds) {
-    EXPECT_EQ(send({"quit"}), done("Corvane ends."));
-    EXPECT_EQ(platform.application().terminations, 1);
+TEST_F(CommandServiceTest, QuitIsAnsweredWhenNoMoreCommandsAreTaken) {
+    startRunning();
+    platform.commandEndpoint().send({"quit"});
+    platform.commandEndpoint().send({"quit"});
+    platform.mainQueue().turnUntilIdle();
+    EXPECT_GE(platform.application().terminations, 1);
+    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    delegate->applicationWillTerminate();
+    EXPECT_FALSE(platform.commandEndpoint().isListening());
+    EXPECT_EQ(platform.commandEndpoint().answers, std::vector(2, done("Corvane ends.")));
 }
 
 TEST_F(CommandServiceTest, AnotherStartOfTheProgramShowsWhereItIs) {

@@ -16,6 +16,7 @@ const DesktopFacts goodDesktop{.displayServer = DisplayServer::x11,
                                .displayName = ":0",
                                .takesClicks = true,
                                .hotKey = HotKeyState::free,
+                               .hotKeyName = "Super+Shift+Y",
                                .statusArea = StatusArea::panel,
                                .hasCompositor = true,
                                .windowManager = "Openbox"};
@@ -81,12 +82,12 @@ TEST(DoctorTest, OnMacosOnlyTheRunningProgramKnowsItsPermission) {
                 HasSubstr("[ok]      Clicks: They reach other applications."));
 }
 
-TEST(DoctorTest, NamesTheHotKeyAsTheKeyboardDoes) {
+TEST(DoctorTest, NamesTheHotKeyAsTheSystemDoes) {
     DesktopFacts desktop = goodDesktop;
     desktop.hotKey = HotKeyState::taken;
     EXPECT_THAT(diagnose(desktop).output, HasSubstr("Another program has Super+Shift+Y."));
-    desktop.displayServer = DisplayServer::macos;
-    EXPECT_THAT(diagnose(desktop).output, HasSubstr("Another program has Command+Shift+Y."));
+    desktop.hotKeyName = "⇧⌘Y";
+    EXPECT_THAT(diagnose(desktop).output, HasSubstr("Another program has ⇧⌘Y."));
 }
 
 TEST(DoctorTest, ThePermissionOfTheRunningProgramCounts) {

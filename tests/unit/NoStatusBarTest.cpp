@@ -52,6 +52,26 @@ TEST_F(NoStatusBarTest, APanelInTimeIsEnough) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
+TEST_F(NoStatusBarTest, AtLoginAPanelMayComeLate) {
+    launch(LaunchCause::login);
+    platform.advance(std::chrono::seconds(29));
+    settle();
+    EXPECT_FALSE(areSettingsOpen());
+    platform.statusBar().isPresent = true;
+    platform.advance(std::chrono::minutes(2));
+    settle();
+    EXPECT_FALSE(areSettingsOpen());
+    EXPECT_TRUE(platform.alerts().shown.empty());
+}
+
+TEST_F(NoStatusBarTest, AtLoginTooTheUserIsToldInTheEnd) {
+    launch(LaunchCause::login);
+    platform.advance(std::chrono::seconds(30));
+    settle();
+    EXPECT_TRUE(areSettingsOpen());
+    EXPECT_EQ(platform.alerts().shown.size(), 1U);
+}
+
 TEST_F(NoStatusBarTest, ARunIsNotDisturbed) {
     launch();
     startRunning();

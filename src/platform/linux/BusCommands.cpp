@@ -40,13 +40,14 @@ CommandRequest wordsIn(const QDBusMessage &message) {
 
 } // namespace
 
-BusCommands::BusCommands(const std::vector<std::string> &names,
-                         platform::CommandEndpoint::Obey obey, uid_t user)
-    : obey_(std::move(obey)),
+BusCommands::BusCommands(std::vector<std::string> names, platform::CommandEndpoint::Obey obey,
+                         uid_t user)
+    : names_(std::move(names)),
+      obey_(std::move(obey)),
       user_(user),
       connection_(ownConnection()) {
     connection_.registerVirtualObject(path(), this);
-    for (const std::string &name : names) {
+    for (const std::string &name : names_) {
         requestName(name);
     }
 }
@@ -54,6 +55,13 @@ BusCommands::BusCommands(const std::vector<std::string> &names,
 BusCommands::~BusCommands() {
     connection_.unregisterObject(path());
     QDBusConnection::disconnectFromBus(connection_.name());
+}
+
+/// The bus takes messages in their order, and so sends no later answer before.
+void BusCommands::releaseNames() {
+    for (const std::string &name : names_) {
+        connection_.send(callToBus(QStringLiteral("ReleaseName"), {QString::fromStdString(name)}));
+    }
 }
 
 /// Waits in line behind a program that has it.

@@ -19,9 +19,13 @@ class BusCommands : public QDBusVirtualObject {
   public:
     /// Listens under the names; another program that has one keeps it as long as it runs. Only
     /// `user` is obeyed.
-    BusCommands(const std::vector<std::string> &names, platform::CommandEndpoint::Obey obey,
+    BusCommands(std::vector<std::string> names, platform::CommandEndpoint::Obey obey,
                 uid_t user = geteuid());
     ~BusCommands() override;
+
+    /// Gives the names up: whoever comes from now on does not find this program. Answers given
+    /// later still arrive.
+    void releaseNames();
 
     BusCommands(const BusCommands &) = delete;
     BusCommands &operator=(const BusCommands &) = delete;
@@ -34,6 +38,7 @@ class BusCommands : public QDBusVirtualObject {
     void checkUser(const QDBusMessage &message);
     void obey(const QDBusMessage &message);
 
+    const std::vector<std::string> names_;
     const platform::CommandEndpoint::Obey obey_;
     const uid_t user_;
     QDBusConnection connection_;

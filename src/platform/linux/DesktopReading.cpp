@@ -2,6 +2,7 @@
 
 #include "platform/linux/CommandAddress.h"
 #include "platform/linux/LinuxHotKeys.h"
+#include "platform/linux/MenuText.h"
 #include "platform/linux/ServerAbilities.h"
 #include "platform/linux/WindowProperty.h"
 #include "platform/linux/XcbEvents.h"
@@ -130,6 +131,7 @@ DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
                        .isWaylandSession = isXwayland || isWaylandSession(),
                        .takesClicks = !isXwayland && offersFakeInput(connection),
                        .hotKey = stateOf(hotKey, events),
+                       .hotKeyName = startStopKeyName(),
                        .statusArea = statusAreaOf(connection),
                        .hasCompositor = hasOwnerOnScreen(connection, "_NET_WM_CM_S")};
     readWindowManager(connection, facts);

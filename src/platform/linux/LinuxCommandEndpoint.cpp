@@ -39,4 +39,17 @@ void LinuxCommandEndpoint::listen(Obey obey) {
     }
 }
 
+void LinuxCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+    if (bus_) {
+        bus_->releaseNames();
+    }
+    if (socket_) {
+        socket_->close(sayGoodbye);
+    } else {
+        sayGoodbye();
+    }
+    bus_.reset();
+    socket_.reset();
+}
+
 } // namespace corvane::x11

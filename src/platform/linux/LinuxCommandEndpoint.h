@@ -25,6 +25,7 @@ class LinuxCommandEndpoint : public platform::CommandEndpoint {
     LinuxCommandEndpoint &operator=(const LinuxCommandEndpoint &) = delete;
 
     void listen(Obey obey) override;
+    void close(const std::function<void()> &sayGoodbye) override;
 
   private:
     platform::MainQueue &mainQueue_;

@@ -19,7 +19,7 @@ std::string entryFor(const std::filesystem::path &program) {
            "Icon=corvane\n"
            "Exec=" +
            desktopEntryCommand(program.native()) +
-           "\n"
+           " --at-login\n"
            "TryExec=" +
            desktopEntryString(program.native()) +
            "\n"

@@ -1,6 +1,7 @@
 #include "platform/linux/MenuText.h"
 
 #include "platform/linux/DisplayText.h"
+#include "presentation/KeyHint.h"
 
 #include <array>
 #include <optional>
@@ -38,6 +39,11 @@ std::optional<QStringList> hintKeys(const QString &hint) {
 }
 
 } // namespace
+
+std::string startStopKeyName() {
+    const auto hint = QString::fromUtf8(startStopKeyHint);
+    return hintKeys(hint).value_or(QStringList(hint)).join(u'+').toStdString();
+}
 
 MenuText menuText(const MenuItem &item) {
     auto title = QString::fromStdString(item.title);

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <string>
+
 namespace corvane::x11 {
 
 /// A menu item's text as this desktop shows it.
@@ -14,6 +16,9 @@ struct MenuText {
     /// The keys to press together, modifiers first: "Super", "Shift", "Y". Empty for none.
     QStringList keys;
 };
+
+/// The key that starts and stops clicking, as this desktop writes it: "Super+Shift+Y".
+std::string startStopKeyName();
 
 /// The item's title, and as keys either its hint or its own key together with Control.
 MenuText menuText(const MenuItem &item);

@@ -10,6 +10,7 @@
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/LinuxUserSession.h"
+#include "platform/linux/MenuText.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
@@ -27,10 +28,14 @@
 #include <QTranslator>
 
 #include <algorithm>
+#include <chrono>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
+#include <expected>
+#include <memory>
 #include <optional>
+#include <thread>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -95,20 +100,41 @@ void startOnlyAsSet(QSessionManager &session) {
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-int runApp(XcbEvents &events, const CommandRequest &firstCommand) {
-    LinuxPlatform platform(events, firstCommand);
+/// The right to be the Corvane of this display, or else the answer of the one that has it. That may
+/// be about to end, or only just starting: then it does not answer yet and is waited for.
+std::expected<std::unique_ptr<SingleInstance>, CommandAnswer>
+claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
+    constexpr int mostAttempts = 250;
+    constexpr std::chrono::milliseconds pause{20};
+    // Nothing is shown at login.
+    const CommandRequest request =
+        commandLine.cause == LaunchCause::login ? CommandRequest{"status"} : commandLine.words;
+    for (int attempt = 0; attempt < mostAttempts; ++attempt) {
+        if (auto instance = SingleInstance::claim(connection)) {
+            return instance;
+        }
+        if (const auto answer = callRunning(request)) {
+            return std::unexpected(*answer);
+        }
+        std::this_thread::sleep_for(pause);
+    }
+    return std::unexpected(noAnswer());
+}
+
+int runApp(XcbEvents &events, const CommandLine &commandLine) {
+    LinuxPlatform platform(events, commandLine.words);
     CorvaneApp app(platform);
     runningApp = &app;
     const LinuxUserSession userSession(events, QDBusConnection::sessionBus(),
                                        QDBusConnection::systemBus(), userPresenceChanged);
-    app.appDelegate().applicationDidFinishLaunching();
+    app.appDelegate().applicationDidFinishLaunching(commandLine.cause);
     const int status = QApplication::exec();
     app.appDelegate().applicationWillTerminate();
     runningApp = nullptr;
     return status;
 }
 
-int runProgram(int argc, char **argv, const CommandRequest &firstCommand) {
+int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     auto connection = XcbConnection::open();
     if (!connection) {
         return print(noDisplay(isWaylandSession()));
@@ -128,16 +154,15 @@ int runProgram(int argc, char **argv, const CommandRequest &firstCommand) {
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 
     XcbEvents events(std::move(*connection), serverLost);
-    const auto instance = SingleInstance::claim(events.connection());
+    const auto instance = claimInstance(events.connection(), commandLine);
     if (!instance) {
         std::puts("Corvane is running already.");
-        callRunning(firstCommand);
-        endAtOnce(EXIT_SUCCESS);
+        endAtOnce(print({.result = instance.error().result, .error = instance.error().error}));
     }
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    return runApp(events, firstCommand);
+    return runApp(events, commandLine);
 }
 
 /// Nothing where no Corvane is running.
@@ -147,18 +172,19 @@ std::optional<CommandAnswer> command(int argc, char **argv, const CommandRequest
 }
 
 /// A process of its own asks the running Corvane: the program has to begin with one thread.
-int runLaunch(int argc, char **argv, const CommandRequest &words) {
+int runLaunch(int argc, char **argv, const CommandLine &commandLine) {
     constexpr int nothingRuns = static_cast<int>(CommandResult::nothingRunning);
     const pid_t asking = fork();
     if (asking == 0) {
-        const auto answer = command(argc, argv, words);
+        const auto answer = command(argc, argv, commandLine.words);
         endAtOnce(answer ? print(*answer) : nothingRuns);
     }
     int status = 0;
     if (asking < 0 || waitpid(asking, &status, 0) != asking || !WIFEXITED(status)) {
         return print(noAnswer());
     }
-    return WEXITSTATUS(status) == nothingRuns ? runProgram(argc, argv, words) : WEXITSTATUS(status);
+    return WEXITSTATUS(status) == nothingRuns ? runProgram(argc, argv, commandLine)
+                                              : WEXITSTATUS(status);
 }
 
 CommandAnswer examine(int argc, char **argv) {
@@ -174,18 +200,19 @@ CommandAnswer examine(int argc, char **argv) {
 int main(int argc, char **argv) {
     const auto commandLine =
         CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
-                           CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")");
+                           {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",
+                            .hotKeyName = startStopKeyName()});
     switch (commandLine.request) {
     case CommandLine::Request::answer:
         return print(commandLine.answer);
     case CommandLine::Request::command:
         endAtOnce(print(command(argc, argv, commandLine.words).value_or(nothingRunning())));
     case CommandLine::Request::launch:
-        return runLaunch(argc, argv, commandLine.words);
+        return runLaunch(argc, argv, commandLine);
     case CommandLine::Request::diagnose:
         endAtOnce(print(examine(argc, argv)));
     case CommandLine::Request::run:
         break;
     }
-    return runProgram(argc, argv, {});
+    return runProgram(argc, argv, commandLine);
 }

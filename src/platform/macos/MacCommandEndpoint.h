@@ -32,6 +32,7 @@ class MacCommandEndpoint : public platform::CommandEndpoint {
     MacCommandEndpoint &operator=(const MacCommandEndpoint &) = delete;
 
     void listen(Obey obey) override;
+    void close(const std::function<void()> &sayGoodbye) override;
 
   private:
     platform::MainQueue &mainQueue_;

@@ -59,6 +59,16 @@ void MacCommandEndpoint::listen(Obey obey) {
     };
 }
 
+void MacCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+    MacAppDelegate.current.openUrl = nullptr;
+    if (socket_) {
+        socket_->close(sayGoodbye);
+    } else {
+        sayGoodbye();
+    }
+    socket_.reset();
+}
+
 std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
     return posix::sendCommand(socketPath(), request, patience);
 }

@@ -1,6 +1,7 @@
 #import "platform/macos/MacDesktopReading.h"
 
 #import "platform/macos/MacHotKeys.h"
+#include "presentation/KeyHint.h"
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"
@@ -12,6 +13,7 @@ DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
     MacHotKeys hotKeys;
     return {.displayServer = DisplayServer::macos,
             .hotKey = hotKeys.registerHotKey(hotKey) ? HotKeyState::free : HotKeyState::taken,
+            .hotKeyName = startStopKeyHint,
             .statusArea = StatusArea::menuBar};
 }
 

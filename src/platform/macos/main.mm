@@ -10,6 +10,7 @@
 #import "platform/macos/TerminationSignals.h"
 #import "platform/macos/Text.h"
 #include "platform/posix/FileFacts.h"
+#include "presentation/KeyHint.h"
 
 #import <AppKit/AppKit.h>
 
@@ -35,8 +36,9 @@ CommandLine readCommandLine(int argc, char **argv) {
     const CommandRequest words(argv + std::min(argc, 1), argv + argc);
     const macos::MacApplication application;
     return CommandLine::parse(isForTheSystem(words) ? CommandRequest{} : words,
-                              application.shortVersion().value_or("") + " (" +
-                                  application.buildVersion().value_or("") + ")");
+                              {.version = application.shortVersion().value_or("") + " (" +
+                                          application.buildVersion().value_or("") + ")",
+                               .hotKeyName = startStopKeyHint});
 }
 
 /// Where the program does not run, the system starts it for a URL of its own and hands that over.

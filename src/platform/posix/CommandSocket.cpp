@@ -31,8 +31,14 @@ CommandSocket::CommandSocket(std::filesystem::path path, std::shared_ptr<Senders
       thread_([senders = senders_.get()] { senders->serve(); }) {}
 
 CommandSocket::~CommandSocket() {
-    // Whoever comes from now on finds nobody running.
+    if (thread_.joinable()) {
+        close([] {});
+    }
+}
+
+void CommandSocket::close(const std::function<void()> &sayGoodbye) {
     unlink(path_.c_str());
+    sayGoodbye();
     senders_->end();
     thread_.join();
 }

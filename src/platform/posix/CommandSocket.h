@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -40,8 +41,12 @@ class CommandSocket {
                                                         platform::CommandEndpoint::Obey obey,
                                                         const Options &options);
 
-    /// Answers given by now are still sent.
+    /// Closes it, if that has not been done.
     ~CommandSocket();
+
+    /// Whoever comes from now on finds nobody running. Answers given before `sayGoodbye` returns
+    /// are still sent. Once at most.
+    void close(const std::function<void()> &sayGoodbye);
 
     CommandSocket(const CommandSocket &) = delete;
     CommandSocket &operator=(const CommandSocket &) = delete;

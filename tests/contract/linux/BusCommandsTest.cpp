@@ -124,6 +124,25 @@ TEST_F(BusCommandsTest, ALongRequestIsPassedOn) {
     EXPECT_EQ(requests_, (std::vector<CommandRequest>{{word}}));
 }
 
+TEST_F(BusCommandsTest, WithoutItsNamesItIsNotFoundButStillAnswers) {
+    CommandReply goodbye;
+    BusCommands commands({name_}, [&goodbye](const CommandRequest &, const CommandReply &reply) {
+        goodbye = reply;
+    });
+    ASSERT_TRUE(turnUntil([this] { return owner().isValid(); }));
+    auto message = QDBusMessage::createMethodCall(
+        QString::fromStdString(name_), QString::fromStdString(x11::commandBusPath()),
+        QString::fromStdString(x11::commandBusInterface()), QStringLiteral("Run"));
+    message << QStringList{QStringLiteral("quit")};
+    QDBusPendingCall pending = bus_.asyncCall(message);
+    ASSERT_TRUE(turnUntil([&goodbye] { return goodbye != nullptr; }));
+    commands.releaseNames();
+    goodbye({.output = "bye"});
+    ASSERT_TRUE(turnUntil([&pending] { return pending.isFinished(); }));
+    EXPECT_FALSE(owner().isValid());
+    EXPECT_EQ(pending.reply().arguments().value(1), QStringLiteral("bye"));
+}
+
 TEST_F(BusCommandsTest, AnotherCorvaneTakesOverTheNameOfOneThatEnds) {
     auto first = listen();
     const auto second = listen();

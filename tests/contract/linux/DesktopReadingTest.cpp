@@ -37,6 +37,7 @@ TEST_F(DesktopReadingTest, SeesABareServer) {
     EXPECT_FALSE(facts.isWaylandSession);
     EXPECT_EQ(facts.takesClicks, true);
     EXPECT_EQ(facts.hotKey, HotKeyState::free);
+    EXPECT_EQ(facts.hotKeyName, "Super+Shift+Y");
     EXPECT_EQ(facts.statusArea, StatusArea::none);
     EXPECT_EQ(facts.hasCompositor, false);
     EXPECT_EQ(facts.windowManager, "");

@@ -46,7 +46,7 @@ TEST_F(LinuxLoginItemTest, WritesAnEntryThatStartsTheProgram) {
                            "Type=Application\n"
                            "Name=Corvane\n"
                            "Icon=corvane\n"
-                           "Exec=\"/bin/sh\"\n"
+                           "Exec=\"/bin/sh\" --at-login\n"
                            "TryExec=/bin/sh\n"
                            "Terminal=false\n");
 }
@@ -92,7 +92,7 @@ TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
     ASSERT_TRUE(item.registerItem().has_value());
     const std::string directory = config_.path().string();
     EXPECT_NE(readEntry().find("\nExec=\"" + directory + R"(/a \\"b\\" \\$c \\`d\\` \\\\e 100%%")" +
-                               "\n"),
+                               " --at-login\n"),
               std::string::npos)
         << readEntry();
     EXPECT_NE(readEntry().find("\nTryExec=" + directory + R"(/a "b" $c `d` \\e 100%)" + "\n"),
