@@ -54,6 +54,7 @@ BusCommands::BusCommands(std::vector<std::string> names, platform::CommandEndpoi
 
 BusCommands::~BusCommands() {
     connection_.unregisterObject(path());
+    awaitDelivery();
     QDBusConnection::disconnectFromBus(connection_.name());
 }
 
@@ -62,6 +63,13 @@ void BusCommands::releaseNames() {
     for (const std::string &name : names_) {
         connection_.send(callToBus(QStringLiteral("ReleaseName"), {QString::fromStdString(name)}));
     }
+}
+
+/// The program may end before the toolkit's thread has sent the answers. When the bus has answered,
+/// it has all that was sent before.
+void BusCommands::awaitDelivery() const {
+    constexpr int patienceMilliseconds = 1000;
+    connection_.call(callToBus(QStringLiteral("GetId"), {}), QDBus::Block, patienceMilliseconds);
 }
 
 /// Waits in line behind a program that has it.

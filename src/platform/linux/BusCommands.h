@@ -21,6 +21,7 @@ class BusCommands : public QDBusVirtualObject {
     /// `user` is obeyed.
     BusCommands(std::vector<std::string> names, platform::CommandEndpoint::Obey obey,
                 uid_t user = geteuid());
+    /// Answers given by now still arrive.
     ~BusCommands() override;
 
     /// Gives the names up: whoever comes from now on does not find this program. Answers given
@@ -35,6 +36,7 @@ class BusCommands : public QDBusVirtualObject {
 
   private:
     void requestName(const std::string &name);
+    void awaitDelivery() const;
     void checkUser(const QDBusMessage &message);
     void obey(const QDBusMessage &message);
 
