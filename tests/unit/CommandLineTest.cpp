@@ -35,7 +35,7 @@ TEST(CommandLineTest, Helps) {
         const auto commandLine = parse({option});
         EXPECT_EQ(commandLine.request, Request::answer);
         EXPECT_EQ(commandLine.answer.result, CommandResult::done);
-        for (const char *word : {"--version", "--at-login", "\n⇧⌘Y or the menu "}) {
+        for (const char *word : {"--version", "--at-login", "\n⇧⌘Y or Corvane's menu "}) {
             EXPECT_NE(commandLine.answer.output.find(word), std::string::npos) << word;
         }
         for (const char *command : {"start", "stop", "toggle", "status", "select-zone", "settings",
