@@ -35,7 +35,7 @@ class ZoneViewTest : public GeneralTabViewTest {
 
 const WindowAnchor anchor{"org.example.editor", "Report", {20, 30, 300, 200}};
 
-// The cards as the defaults make them.
+// The cards, as the defaults make them where nothing else is said.
 
 const std::string cursorCard =
     R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
@@ -44,33 +44,73 @@ const std::string cursorCard =
       radio group *Free Cursor Defined Zone, says "Mode"
 )tree";
 
-const std::string secondCard =
-    R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
+std::string zoneCard(const std::string &zone, const std::string &anchorRows = "") {
+    return R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
+    column leading 10
+      text "Mode", headline
+      radio group Free Cursor *Defined Zone, says "Mode"
+      divider
+      row center 8
+        text )tree" +
+           zone + R"tree(, secondary
+        button rectangle.dashed "Define zone..." small
+      divider
+      toggle macwindow "Relative to a window" )tree" +
+           (anchorRows.empty() ? "off\n" : "on\n" + anchorRows);
+}
+
+std::string anchorRows(const std::string &application) {
+    return R"tree(      row center 8
+        symbol link, callout, blue
+        text "Anchored to )tree" +
+           application + R"tree(" on one line, callout, secondary
+        text "(Report)" on one line, callout, tertiary
+)tree";
+}
+
+std::string rateCard(const std::string &rate = "1",
+                     const std::string &units = "*second minute hour",
+                     const std::string &interval = "1.00") {
+    return R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
       column leading 10
         text "Rate", headline
         row center 8
-          number field 1, width 52, says "Rate"
-          stepper 1 in 1...9999 by 1, says "Rate"
+          number field )tree" +
+           rate + R"tree(, width 52, says "Rate"
+          stepper )tree" +
+           rate + R"tree( in 1...9999 by 1, says "Rate"
           text "clicks per", secondary
-          picker *second minute hour, says "clicks per"
-        text "= 1 click every 1.00s", callout, tertiary, full width trailing
+          picker )tree" +
+           units + R"tree(, says "clicks per"
+        text "= 1 click every )tree" +
+           interval + R"tree(s", callout, tertiary, full width trailing
 )tree";
+}
 
-const std::string unlimitedCard =
-    R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
+std::string limitCard(const std::string &limit) {
+    return R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
       column leading 10
         text "Limit", headline
         row center 8
-          number field 0, width 56, says "Limit"
-          stepper 0 in 0...999999 by 1, says "Limit"
+          number field )tree" +
+           limit + R"tree(, width 56, says "Limit"
+          stepper )tree" +
+           limit + R"tree( in 0...999999 by 1, says "Limit"
           text "clicks", secondary
-        text "(unlimited)", callout, orange, full width trailing
 )tree";
+}
+
+const std::string unlimitedCard =
+    limitCard("0") +
+    R"tree(        text "(unlimited)", callout, orange, full width trailing
+)tree";
+
+const std::string noZone = R"("No zone defined", callout)";
 
 /// The cards of a tab, from top to bottom.
 struct Cards {
     std::string mode = cursorCard;
-    std::string rate = secondCard;
+    std::string rate = rateCard();
     std::string limit = unlimitedCard;
     std::string startAtLogin = "off";
 };
@@ -97,163 +137,48 @@ TEST_F(GeneralTabViewTest, showsThatTheProgramStartsAtLogin) {
     EXPECT_EQ(tree(), tab({.startAtLogin = "on"}));
 }
 
-TEST_F(ZoneViewTest, showsThatThereIsNoZone) {
-    EXPECT_EQ(
-        tree(),
-        tab({.mode =
-                 R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "No zone defined", callout, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" off
-)tree"}));
-}
+TEST_F(ZoneViewTest, showsThatThereIsNoZone) { EXPECT_EQ(tree(), tab({.mode = zoneCard(noZone)})); }
 
 TEST_F(ZoneViewTest, showsAZone) {
     config.zoneRect = CodableRect{120.4, 80, 300, 200};
-    EXPECT_EQ(
-        tree(),
-        tab({.mode =
-                 R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "Zone: 120, 80 — 300×200", callout monospaced, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" off
-)tree"}));
+    EXPECT_EQ(tree(), tab({.mode = zoneCard(R"("Zone: 120, 80 — 300×200", callout monospaced)")}));
 }
 
 TEST_F(ZoneViewTest, showsAnAnchoredZone) {
     config.zoneRect = CodableRect{-20.9, -0.5, 300.9, 200.9};
     config.windowAnchor = anchor;
     platform.applications().names = {{"org.example.editor", "Editor"}};
-    EXPECT_EQ(
-        tree(),
-        tab({.mode =
-                 R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "Zone: -20, 0 — 300×200", callout monospaced, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" on
-      row center 8
-        symbol link, callout, blue
-        text "Anchored to Editor" on one line, callout, secondary
-        text "(Report)" on one line, callout, tertiary
-)tree"}));
+    EXPECT_EQ(tree(), tab({.mode = zoneCard(R"("Zone: -20, 0 — 300×200", callout monospaced)",
+                                            anchorRows("Editor"))}));
 }
 
 TEST_F(ZoneViewTest, showsAnAnchorThatHasLostItsZone) {
     config.windowAnchor = anchor;
-    EXPECT_EQ(
-        tree(),
-        tab({.mode =
-                 R"tree(  column center 0, padding 16, full width leading, on quaternary rounded 12
-    column leading 10
-      text "Mode", headline
-      radio group Free Cursor *Defined Zone, says "Mode"
-      divider
-      row center 8
-        text "No zone defined", callout, secondary
-        button rectangle.dashed "Define zone..." small
-      divider
-      toggle macwindow "Relative to a window" on
-      row center 8
-        symbol link, callout, blue
-        text "Anchored to org.example.editor" on one line, callout, secondary
-        text "(Report)" on one line, callout, tertiary
-)tree"}));
+    EXPECT_EQ(tree(), tab({.mode = zoneCard(noZone, anchorRows("org.example.editor"))}));
 }
 
 TEST_F(GeneralTabViewTest, showsARateOfNothingAsAClickASecond) {
     config.clickRate = 0;
     config.timeUnit = TimeUnit::hours;
-    EXPECT_EQ(
-        tree(),
-        tab({.rate =
-                 R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Rate", headline
-        row center 8
-          number field 0, width 52, says "Rate"
-          stepper 0 in 1...9999 by 1, says "Rate"
-          text "clicks per", secondary
-          picker second minute *hour, says "clicks per"
-        text "= 1 click every 1.00s", callout, tertiary, full width trailing
-)tree"}));
+    EXPECT_EQ(tree(), tab({.rate = rateCard("0", "second minute *hour")}));
 }
 
 TEST_F(GeneralTabViewTest, showsARateByTheMinute) {
     config.clickRate = 3;
     config.timeUnit = TimeUnit::minutes;
-    EXPECT_EQ(
-        tree(),
-        tab({.rate =
-                 R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Rate", headline
-        row center 8
-          number field 3, width 52, says "Rate"
-          stepper 3 in 1...9999 by 1, says "Rate"
-          text "clicks per", secondary
-          picker second *minute hour, says "clicks per"
-        text "= 1 click every 20.00s", callout, tertiary, full width trailing
-)tree"}));
+    EXPECT_EQ(tree(), tab({.rate = rateCard("3", "second *minute hour", "20.00")}));
 }
 
 TEST_F(GeneralTabViewTest, showsALimitWithoutAWordBelow) {
     config.maxClicks = 5;
-    EXPECT_EQ(
-        tree(),
-        tab({.limit =
-                 R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Limit", headline
-        row center 8
-          number field 5, width 56, says "Limit"
-          stepper 5 in 0...999999 by 1, says "Limit"
-          text "clicks", secondary
-)tree"}));
+    EXPECT_EQ(tree(), tab({.limit = limitCard("5")}));
 }
 
 TEST_F(GeneralTabViewTest, showsNumbersBeyondTheSteppers) {
     config.clickRate = std::numeric_limits<std::int64_t>::max();
     config.maxClicks = std::numeric_limits<std::int64_t>::min();
-    EXPECT_EQ(
-        tree(),
-        tab({.rate =
-                 R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Rate", headline
-        row center 8
-          number field 9223372036854775807, width 52, says "Rate"
-          stepper 9223372036854775807 in 1...9999 by 1, says "Rate"
-          text "clicks per", secondary
-          picker *second minute hour, says "clicks per"
-        text "= 1 click every 0.00s", callout, tertiary, full width trailing
-)tree",
-             .limit =
-                 R"tree(    column center 0, padding 16, full width leading, on quaternary rounded 12
-      column leading 10
-        text "Limit", headline
-        row center 8
-          number field -9223372036854775808, width 56, says "Limit"
-          stepper -9223372036854775808 in 0...999999 by 1, says "Limit"
-          text "clicks", secondary
-)tree"}));
+    EXPECT_EQ(tree(), tab({.rate = rateCard("9223372036854775807", "*second minute hour", "0.00"),
+                           .limit = limitCard("-9223372036854775808")}));
 }
 
 } // namespace

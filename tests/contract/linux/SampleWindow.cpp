@@ -92,17 +92,4 @@ void SampleWindow::setAtoms(std::string_view property,
     setNumbers(property, "ATOM", atoms);
 }
 
-void SampleWindow::ask(std::string_view message, const std::vector<std::uint32_t> &values) const {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = id_;
-    event.type = connection_.atom(message);
-    std::ranges::copy(values, std::begin(event.data.data32));
-    xcb_send_event(connection_.get(), 0, connection_.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char *>(&event));
-    connection_.synchronize();
-}
-
 } // namespace corvane::contract

@@ -56,7 +56,9 @@ class SampleWindow {
     void setAtoms(std::string_view property, const std::vector<std::string> &names) const;
 
     /// Asks the window manager for something by a message to the root window.
-    void ask(std::string_view message, const std::vector<std::uint32_t> &values) const;
+    void ask(std::string_view message, const std::vector<std::uint32_t> &values) const {
+        connection_.askWindowManager(id_, message, values);
+    }
 
   private:
     const desktop::DisplayConnection &connection_;

@@ -2,6 +2,8 @@
 
 #include "platform/linux/XcbReply.h"
 
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 namespace corvane::desktop {
@@ -69,6 +71,20 @@ std::optional<std::uint32_t> DisplayConnection::property(xcb_window_t window,
                                                          std::string_view name) const {
     const auto values = properties(window, name);
     return values.empty() ? std::nullopt : std::optional(values.front());
+}
+
+void DisplayConnection::askWindowManager(xcb_window_t window, std::string_view message,
+                                         const std::vector<std::uint32_t> &values) const {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    std::ranges::copy(values, std::begin(event.data.data32));
+    xcb_send_event(get(), 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char *>(&event));
+    synchronize();
 }
 
 } // namespace corvane::desktop

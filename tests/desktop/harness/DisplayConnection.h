@@ -41,6 +41,10 @@ class DisplayConnection {
     /// The first value of a 32-bit property.
     std::optional<std::uint32_t> property(xcb_window_t window, std::string_view name) const;
 
+    /// Sends the window manager a message about the window, with up to five values.
+    void askWindowManager(xcb_window_t window, std::string_view message,
+                          const std::vector<std::uint32_t> &values) const;
+
   private:
     struct Disconnect {
         void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }

@@ -4,8 +4,6 @@
 
 #include <xcb/xcb_icccm.h>
 
-#include <algorithm>
-#include <iterator>
 #include <stdexcept>
 #include <string>
 
@@ -19,47 +17,35 @@ constexpr std::uint32_t fromPager = 2;
 } // namespace
 
 void Pager::minimise(xcb_window_t window) const {
-    ask(window, "WM_CHANGE_STATE", {XCB_ICCCM_WM_STATE_ICONIC});
+    connection_.askWindowManager(window, "WM_CHANGE_STATE", {XCB_ICCCM_WM_STATE_ICONIC});
     awaitProperty(window, "WM_STATE", XCB_ICCCM_WM_STATE_ICONIC);
 }
 
 void Pager::activate(xcb_window_t window) const {
-    ask(window, "_NET_ACTIVE_WINDOW", {fromPager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
+    connection_.askWindowManager(window, "_NET_ACTIVE_WINDOW",
+                                 {fromPager, XCB_CURRENT_TIME, XCB_WINDOW_NONE});
     awaitProperty(window, "WM_STATE", XCB_ICCCM_WM_STATE_NORMAL);
 }
 
 void Pager::moveToWorkspace(xcb_window_t window, std::uint32_t workspace) const {
     ensureTwoWorkspaces();
-    ask(window, "_NET_WM_DESKTOP", {workspace, fromPager});
+    connection_.askWindowManager(window, "_NET_WM_DESKTOP", {workspace, fromPager});
     awaitProperty(window, "_NET_WM_DESKTOP", workspace);
 }
 
 void Pager::showWorkspace(std::uint32_t workspace) const {
     ensureTwoWorkspaces();
-    ask(connection_.root(), "_NET_CURRENT_DESKTOP", {workspace, XCB_CURRENT_TIME});
+    connection_.askWindowManager(connection_.root(), "_NET_CURRENT_DESKTOP",
+                                 {workspace, XCB_CURRENT_TIME});
     awaitProperty(connection_.root(), "_NET_CURRENT_DESKTOP", workspace);
 }
 
 void Pager::ensureTwoWorkspaces() const {
     constexpr const char *count = "_NET_NUMBER_OF_DESKTOPS";
     if (connection_.property(connection_.root(), count).value_or(1) < 2) {
-        ask(connection_.root(), count, {2});
+        connection_.askWindowManager(connection_.root(), count, {2});
         awaitProperty(connection_.root(), count, 2);
     }
-}
-
-void Pager::ask(xcb_window_t window, std::string_view message,
-                const std::vector<std::uint32_t> &values) const {
-    xcb_client_message_event_t event{};
-    event.response_type = XCB_CLIENT_MESSAGE;
-    event.format = 32;
-    event.window = window;
-    event.type = connection_.atom(message);
-    std::ranges::copy(values, std::begin(event.data.data32));
-    xcb_send_event(connection_.get(), 0, connection_.root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char *>(&event));
-    connection_.synchronize();
 }
 
 void Pager::awaitProperty(xcb_window_t window, std::string_view name, std::uint32_t value) const {

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace corvane::desktop {
 
@@ -24,8 +23,6 @@ class Pager {
     void showWorkspace(std::uint32_t workspace) const;
 
   private:
-    void ask(xcb_window_t window, std::string_view message,
-             const std::vector<std::uint32_t> &values) const;
     void awaitProperty(xcb_window_t window, std::string_view name, std::uint32_t value) const;
     void ensureTwoWorkspaces() const;
 
