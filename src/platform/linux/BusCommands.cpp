@@ -18,12 +18,6 @@ const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 QString path() { return QString::fromStdString(commandBusPath()); }
 QString interface() { return QString::fromStdString(commandBusInterface()); }
 
-QDBusConnection ownConnection() {
-    static int endpoints = 0;
-    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                         QStringLiteral("commands-%1").arg(++endpoints));
-}
-
 QDBusMessage callToBus(const QString &method, const QVariantList &arguments) {
     auto call = QDBusMessage::createMethodCall(busService, busPath, busService, method);
     call.setArguments(arguments);
@@ -45,23 +39,26 @@ BusCommands::BusCommands(std::vector<std::string> names, platform::CommandEndpoi
     : names_(std::move(names)),
       obey_(std::move(obey)),
       user_(user),
-      connection_(ownConnection()) {
-    connection_.registerVirtualObject(path(), this);
+      bus_([this] { listen(); }) {
+    listen();
+}
+
+BusCommands::~BusCommands() {
+    connection().unregisterObject(path());
+    awaitDelivery();
+}
+
+void BusCommands::listen() {
+    connection().registerVirtualObject(path(), this);
     for (const std::string &name : names_) {
         requestName(name);
     }
 }
 
-BusCommands::~BusCommands() {
-    connection_.unregisterObject(path());
-    awaitDelivery();
-    QDBusConnection::disconnectFromBus(connection_.name());
-}
-
 /// The bus takes messages in their order, and so sends no later answer before.
 void BusCommands::releaseNames() {
     for (const std::string &name : names_) {
-        connection_.send(callToBus(QStringLiteral("ReleaseName"), {QString::fromStdString(name)}));
+        connection().send(callToBus(QStringLiteral("ReleaseName"), {QString::fromStdString(name)}));
     }
 }
 
@@ -69,13 +66,13 @@ void BusCommands::releaseNames() {
 /// it has all that was sent before.
 void BusCommands::awaitDelivery() const {
     constexpr int patienceMilliseconds = 1000;
-    connection_.call(callToBus(QStringLiteral("GetId"), {}), QDBus::Block, patienceMilliseconds);
+    connection().call(callToBus(QStringLiteral("GetId"), {}), QDBus::Block, patienceMilliseconds);
 }
 
 /// Waits in line behind a program that has it.
 void BusCommands::requestName(const std::string &name) {
     constexpr uint waitInLine = 0;
-    connection_.send(
+    connection().send(
         callToBus(QStringLiteral("RequestName"), {QString::fromStdString(name), waitInLine}));
 }
 
@@ -103,7 +100,7 @@ bool BusCommands::handleMessage(const QDBusMessage &message,
 void BusCommands::checkUser(const QDBusMessage &message) {
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
     auto *pending = new QDBusPendingCallWatcher(
-        connection_.asyncCall(
+        connection().asyncCall(
             callToBus(QStringLiteral("GetConnectionUnixUser"), {message.service()})),
         this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, message] {
@@ -112,14 +109,14 @@ void BusCommands::checkUser(const QDBusMessage &message) {
         if (!user.isError() && user.value() == user_) {
             obey(message);
         } else {
-            connection_.send(message.createErrorReply(
+            connection().send(message.createErrorReply(
                 QDBusError::AccessDenied, QStringLiteral("Corvane obeys its own user only")));
         }
     });
 }
 
 void BusCommands::obey(const QDBusMessage &message) {
-    obey_(wordsIn(message), [connection = connection_, message](const CommandAnswer &answer) {
+    obey_(wordsIn(message), [connection = connection(), message](const CommandAnswer &answer) {
         if (message.isReplyRequired()) {
             connection.send(message.createReply({static_cast<int>(answer.result),
                                                  QString::fromStdString(answer.output),

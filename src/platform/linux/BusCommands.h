@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/CommandEndpoint.h"
+#include "platform/linux/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
@@ -13,7 +14,7 @@
 
 namespace corvane::x11 {
 
-/// Takes commands on the session bus: an object with the method
+/// Takes commands on the session bus, also on one that replaces another: an object with the method
 /// Run(words: as) -> (result: i, output: s, error: s). Main thread.
 class BusCommands : public QDBusVirtualObject {
   public:
@@ -35,6 +36,8 @@ class BusCommands : public QDBusVirtualObject {
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override;
 
   private:
+    QDBusConnection connection() const { return bus_.connection(); }
+    void listen();
     void requestName(const std::string &name);
     void awaitDelivery() const;
     void checkUser(const QDBusMessage &message);
@@ -43,7 +46,7 @@ class BusCommands : public QDBusVirtualObject {
     const std::vector<std::string> names_;
     const platform::CommandEndpoint::Obey obey_;
     const uid_t user_;
-    QDBusConnection connection_;
+    SessionBus bus_;
 };
 
 } // namespace corvane::x11

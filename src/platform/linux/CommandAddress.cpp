@@ -1,12 +1,13 @@
 #include "platform/linux/CommandAddress.h"
 
+#include "platform/linux/UserDirectories.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstdlib>
 #include <string_view>
 #include <system_error>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace corvane::x11 {
@@ -15,18 +16,18 @@ namespace {
 
 constexpr const char *socketExtension = ".socket";
 
-std::string variable(const char *name) {
-    const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
+std::string display() {
+    const char *value = std::getenv("DISPLAY"); // NOLINT(concurrency-mt-unsafe)
     return value != nullptr ? value : "";
 }
 
 /// ":0.0" and ":0" are the same display, "display_0"; that of another machine, "host:10", is
 /// "display_host_10".
-std::string keyOf(std::string_view display) {
-    const auto colon = display.rfind(':');
-    const std::string host(display.substr(0, colon));
+std::string keyOf(std::string_view name) {
+    const auto colon = name.rfind(':');
+    const std::string host(name.substr(0, colon));
     const std::string_view number =
-        colon == std::string_view::npos ? std::string_view() : display.substr(colon + 1);
+        colon == std::string_view::npos ? std::string_view() : name.substr(colon + 1);
     std::string key = "display_" + (host.empty() ? "" : host + "_") +
                       std::string(number.substr(0, number.find('.')));
     std::ranges::replace_if(
@@ -34,18 +35,10 @@ std::string keyOf(std::string_view display) {
     return key;
 }
 
-bool isOwnFolder(const std::filesystem::path &path) {
-    struct stat status{};
-    return path.is_absolute() && stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
-           status.st_uid == geteuid();
-}
-
 std::filesystem::path socketFolder() {
-    const std::filesystem::path runtime = variable("XDG_RUNTIME_DIR");
-    if (isOwnFolder(runtime)) {
-        return runtime / "corvane";
-    }
-    return "/tmp/corvane-" + std::to_string(geteuid());
+    const auto runtime = runtimeDirectory();
+    return runtime ? *runtime / "corvane"
+                   : std::filesystem::path("/tmp/corvane-" + std::to_string(geteuid()));
 }
 
 CommandAddress addressOf(const std::string &key) {
@@ -69,11 +62,10 @@ std::vector<CommandAddress> addressesOfAll() {
 
 } // namespace
 
-CommandAddress CommandAddress::ofDisplay() { return addressOf(keyOf(variable("DISPLAY"))); }
+CommandAddress CommandAddress::ofDisplay() { return addressOf(keyOf(display())); }
 
 std::vector<CommandAddress> commandAddresses() {
-    return variable("DISPLAY").empty() ? addressesOfAll()
-                                       : std::vector{CommandAddress::ofDisplay()};
+    return display().empty() ? addressesOfAll() : std::vector{CommandAddress::ofDisplay()};
 }
 
 std::string commandBusName() { return CORVANE_BUS_NAME; }
@@ -85,11 +77,5 @@ std::string commandBusPath() {
 }
 
 std::string commandBusInterface() { return commandBusName(); }
-
-bool hasSessionBus() {
-    const std::filesystem::path runtime = variable("XDG_RUNTIME_DIR");
-    return !variable("DBUS_SESSION_BUS_ADDRESS").empty() ||
-           (isOwnFolder(runtime) && std::filesystem::exists(runtime / "bus"));
-}
 
 } // namespace corvane::x11

@@ -31,8 +31,4 @@ std::string commandBusName();
 std::string commandBusPath();
 std::string commandBusInterface();
 
-/// Whether programs of this session can talk by a bus. One that would first have to be started does
-/// not count.
-bool hasSessionBus();
-
 } // namespace corvane::x11

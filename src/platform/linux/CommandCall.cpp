@@ -1,6 +1,7 @@
 #include "platform/linux/CommandCall.h"
 
 #include "platform/linux/CommandAddress.h"
+#include "platform/linux/SessionBus.h"
 #include "platform/posix/CommandSender.h"
 
 #include <QDBusConnection>

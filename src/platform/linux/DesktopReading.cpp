@@ -1,9 +1,9 @@
 #include "platform/linux/DesktopReading.h"
 
-#include "platform/linux/CommandAddress.h"
 #include "platform/linux/LinuxHotKeys.h"
 #include "platform/linux/MenuText.h"
 #include "platform/linux/ServerAbilities.h"
+#include "platform/linux/SessionBus.h"
 #include "platform/linux/WindowProperty.h"
 #include "platform/linux/XcbEvents.h"
 

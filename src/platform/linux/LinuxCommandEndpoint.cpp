@@ -33,10 +33,8 @@ void LinuxCommandEndpoint::listen(Obey obey) {
     } else {
         log("Cannot take commands at " + socket.error().description);
     }
-    if (hasSessionBus()) {
-        bus_ = std::make_unique<BusCommands>(std::vector{address.busName, commandBusName()},
-                                             std::move(obey));
-    }
+    bus_ = std::make_unique<BusCommands>(std::vector{address.busName, commandBusName()},
+                                         std::move(obey));
 }
 
 void LinuxCommandEndpoint::close(const std::function<void()> &sayGoodbye) {

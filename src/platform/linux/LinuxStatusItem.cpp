@@ -15,13 +15,6 @@ namespace corvane::x11 {
 
 namespace {
 
-/// Every item is a client of its own on the bus: a panel knows an item by its connection.
-QDBusConnection ownConnection() {
-    static int items = 0;
-    return QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                         QStringLiteral("status-item-%1").arg(++items));
-}
-
 /// Where the menu opens at `place` with all its lines on the screen: below it, else above. Left to
 /// itself the menu would stay between the place and the panel, and scroll.
 QPoint cornerWithRoom(QMenu &menu, QPoint place) {
@@ -40,17 +33,28 @@ QPoint cornerWithRoom(QMenu &menu, QPoint place) {
 
 } // namespace
 
+LinuxStatusItem::BusItem::BusItem(LinuxStatusItem &owner, const QDBusConnection &bus)
+    : menu(bus, owner.symbols_, owner.perform_),
+      item(bus, menu.path(), [&owner](QPoint place) { owner.openMenuFor(place); }),
+      host(bus, [&owner](bool isPresent) { owner.panelAnswered(isPresent); }) {}
+
 LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
-                                 const std::function<void(const MenuCommand &)> &perform)
+                                 std::function<void(const MenuCommand &)> perform)
     : tray_(
           events, [this] { paintIcon(); }, [this] { trayVanished(); }),
-      bus_(ownConnection()),
-      popup_(symbols_, perform),
-      panelMenu_(bus_, symbols_, perform),
-      notifierItem_(bus_, panelMenu_.path(), [this](QPoint place) { openMenuFor(place); }),
-      notifierHost_(bus_, [this](bool isPresent) { panelAnswered(isPresent); }) {}
+      perform_(std::move(perform)),
+      popup_(symbols_, perform_),
+      bus_([this] { busChanged(); }) {
+    busItem_ = std::make_unique<BusItem>(*this, bus_.connection());
+}
 
-LinuxStatusItem::~LinuxStatusItem() { QDBusConnection::disconnectFromBus(bus_.name()); }
+/// On another bus the item is a new one; without any, it learns that there is no panel.
+void LinuxStatusItem::busChanged() {
+    busItem_ = std::make_unique<BusItem>(*this, bus_.connection());
+    busItem_->item.setToolTip(toolTip_);
+    isOnPanel_ = false;
+    paintIcon();
+}
 
 std::optional<Size> LinuxStatusItem::buttonSize() const { return statusButtonSize; }
 
@@ -64,13 +68,13 @@ void LinuxStatusItem::setIcon(const StatusIcon &icon) {
 void LinuxStatusItem::setMenu(const Menu &menu) {
     popup_.setMenu(menu);
     if (isOnPanel_) {
-        panelMenu_.setMenu(menu);
+        busItem_->menu.setMenu(menu);
     }
 }
 
 void LinuxStatusItem::setToolTip(const std::string &text) {
     toolTip_ = QString::fromStdString(text);
-    notifierItem_.setToolTip(toolTip_);
+    busItem_->item.setToolTip(toolTip_);
     if (trayIcon_) {
         trayIcon_->setToolTip(toolTip_);
     }
@@ -103,9 +107,9 @@ void LinuxStatusItem::panelAnswered(bool isPresent) {
         return;
     }
     trayIcon_.reset();
-    notifierHost_.registerItem();
+    busItem_->host.registerItem();
     // The panel asks for the menu in a later turn.
-    panelMenu_.setMenu(popup_.shown());
+    busItem_->menu.setMenu(popup_.shown());
 }
 
 void LinuxStatusItem::showInSystemTray() {
@@ -145,7 +149,7 @@ void LinuxStatusItem::paintIcon() {
     for (const auto &image : images) {
         painted_.addPixmap(QPixmap::fromImage(image));
     }
-    notifierItem_.setIcon(images, QString::fromStdString(icon_->image.description));
+    busItem_->item.setIcon(images, QString::fromStdString(icon_->image.description));
     if (trayIcon_) {
         trayIcon_->setIcon(painted_);
     }

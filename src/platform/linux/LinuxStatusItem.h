@@ -3,6 +3,7 @@
 #include "platform/StatusBar.h"
 #include "platform/linux/MenuRenderer.h"
 #include "platform/linux/PanelMenu.h"
+#include "platform/linux/SessionBus.h"
 #include "platform/linux/StatusNotifierHost.h"
 #include "platform/linux/StatusNotifierItem.h"
 #include "platform/linux/SymbolImages.h"
@@ -18,15 +19,12 @@ namespace corvane::x11 {
 
 /// The status item on whatever panel the desktop has: by preference as a status notifier item,
 /// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
-/// may come, go or restart at any time. Panels show no text beside an item: the icon's title is not
-/// drawn.
+/// and the message bus may come, go or restart at any time. Panels show no text beside an item: the
+/// icon's title is not drawn.
 class LinuxStatusItem : public platform::StatusItem {
   public:
     /// `events` outlives the item.
-    LinuxStatusItem(XcbEvents &events, const std::function<void(const MenuCommand &)> &perform);
-    ~LinuxStatusItem() override;
-    LinuxStatusItem(const LinuxStatusItem &) = delete;
-    LinuxStatusItem &operator=(const LinuxStatusItem &) = delete;
+    LinuxStatusItem(XcbEvents &events, std::function<void(const MenuCommand &)> perform);
 
     std::optional<Size> buttonSize() const override;
     void setIcon(const StatusIcon &icon) override;
@@ -36,6 +34,16 @@ class LinuxStatusItem : public platform::StatusItem {
     void openMenu() override;
 
   private:
+    /// What panels find on the message bus: a panel knows an item by its connection.
+    struct BusItem {
+        BusItem(LinuxStatusItem &owner, const QDBusConnection &bus);
+
+        PanelMenu menu;
+        StatusNotifierItem item;
+        StatusNotifierHost host;
+    };
+
+    void busChanged();
     void panelAnswered(bool isPresent);
     void showInSystemTray();
     void trayVanished();
@@ -45,11 +53,10 @@ class LinuxStatusItem : public platform::StatusItem {
 
     SystemTray tray_;
     SymbolImages symbols_;
-    QDBusConnection bus_;
+    const std::function<void(const MenuCommand &)> perform_;
     MenuRenderer popup_;
-    PanelMenu panelMenu_;
-    StatusNotifierItem notifierItem_;
-    StatusNotifierHost notifierHost_;
+    SessionBus bus_;
+    std::unique_ptr<BusItem> busItem_;
     bool isOnPanel_ = false;
     std::unique_ptr<QSystemTrayIcon> trayIcon_;
     std::optional<StatusIcon> icon_;

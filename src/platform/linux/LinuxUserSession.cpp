@@ -4,14 +4,14 @@
 
 namespace corvane::x11 {
 
-LinuxUserSession::LinuxUserSession(XcbEvents &events, const QDBusConnection &sessionBus,
+LinuxUserSession::LinuxUserSession(XcbEvents &events, std::string sessionBusAddress,
                                    const QDBusConnection &systemBus,
                                    std::function<void(bool isAway)> changed)
     : changed_(std::move(changed)),
       serverSaver_(events,
                    [this](bool isOn) { note(QStringLiteral("the server's screen saver"), isOn); }),
       desktopSaver_(
-          sessionBus,
+          std::move(sessionBusAddress),
           [this](bool isOn) { note(QStringLiteral("the desktop's screen saver"), isOn); }),
       login_(systemBus, [this](const QString &reason, bool isAway) { note(reason, isAway); }) {}
 

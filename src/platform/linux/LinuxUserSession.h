@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <set>
+#include <string>
 
 namespace corvane::x11 {
 
@@ -21,7 +22,7 @@ class LinuxUserSession {
     /// Calls `changed` when the user leaves or is back: the screen is locked or its saver comes on,
     /// the system is about to sleep, another user takes the screen over. The events outlive it. A
     /// bus that is not there says nothing.
-    LinuxUserSession(XcbEvents &events, const QDBusConnection &sessionBus,
+    LinuxUserSession(XcbEvents &events, std::string sessionBusAddress,
                      const QDBusConnection &systemBus, std::function<void(bool isAway)> changed);
 
     bool isAway() const { return !reasons_.empty(); }

@@ -17,19 +17,31 @@ constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.gnome.Scr
 
 } // namespace
 
-ScreenSaverSignals::ScreenSaverSignals(QDBusConnection bus, std::function<void(bool isOn)> changed)
-    : bus_(std::move(bus)),
-      changed_(std::move(changed)) {
-    if (!bus_.isConnected()) {
-        return;
-    }
-    savers_.setConnection(bus_);
+ScreenSaverSignals::ScreenSaverSignals(std::string busAddress,
+                                       std::function<void(bool isOn)> changed)
+    : changed_(std::move(changed)),
+      bus_([this] { busChanged(); }, std::move(busAddress)) {
     savers_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
     connect(&savers_, &QDBusServiceWatcher::serviceUnregistered, this, &ScreenSaverSignals::gone);
+    listen();
+}
+
+void ScreenSaverSignals::busChanged() {
+    for (const QString &saver : savers_.watchedServices()) {
+        gone(saver);
+    }
+    listen();
+}
+
+void ScreenSaverSignals::listen() {
+    QDBusConnection bus = bus_.connection();
+    if (!bus.isConnected()) {
+        return;
+    }
+    savers_.setConnection(bus);
     for (const char *interface : interfaces) {
-        bus_.connect(QString(), QString(), QString::fromLatin1(interface),
-                     QStringLiteral("ActiveChanged"), this,
-                     SLOT(activeChanged(bool, QDBusMessage)));
+        bus.connect(QString(), QString(), QString::fromLatin1(interface),
+                    QStringLiteral("ActiveChanged"), this, SLOT(activeChanged(bool, QDBusMessage)));
     }
 }
 
@@ -50,7 +62,7 @@ void ScreenSaverSignals::watch(const QString &saver) {
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
     question << saver;
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
-    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(question), this);
+    auto *pending = new QDBusPendingCallWatcher(bus_.connection().asyncCall(question), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, saver] {
         pending->deleteLater();
         const QDBusPendingReply<bool> isThere = *pending;

@@ -1,11 +1,13 @@
 #pragma once
 
-#include <QDBusConnection>
+#include "platform/linux/SessionBus.h"
+
 #include <QDBusMessage>
 #include <QDBusServiceWatcher>
 #include <QObject>
 
 #include <functional>
+#include <string>
 
 namespace corvane::x11 {
 
@@ -14,17 +16,20 @@ class ScreenSaverSignals : public QObject {
     Q_OBJECT
 
   public:
-    /// Calls `changed` when a saver comes on or goes off, or the program that showed it ends.
-    ScreenSaverSignals(QDBusConnection bus, std::function<void(bool isOn)> changed);
+    /// Calls `changed` when a saver comes on or goes off, or the program that showed it ends, or
+    /// nobody can tell because the bus is gone.
+    ScreenSaverSignals(std::string busAddress, std::function<void(bool isOn)> changed);
 
   private:
     Q_SLOT void activeChanged(bool isOn, const QDBusMessage &message);
 
+    void listen();
+    void busChanged();
     void watch(const QString &saver);
     void gone(const QString &saver);
 
-    QDBusConnection bus_;
     const std::function<void(bool isOn)> changed_;
+    SessionBus bus_;
     QDBusServiceWatcher savers_;
 };
 

@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cstdlib>
-#include <optional>
 
 #include <pwd.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace corvane::x11 {
@@ -41,6 +41,14 @@ std::filesystem::path configDirectory() {
 
 std::filesystem::path dataDirectory() {
     return absolutePathIn("XDG_DATA_HOME").value_or(homeDirectory() / ".local" / "share");
+}
+
+std::optional<std::filesystem::path> runtimeDirectory() {
+    auto path = absolutePathIn("XDG_RUNTIME_DIR");
+    struct stat status{};
+    const bool isOwn = path && stat(path->c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
+                       status.st_uid == geteuid();
+    return isOwn ? path : std::nullopt;
 }
 
 } // namespace corvane::x11

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 
 namespace corvane::x11 {
 
@@ -15,5 +16,8 @@ std::filesystem::path configDirectory();
 /// Where the user's own applications and data lie: what XDG_DATA_HOME says if that is an absolute
 /// path, else .local/share in the home directory.
 std::filesystem::path dataDirectory();
+
+/// Where the session's sockets lie: what XDG_RUNTIME_DIR says, if that is a folder of this user.
+std::optional<std::filesystem::path> runtimeDirectory();
 
 } // namespace corvane::x11

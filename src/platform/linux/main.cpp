@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxUserSession.h"
 #include "platform/linux/MenuText.h"
 #include "platform/linux/PlaceholderColour.h"
+#include "platform/linux/SessionBus.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/UserDirectories.h"
@@ -125,8 +126,8 @@ int runApp(XcbEvents &events, const CommandLine &commandLine) {
     LinuxPlatform platform(events, commandLine.words);
     CorvaneApp app(platform);
     runningApp = &app;
-    const LinuxUserSession userSession(events, QDBusConnection::sessionBus(),
-                                       QDBusConnection::systemBus(), userPresenceChanged);
+    const LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
+                                       userPresenceChanged);
     app.appDelegate().applicationDidFinishLaunching(commandLine.cause);
     const int status = QApplication::exec();
     app.appDelegate().applicationWillTerminate();

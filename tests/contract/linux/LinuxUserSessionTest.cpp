@@ -60,7 +60,7 @@ class LinuxUserSessionTest : public WindowSystemTest {
     LinuxUserSessionTest()
         : WindowSystemTest({.windowManager = desktop::WindowManager::none}),
           login_(connectTo(u"login"_s)),
-          session_(events_, connectTo(u"session"_s), connectTo(u"system"_s),
+          session_(events_, busAddress(), connectTo(u"system"_s),
                    [this](bool isAway) { departures_ += isAway ? 1 : 0; }) {
         EXPECT_TRUE(turnUntil([this] { return login_.questions > 0; }));
     }
@@ -70,10 +70,13 @@ class LinuxUserSessionTest : public WindowSystemTest {
         }
     }
 
+    const std::string &busAddress() const {
+        return desktop_.environment().at("DBUS_SESSION_BUS_ADDRESS");
+    }
+
     QDBusConnection connectTo(const QString &name) {
         names_ << name;
-        return QDBusConnection::connectToBus(
-            QString::fromStdString(desktop_.environment().at("DBUS_SESSION_BUS_ADDRESS")), name);
+        return QDBusConnection::connectToBus(QString::fromStdString(busAddress()), name);
     }
 
     [[nodiscard]] bool awaitAway(bool isAway) {
@@ -111,6 +114,23 @@ TEST_F(LinuxUserSessionTest, ALockerThatIsGoneLocksNothing) {
     ASSERT_TRUE(awaitAway(true));
     QDBusConnection::disconnectFromBus(u"locker"_s);
     EXPECT_TRUE(awaitAway(false));
+}
+
+TEST_F(LinuxUserSessionTest, ALockerWhoseBusIsGoneLocksNothing) {
+    saySaver(connectTo(u"locker"_s), u"org.freedesktop.ScreenSaver"_s, true);
+    ASSERT_TRUE(awaitAway(true));
+    desktop_.stopMessageBus();
+    EXPECT_TRUE(awaitAway(false));
+}
+
+TEST_F(LinuxUserSessionTest, NoticesALockerOnTheNextBus) {
+    desktop_.stopMessageBus();
+    desktop_.startMessageBus();
+    const QDBusConnection locker = connectTo(u"locker"_s);
+    ASSERT_TRUE(turnUntil([&] {
+        saySaver(locker, u"org.freedesktop.ScreenSaver"_s, true);
+        return session_.isAway();
+    }));
 }
 
 TEST_F(LinuxUserSessionTest, NoticesSleep) {
@@ -154,7 +174,7 @@ TEST_F(LinuxUserSessionTest, NoticesTheServersScreenSaver) {
 TEST(LinuxUserSessionWithoutBusesTest, NobodyIsEverAway) {
     const QDBusConnection none(u"no such bus"_s);
     x11::XcbEvents events(x11::XcbConnection::open().value(), [] {});
-    const x11::LinuxUserSession session(events, none, none, [](bool) {});
+    const x11::LinuxUserSession session(events, "", none, [](bool) {});
     EXPECT_FALSE(session.isAway());
 }
 

@@ -133,12 +133,30 @@ void VirtualDesktop::startServer(const Options &options) {
     for (const std::string &extension : options.withoutExtensions) {
         arguments.insert(arguments.end(), {"-extension", extension});
     }
-    server_ = start(std::move(arguments));
+    Environment environment = environment_;
+    if (options.hasClockToSet) {
+        setServerClock({});
+        environment["LD_PRELOAD"] = "/usr/$LIB/faketime/libfaketime.so.1";
+        environment["FAKETIME_TIMESTAMP_FILE"] = clockFile();
+        environment["FAKETIME_NO_CACHE"] = "1";
+    }
+    server_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
+        .arguments = arguments, .environment = environment, .outputFolder = output_});
     // The server prints its number when it takes connections.
     require("The X server", *server_, [this] { return server_->standardOutput().ends_with('\n'); });
     display_ = ":" + wholeLines(server_->standardOutput()).front();
     environment_["DISPLAY"] = display_;
     connection_ = std::make_unique<DisplayConnection>(display_);
+}
+
+std::filesystem::path VirtualDesktop::clockFile() const { return folder() / "server-clock"; }
+
+void VirtualDesktop::setServerClock(std::chrono::seconds offset) const {
+    const std::string sign = offset.count() < 0 ? "" : "+";
+    // The server reads it all the time and must not find half of it.
+    const std::filesystem::path unfinished = folder() / "next-server-clock";
+    writeFile(unfinished, sign + std::to_string(offset.count()) + "\n");
+    std::filesystem::rename(unfinished, clockFile());
 }
 
 void VirtualDesktop::startMessageBus() {
@@ -147,8 +165,9 @@ void VirtualDesktop::startMessageBus() {
     const std::filesystem::path settingsService =
         "/usr/share/dbus-1/services/org.xfce.Xfconf.service";
     std::filesystem::create_directory(services);
-    if (std::filesystem::exists(settingsService)) {
-        std::filesystem::create_symlink(settingsService, services / settingsService.filename());
+    if (std::error_code isThere; std::filesystem::exists(settingsService)) {
+        std::filesystem::create_symlink(settingsService, services / settingsService.filename(),
+                                        isThere);
     }
     const std::filesystem::path settings = busFolder / "session.conf";
     writeFile(settings, messageBusSettings(busFolder));
@@ -156,7 +175,13 @@ void VirtualDesktop::startMessageBus() {
         start({"dbus-daemon", "--nofork", "--print-address", "--config-file=" + settings.string()});
     require("The message bus", *messageBus_,
             [this] { return messageBus_->standardOutput().ends_with('\n'); });
-    environment_["DBUS_SESSION_BUS_ADDRESS"] = wholeLines(messageBus_->standardOutput()).front();
+    // Like that of a login session, the address leads to whatever bus listens there.
+    environment_["DBUS_SESSION_BUS_ADDRESS"] = "unix:path=" + (busFolder / "bus").string();
+}
+
+void VirtualDesktop::stopMessageBus() {
+    messageBus_->signal(SIGKILL);
+    messageBus_->waitForEnd();
 }
 
 void VirtualDesktop::startAccessibilityBus() {

@@ -6,6 +6,7 @@
 #include "TemporaryFolder.h"
 #include "WindowManager.h"
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -32,6 +33,8 @@ class VirtualDesktop {
         bool isAccessible = false;
         /// Without a panel, somebody else who takes status icons and shows them nowhere.
         bool takesStatusIcons = true;
+        /// The X server's clock can be set.
+        bool hasClockToSet = false;
         /// Extensions the X server does without, such as "XTEST".
         std::vector<std::string> withoutExtensions;
     };
@@ -67,17 +70,25 @@ class VirtualDesktop {
     /// Ends it and waits until translucency is gone.
     void stopCompositor();
 
+    /// Starts a session bus where the last one was, and waits until it takes connections.
+    void startMessageBus();
+    /// Kills it.
+    void stopMessageBus();
+
     /// Whether every program of the desktop still runs.
     bool isWhole() const;
 
     pid_t serverPid() const { return server_->pid(); }
+
+    /// Sets the X server's clock that far from the machine's, as when it steps.
+    void setServerClock(std::chrono::seconds offset) const;
 
     /// Takes the X server away from everybody.
     void stopServer();
 
   private:
     void startServer(const Options &options);
-    void startMessageBus();
+    std::filesystem::path clockFile() const;
     void startWindowManager(WindowManager windowManager);
     void startPanel();
     void startAccessibilityBus();
