@@ -1,5 +1,4 @@
 #include "DesktopTest.h"
-#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
 
 #include <gmock/gmock.h>
@@ -84,36 +83,6 @@ TEST_F(SettingsFilesTest, anUnwritableHomeCostsTheFilesOnly) {
     EXPECT_THAT(corvane->standardOutput(), StartsWith("[Corvane] Failed to load config: "));
     EXPECT_FALSE(std::filesystem::exists(settingsFile(desktop_)));
     EXPECT_TRUE(runs(*corvane, defaultRun)) << corvane->story();
-}
-
-/// A home directory with room for one file.
-class FullHomeTest : public SettingsFilesTest {
-  protected:
-    /// What the program finds in the place of that file.
-    std::string seenByProgram(CorvaneProcess &corvane, const std::filesystem::path &file) {
-        return readFile("/proc/" + std::to_string(corvane.process().pid()) + "/root" +
-                        file.string());
-    }
-
-    StatusPanel panel_{desktop_};
-};
-
-TEST_F(FullHomeTest, aFailedSaveSaysSoAndLeavesTheOldFileWhole) {
-    CorvaneProcess::Options options;
-    const auto pageSize = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
-    options.mounts.putSmallFileSystem(desktop_.home(), pageSize);
-    const auto corvane = startWith(std::move(options));
-    ASSERT_EQ(seenByProgram(*corvane, settingsFile(desktop_)), defaultSettings) << corvane->story();
-    ASSERT_TRUE(panel_.waitForItem());
-    ASSERT_TRUE(panel_.choose("Defined Zone"));
-    ASSERT_TRUE(waitUntil([&] {
-        return corvane->standardOutput().find("[Corvane] Failed to save config: ") !=
-               std::string::npos;
-    })) << corvane->story();
-    EXPECT_EQ(seenByProgram(*corvane, settingsFile(desktop_)), defaultSettings);
-    EXPECT_TRUE(panel_.line("Define zone...").has_value());
-    EXPECT_TRUE(runs(*corvane, "Starting clicker: mode=zone interval=1.0s maxClicks=0"))
-        << corvane->story();
 }
 
 } // namespace

@@ -66,7 +66,7 @@ TEST_P(SuddenSignalTest, theButtonIsUpAfterwards) {
 INSTANTIATE_TEST_SUITE_P(Signals, SuddenSignalTest,
                          testing::Values(SIGKILL, SIGQUIT, SIGSEGV, SIGABRT, SIGBUS, SIGFPE, SIGILL,
                                          SIGTRAP, SIGSYS, SIGUSR1, SIGUSR2, SIGALRM, SIGVTALRM,
-                                         SIGPROF, SIGXCPU, SIGXFSZ, SIGPOLL, SIGPWR, SIGSTKFLT),
+                                         SIGPROF, SIGXCPU, SIGPOLL, SIGPWR, SIGSTKFLT),
                          [](const auto &each) {
                              return std::string("signal") + sigabbrev_np(each.param);
                          });

@@ -39,6 +39,7 @@ void setHandler(int signal, void (*handler)(int)) {
 UnixSignals::UnixSignals(std::function<void()> endRequested)
     : endRequested_(std::move(endRequested)) {
     setHandler(SIGPIPE, SIG_IGN);
+    setHandler(SIGXFSZ, SIG_IGN);
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) {
         return;

@@ -10,7 +10,8 @@
 namespace corvane::x11 {
 
 /// Turns the signals that ask a program to end (TERM, INT, HUP) into a call on the main thread, and
-/// ignores writing to a closed pipe. One at a time; needs Qt's event loop.
+/// makes plain failures of writing to a closed pipe and of writing more than the user's files may
+/// hold. One at a time; needs Qt's event loop.
 class UnixSignals {
   public:
     explicit UnixSignals(std::function<void()> endRequested);

@@ -9,7 +9,10 @@ namespace corvane::desktop {
 /// Another program that opens windows and destroys them again as fast as it can.
 class WindowStorm {
   public:
-    explicit WindowStorm(const std::string &display);
+    /// With or without the window manager having a hand in it.
+    enum class Kind { managed, unmanaged };
+
+    WindowStorm(const std::string &display, Kind kind);
     ~WindowStorm();
     WindowStorm(const WindowStorm &) = delete;
     WindowStorm &operator=(const WindowStorm &) = delete;
@@ -18,7 +21,7 @@ class WindowStorm {
     int windowCount() const { return windowCount_; }
 
   private:
-    void rage(const std::string &display);
+    void rage(const std::string &display, Kind kind);
 
     std::atomic<bool> isOver_ = false;
     std::atomic<int> windowCount_ = 0;
