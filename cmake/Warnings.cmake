@@ -1,5 +1,7 @@
 # Warnings are errors, for the project's own code only.
 
+include(CheckCXXCompilerFlag)
+
 add_library(corvane_warnings INTERFACE)
 target_compile_options(corvane_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
@@ -12,5 +14,11 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         -Wno-restrict
         -Wduplicated-cond -Wlogical-op -Wuseless-cast)
 else()
-    target_compile_options(corvane_warnings INTERFACE -Wno-missing-designated-field-initializers)
+    # A compiler that does not know this warning does not give it either, and refuses its name.
+    check_cxx_compiler_flag(-Wmissing-designated-field-initializers
+        CORVANE_WARNS_OF_MISSING_DESIGNATED_FIELDS)
+    if(CORVANE_WARNS_OF_MISSING_DESIGNATED_FIELDS)
+        target_compile_options(corvane_warnings
+            INTERFACE -Wno-missing-designated-field-initializers)
+    endif()
 endif()
