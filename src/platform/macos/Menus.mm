@@ -16,8 +16,11 @@ namespace {
 
 void configure(NSMenuItem *view, const MenuItem &item) {
     view.title = systemText(item.title);
-    view.action = item.action.empty() ? nullptr : NSSelectorFromString(systemText(item.action));
-    view.target = item.target == MenuTarget::appDelegate ? MacAppDelegate.current : nil;
+    if (!item.submenu) {
+        // The line of a submenu has an action of the system's own, without which it is disabled.
+        view.action = item.action.empty() ? nullptr : NSSelectorFromString(systemText(item.action));
+        view.target = item.target == MenuTarget::appDelegate ? MacAppDelegate.current : nil;
+    }
     view.keyEquivalent = systemText(item.commandKey);
     view.keyEquivalentModifierMask = NSEventModifierFlagCommand;
     view.image = item.image ? symbolImage(*item.image) : nil;
