@@ -4,6 +4,8 @@
 #import "platform/macos/KeptObjects.h"
 #import "platform/macos/MacOverlayView.h"
 #import "platform/macos/MacOverlayWindow.h"
+#import "platform/macos/Text.h"
+#include "support/Log.h"
 
 #include <utility>
 
@@ -15,16 +17,39 @@ namespace corvane::macos {
 
 namespace {
 
+/// The window server refuses windows far larger than any screen, which the system raises as an
+/// exception.
+template <typename Place>
+void tryToPlace(Place place) {
+    @try {
+        place();
+    } @catch (NSException *exception) {
+        log("Cannot place an overlay: " + utf8(exception.name));
+    }
+}
+
+/// Nil, to which every message is in vain, where there can be none.
+MacOverlayWindow *makeWindow(const BorderlessWindow &description, MacOverlayView *view) {
+    MacOverlayWindow *window = nil;
+    tryToPlace([&] {
+        window = [[MacOverlayWindow alloc] initWithDescription:description contentView:view];
+    });
+    return window;
+}
+
 class MacOverlay : public platform::NativeOverlay {
   public:
     MacOverlay(const BorderlessWindow &window, platform::OverlayEvents events)
         : view_([[MacOverlayView alloc] initWithEvents:std::move(events) cursor:window.cursor]),
-          window_([[MacOverlayWindow alloc] initWithDescription:window contentView:view_]) {}
+          window_(makeWindow(window, view_)) {}
     MacOverlay(const MacOverlay &) = delete;
     MacOverlay &operator=(const MacOverlay &) = delete;
     ~MacOverlay() override {
         [view_ disconnect];
         [window_ orderOut:nil];
+        if (window_ == nil) {
+            return;
+        }
         if (window_.ignoresMouseEvents) {
             // No event is under way, but perhaps the end of an animation.
             CFAutorelease(CFBridgingRetain(window_));
@@ -40,7 +65,7 @@ class MacOverlay : public platform::NativeOverlay {
     Rectangle frame() const override { return portableRectangle(window_.frame); }
 
     void setFrame(const Rectangle &frame) override {
-        [window_ setFrame:systemRectangle(frame) display:YES];
+        tryToPlace([&] { [window_ setFrame:systemRectangle(frame) display:YES]; });
     }
 
     void setDrawing(const Drawing &drawing) override { [view_ setDrawing:drawing]; }
