@@ -28,7 +28,10 @@ dispatch_source_t makeSource(int signalNumber) {
 } // namespace
 
 TerminationSignals::TerminationSignals()
-    : sources_(@[ makeSource(SIGTERM), makeSource(SIGINT), makeSource(SIGHUP) ]) {}
+    : sources_(@[ makeSource(SIGTERM), makeSource(SIGINT), makeSource(SIGHUP) ]) {
+    // Nobody reading standard output any more is no reason to end.
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 TerminationSignals::~TerminationSignals() {
     for (dispatch_source_t source in sources_) {

@@ -73,11 +73,11 @@ int runProgram() {
     }
     NSApplication *application = NSApplication.sharedApplication;
     auto platform = std::make_unique<macos::MacPlatform>();
-    auto corvane = std::make_unique<CorvaneApp>(*platform);
+    auto app = std::make_unique<CorvaneApp>(*platform);
     // Held to the end: the application object holds its delegate weakly.
     NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate =
         [[MacAppDelegate alloc] initWithPlatform:std::move(platform)
-                                     application:std::move(corvane)];
+                                     application:std::move(app)];
     const macos::TerminationSignals signals;
     application.delegate = delegate;
     application.mainMenu = macos::makeEditingKeys();
