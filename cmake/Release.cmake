@@ -2,7 +2,10 @@
 # without what nothing calls.
 
 set(CMAKE_CXX_FLAGS_RELEASE "-Os -DNDEBUG")
-if(NOT APPLE)
+set(CMAKE_OBJCXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+if(APPLE)
+    add_link_options($<$<CONFIG:Release>:-Wl,-dead_strip>)
+else()
     add_compile_options($<$<CONFIG:Release>:-ffunction-sections>
         $<$<CONFIG:Release>:-fdata-sections>)
     add_link_options($<$<CONFIG:Release>:-Wl,--gc-sections>)
