@@ -76,8 +76,7 @@ int runProgram() {
     auto app = std::make_unique<CorvaneApp>(*platform);
     // Held to the end: the application object holds its delegate weakly.
     NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate =
-        [[MacAppDelegate alloc] initWithPlatform:std::move(platform)
-                                     application:std::move(app)];
+        [[MacAppDelegate alloc] initWithPlatform:std::move(platform) application:std::move(app)];
     const macos::TerminationSignals signals;
     application.delegate = delegate;
     application.mainMenu = macos::makeEditingKeys();
