@@ -6,7 +6,8 @@
 
 namespace corvane::platform {
 
-/// A pending or repeating call. Destroying it stops it; a call already under way is finished.
+/// A pending or repeating call. Destroying it stops it; a call already under way is finished. The
+/// queue outlives it.
 class Timer {
   public:
     virtual ~Timer() = default;

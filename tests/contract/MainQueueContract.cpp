@@ -135,6 +135,27 @@ TEST_P(MainQueueContract, ATimerMayBeReplacedInsideItsOwnCall) {
     EXPECT_THAT(ran_, ElementsAre(1, 2));
 }
 
+TEST_P(MainQueueContract, ACallMayKeepTheQueueTurning) {
+    const auto outer = queue().after(milliseconds(1), [this] {
+        const auto inner = queue().after(milliseconds(1), [this] { ran_.push_back(1); });
+        EXPECT_TRUE(backEnd().turnUntil([this] { return !ran_.empty(); }));
+        ran_.push_back(2);
+    });
+    ASSERT_TRUE(backEnd().turnUntil([this] { return ran_.size() == 2; }));
+    EXPECT_THAT(ran_, ElementsAre(1, 2));
+}
+
+TEST_P(MainQueueContract, CallsThatWereMissedAreMadeUpForByOne) {
+    const auto timer = queue().every(milliseconds(1), [this] {
+        ran_.push_back(1);
+        if (ran_.size() == 1) {
+            platform().clock().hold(milliseconds(50));
+        }
+    });
+    ASSERT_TRUE(backEnd().turnUntil([this] { return ran_.size() >= 3; }));
+    EXPECT_LT(ran_.size(), 10U);
+}
+
 CORVANE_CONTRACT(MainQueueContract);
 
 } // namespace

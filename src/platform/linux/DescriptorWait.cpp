@@ -3,21 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <ctime>
 
 #include <poll.h>
 #include <sys/eventfd.h>
-#include <sys/timerfd.h>
 
 namespace corvane::x11 {
 
 DescriptorWait::DescriptorWait(platform::ContinuousClock &clock)
     : clock_(clock),
-      timer_(timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK)),
       wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 void DescriptorWait::waitUntil(platform::Instant deadline) {
-    // A timer set to zero would never fire.
     if (isCancelled_ || deadline <= clock_.now()) {
         return;
     }
@@ -27,7 +23,7 @@ void DescriptorWait::waitUntil(platform::Instant deadline) {
 }
 
 void DescriptorWait::sleepUntil(platform::Instant instant) const {
-    if (wakeUp_.isOpen() && setTimer(instant)) {
+    if (wakeUp_.isOpen() && timer_.set(instant)) {
         waitForDescriptors();
     } else {
         sleepInSlices(instant);
@@ -37,14 +33,6 @@ void DescriptorWait::sleepUntil(platform::Instant instant) const {
 void DescriptorWait::cancel() {
     isCancelled_ = true;
     eventfd_write(wakeUp_.get(), 1);
-}
-
-bool DescriptorWait::setTimer(platform::Instant deadline) const {
-    const auto whole = std::chrono::floor<std::chrono::seconds>(deadline);
-    const itimerspec setting{
-        .it_interval = {},
-        .it_value = {.tv_sec = whole.count(), .tv_nsec = (deadline - whole).count()}};
-    return timerfd_settime(timer_.get(), TFD_TIMER_ABSTIME, &setting, nullptr) == 0;
 }
 
 void DescriptorWait::waitForDescriptors() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ContinuousClock.h"
+#include "platform/linux/TimerDescriptor.h"
 #include "platform/linux/WakeUpLead.h"
 #include "platform/posix/FileDescriptor.h"
 
@@ -21,13 +22,12 @@ class DescriptorWait : public platform::CancellableWait {
 
   private:
     void sleepUntil(platform::Instant instant) const;
-    bool setTimer(platform::Instant deadline) const;
     void waitForDescriptors() const;
     void sleepInSlices(platform::Instant deadline) const;
 
     platform::ContinuousClock &clock_;
     WakeUpLead lead_;
-    const posix::FileDescriptor timer_;
+    const TimerDescriptor timer_;
     const posix::FileDescriptor wakeUp_;
     std::atomic<bool> isCancelled_ = false;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/MainQueue.h"
+#include "platform/linux/TimerQueue.h"
 
 #include <QObject>
 
@@ -18,6 +19,7 @@ class LinuxMainQueue : public platform::MainQueue {
   private:
     /// Lives on the main thread; what is posted to it runs there.
     QObject receiver_;
+    TimerQueue timers_;
 };
 
 } // namespace corvane::x11
