@@ -73,7 +73,11 @@ void LinuxStatusItem::setMenu(const Menu &menu) {
 }
 
 void LinuxStatusItem::setToolTip(const std::string &text) {
-    toolTip_ = QString::fromStdString(text);
+    const QString toolTip = QString::fromStdString(text);
+    if (toolTip == toolTip_) {
+        return;
+    }
+    toolTip_ = toolTip;
     busItem_->item.setToolTip(toolTip_);
     if (trayIcon_) {
         trayIcon_->setToolTip(toolTip_);

@@ -47,6 +47,8 @@ FakePanel::FakePanel(bool hasHost)
                                         QList<corvane::x11::PanelItemNames>)));
     bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewIcon"), this,
                  SLOT(iconChanged()));
+    bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewToolTip"), this,
+                 SLOT(toolTipChanged()));
     bus_.registerService(service);
 }
 

@@ -47,6 +47,7 @@ class FakePanel : public QObject {
     int layoutUpdates() const { return layoutUpdates_; }
     QList<x11::PanelItemProperties> updates() const { return updates_; }
     int newIcons() const { return newIcons_; }
+    int newToolTips() const { return newToolTips_; }
 
   public Q_SLOTS:
     // Named as on the bus.
@@ -57,6 +58,7 @@ class FakePanel : public QObject {
     void propertiesUpdated(const QList<corvane::x11::PanelItemProperties> &updated,
                            const QList<corvane::x11::PanelItemNames> &removed);
     void iconChanged() { ++newIcons_; }
+    void toolTipChanged() { ++newToolTips_; }
 
   private:
     QDBusPendingCall call(const QString &path, const QString &interface, const QString &method,
@@ -68,6 +70,7 @@ class FakePanel : public QObject {
     int layoutUpdates_ = 0;
     QList<x11::PanelItemProperties> updates_;
     int newIcons_ = 0;
+    int newToolTips_ = 0;
 };
 
 } // namespace corvane::contract

@@ -142,6 +142,22 @@ TEST_F(StatusBarTest, GivesThePanelItsToolTip) {
     EXPECT_EQ(toolTip.title, u"Corvane is idle"_s);
 }
 
+TEST_F(StatusBarTest, SendsNothingForAnUnchangedToolTip) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    item_->setToolTip("Corvane is idle");
+    panel.itemProperty(u"ToolTip"_s);
+    const int before = panel.newToolTips();
+    EXPECT_GT(before, 0);
+    for (int count = 0; count < 50; ++count) {
+        item_->setToolTip("Corvane is idle");
+    }
+    panel.itemProperty(u"ToolTip"_s);
+    EXPECT_EQ(panel.newToolTips(), before);
+    item_->setToolTip("");
+    EXPECT_TRUE(turnUntil([&] { return panel.newToolTips() == before + 1; }));
+}
+
 TEST_F(StatusBarTest, GivesThePanelTheWholeMenu) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
