@@ -48,7 +48,6 @@ LinuxOverlay::LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,
       part_(shownPart()),
       surface_(stage.surfaces().take({window.ignoresMouseEvents, window.cursor})) {
     stage_.add(*this);
-    place();
 }
 
 LinuxOverlay::~LinuxOverlay() {
@@ -56,15 +55,15 @@ LinuxOverlay::~LinuxOverlay() {
     playback_.reset();
     stage_.remove(*this);
     stage_.surfaces().giveBack(std::move(surface_));
-    stage_.connection().flush();
 }
 
 void LinuxOverlay::orderFront() {
+    const OverlayStack::Silence silence(stage_.stack());
     stage_.stack().insert(surface_->window(), traits_.level, !isEmpty());
     if (!isShown_) {
+        place();
         map();
     }
-    stage_.connection().flush();
 }
 
 void LinuxOverlay::makeKeyAndOrderFront() {
@@ -85,7 +84,6 @@ void LinuxOverlay::makeKeyAndOrderFront() {
 void LinuxOverlay::takeFocus() {
     if (hasKeyboard_) {
         stage_.keyboard().giveTo(surface_->window());
-        stage_.connection().flush();
     }
 }
 
@@ -96,9 +94,9 @@ void LinuxOverlay::orderOut() {
     isShown_ = false;
     hasKeyboard_ = false;
     stage_.keyboard().takeFrom(surface_->window());
+    const OverlayStack::Silence silence(stage_.stack());
     stage_.stack().remove(surface_->window());
     surface_->unmap();
-    stage_.connection().flush();
 }
 
 void LinuxOverlay::map() {
@@ -120,11 +118,14 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     const QRect formerPart = part_;
     frame_ = pixelsOf(frame);
     part_ = shownPart();
+    if (!isShown_) {
+        return;
+    }
     if (frame_.size() != former.size() || part_ != formerPart) {
         repaint();
     }
+    const OverlayStack::Silence silence(stage_.stack());
     place();
-    stage_.connection().flush();
 }
 
 void LinuxOverlay::place() {
@@ -142,7 +143,6 @@ void LinuxOverlay::setDrawing(const Drawing &drawing) {
 void LinuxOverlay::play(const Animation &animation, std::function<void()> completion) {
     playback_ = std::make_unique<OverlayPlayback>(
         stage_.animator(), *surface_, stage_.animation(scene(), animation), std::move(completion));
-    stage_.connection().flush();
 }
 
 void LinuxOverlay::handleMouse(const xcb_button_press_event_t &event) {
@@ -263,14 +263,10 @@ void LinuxOverlay::repaintSoon() {
         std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastRepaint_);
     if (elapsed >= shortestRepaintInterval) {
         repaintChanges();
-        stage_.connection().flush();
         return;
     }
     if (!repaintTimer_) {
-        repaintTimer_ = oneShotTimer([this] {
-            repaintChanges();
-            stage_.connection().flush();
-        });
+        repaintTimer_ = oneShotTimer([this] { repaintChanges(); });
     }
     repaintTimer_->start(shortestRepaintInterval - elapsed);
 }

@@ -6,7 +6,7 @@
 
 namespace corvane::x11 {
 
-OverlayAnimator::OverlayAnimator(const XcbConnection &connection) : connection_(connection) {
+OverlayAnimator::OverlayAnimator() {
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setInterval(
         std::chrono::floor<std::chrono::milliseconds>(OverlayAnimation::pictureInterval));
@@ -31,7 +31,6 @@ void OverlayAnimator::advance() {
         running_, [now](OverlayPlayback *playback) { return playback->showAt(now); });
     over_.insert(over_.end(), firstOver.begin(), firstOver.end());
     running_.erase(firstOver.begin(), firstOver.end());
-    connection_.flush();
     finish();
     if (running_.empty()) {
         timer_.stop();

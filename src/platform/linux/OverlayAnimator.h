@@ -1,7 +1,5 @@
 #pragma once
 
-#include "platform/linux/XcbConnection.h"
-
 #include <QTimer>
 
 #include <chrono>
@@ -16,8 +14,8 @@ class OverlayAnimator {
   public:
     using Time = std::chrono::steady_clock::time_point;
 
-    /// The connection outlives the animator, which outlives every playback.
-    explicit OverlayAnimator(const XcbConnection &connection);
+    /// The animator outlives every playback.
+    OverlayAnimator();
 
     /// Has a playback advance about sixty times a second until it is over.
     void add(OverlayPlayback &playback);
@@ -27,7 +25,6 @@ class OverlayAnimator {
     void advance();
     void finish();
 
-    const XcbConnection &connection_;
     std::vector<OverlayPlayback *> running_;
     /// Over, but not told so yet.
     std::vector<OverlayPlayback *> over_;

@@ -13,6 +13,16 @@ constexpr std::chrono::milliseconds restackInterval(100);
 
 } // namespace
 
+OverlayStack::Silence::Silence(OverlayStack &stack) : stack_(stack) {
+    ++stack_.silences_;
+    stack_.followRoot();
+}
+
+OverlayStack::Silence::~Silence() {
+    --stack_.silences_;
+    stack_.followRoot();
+}
+
 OverlayStack::OverlayStack(XcbEvents &events)
     : events_(events),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
@@ -34,7 +44,7 @@ void OverlayStack::remove(xcb_window_t window) {
 }
 
 void OverlayStack::followRoot() {
-    if (std::ranges::none_of(entries_, &Entry::stays)) {
+    if (silences_ > 0 || std::ranges::none_of(entries_, &Entry::stays)) {
         rootEvents_.reset();
     } else if (!rootEvents_) {
         rootEvents_.emplace(events_.masks().select(events_.connection().root(),
@@ -87,11 +97,11 @@ void OverlayStack::restackSoon() {
 }
 
 void OverlayStack::restack() {
+    const Silence silence(*this);
     lastRestack_ = std::chrono::steady_clock::now();
     for (auto entry = entries_.cend(); entry != entries_.cbegin();) {
         putInPlace(--entry);
     }
-    events_.connection().flush();
 }
 
 } // namespace corvane::x11

@@ -15,6 +15,20 @@ namespace corvane::x11 {
 /// the windows of other programs, also of those that are raised later. Main thread.
 class OverlayStack {
   public:
+    /// While it exists, nothing is heard of what happens in the stack: a program that changes its
+    /// own windows would else be woken for each change. What others do in that moment shows with
+    /// their next change.
+    class Silence {
+      public:
+        explicit Silence(OverlayStack &stack);
+        ~Silence();
+        Silence(const Silence &) = delete;
+        Silence &operator=(const Silence &) = delete;
+
+      private:
+        OverlayStack &stack_;
+    };
+
     /// The events outlive the stack.
     explicit OverlayStack(XcbEvents &events);
 
@@ -42,8 +56,9 @@ class OverlayStack {
     XcbEvents &events_;
     /// From the lowest to the highest.
     Entries entries_;
-    /// Held while there are windows that stay.
+    /// Held while there are windows that stay, except in silence.
     std::optional<EventMasks::Selection> rootEvents_;
+    int silences_ = 0;
     XcbEvents::Subscription subscription_;
     QTimer restackTimer_;
     std::chrono::steady_clock::time_point lastRestack_;

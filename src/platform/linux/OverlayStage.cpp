@@ -44,7 +44,6 @@ OverlayStage::OverlayStage(XcbEvents &events, const LinuxScreens &screens, Symbo
       surfaces_(*visual_),
       stack_(events),
       keyboard_(events),
-      animator_(connection_),
       compositor_(events, [this] { compositorChanged(); }),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }
@@ -102,7 +101,6 @@ void OverlayStage::compositorChanged() {
     for (LinuxOverlay *const overlay : overlays_) {
         overlay->blendingChanged();
     }
-    connection_.flush();
 }
 
 } // namespace corvane::x11

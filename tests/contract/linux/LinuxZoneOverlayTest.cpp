@@ -1,5 +1,6 @@
 #include "ClickClient.h"
 #include "OverlayTest.h"
+#include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
 
 namespace corvane::contract {
@@ -157,6 +158,30 @@ TEST_P(LinuxZoneOverlayTest, ALaterWindowDoesNotCoverIt) {
     }));
     later.raise();
     EXPECT_TRUE(turnUntilScreen(showsBoth));
+}
+
+TEST_P(LinuxZoneOverlayTest, ItsProgramIsNotWokenByItsOwnWindows) {
+    show();
+    // Windows are made once and kept.
+    RippleWindow(overlays_, {60, 60}, screenHeight).orderFront();
+    settle(events_);
+    int changes = 0;
+    const auto subscription = events_.subscribe([&changes](const xcb_generic_event_t &event) {
+        const int type = x11::XcbEvents::typeOf(event);
+        changes += type >= XCB_CREATE_NOTIFY && type <= XCB_CIRCULATE_NOTIFY ? 1 : 0;
+    });
+    for (int count = 1; count <= 5; ++count) {
+        RippleWindow ripple(overlays_, {60, 60}, screenHeight);
+        ripple.orderFront();
+        overlay_.moveTo({zone.x + count, zone.y, zone.width, zone.height}, screenHeight);
+        EXPECT_TRUE(turnUntil([&] { return shownOverlays().size() == 2; }));
+        ripple.orderOut();
+        EXPECT_TRUE(turnUntil([&] { return shownOverlays().size() == 1; }));
+        settle(events_);
+    }
+    EXPECT_EQ(changes, 0);
+    backdrop_.raise();
+    EXPECT_TRUE(turnUntil([&changes] { return changes > 0; }));
 }
 
 TEST_P(LinuxZoneOverlayTest, ItFollowsTheCompositor) {
