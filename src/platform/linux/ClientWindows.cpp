@@ -9,7 +9,7 @@ namespace corvane::x11 {
 namespace {
 
 /// A safety net for window managers that forget to tell.
-constexpr std::chrono::milliseconds longestTrust(500);
+constexpr std::chrono::milliseconds longestTrustInList(500);
 
 /// How long windows are watched after somebody has asked for them.
 constexpr std::chrono::seconds watchTime(2);
@@ -25,7 +25,7 @@ ClientWindows::ClientWindows(XcbEvents &events)
 }
 
 const std::vector<WindowOwner> &ClientWindows::owners() {
-    if (isListStale_ || Clock::now() - listRead_ >= longestTrust) {
+    if (isListStale_ || Clock::now() - listRead_ >= longestTrustInList) {
         refreshList();
     }
     return owners_;
@@ -77,7 +77,7 @@ void ClientWindows::refresh(const std::vector<xcb_window_t> &windows) {
     for (const xcb_window_t window : windows) {
         Watched &watched = watch(window);
         watched.lastAsked = now;
-        if (watched.isStale || now - watched.lastRead >= longestTrust) {
+        if (watched.isStale) {
             stale.push_back(window);
         }
     }
@@ -94,7 +94,6 @@ void ClientWindows::refresh(const std::vector<xcb_window_t> &windows) {
         Watched &watched = watched_.at(window);
         watched.facts = std::move(*found);
         watched.isStale = false;
-        watched.lastRead = now;
     }
 }
 
@@ -105,18 +104,23 @@ ClientWindows::Watched &ClientWindows::watch(xcb_window_t window) {
         watched.events = events_.masks().select(window, XCB_EVENT_MASK_PROPERTY_CHANGE |
                                                             XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
-    if (watched.frame == XCB_WINDOW_NONE) {
-        watchFrame(window, watched);
+    if (!watched.frames) {
+        watchFrames(window, watched);
     }
     return watched;
 }
 
-void ClientWindows::watchFrame(xcb_window_t window, Watched &watched) {
-    watched.frame = reader_.outermost(window);
-    if (watched.frame != window) {
-        watched.frameEvents =
-            events_.masks().select(watched.frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+void ClientWindows::watchFrames(xcb_window_t window, Watched &watched) {
+    watched.frames = reader_.frames(window);
+    watched.frameEvents.clear();
+    for (const xcb_window_t frame : *watched.frames) {
+        watched.frameEvents.push_back(
+            events_.masks().select(frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY));
     }
+}
+
+bool ClientWindows::Watched::isIn(xcb_window_t frame) const {
+    return frames && std::ranges::find(*frames, frame) != frames->end();
 }
 
 void ClientWindows::handle(const xcb_generic_event_t &event) {
@@ -168,10 +172,10 @@ void ClientWindows::rootChanged(xcb_atom_t property) {
 
 void ClientWindows::windowChanged(xcb_window_t window, bool isReparented) {
     for (auto &[client, watched] : watched_) {
-        if (client == window || watched.frame == window) {
+        if (client == window || watched.isIn(window)) {
             watched.isStale = true;
             if (isReparented) {
-                watched.frame = XCB_WINDOW_NONE;
+                watched.frames.reset();
             }
         }
     }

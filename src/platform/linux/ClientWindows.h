@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace corvane::x11 {
@@ -32,18 +33,19 @@ class ClientWindows {
     struct Watched {
         WindowFacts facts{};
         bool isStale = true;
-        Clock::time_point lastRead{};
         Clock::time_point lastAsked{};
-        /// The window that moves when the user moves this one.
-        xcb_window_t frame = XCB_WINDOW_NONE;
+        /// The windows it moves and disappears with; nothing until they are known.
+        std::optional<std::vector<xcb_window_t>> frames{};
         EventMasks::Selection events{};
-        EventMasks::Selection frameEvents{};
+        std::vector<EventMasks::Selection> frameEvents{};
+
+        bool isIn(xcb_window_t frame) const;
     };
 
     void refreshList();
     void refresh(const std::vector<xcb_window_t> &windows);
     Watched &watch(xcb_window_t window);
-    void watchFrame(xcb_window_t window, Watched &watched);
+    void watchFrames(xcb_window_t window, Watched &watched);
 
     void handle(const xcb_generic_event_t &event);
     void rootChanged(xcb_atom_t property);

@@ -87,14 +87,15 @@ std::vector<WindowFacts> WindowReader::facts(std::span<const xcb_window_t> windo
     return facts;
 }
 
-xcb_window_t WindowReader::outermost(xcb_window_t window) const {
-    for (xcb_window_t current = window;;) {
+std::vector<xcb_window_t> WindowReader::frames(xcb_window_t window) const {
+    std::vector<xcb_window_t> frames;
+    for (xcb_window_t current = window;; current = frames.back()) {
         const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
             connection_.get(), xcb_query_tree(connection_.get(), current), nullptr));
         if (!tree || tree->parent == XCB_WINDOW_NONE || tree->parent == tree->root) {
-            return current;
+            return frames;
         }
-        current = tree->parent;
+        frames.push_back(tree->parent);
     }
 }
 

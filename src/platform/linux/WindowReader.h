@@ -25,9 +25,8 @@ class WindowReader {
     std::vector<WindowOwner> owners(std::span<const xcb_window_t> windows) const;
     std::vector<WindowFacts> facts(std::span<const xcb_window_t> windows) const;
 
-    /// The window's ancestor next to the root, which a window manager moves in its place; the
-    /// window itself where it has no frame.
-    xcb_window_t outermost(xcb_window_t window) const;
+    /// What a window manager has put the window into, from the inside to the outside.
+    std::vector<xcb_window_t> frames(xcb_window_t window) const;
 
   private:
     bool isManaged() const;

@@ -198,7 +198,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AskingAgainCostsNothingWhileNothingChanges
     const SampleWindow window(connection());
     show(window, "Still");
     settle(events_);
-    // Once in a while everything is read again, to be sure; hardly every time.
+    // Once in a while the list is read again, to be sure; hardly every time.
     bool wasFree = false;
     for (int attempt = 0; attempt < 20 && !wasFree; ++attempt) {
         answers();
@@ -241,6 +241,73 @@ TEST_P(LinuxAccessibilityWindowsTest, AReusedWindowNumberIsAnotherWindow) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, LinuxAccessibilityWindowsTest, windowManagers, windowManagerName);
+
+/// Under a window manager that puts windows into a frame within a frame.
+class NestedFramesTest : public WindowSystemTest {
+  protected:
+    NestedFramesTest() : WindowSystemTest({.windowManager = desktop::WindowManager::none}) {
+        reparent(inner_.id(), outer_.id());
+        reparent(client_.id(), inner_.id());
+        client_.setTitle("Nested");
+        for (const SampleWindow *window : {&manager_, &client_, &inner_, &outer_}) {
+            window->map();
+        }
+        manager_.setNumbers("_NET_SUPPORTING_WM_CHECK", "WINDOW", {manager_.id()});
+        setOfRoot("_NET_SUPPORTING_WM_CHECK", manager_.id());
+        setOfRoot("_NET_CLIENT_LIST", client_.id());
+        setOfRoot("_NET_CLIENT_LIST_STACKING", client_.id());
+    }
+
+    std::optional<Point> position() {
+        const auto windows = windows_.windows(getpid()).value();
+        return windows.empty() ? std::nullopt : windows.front()->position();
+    }
+
+    bool comesTo(Point place) {
+        return turnUntil([&] { return position() == place; });
+    }
+
+    const DisplayConnection &connection() const { return desktop_.connection(); }
+
+    SampleWindow manager_{connection(), {.isOverride = true}};
+    SampleWindow outer_{connection(), {.x = 50, .y = 60}};
+    SampleWindow inner_{connection(), {}};
+    SampleWindow client_{connection(), {}};
+
+  private:
+    void reparent(xcb_window_t window, xcb_window_t parent) const {
+        xcb_reparent_window(connection().get(), window, parent, 0, 0);
+        connection().synchronize();
+    }
+
+    void setOfRoot(std::string_view property, xcb_window_t window) const {
+        xcb_change_property(connection().get(), XCB_PROP_MODE_REPLACE, connection().root(),
+                            connection().atom(property), XCB_ATOM_WINDOW, 32, 1, &window);
+        connection().synchronize();
+    }
+
+    x11::ClientWindows clientWindows_{events_};
+    x11::LinuxAccessibilityWindows windows_{clientWindows_};
+};
+
+TEST_F(NestedFramesTest, AWindowIsFollowedWhicheverFrameMoves) {
+    ASSERT_TRUE(comesTo({50, 60}));
+    inner_.moveTo(3, 20);
+    EXPECT_TRUE(comesTo({53, 80}));
+    outer_.moveTo(200, 100);
+    EXPECT_TRUE(comesTo({203, 120}));
+    client_.moveTo(1, 1);
+    EXPECT_TRUE(comesTo({204, 121}));
+}
+
+TEST_F(NestedFramesTest, AFrameThatIsTakenAwayIsNoticed) {
+    ASSERT_TRUE(comesTo({50, 60}));
+    xcb_reparent_window(connection().get(), inner_.id(), connection().root(), 7, 8);
+    connection().synchronize();
+    EXPECT_TRUE(comesTo({7, 8}));
+    inner_.moveTo(300, 20);
+    EXPECT_TRUE(comesTo({300, 20}));
+}
 
 } // namespace
 
