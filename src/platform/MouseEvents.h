@@ -20,6 +20,10 @@ class MouseEvent {
 
     /// Sends the event as if the hardware had made it. A failure is silent.
     virtual void post() = 0;
+
+    /// Whether the event, once sent, has been carried out: another program's grab of the pointer
+    /// may hold it up. True where no program can do that, and where the system does not answer.
+    virtual bool hasTakenEffect() = 0;
 };
 
 /// Where synthetic events come from, in the hardware-input state.
@@ -31,18 +35,21 @@ class MouseEventSource {
     virtual std::unique_ptr<MouseEvent> createMouseEvent(MouseEventType type, Point location) = 0;
 };
 
+/// The mouse at one moment, once every event sent by the session has been carried out, except those
+/// another program's grab of the pointer holds up.
+struct MouseState {
+    /// In global display space; nothing when it cannot be read.
+    std::optional<Point> cursorLocation{};
+    /// By the system's own account; nothing where it gives none.
+    std::optional<bool> isLeftButtonDown{};
+};
+
 /// The mouse as one click run uses it. Everything on the thread that opened it.
 class MouseSession {
   public:
     virtual ~MouseSession() = default;
 
-    /// Where the cursor is in global display space; nothing when that cannot be read.
-    virtual std::optional<Point> cursorLocation() = 0;
-
-    /// Whether the left button is down by the system's own account, once every event sent by this
-    /// session has been carried out, except those another program's grab of the pointer holds up.
-    /// Nothing where the system gives no such account.
-    virtual std::optional<bool> isLeftButtonDown() = 0;
+    virtual MouseState state() = 0;
 
     /// Null when it cannot be created.
     virtual std::unique_ptr<MouseEventSource> createEventSource() = 0;

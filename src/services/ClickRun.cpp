@@ -88,8 +88,7 @@ void ClickRun::clickLoop() {
         " interval=" + decimalText(interval_) + "s maxClicks=" + std::to_string(limit_));
     const auto mouse = mouseEvents_.openSession();
     while (!wait_->isCancelled()) {
-        awaitReadiness(*mouse);
-        const Point position = mouse->cursorLocation().value_or(Point{});
+        const Point position = awaitReadiness(*mouse).cursorLocation.value_or(Point{});
         if (isInsideZone(position) && click(*mouse, position)) {
             count_.addOne();
             connections_.onClick(count_.value(), position);
@@ -106,14 +105,17 @@ void ClickRun::clickLoop() {
 
 /// A button that is down is held by the user, or its release is stuck behind another program's grab
 /// of the pointer: a press would be lost, or be one of many that arrive at once later.
-void ClickRun::awaitReadiness(platform::MouseSession &mouse) {
-    const auto isReady = [&] {
+platform::MouseState ClickRun::awaitReadiness(platform::MouseSession &mouse) {
+    const auto isReady = [this](const platform::MouseState &state) {
         const bool isFull = connections_.backlog && connections_.backlog->isFull();
-        return !isFull && mouse.isLeftButtonDown() != true;
+        return !isFull && state.isLeftButtonDown != true;
     };
-    while (!wait_->isCancelled() && !isReady()) {
+    platform::MouseState state = mouse.state();
+    while (!wait_->isCancelled() && !isReady(state)) {
         wait_->waitUntil(clock_.now() + lookAgain);
+        state = mouse.state();
     }
+    return state;
 }
 
 bool ClickRun::isInsideZone(Point position) const {
@@ -142,11 +144,10 @@ bool ClickRun::click(platform::MouseSession &mouse, Point position) {
     constexpr std::int64_t singleClick = 1;
     down->setClickState(singleClick);
     up->setClickState(singleClick);
-    return holdAndRelease(mouse, *down, *up);
+    return holdAndRelease(*down, *up);
 }
 
-bool ClickRun::holdAndRelease(platform::MouseSession &mouse, platform::MouseEvent &down,
-                              platform::MouseEvent &up) {
+bool ClickRun::holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &up) {
     std::optional<PressedButton> pressed;
     {
         const std::lock_guard pressing(pressing_);
@@ -157,7 +158,7 @@ bool ClickRun::holdAndRelease(platform::MouseSession &mouse, platform::MouseEven
     }
     clock_.hold(holdTime);
     // A press stuck behind another program's grab must not be followed by further clicks.
-    while (!wait_->isCancelled() && mouse.isLeftButtonDown() == false) {
+    while (!wait_->isCancelled() && !down.hasTakenEffect()) {
         wait_->waitUntil(clock_.now() + lookAgain);
     }
     return true;

@@ -54,11 +54,10 @@ class ClickRun {
   private:
     void run();
     void clickLoop();
-    void awaitReadiness(platform::MouseSession &mouse);
+    platform::MouseState awaitReadiness(platform::MouseSession &mouse);
     bool isInsideZone(Point position) const;
     bool click(platform::MouseSession &mouse, Point position);
-    bool holdAndRelease(platform::MouseSession &mouse, platform::MouseEvent &down,
-                        platform::MouseEvent &up);
+    bool holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &up);
     bool isLimitReached() const { return limit_ >= 1 && count_.value() >= limit_; }
     std::string countText() const;
 

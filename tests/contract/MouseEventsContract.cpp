@@ -15,7 +15,7 @@ class MouseEventsContract : public ContractTest {};
 TEST_P(MouseEventsContract, ASessionKnowsTheCursorAndMakesEvents) {
     const auto session = platform().mouseEvents().openSession();
     ASSERT_NE(session, nullptr);
-    const auto cursor = session->cursorLocation();
+    const auto cursor = session->state().cursorLocation;
     ASSERT_TRUE(cursor.has_value());
     const auto source = session->createEventSource();
     ASSERT_NE(source, nullptr);
@@ -26,8 +26,11 @@ TEST_P(MouseEventsContract, ASessionKnowsTheCursorAndMakesEvents) {
     down->setClickState(1);
     up->setClickState(1);
     down->post();
+    EXPECT_TRUE(down->hasTakenEffect());
     up->post();
-    EXPECT_EQ(session->cursorLocation(), cursor);
+    EXPECT_TRUE(up->hasTakenEffect());
+    EXPECT_NE(session->state().isLeftButtonDown, true);
+    EXPECT_EQ(session->state().cursorLocation, cursor);
 }
 
 TEST_P(MouseEventsContract, SessionsOfDifferentThreadsDoNotDisturbEachOther) {
@@ -35,7 +38,7 @@ TEST_P(MouseEventsContract, SessionsOfDifferentThreadsDoNotDisturbEachOther) {
         const auto session = platform().mouseEvents().openSession();
         for (int count = 0; count < 50; ++count) {
             const auto source = session->createEventSource();
-            const auto cursor = session->cursorLocation();
+            const auto cursor = session->state().cursorLocation;
             ASSERT_NE(source, nullptr);
             ASSERT_TRUE(cursor.has_value());
             source->createMouseEvent(MouseEventType::leftMouseDown, *cursor)->post();

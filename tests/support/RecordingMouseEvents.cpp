@@ -32,6 +32,11 @@ class RecordingMouseEvents::Event : public platform::MouseEvent {
         mouse_.changed_.notify_all();
     }
 
+    bool hasTakenEffect() override {
+        thread_.check();
+        return mouse_.account() == (type_ == MouseEventType::leftMouseDown);
+    }
+
   private:
     RecordingMouseEvents &mouse_;
     OneThread thread_{"a mouse event"};
@@ -73,23 +78,10 @@ class RecordingMouseEvents::Session : public platform::MouseSession {
         --mouse_.openSessions_;
     }
 
-    std::optional<Point> cursorLocation() override {
+    platform::MouseState state() override {
         thread_.check();
-        const std::lock_guard lock(mouse_.mutex_);
-        ++mouse_.cursorReadings_;
-        if (mouse_.faults_.noCursorLocation) {
-            return std::nullopt;
-        }
-        if (!mouse_.script_.empty()) {
-            mouse_.cursor_ = mouse_.script_.front();
-            mouse_.script_.pop_front();
-        }
-        return mouse_.cursor_;
-    }
-
-    std::optional<bool> isLeftButtonDown() override {
-        thread_.check();
-        return mouse_.account();
+        return {.cursorLocation = mouse_.nextCursorLocation(),
+                .isLeftButtonDown = mouse_.account()};
     }
 
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
@@ -147,7 +139,20 @@ void RecordingMouseEvents::setHeldByUser(bool isHeld) {
     isHeldByUser_ = isHeld;
 }
 
-std::optional<bool> RecordingMouseEvents::account() const {
+std::optional<Point> RecordingMouseEvents::nextCursorLocation() {
+    const std::lock_guard lock(mutex_);
+    ++cursorReadings_;
+    if (faults_.noCursorLocation) {
+        return std::nullopt;
+    }
+    if (!script_.empty()) {
+        cursor_ = script_.front();
+        script_.pop_front();
+    }
+    return cursor_;
+}
+
+bool RecordingMouseEvents::account() const {
     const std::lock_guard lock(mutex_);
     return isHeldByUser_ || accountWhileHeldUp_.value_or(isPressed());
 }

@@ -63,8 +63,9 @@ class RecordingMouseEvents : public platform::MouseEvents {
     class Source;
     class Event;
 
+    std::optional<Point> nextCursorLocation();
     /// Whether the button is down as far as the system knows.
-    std::optional<bool> account() const;
+    bool account() const;
     bool isPressed() const;
 
     const platform::ContinuousClock &clock_;

@@ -15,6 +15,11 @@ namespace {
 
 constexpr std::uint8_t logicalLeftButton = 1;
 
+/// Of the logical buttons.
+bool isLeftButtonDown(const xcb_query_pointer_reply_t &reply) {
+    return (reply.mask & XCB_BUTTON_MASK_1) != 0;
+}
+
 /// Presses or releases a button wherever the cursor is: the program never moves it.
 class FakeButtonEvent : public platform::MouseEvent {
   public:
@@ -32,6 +37,12 @@ class FakeButtonEvent : public platform::MouseEvent {
         } else {
             session_.release(button_);
         }
+    }
+
+    bool hasTakenEffect() override {
+        return type_ == platform::MouseEventType::leftMouseDown
+                   ? session_.hasPressTakenEffect()
+                   : session_.state().isLeftButtonDown != true;
     }
 
   private:
@@ -62,6 +73,7 @@ LinuxMouseSession::LinuxMouseSession() { connect(); }
 
 /// The last release of the button must not be lost with the connection.
 LinuxMouseSession::~LinuxMouseSession() {
+    questionOfPress_.reset();
     mark_.reset();
     if (isUsable()) {
         connection_->synchronise();
@@ -72,8 +84,18 @@ void LinuxMouseSession::press(std::uint8_t button) {
     if (isUsable() && mark_) {
         mark_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
+        questionOfPress_.emplace(*connection_);
         connection_->flush();
     }
+}
+
+bool LinuxMouseSession::hasPressTakenEffect() {
+    if (!questionOfPress_) {
+        return state().isLeftButtonDown != false;
+    }
+    const auto reply = questionOfPress_->answer();
+    questionOfPress_.reset();
+    return !reply || isLeftButtonDown(*reply);
 }
 
 void LinuxMouseSession::release(std::uint8_t button) {
@@ -90,31 +112,14 @@ void LinuxMouseSession::sendButton(std::uint8_t type, std::uint8_t button) const
     xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
-/// Null when the server does not answer.
-XcbReply<xcb_query_pointer_reply_t> LinuxMouseSession::queryPointer() {
-    if (!ensureUsable()) {
-        return nullptr;
-    }
-    const auto cookie = xcb_query_pointer(connection_->get(), connection_->root());
-    return XcbReply<xcb_query_pointer_reply_t>(
-        xcb_query_pointer_reply(connection_->get(), cookie, nullptr));
-}
-
-std::optional<Point> LinuxMouseSession::cursorLocation() {
-    const auto reply = queryPointer();
+platform::MouseState LinuxMouseSession::state() {
+    const auto reply = ensureUsable() ? PointerQuestion(*connection_).answer() : nullptr;
     if (!reply) {
-        return std::nullopt;
+        return {};
     }
-    return Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)};
-}
-
-/// Of the logical buttons.
-std::optional<bool> LinuxMouseSession::isLeftButtonDown() {
-    const auto reply = queryPointer();
-    if (!reply) {
-        return std::nullopt;
-    }
-    return (reply->mask & XCB_BUTTON_MASK_1) != 0;
+    return {.cursorLocation =
+                Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)},
+            .isLeftButtonDown = isLeftButtonDown(*reply)};
 }
 
 std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource() {
@@ -136,6 +141,7 @@ bool LinuxMouseSession::ensureUsable() {
 
 /// What the connection before it left pressed when it was lost is released first.
 void LinuxMouseSession::connect() {
+    questionOfPress_.reset();
     mark_.reset();
     isPressable_ = false;
     leftButton_.reset();

@@ -2,6 +2,7 @@
 
 #include "platform/MouseEvents.h"
 #include "platform/linux/ButtonMark.h"
+#include "platform/linux/PointerQuestion.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <cstdint>
@@ -19,17 +20,17 @@ class LinuxMouseSession : public platform::MouseSession {
     LinuxMouseSession(const LinuxMouseSession &) = delete;
     LinuxMouseSession &operator=(const LinuxMouseSession &) = delete;
 
-    std::optional<Point> cursorLocation() override;
-    std::optional<bool> isLeftButtonDown() override;
+    platform::MouseState state() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
 
     /// Marks the button, then presses it.
     void press(std::uint8_t button);
+    /// Whether the button is down since it was pressed.
+    bool hasPressTakenEffect();
     /// Releases the button also where the connection that pressed it is lost.
     void release(std::uint8_t button);
 
   private:
-    XcbReply<xcb_query_pointer_reply_t> queryPointer();
     bool isUsable() const;
     bool ensureUsable();
     void connect();
@@ -39,6 +40,8 @@ class LinuxMouseSession : public platform::MouseSession {
 
     std::unique_ptr<XcbConnection> connection_;
     std::optional<ButtonMark> mark_;
+    /// Put together with a press: the answer is there before anybody wants to know.
+    std::optional<PointerQuestion> questionOfPress_;
     /// Whether the server takes synthetic events.
     bool isPressable_ = false;
     /// The physical button that is the user's left one; absent where no button is.

@@ -44,6 +44,9 @@ class MacMouseEvent : public platform::MouseEvent {
         }
     }
 
+    /// No program here can hold up the events of another.
+    bool hasTakenEffect() override { return true; }
+
   private:
     CFReference<CGEventRef> event_;
 };
@@ -68,18 +71,16 @@ class MacMouseEventSource : public platform::MouseEventSource {
 
 class MacMouseSession : public platform::MouseSession {
   public:
-    std::optional<Point> cursorLocation() override {
+    /// Without an account of the button, which nothing here can hold up.
+    platform::MouseState state() override {
         @autoreleasepool {
             const CFReference event(CGEventCreate(nullptr));
             if (!event) {
-                return std::nullopt;
+                return {};
             }
-            return portablePoint(CGEventGetLocation(event.get()));
+            return {.cursorLocation = portablePoint(CGEventGetLocation(event.get()))};
         }
     }
-
-    /// No program here can hold up the events of another.
-    std::optional<bool> isLeftButtonDown() override { return std::nullopt; }
 
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
         @autoreleasepool {

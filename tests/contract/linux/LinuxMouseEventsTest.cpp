@@ -84,9 +84,43 @@ TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
 
 TEST_F(LinuxMouseEventsTest, ReadsTheCursorInRootPixels) {
     const auto session = mouseEvents_.openSession();
-    EXPECT_EQ(session->cursorLocation(), (Point{120, 80}));
+    EXPECT_EQ(session->state().cursorLocation, (Point{120, 80}));
     user_.pointer().moveTo({0, 0});
-    EXPECT_EQ(session->cursorLocation(), (Point{0, 0}));
+    EXPECT_EQ(session->state().cursorLocation, (Point{0, 0}));
+}
+
+TEST_F(LinuxMouseEventsTest, KnowsWhetherTheButtonIsDown) {
+    const auto session = mouseEvents_.openSession();
+    EXPECT_EQ(session->state().isLeftButtonDown, false);
+    user_.pointer().press(1);
+    EXPECT_EQ(session->state().isLeftButtonDown, true);
+    user_.pointer().release(1);
+    EXPECT_EQ(session->state().isLeftButtonDown, false);
+}
+
+TEST_F(LinuxMouseEventsTest, APressBehindAGrabTakesEffectWhenItIsLetThrough) {
+    const auto session = mouseEvents_.openSession();
+    const auto source = session->createEventSource();
+    const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
+    const auto up = source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80});
+    user_.freezePointer();
+    down->post();
+    EXPECT_FALSE(down->hasTakenEffect());
+    EXPECT_FALSE(down->hasTakenEffect());
+    user_.thawPointer();
+    EXPECT_TRUE(down->hasTakenEffect());
+    EXPECT_EQ(session->state().isLeftButtonDown, true);
+    up->post();
+    EXPECT_TRUE(up->hasTakenEffect());
+    EXPECT_EQ(session->state().isLeftButtonDown, false);
+}
+
+TEST_F(LinuxMouseEventsTest, APressNobodyAsksAboutIsFollowedByOthers) {
+    const auto session = mouseEvents_.openSession();
+    for (int count = 0; count < 3; ++count) {
+        click(*session);
+        expectLeftClick();
+    }
 }
 
 TEST_F(LinuxMouseEventsTest, PressesTheLogicalLeftButtonOfALeftHandedUser) {
@@ -167,7 +201,8 @@ TEST(LinuxMouseEventsWithoutServerTest, EveryOperationFails) {
     const EnvironmentVariable display("DISPLAY", ":65000");
     const auto session = x11::LinuxMouseEvents().openSession();
     ASSERT_NE(session, nullptr);
-    EXPECT_EQ(session->cursorLocation(), std::nullopt);
+    EXPECT_EQ(session->state().cursorLocation, std::nullopt);
+    EXPECT_EQ(session->state().isLeftButtonDown, std::nullopt);
     EXPECT_EQ(session->createEventSource(), nullptr);
 }
 

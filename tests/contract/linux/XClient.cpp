@@ -68,6 +68,21 @@ void XClient::lockModifiers(std::uint8_t mask, bool isOn) {
     connection_.synchronize();
 }
 
+void XClient::freezePointer() {
+    const x11::XcbReply<xcb_grab_pointer_reply_t> reply(xcb_grab_pointer_reply(
+        connection_.get(),
+        xcb_grab_pointer(connection_.get(), 0, connection_.root(), XCB_EVENT_MASK_BUTTON_PRESS,
+                         XCB_GRAB_MODE_SYNC, XCB_GRAB_MODE_ASYNC, XCB_NONE, XCB_NONE,
+                         XCB_CURRENT_TIME),
+        nullptr));
+    EXPECT_TRUE(reply && reply->status == XCB_GRAB_STATUS_SUCCESS);
+}
+
+void XClient::thawPointer() {
+    xcb_allow_events(connection_.get(), XCB_ALLOW_ASYNC_POINTER, XCB_CURRENT_TIME);
+    connection_.synchronize();
+}
+
 std::vector<std::uint8_t> XClient::pointerMapping() {
     const x11::XcbReply<xcb_get_pointer_mapping_reply_t> reply(xcb_get_pointer_mapping_reply(
         connection_.get(), xcb_get_pointer_mapping(connection_.get()), nullptr));

@@ -37,6 +37,10 @@ class XClient {
     /// Turns modifiers on or off for good, as Caps Lock does.
     void lockModifiers(std::uint8_t mask, bool isOn);
 
+    /// Grabs the pointer so that whatever is done with it is held up until it is thawed.
+    void freezePointer();
+    void thawPointer();
+
     std::vector<std::uint8_t> pointerMapping();
     void setPointerMapping(const std::vector<std::uint8_t> &mapping);
 
