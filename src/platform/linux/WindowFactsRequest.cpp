@@ -39,12 +39,19 @@ struct Extents {
     double bottom = 0;
 };
 
+/// Nothing where the window does not say, or what cannot be: no window is wider than that.
 std::optional<Extents> extentsOf(WindowProperty &property) {
+    constexpr std::uint32_t widest = 32767;
     const auto values = property.numbers();
-    if (values.size() != 4) {
+    if (values.size() != 4 || std::ranges::max(values) > widest) {
         return std::nullopt;
     }
     return Extents{double(values[0]), double(values[1]), double(values[2]), double(values[3])};
+}
+
+bool fitsInto(const Rectangle &bounds, const Extents &extents) {
+    return extents.left + extents.right <= bounds.width &&
+           extents.top + extents.bottom <= bounds.height;
 }
 
 Rectangle grown(const Rectangle &bounds, const Extents &extents, double sign) {
@@ -102,7 +109,7 @@ std::optional<Rectangle> WindowFactsRequest::readBounds() {
     }
     const Rectangle client{double(position->dst_x), double(position->dst_y),
                            double(geometry->width), double(geometry->height)};
-    if (shadow) {
+    if (shadow && fitsInto(client, *shadow)) {
         return grown(client, *shadow, -1);
     }
     return frame ? grown(client, *frame, 1) : client;
