@@ -33,9 +33,9 @@ class JsonMembers {
         }
     }
 
-    /// A member that may be missing or null.
-    template <typename Value, typename Read>
-    void optional(const char *key, Read read, std::optional<Value> &target) {
+    /// A member that may be missing or null: then the target stays as it is.
+    template <typename Target, typename Read>
+    void optional(const char *key, Read read, Target &target) {
         if (const nlohmann::json *const value = find(key)) {
             take(key, read(*value), target);
         }

@@ -41,7 +41,9 @@ TEST_P(DesktopContract, EveryScreenHasAnArea) {
 }
 
 TEST_P(DesktopContract, ThePrimaryScreenBeginsAtTheBottom) {
-    EXPECT_EQ(platform().screens().screens().front().frame.y, 0);
+    const auto screens = platform().screens().screens();
+    ASSERT_FALSE(screens.empty());
+    EXPECT_EQ(screens.front().frame.y, 0);
 }
 
 TEST_P(DesktopContract, ThereAreNoWindowsOfAProcessThatIsNot) {

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include <chrono>
+#include <future>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -55,7 +56,7 @@ TEST_P(MainQueueContract, RunsTheWorkOfOtherThreadsOnTheMainThread) {
     const auto mainThread = std::this_thread::get_id();
     std::vector<std::thread::id> threads;
     constexpr int count = 100;
-    std::thread poster([&] {
+    const auto posting = std::async(std::launch::async, [&] {
         for (int number = 0; number < count; ++number) {
             queue().post([&, number] {
                 threads.push_back(std::this_thread::get_id());
@@ -64,7 +65,6 @@ TEST_P(MainQueueContract, RunsTheWorkOfOtherThreadsOnTheMainThread) {
         }
     });
     ASSERT_TRUE(backEnd().turnUntil([this] { return ran_.size() == count; }));
-    poster.join();
     EXPECT_THAT(threads, testing::Each(mainThread));
     EXPECT_TRUE(std::ranges::is_sorted(ran_));
 }

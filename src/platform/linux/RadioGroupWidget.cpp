@@ -1,7 +1,9 @@
 #include "platform/linux/RadioGroupWidget.h"
 
 #include "platform/linux/DisplayText.h"
+#include "platform/linux/ViewStyling.h"
 
+#include <QEvent>
 #include <QPointer>
 #include <QRadioButton>
 #include <QVBoxLayout>
@@ -59,12 +61,20 @@ void RadioGroupWidget::check(std::size_t index) {
     }
 }
 
+bool RadioGroupWidget::event(QEvent *event) {
+    if (event->type() == QEvent::PaletteChange) {
+        refresh();
+    }
+    return QWidget::event(event);
+}
+
 void RadioGroupWidget::refresh() {
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
     for (std::size_t index = 0; index < buttons_.size(); ++index) {
         const QString title = QString::fromStdString(picker().options[index]);
         buttons_[index]->setText(withoutMnemonic(title));
         buttons_[index]->setAccessibleName(title);
+        buttons_[index]->setPalette(indicatorPalette());
     }
     check(picker().selected);
 }

@@ -21,6 +21,9 @@ class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRol
 
     QAccessible::Role accessibleRole() const override { return QAccessible::Grouping; }
 
+  protected:
+    bool event(QEvent *event) override;
+
   private:
     const Picker &picker() const { return std::get<Picker>(view_.content); }
     void addButton();

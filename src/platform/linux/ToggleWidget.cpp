@@ -26,6 +26,7 @@ void ToggleWidget::render(const View &view, Rendering) {
 }
 
 void ToggleWidget::refresh() {
+    setPalette(indicatorPalette());
     const QString title = QString::fromStdString(toggle().title);
     setText(withoutMnemonic(title));
     setAccessibleName(title);

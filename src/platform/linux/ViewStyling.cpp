@@ -83,6 +83,20 @@ bool isDark(const QPalette &palette) {
            palette.color(QPalette::WindowText).lightness();
 }
 
+QPalette indicatorPalette() {
+    constexpr int windowLightness = 185;
+    const QPalette desktop = QGuiApplication::palette();
+    // Only this role: the others go on following the desktop.
+    QPalette palette;
+    palette.setResolveMask(0);
+    if (isDark(desktop)) {
+        const QColor window = desktop.color(QPalette::Window);
+        palette.setColor(QPalette::Window,
+                         QColor::fromHsl(window.hslHue(), window.hslSaturation(), windowLightness));
+    }
+    return palette;
+}
+
 QColor faded(const QPalette &palette, double strength) {
     QColor colour = palette.color(QPalette::Active, QPalette::WindowText);
     colour.setAlphaF(static_cast<float>(strength));

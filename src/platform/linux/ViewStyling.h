@@ -33,6 +33,10 @@ QColor faded(const QPalette &palette, double strength);
 
 bool isDark(const QPalette &palette);
 
+/// For check boxes and radio buttons. The toolkit outlines them by a darker shade of the window,
+/// which on a dark one cannot be seen: there they take the window for a light one.
+QPalette indicatorPalette();
+
 /// A text style as it relates to the desktop's own font.
 QFont viewFont(const Font &font);
 

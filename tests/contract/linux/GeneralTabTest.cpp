@@ -332,6 +332,20 @@ TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
     }
 }
 
+TEST_F(GeneralTabOnScreen, outlinesWhatIsNotCheckedAlsoInTheDark) {
+    const Look before;
+    open();
+    QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(40, 40, 40)));
+    QApplication::processEvents();
+    for (const char16_t *name : {u"Defined Zone", u"Start at Login"}) {
+        QWidget &button = named(QString::fromUtf16(name));
+        constexpr int indicatorWidth = 13;
+        const QImage picture = button.grab({0, 0, indicatorWidth, button.height()}).toImage();
+        EXPECT_GT(lightest(picture.convertToFormat(QImage::Format_RGB32)), 110)
+            << button.accessibleName().toStdString();
+    }
+}
+
 } // namespace
 
 } // namespace corvane::contract
