@@ -3,10 +3,14 @@
 #include "platform/linux/UserDirectories.h"
 #include "platform/posix/UnixSocket.h"
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <string_view>
 #include <utility>
+
+#include <poll.h>
 
 namespace corvane::x11 {
 
@@ -35,6 +39,19 @@ std::filesystem::path socketOf(const std::string &address) {
         }
     }
     return {};
+}
+
+/// Whether a bus answers there at once. The toolkit would wait for one that does not, and the main
+/// thread with it.
+bool isAnswered(const posix::FileDescriptor &connection) {
+    constexpr std::chrono::milliseconds patience{100};
+    const std::string user = QByteArray::number(geteuid()).toHex().toStdString();
+    posix::sendSome(connection, std::string(1, '\0') + "AUTH EXTERNAL " + user + "\r\n");
+    pollfd answer{.fd = connection.get(), .events = POLLIN, .revents = 0};
+    std::array<char, 64> bytes{};
+    return poll(&answer, 1, static_cast<int>(patience.count())) == 1 &&
+           read(connection.get(), bytes.data(), bytes.size()) > 0 &&
+           std::string_view(bytes.data(), bytes.size()).starts_with("OK");
 }
 
 std::filesystem::path socketOfUser() {
@@ -111,7 +128,7 @@ void SessionBus::lookForAnother() {
 /// Where the bus was, another user could have come to listen, and what comes from a bus is obeyed.
 bool SessionBus::isAnotherListening() const {
     const auto socket = posix::connectTo(socketOf(address_));
-    return socket && posix::peerOf(*socket) == user_;
+    return socket && posix::peerOf(*socket) == user_ && isAnswered(*socket);
 }
 
 } // namespace corvane::x11

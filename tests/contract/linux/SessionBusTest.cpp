@@ -3,11 +3,16 @@
 #include "EventLoop.h"
 #include "TemporaryFolder.h"
 #include "WindowSystemTest.h"
+#include "platform/posix/UnixSocket.h"
 
 #include <QDBusConnectionInterface>
 #include <QDBusReply>
 
+#include <array>
 #include <memory>
+
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace corvane::contract {
 
@@ -62,6 +67,27 @@ TEST_F(SessionBusTest, ConnectsToABusThatComesLater) {
     desktop_.startMessageBus();
     ASSERT_TRUE(awaitChanges(1));
     EXPECT_TRUE(isAlive(*bus));
+}
+
+TEST_F(SessionBusTest, DoesNotWaitForABusThatIsSilent) {
+    const auto bus = connect();
+    desktop_.stopMessageBus();
+    const auto silent = posix::listenAt(desktop_.folder() / "bus" / "bus");
+    ASSERT_TRUE(silent);
+    for (int search = 0; search < 2; ++search) {
+        posix::FileDescriptor caller;
+        ASSERT_TRUE(turnUntil([&] {
+            caller = posix::FileDescriptor(accept(silent->get(), nullptr, nullptr));
+            return caller.isOpen();
+        }));
+        std::array<char, 64> bytes{};
+        EXPECT_GT(read(caller.get(), bytes.data(), bytes.size()), 0);
+        ASSERT_TRUE(turnUntil(
+            [&] { return recv(caller.get(), bytes.data(), bytes.size(), MSG_DONTWAIT) == 0; }));
+    }
+    EXPECT_FALSE(bus->connection().isConnected());
+    desktop_.startMessageBus();
+    EXPECT_TRUE(turnUntil([&] { return isAlive(*bus); }));
 }
 
 TEST_F(SessionBusTest, SeveralAreClientsOfTheirOwn) {
