@@ -1,8 +1,10 @@
 #include "PickTest.h"
+#include "harness/WindowTree.h"
 
 #include <X11/keysym.h>
 
 #include <algorithm>
+#include <optional>
 
 namespace corvane::desktop {
 
@@ -55,6 +57,24 @@ INSTANTIATE_TEST_SUITE_P(Factor, ScaleTest, testing::Values("1", "1.5", "2"), []
     std::ranges::replace(name, '.', '_');
     return name;
 });
+
+TEST(NarrowScreenTest, anAlertHasRoomAtTwiceTheSize) {
+    const VirtualDesktop desktop({.width = 640, .height = 960, .takesStatusIcons = false});
+    CorvaneProcess corvane(desktop, {.environment = {{"QT_SCALE_FACTOR", "2"}}});
+    std::optional<SeenWindow> notice;
+    ASSERT_TRUE(waitUntil([&] {
+        for (const SeenWindow &window : corvaneWindows(desktop.connection())) {
+            if (window.title == "No panel shows Corvane here") {
+                notice = window;
+            }
+        }
+        return notice.has_value();
+    })) << corvane.story();
+    EXPECT_LE(notice->area.width, 640);
+    EXPECT_GE(notice->area.x, 0);
+    EXPECT_LE(notice->area.x + notice->area.width, 640);
+    EXPECT_LE(notice->area.y + notice->area.height, 960);
+}
 
 } // namespace
 

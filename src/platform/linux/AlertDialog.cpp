@@ -11,6 +11,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -25,6 +26,7 @@ namespace corvane::x11 {
 namespace {
 
 constexpr int margin = 22;
+constexpr int columnSpacing = margin - 4;
 constexpr int imageSize = 56;
 constexpr int shortestLine = 280;
 constexpr int longestLine = 400;
@@ -39,15 +41,21 @@ class DecorationLabel : public QLabel, public AccessibleRole {
     QAccessible::Role accessibleRole() const override { return QAccessible::LayeredPane; }
 };
 
+/// The width that a screen leaves for the texts beside the image.
+int roomForTexts(const QScreen &screen) {
+    constexpr int frame = 8;
+    return screen.availableGeometry().width() - 2 * margin - imageSize - columnSpacing - frame;
+}
+
 /// As wide as its text on one line where that is neither too narrow nor too wide, else wrapped.
-QLabel *makeLabel(const std::string &source, const QFont &font) {
+QLabel *makeLabel(const std::string &source, const QFont &font, int room) {
     const auto text = QString::fromStdString(source);
     auto *label = new QLabel(breakable(shortened(onOneLine(text), longestText)));
     label->setTextFormat(Qt::PlainText);
     label->setFont(font);
     label->setWordWrap(true);
     const auto natural = QFontMetrics(font).horizontalAdvance(label->text());
-    label->setFixedWidth(std::clamp(natural + 2, shortestLine, longestLine));
+    label->setFixedWidth(std::min(std::clamp(natural + 2, shortestLine, longestLine), room));
     label->setAccessibleName(text);
     return label;
 }
@@ -67,7 +75,7 @@ AlertDialog::AlertDialog(const Alert &alert)
     image->setPixmap(alertImage(alert, imageSize, devicePixelRatioF()));
 
     auto *columns = new QHBoxLayout;
-    columns->setSpacing(margin - 4);
+    columns->setSpacing(columnSpacing);
     columns->addWidget(image, 0, Qt::AlignTop);
     columns->addLayout(makeTexts(alert), 1);
 
@@ -89,8 +97,9 @@ QBoxLayout *AlertDialog::makeTexts(const Alert &alert) {
     messageFont.setPointSizeF(QFontInfo(messageFont).pointSizeF() * 1.1);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(6);
-    texts->addWidget(makeLabel(alert.messageText, messageFont));
-    texts->addWidget(makeLabel(alert.informativeText, font()));
+    const int room = roomForTexts(*screen());
+    texts->addWidget(makeLabel(alert.messageText, messageFont, room));
+    texts->addWidget(makeLabel(alert.informativeText, font(), room));
     if (alert.field) {
         addField(*texts, *alert.field, alert.informativeText);
     }
@@ -102,8 +111,9 @@ void AlertDialog::addField(QBoxLayout &layout, const AlertField &field,
                            const std::string &description) {
     field_ = new QLineEdit(QString::fromStdString(field.text));
     field_->setPlaceholderText(QString::fromStdString(field.placeholder));
-    field_->setFixedSize(static_cast<int>(std::lround(field.size.width)),
-                         static_cast<int>(std::lround(field.size.height)));
+    field_->setFixedSize(
+        std::min(static_cast<int>(std::lround(field.size.width)), roomForTexts(*screen())),
+        static_cast<int>(std::lround(field.size.height)));
     field_->setAccessibleName(QString::fromStdString(description));
     field_->selectAll();
     layout.addSpacing(6);
