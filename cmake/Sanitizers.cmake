@@ -1,12 +1,25 @@
-# The sanitizer presets; every target of the project is built with the same one.
+# The sanitizer presets; every target of the project is built with the same one. What they find in
+# the tests and in the programs that tests start goes into the folder `reports`.
+
+set(sanitizer_reports "${CMAKE_BINARY_DIR}/reports")
+# What tests are run with, as properties of them.
+set(sanitizer_environment "")
 
 if(CORVANE_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+    set(sanitizer_environment ENVIRONMENT
+        "ASAN_OPTIONS=log_path=${sanitizer_reports}/address")
 elseif(CORVANE_SANITIZE STREQUAL "thread")
     add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
     add_link_options(-fsanitize=thread)
+    set(sanitizer_environment ENVIRONMENT
+        "TSAN_OPTIONS=log_path=${sanitizer_reports}/thread:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/foreign-races.txt:print_suppressions=0")
 elseif(NOT CORVANE_SANITIZE STREQUAL "")
     message(FATAL_ERROR "CORVANE_SANITIZE is address, thread or empty")
+endif()
+
+if(CORVANE_SANITIZE)
+    file(MAKE_DIRECTORY "${sanitizer_reports}")
 endif()
