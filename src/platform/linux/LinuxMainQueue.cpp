@@ -1,14 +1,26 @@
 #include "platform/linux/LinuxMainQueue.h"
 
-#include <QMetaObject>
+#include <QCoreApplication>
 
 #include <utility>
 
 namespace corvane::x11 {
 
 void LinuxMainQueue::post(std::function<void()> work) {
-    QMetaObject::invokeMethod(&receiver_, std::move(work), Qt::QueuedConnection);
+    const std::lock_guard lock(posting_);
+    posted_.push_back(std::move(work));
+    QCoreApplication::postEvent(&receiver_, new QEvent(QEvent::User)); // NOLINT: the loop owns it
 }
+
+std::function<void()> LinuxMainQueue::takeFirst() {
+    const std::lock_guard lock(posting_);
+    std::function<void()> work = std::move(posted_.front());
+    posted_.pop_front();
+    return work;
+}
+
+/// One piece for each event, so that a nested event loop goes on with the next.
+void LinuxMainQueue::Receiver::customEvent(QEvent * /*event*/) { queue_.takeFirst()(); }
 
 std::unique_ptr<platform::Timer> LinuxMainQueue::after(std::chrono::nanoseconds delay,
                                                        std::function<void()> work) {

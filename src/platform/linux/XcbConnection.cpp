@@ -1,6 +1,7 @@
 #include "platform/linux/XcbConnection.h"
 
 #include <cstdint>
+#include <mutex>
 #include <utility>
 
 namespace corvane::x11 {
@@ -15,11 +16,18 @@ const xcb_screen_t *screenOfNumber(xcb_connection_t *connection, int number) {
     return screens.rem > 0 ? screens.data : nullptr;
 }
 
+/// Looking up the right to connect uses one buffer for all threads.
+xcb_connection_t *connectOneByOne(int &screenNumber) {
+    static std::mutex connecting;
+    const std::lock_guard lock(connecting);
+    return xcb_connect(nullptr, &screenNumber);
+}
+
 } // namespace
 
 std::expected<std::unique_ptr<XcbConnection>, int> XcbConnection::open() {
     int screenNumber = 0;
-    Handle connection(xcb_connect(nullptr, &screenNumber));
+    Handle connection(connectOneByOne(screenNumber));
     if (const int error = xcb_connection_has_error(connection.get()); error != 0) {
         return std::unexpected(error);
     }
