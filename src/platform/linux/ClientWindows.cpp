@@ -52,7 +52,8 @@ void ClientWindows::refreshList() {
     listRead_ = Clock::now();
 }
 
-std::vector<WindowFacts> ClientWindows::windowsOf(std::int32_t processIdentifier) {
+std::vector<std::shared_ptr<const WindowFacts>>
+ClientWindows::windowsOf(std::int32_t processIdentifier) {
     std::vector<xcb_window_t> windows;
     for (const WindowOwner &owner : owners()) {
         if (owner.processIdentifier == processIdentifier) {
@@ -60,11 +61,12 @@ std::vector<WindowFacts> ClientWindows::windowsOf(std::int32_t processIdentifier
         }
     }
     refresh(windows);
-    std::vector<WindowFacts> facts;
+    std::vector<std::shared_ptr<const WindowFacts>> facts;
+    facts.reserve(windows.size());
     for (const xcb_window_t window : windows) {
         const auto watched = watched_.find(window);
-        if (watched != watched_.end() && watched->second.facts.layer == 0 &&
-            !watched->second.facts.isDesktop) {
+        if (watched != watched_.end() && watched->second.facts->layer == 0 &&
+            !watched->second.facts->isDesktop) {
             facts.push_back(watched->second.facts);
         }
     }
@@ -92,7 +94,7 @@ void ClientWindows::refresh(const std::vector<xcb_window_t> &windows) {
             continue;
         }
         Watched &watched = watched_.at(window);
-        watched.facts = std::move(*found);
+        watched.facts = std::make_shared<const WindowFacts>(std::move(*found));
         watched.isStale = false;
     }
 }

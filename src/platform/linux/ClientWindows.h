@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -23,7 +24,7 @@ class ClientWindows {
 
     /// The windows of a process that users see as windows, front-most first, minimised ones
     /// included. Watches them for a while.
-    std::vector<WindowFacts> windowsOf(std::int32_t processIdentifier);
+    std::vector<std::shared_ptr<const WindowFacts>> windowsOf(std::int32_t processIdentifier);
 
     const XcbConnection &connection() const { return events_.connection(); }
 
@@ -31,7 +32,8 @@ class ClientWindows {
     using Clock = std::chrono::steady_clock;
 
     struct Watched {
-        WindowFacts facts{};
+        /// Shared with whoever asked for them; null until they have been read.
+        std::shared_ptr<const WindowFacts> facts{};
         bool isStale = true;
         Clock::time_point lastAsked{};
         /// The windows it moves and disappears with; nothing until they are known.

@@ -8,29 +8,32 @@ namespace {
 
 class LinuxAccessibilityWindow : public platform::AccessibilityWindow {
   public:
-    explicit LinuxAccessibilityWindow(WindowFacts facts) : facts_(std::move(facts)) {}
+    explicit LinuxAccessibilityWindow(std::shared_ptr<const WindowFacts> facts)
+        : facts_(std::move(facts)) {}
 
-    std::optional<std::string> title() override { return facts_.title; }
+    std::optional<std::string> title() override { return facts_->title; }
 
     std::optional<Point> position() override {
-        return facts_.isOnScreen ? std::optional(Point{facts_.bounds.x, facts_.bounds.y})
-                                 : std::nullopt;
+        return facts_->isOnScreen ? std::optional(Point{facts_->bounds.x, facts_->bounds.y})
+                                  : std::nullopt;
     }
 
     std::optional<Size> size() override {
-        return facts_.isOnScreen ? std::optional(facts_.bounds.size()) : std::nullopt;
+        return facts_->isOnScreen ? std::optional(facts_->bounds.size()) : std::nullopt;
     }
 
   private:
-    const WindowFacts facts_;
+    const std::shared_ptr<const WindowFacts> facts_;
 };
 
 } // namespace
 
 std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
 LinuxAccessibilityWindows::windows(std::int32_t processIdentifier) {
+    auto known = windows_.windowsOf(processIdentifier);
     std::vector<std::unique_ptr<platform::AccessibilityWindow>> windows;
-    for (WindowFacts &facts : windows_.windowsOf(processIdentifier)) {
+    windows.reserve(known.size());
+    for (std::shared_ptr<const WindowFacts> &facts : known) {
         windows.push_back(std::make_unique<LinuxAccessibilityWindow>(std::move(facts)));
     }
     if (windows_.connection().isLost()) {

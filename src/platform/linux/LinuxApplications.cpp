@@ -28,8 +28,9 @@ std::vector<platform::RunningApplication>
 LinuxApplications::running(const std::string &bundleIdentifier) {
     std::set<std::int32_t> processes;
     for (const WindowOwner &owner : windows_.owners()) {
-        if (owner.processIdentifier && identifierOf(owner) == bundleIdentifier) {
-            processes.insert(*owner.processIdentifier);
+        const auto &process = owner.processIdentifier;
+        if (process && !processes.contains(*process) && identifierOf(owner) == bundleIdentifier) {
+            processes.insert(*process);
         }
     }
     std::vector<platform::RunningApplication> applications;
