@@ -22,4 +22,6 @@ endif()
 
 if(CORVANE_SANITIZE)
     file(MAKE_DIRECTORY "${sanitizer_reports}")
+    # Enough to run well and to name lines; more would take the compiler twice the time.
+    add_compile_options(-O1 -g1)
 endif()
