@@ -6,13 +6,18 @@
 
 namespace corvane::macos {
 
-// Threads without a run loop have nobody to empty an autorelease pool for them.
+namespace {
 
-Activity::Activity(NSActivityOptions options, NSString *reason) {
+// Threads without a run loop have nobody to empty an autorelease pool for them.
+id<NSObject> begin(NSActivityOptions options, NSString *reason) {
     @autoreleasepool {
-        token_ = [NSProcessInfo.processInfo beginActivityWithOptions:options reason:reason];
+        return [NSProcessInfo.processInfo beginActivityWithOptions:options reason:reason];
     }
 }
+
+} // namespace
+
+Activity::Activity(NSActivityOptions options, NSString *reason) : token_(begin(options, reason)) {}
 
 Activity::~Activity() {
     @autoreleasepool {
