@@ -2,12 +2,20 @@
 #include "Session.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxMouseEvents.h"
+#include "platform/linux/PointerQuestion.h"
+#include "platform/linux/XcbConnection.h"
 #include "services/ClickerService.h"
 #include "support/Log.h"
 
+#include <xcb/xtest.h>
+
+#include <chrono>
 #include <cstdint>
 #include <ctime>
 #include <future>
+#include <thread>
+
+#include <sys/prctl.h>
 
 namespace corvane::bench {
 
@@ -43,16 +51,58 @@ Samples costsOfClicks(int clickCount) {
     return costs;
 }
 
+struct BareClicks {
+    /// Processor time of the thread.
+    Samples costs;
+    /// From click to click, beyond the two sleeps.
+    Samples overheads;
+};
+
+/// The least that anything can do for a click: read the pointer, press, sleep, release, sleep. It
+/// neither wakes early nor waits awake, so what it takes is the machine's.
+BareClicks clickBarely(int clickCount) {
+    using Clock = std::chrono::steady_clock;
+    using Milliseconds = std::chrono::duration<double, std::milli>;
+    constexpr std::chrono::milliseconds hold(10);
+    constexpr std::chrono::milliseconds interval(20);
+    constexpr std::uint8_t leftButton = 1;
+    const auto connection = x11::XcbConnection::open().value();
+    const auto send = [&connection](std::uint8_t type) {
+        xcb_test_fake_input(connection->get(), type, leftButton, XCB_CURRENT_TIME, XCB_NONE, 0, 0,
+                            0);
+        connection->flush();
+    };
+    BareClicks clicks;
+    std::thread([&] {
+        prctl(PR_SET_TIMERSLACK, 1);
+        for (int click = 0; click < clickCount; ++click) {
+            const auto start = Clock::now();
+            const double costBefore = threadMilliseconds();
+            x11::PointerQuestion(*connection).answer();
+            send(XCB_BUTTON_PRESS);
+            std::this_thread::sleep_for(hold);
+            send(XCB_BUTTON_RELEASE);
+            std::this_thread::sleep_for(interval);
+            clicks.costs.add(threadMilliseconds() - costBefore);
+            clicks.overheads.add(Milliseconds(Clock::now() - start - hold - interval).count());
+        }
+    }).join();
+    return clicks;
+}
+
 } // namespace
 
 std::vector<Figure> measureEngine(Extent extent) {
+    const int clickCount = extent == Extent::quick ? 50 : 300;
     Session session;
     session.desktop().adoptEnvironment();
     useLogSink([](std::string_view) {});
-    const Samples costs = costsOfClicks(extent == Extent::quick ? 50 : 300);
+    const Samples costs = costsOfClicks(clickCount);
     useLogSink({});
-    return {
-        Figure::of("processor time a click, engine alone", "ms", {.medianAtMost = 0.15}, costs)};
+    const BareClicks bare = clickBarely(clickCount);
+    return {Figure::of("processor time a click, engine alone", "ms", {.medianAtMost = 0.15}, costs),
+            Figure::of("processor time a click, bare loop", "ms", {}, bare.costs),
+            Figure::of("period beyond interval and hold, bare loop", "ms", {}, bare.overheads)};
 }
 
 } // namespace corvane::bench

@@ -19,12 +19,15 @@ using Row = std::array<std::string, columns>;
 
 Row rowOf(const Figure &figure) {
     const auto ratio = figure.ratio();
+    const std::string target = figure.target.text();
     return {figure.name + (figure.unit.empty() ? "" : ", " + figure.unit),
-            figure.target.text(),
+            target,
             measuredText(figure.median),
             measuredText(figure.p99),
             ratio ? measuredText(*ratio) : "",
-            figure.isMet() ? "yes" : "no"};
+            target.empty()   ? ""
+            : figure.isMet() ? "yes"
+                             : "no"};
 }
 
 /// Characters, of text in UTF-8.
