@@ -1,7 +1,5 @@
 #include "platform/linux/WindowProperty.h"
 
-#include <cstring>
-
 namespace corvane::x11 {
 
 namespace {
@@ -43,10 +41,8 @@ std::vector<std::uint32_t> WindowProperty::numbers() {
     if (answer == nullptr || answer->format != 32) {
         return {};
     }
-    std::vector<std::uint32_t> values(answer->value_len);
-    std::memcpy(values.data(), xcb_get_property_value(answer),
-                values.size() * sizeof(std::uint32_t));
-    return values;
+    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(answer));
+    return {values, values + answer->value_len};
 }
 
 std::optional<std::uint32_t> WindowProperty::number() {
