@@ -11,8 +11,9 @@ if(CORVANE_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+    # What was freed is kept for a while; tests that weigh the program want it to be little.
     set(sanitizer_environment ENVIRONMENT
-        "ASAN_OPTIONS=log_path=${sanitizer_reports}/address")
+        "ASAN_OPTIONS=log_path=${sanitizer_reports}/address:quarantine_size_mb=4")
 elseif(CORVANE_SANITIZE STREQUAL "thread")
     add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
     add_link_options(-fsanitize=thread)

@@ -333,7 +333,7 @@ TEST_F(GeneralTabOnDesktop, startingAtLoginFollowsTheEntryOfTheDesktop) {
     EXPECT_EQ(readFile(loginEntry()).find("Hidden"), std::string::npos);
     const auto program = std::filesystem::read_symlink(
         "/proc/" + std::to_string(corvane_->process().pid()) + "/exe");
-    EXPECT_NE(readFile(loginEntry()).find("\nExec=\"" + program.string() + "\"\n"),
+    EXPECT_NE(readFile(loginEntry()).find("\nExec=\"" + program.string() + "\" --at-login\n"),
               std::string::npos);
     strike(XK_space);
     ASSERT_TRUE(waitForFocus("check box 'Start at Login'"));
