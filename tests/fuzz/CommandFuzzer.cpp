@@ -19,8 +19,9 @@ void obey(const CommandRequest &words) {
     const auto command = Command::parse(words);
     require(command || !command.error().description.empty(), "a refusal has a reason");
     const CommandLine line = CommandLine::parse(words, {.version = "1.0", .hotKeyName = "F1"});
-    require(words.empty() == (line.request == CommandLine::Request::run),
-            "no words start the program");
+    const bool start = words.empty() || words == CommandRequest{"--at-login"};
+    require(start == (line.request == CommandLine::Request::run),
+            "only no words, and the option of the login item, start the program");
     require(line.request != CommandLine::Request::command || command.has_value(),
             "only commands are sent");
     require(decodeWords(encodeWords(words)) == words, "words arrive as they were sent");
