@@ -3,6 +3,8 @@
 
 set(sanitizer_reports "${CMAKE_BINARY_DIR}/reports")
 set(sanitizer_exceptions "${PROJECT_SOURCE_DIR}/tests/sanitizers")
+# Tests end the program by signals, of which it is to die as it does without a sanitizer.
+set(sanitizer_signals "handle_segv=0:handle_sigbus=0:handle_sigfpe=0:handle_sigill=0")
 # What tests are run with, as properties of them.
 set(sanitizer_environment "")
 
@@ -12,16 +14,15 @@ if(CORVANE_SANITIZE STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize=vptr -fno-sanitize-recover=all
         -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
-    # What was freed is kept for a while; tests that weigh the program want it to be little. Others
-    # end it by signals, of which it is to die as it does without a sanitizer.
+    # What was freed is kept for a while; tests that weigh the program want it to be little.
     set(sanitizer_environment
-        ENVIRONMENT "ASAN_OPTIONS=log_path=${sanitizer_reports}/address:quarantine_size_mb=4:handle_segv=0:handle_sigbus=0:handle_sigfpe=0:handle_sigill=0"
+        ENVIRONMENT "ASAN_OPTIONS=log_path=${sanitizer_reports}/address:${sanitizer_signals}:quarantine_size_mb=4"
         ENVIRONMENT_MODIFICATION "LSAN_OPTIONS=set:suppressions=${sanitizer_exceptions}/foreign-leaks.txt:print_suppressions=0")
 elseif(CORVANE_SANITIZE STREQUAL "thread")
     add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
     add_link_options(-fsanitize=thread)
     set(sanitizer_environment ENVIRONMENT
-        "TSAN_OPTIONS=log_path=${sanitizer_reports}/thread:suppressions=${sanitizer_exceptions}/foreign-races.txt:print_suppressions=0")
+        "TSAN_OPTIONS=log_path=${sanitizer_reports}/thread:${sanitizer_signals}:suppressions=${sanitizer_exceptions}/foreign-races.txt:print_suppressions=0")
 elseif(NOT CORVANE_SANITIZE STREQUAL "")
     message(FATAL_ERROR "CORVANE_SANITIZE is address, thread or empty")
 endif()
