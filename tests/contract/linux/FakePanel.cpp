@@ -49,7 +49,8 @@ FakePanel::FakePanel(bool hasHost)
                  SLOT(iconChanged()));
     bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewToolTip"), this,
                  SLOT(toolTipChanged()));
-    bus_.registerService(service);
+    // The bus may not have noticed yet that the panel before it has gone.
+    turnUntil([this] { return bus_.registerService(service); });
 }
 
 FakePanel::~FakePanel() { QDBusConnection::disconnectFromBus(bus_.name()); }
