@@ -49,8 +49,7 @@ FakePanel::FakePanel(bool hasHost)
                  SLOT(iconChanged()));
     bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewToolTip"), this,
                  SLOT(toolTipChanged()));
-    // The bus may not have noticed yet that the panel before it has gone.
-    turnUntil([this] { return bus_.registerService(service); });
+    bus_.registerService(service);
 }
 
 FakePanel::~FakePanel() { QDBusConnection::disconnectFromBus(bus_.name()); }
