@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <memory>
 
 namespace corvane::platform {
@@ -13,8 +14,15 @@ class CancellableWait {
   public:
     virtual ~CancellableWait() = default;
 
-    /// Blocks the calling thread until `deadline`, or until cancelled if that comes first.
-    virtual void waitUntil(Instant deadline) = 0;
+    /// Blocks the calling thread until `deadline`, or until cancelled if that comes first. What is
+    /// to be known at the deadline is found out by `beforehand`, which is called once on the same
+    /// thread: as shortly before the deadline as can be done, or right after it; not when
+    /// cancelled.
+    virtual void waitUntil(Instant deadline, const std::function<void()> &beforehand) = 0;
+
+    void waitUntil(Instant deadline) {
+        waitUntil(deadline, [] {});
+    }
 
     /// Ends this and every later wait at once. Any thread; cannot be taken back.
     virtual void cancel() = 0;

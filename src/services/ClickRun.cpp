@@ -87,8 +87,9 @@ void ClickRun::clickLoop() {
     log("Clicker started: mode=" + std::string(storedValue(mode_)) +
         " interval=" + decimalText(interval_) + "s maxClicks=" + std::to_string(limit_));
     const auto mouse = mouseEvents_.openSession();
-    while (!wait_->isCancelled()) {
-        const Point position = awaitReadiness(*mouse).cursorLocation.value_or(Point{});
+    platform::Instant due = clock_.now();
+    while (const auto state = awaitReadiness(*mouse, due)) {
+        const Point position = state->cursorLocation.value_or(Point{});
         if (isInsideZone(position) && click(*mouse, position)) {
             count_.addOne();
             connections_.onClick(count_.value(), position);
@@ -98,24 +99,28 @@ void ClickRun::clickLoop() {
                 return;
             }
         }
-        wait_->waitUntil(clock_.now() + toNanoseconds(interval_));
+        due = clock_.now() + toNanoseconds(interval_);
     }
     log("Clicker stopped after " + countText());
 }
 
+/// Waits until the next click is due and can be made. What the mouse is like then; nothing when the
+/// run was cancelled.
+std::optional<platform::MouseState> ClickRun::awaitReadiness(platform::MouseSession &mouse,
+                                                             platform::Instant due) {
+    platform::MouseState state;
+    do {
+        wait_->waitUntil(due, [&] { state = mouse.state(); });
+        due = clock_.now() + lookAgain;
+    } while (!wait_->isCancelled() && !isReady(state));
+    return wait_->isCancelled() ? std::nullopt : std::optional(state);
+}
+
 /// A button that is down is held by the user, or its release is stuck behind another program's grab
 /// of the pointer: a press would be lost, or be one of many that arrive at once later.
-platform::MouseState ClickRun::awaitReadiness(platform::MouseSession &mouse) {
-    const auto isReady = [this](const platform::MouseState &state) {
-        const bool isFull = connections_.backlog && connections_.backlog->isFull();
-        return !isFull && state.isLeftButtonDown != true;
-    };
-    platform::MouseState state = mouse.state();
-    while (!wait_->isCancelled() && !isReady(state)) {
-        wait_->waitUntil(clock_.now() + lookAgain);
-        state = mouse.state();
-    }
-    return state;
+bool ClickRun::isReady(const platform::MouseState &state) const {
+    const bool isFull = connections_.backlog && connections_.backlog->isFull();
+    return !isFull && state.isLeftButtonDown != true;
 }
 
 bool ClickRun::isInsideZone(Point position) const {

@@ -54,7 +54,9 @@ class ClickRun {
   private:
     void run();
     void clickLoop();
-    platform::MouseState awaitReadiness(platform::MouseSession &mouse);
+    std::optional<platform::MouseState> awaitReadiness(platform::MouseSession &mouse,
+                                                       platform::Instant due);
+    bool isReady(const platform::MouseState &state) const;
     bool isInsideZone(Point position) const;
     bool click(platform::MouseSession &mouse, Point position);
     bool holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &up);

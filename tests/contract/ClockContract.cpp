@@ -76,6 +76,44 @@ TEST_P(ClockContract, ADeadlineThatHasPassedIsNotWaitedFor) {
     EXPECT_FALSE(wait->isCancelled());
 }
 
+TEST_P(ClockContract, WhatIsToBeKnownAtTheDeadlineIsFoundOutOnce) {
+    const auto wait = clock().makeWait();
+    const auto deadline = clock().now() + milliseconds(20);
+    std::atomic<int> calls = 0;
+    std::atomic<bool> isOnTheWaitingThread = false;
+    std::atomic<bool> isThrough = false;
+    std::thread waiter([&] {
+        const auto self = std::this_thread::get_id();
+        wait->waitUntil(deadline, [&] {
+            ++calls;
+            isOnTheWaitingThread = std::this_thread::get_id() == self;
+        });
+        isThrough = true;
+    });
+    EXPECT_TRUE(backEnd().turnUntil([&isThrough] { return isThrough.load(); }));
+    waiter.join();
+    EXPECT_EQ(calls, 1);
+    EXPECT_TRUE(isOnTheWaitingThread);
+    EXPECT_GE(clock().now(), deadline);
+}
+
+TEST_P(ClockContract, ItIsFoundOutAfterADeadlineThatHasPassedToo) {
+    const auto wait = clock().makeWait();
+    int calls = 0;
+    wait->waitUntil(clock().now() - seconds(1), [&calls] { ++calls; });
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_P(ClockContract, ItIsNotFoundOutOnceCancelled) {
+    const auto wait = clock().makeWait();
+    std::atomic<int> calls = 0;
+    std::thread waiter([&] { wait->waitUntil(clock().now() + hours(1), [&calls] { ++calls; }); });
+    wait->cancel();
+    waiter.join();
+    wait->waitUntil(clock().now(), [&calls] { ++calls; });
+    EXPECT_EQ(calls, 0);
+}
+
 TEST_P(ClockContract, CancellingEndsAWaitUnderWay) {
     const auto wait = clock().makeWait();
     const auto start = clock().now();

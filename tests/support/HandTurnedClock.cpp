@@ -11,10 +11,15 @@ class HandTurnedClock::Wait : public platform::CancellableWait {
   public:
     explicit Wait(HandTurnedClock &clock) : clock_(clock) {}
 
-    void waitUntil(platform::Instant deadline) override {
-        std::unique_lock lock(clock_.mutex_);
-        if (!isCancelled_) {
-            clock_.block(lock, deadline, this);
+    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override {
+        {
+            std::unique_lock lock(clock_.mutex_);
+            if (!isCancelled_) {
+                clock_.block(lock, deadline, this);
+            }
+        }
+        if (!isCancelled()) {
+            beforehand();
         }
     }
 

@@ -13,12 +13,10 @@ DescriptorWait::DescriptorWait(platform::ContinuousClock &clock)
     : clock_(clock),
       wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
-void DescriptorWait::waitUntil(platform::Instant deadline) {
-    if (isCancelled_ || deadline <= clock_.now()) {
-        return;
-    }
+void DescriptorWait::waitUntil(platform::Instant deadline,
+                               const std::function<void()> &beforehand) {
     lead_.waitUntil(
-        clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); },
+        clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); }, beforehand,
         [this] { return isCancelled(); });
 }
 

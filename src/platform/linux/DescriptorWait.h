@@ -16,7 +16,8 @@ class DescriptorWait : public platform::CancellableWait {
     /// The clock outlives the wait.
     explicit DescriptorWait(platform::ContinuousClock &clock);
 
-    void waitUntil(platform::Instant deadline) override;
+    using CancellableWait::waitUntil;
+    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override;
     void cancel() override;
     bool isCancelled() const override { return isCancelled_; }
 

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxClock.h"
 
 #include "platform/linux/DescriptorWait.h"
+#include "platform/linux/ShortTurns.h"
 
 #include <cerrno>
 #include <ctime>
@@ -14,20 +15,26 @@ namespace {
 using std::chrono::nanoseconds;
 using std::chrono::seconds;
 
+/// Ends the thread's sleeps at their time; by default the kernel may gather them.
+void endSleepsAtTheirTime() { prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL); }
+
+void beWokenPromptly() {
+    thread_local const bool isPrompt = [] {
+        endSleepsAtTheirTime();
+        takeShortTurns();
+        return true;
+    }();
+    static_cast<void>(isPrompt);
+}
+
 timespec timespecOf(platform::Instant instant) {
     const auto whole = std::chrono::floor<seconds>(instant);
     return {.tv_sec = whole.count(), .tv_nsec = (instant - whole).count()};
 }
 
-/// Ends sleeps of the calling thread at their time; by default the kernel may gather them.
-void sleepPrecisely() {
-    thread_local const int isSet = prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL);
-    static_cast<void>(isSet);
-}
-
 void sleepUntil(platform::Instant instant) {
     const timespec deadline = timespecOf(instant);
-    sleepPrecisely();
+    beWokenPromptly();
     while (clock_nanosleep(CLOCK_BOOTTIME, TIMER_ABSTIME, &deadline, nullptr) == EINTR) {
     }
 }
@@ -41,7 +48,7 @@ platform::Instant LinuxClock::now() const {
 }
 
 void LinuxClock::hold(nanoseconds duration) {
-    holdLead_.waitUntil(*this, now() + duration, sleepUntil, [] { return false; });
+    holdLead_.waitUntil(*this, now() + duration, sleepUntil, [] {}, [] { return false; });
 }
 
 std::unique_ptr<platform::CancellableWait> LinuxClock::makeWait() {

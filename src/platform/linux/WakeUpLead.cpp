@@ -6,13 +6,15 @@ namespace corvane::x11 {
 
 /// Settles where four of five are in time: waiting awake for the slowest would cost more than it
 /// gains.
-void WakeUpLead::learn(std::chrono::nanoseconds lateness) {
+void WakeUpLead::learn(std::chrono::nanoseconds taken) {
     using namespace std::chrono_literals;
-    if (lateness < 0ns) {
+    if (taken < 0ns) {
         return; // The sleep was cut short.
     }
     const std::chrono::nanoseconds lead = lead_.load();
-    lead_ = std::clamp(lateness > lead ? lead + 4us : lead - 1us, 0ns, longest);
+    const std::chrono::nanoseconds step = step_.load();
+    lead_ = std::clamp(taken > lead ? lead + 4 * step : lead - step, 0ns, longest);
+    step_ = std::max<std::chrono::nanoseconds>(step * 7 / 8, 1us);
 }
 
 } // namespace corvane::x11

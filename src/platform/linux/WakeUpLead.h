@@ -7,17 +7,25 @@
 namespace corvane::x11 {
 
 /// How long before its time a thread has itself woken. The system wakes it late, on every machine
-/// by another amount: that amount is learnt, and what is then left is waited for awake. Any thread.
+/// by another amount, and it may have something to find out first: how long both take is learnt,
+/// and what is then left is waited for awake. Any thread.
 class WakeUpLead {
   public:
-    /// Sleeps by `sleepUntil` and returns at the deadline, or as soon as `isOver` says so after the
-    /// sleep.
-    template <typename Sleep, typename Condition>
+    /// Sleeps by `sleepUntil`, calls `beforehand` and returns at the deadline, or as soon as
+    /// `isOver` says so after the sleep.
+    template <typename Sleep, typename Preparation, typename Condition>
     void waitUntil(const platform::ContinuousClock &clock, platform::Instant deadline,
-                   Sleep sleepUntil, Condition isOver) {
+                   Sleep sleepUntil, Preparation beforehand, Condition isOver) {
         const platform::Instant wakeUp = deadline - lead_.load();
-        if (wakeUp > clock.now()) {
+        const bool isEarly = wakeUp > clock.now();
+        if (isEarly) {
             sleepUntil(wakeUp);
+        }
+        if (isOver()) {
+            return;
+        }
+        beforehand();
+        if (isEarly) {
             learn(clock.now() - wakeUp);
         }
         while (clock.now() < deadline && !isOver()) {
@@ -25,12 +33,14 @@ class WakeUpLead {
     }
 
     /// How long before its time at most.
-    static constexpr std::chrono::nanoseconds longest = std::chrono::microseconds(150);
+    static constexpr std::chrono::nanoseconds longest = std::chrono::microseconds(300);
 
   private:
-    void learn(std::chrono::nanoseconds lateness);
+    void learn(std::chrono::nanoseconds taken);
 
     std::atomic<std::chrono::nanoseconds> lead_{std::chrono::microseconds(50)};
+    /// Goes down from the first step to the last, so that the first few waits come near.
+    std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(16)};
 };
 
 } // namespace corvane::x11

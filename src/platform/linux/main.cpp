@@ -13,6 +13,7 @@
 #include "platform/linux/MenuText.h"
 #include "platform/linux/PlaceholderColour.h"
 #include "platform/linux/SessionBus.h"
+#include "platform/linux/ShortTurns.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/UserDirectories.h"
@@ -141,6 +142,7 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
         return print(noDisplay(isWaylandSession()));
     }
     const ButtonGuard guard;
+    takeShortTurns();
     // In a Wayland session too, the program is an X client.
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);

@@ -26,10 +26,11 @@ class MacCancellableWait : public platform::CancellableWait {
   public:
     explicit MacCancellableWait(const MacClock &clock) : clock_(clock) {}
 
-    void waitUntil(platform::Instant deadline) override {
+    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override {
         while (!isCancelled()) {
             const auto remaining = deadline - clock_.now();
             if (remaining <= remaining.zero()) {
+                beforehand();
                 return;
             }
             nap(std::min<std::chrono::nanoseconds>(remaining, longestNap));

@@ -27,8 +27,10 @@ class SteppingClock : public platform::ContinuousClock {
 
 class WakeUpLeadTest : public testing::Test {
   protected:
-    /// Waits on a system that wakes so late; how long before the deadline it was asked to wake.
-    std::chrono::nanoseconds askedLead(std::chrono::nanoseconds lateness) {
+    /// Waits on a system that wakes so late, with something to find out that takes so long; how
+    /// long before the deadline it was asked to wake.
+    std::chrono::nanoseconds askedLead(std::chrono::nanoseconds lateness,
+                                       std::chrono::nanoseconds preparation = 0ns) {
         const Instant deadline = clock_.now() + 10ms;
         Instant asked{};
         lead_.waitUntil(
@@ -37,7 +39,7 @@ class WakeUpLeadTest : public testing::Test {
                 asked = instant;
                 clock_.setTo(instant + lateness);
             },
-            [] { return false; });
+            [&] { clock_.setTo(clock_.now() + preparation); }, [] { return false; });
         EXPECT_GE(clock_.now(), deadline);
         return deadline - asked;
     }
@@ -60,6 +62,21 @@ TEST_F(WakeUpLeadTest, SettlesAtTheLatenessOfTheSystem) {
     EXPECT_LE(settledLead(0us), 6us);
 }
 
+TEST_F(WakeUpLeadTest, CoversWhatIsToBeFoundOutBeforehand) {
+    std::chrono::nanoseconds lead{};
+    for (int wait = 0; wait < 500; ++wait) {
+        lead = askedLead(90us, 70us);
+    }
+    EXPECT_NEAR(double(lead.count()), 160'000, 8'000);
+}
+
+TEST_F(WakeUpLeadTest, ComesNearWithinTheFirstFewWaits) {
+    for (int wait = 0; wait < 5; ++wait) {
+        askedLead(150us);
+    }
+    EXPECT_GE(askedLead(150us), 120us);
+}
+
 TEST_F(WakeUpLeadTest, StaysShortOnAMachineThatIsVeryLate) {
     EXPECT_EQ(settledLead(30ms), x11::WakeUpLead::longest);
 }
@@ -67,7 +84,8 @@ TEST_F(WakeUpLeadTest, StaysShortOnAMachineThatIsVeryLate) {
 TEST_F(WakeUpLeadTest, EndsEarlyWhenToldSo) {
     const Instant deadline = clock_.now() + 10ms;
     lead_.waitUntil(
-        clock_, deadline, [this](Instant /*instant*/) { clock_.setTo(1s); }, [] { return true; });
+        clock_, deadline, [this](Instant /*instant*/) { clock_.setTo(1s); },
+        [] { ADD_FAILURE() << "there is nothing to be known any more"; }, [] { return true; });
     EXPECT_LT(clock_.now(), deadline);
 }
 
@@ -75,7 +93,7 @@ TEST_F(WakeUpLeadTest, SleepsNotAtAllForWhatIsNear) {
     bool hasSlept = false;
     const Instant deadline = clock_.now() + 10us;
     lead_.waitUntil(
-        clock_, deadline, [&hasSlept](Instant /*instant*/) { hasSlept = true; },
+        clock_, deadline, [&hasSlept](Instant /*instant*/) { hasSlept = true; }, [] {},
         [] { return false; });
     EXPECT_FALSE(hasSlept);
     EXPECT_GE(clock_.now(), deadline);
