@@ -13,30 +13,39 @@ namespace {
 constexpr double smallestPlainValue = 1e-4;
 constexpr double firstExponentValue = 0x1p54;
 
-std::string shortestText(double value, std::chars_format format) {
-    std::array<char, 32> buffer{};
-    const auto [end, error] =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
-    return {buffer.data(), end};
-}
-
 bool needsExponent(double value) {
     const double magnitude = std::fabs(value);
     return value != 0 && (magnitude < smallestPlainValue || magnitude >= firstExponentValue);
 }
 
+void appendShortestNumber(std::string &text, double value) {
+    std::array<char, 32> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init): filled next
+    const auto format =
+        needsExponent(value) ? std::chars_format::scientific : std::chars_format::fixed;
+    const auto [end, error] =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format);
+    text.append(buffer.data(), end);
+}
+
+void appendDecimal(std::string &text, double value) {
+    const std::size_t start = text.size();
+    appendShortestNumber(text, value);
+    if (std::isfinite(value) && text.find_first_of(".e", start) == std::string::npos) {
+        text += ".0";
+    }
+}
+
 } // namespace
 
 std::string shortestNumberText(double value) {
-    return shortestText(value, needsExponent(value) ? std::chars_format::scientific
-                                                    : std::chars_format::fixed);
+    std::string text;
+    appendShortestNumber(text, value);
+    return text;
 }
 
 std::string decimalText(double value) {
-    std::string text = shortestNumberText(value);
-    if (std::isfinite(value) && text.find_first_of(".e") == std::string::npos) {
-        text += ".0";
-    }
+    std::string text;
+    appendDecimal(text, value);
     return text;
 }
 
@@ -56,8 +65,17 @@ std::string truncatedNumberText(double value) {
 }
 
 std::string rectangleText(const Rectangle &rectangle) {
-    return "(" + decimalText(rectangle.x) + ", " + decimalText(rectangle.y) + ", " +
-           decimalText(rectangle.width) + ", " + decimalText(rectangle.height) + ")";
+    constexpr std::size_t usualLength = 40;
+    std::string text;
+    text.reserve(usualLength);
+    text += '(';
+    appendDecimal(text, rectangle.x);
+    for (const double value : {rectangle.y, rectangle.width, rectangle.height}) {
+        text += ", ";
+        appendDecimal(text, value);
+    }
+    text += ')';
+    return text;
 }
 
 } // namespace corvane

@@ -46,11 +46,11 @@ void TimerQueue::remove(const std::shared_ptr<Call> &call) {
 void TimerQueue::callAllDue() {
     const platform::Instant now = clock_.now();
     while (!calls_.empty() && calls_.front()->due <= now) {
-        const auto call = takeFirst(now);
-        // The work may keep the event loop turning: further calls come then.
-        setDescriptor();
-        call->work();
+        takeFirst(now)->work();
     }
+    // Not before: work that keeps the event loop turning comes here again at once, because the
+    // descriptor is still readable, and most work sets the time of the next call itself.
+    setDescriptor();
 }
 
 std::shared_ptr<TimerQueue::Call> TimerQueue::takeFirst(platform::Instant now) {
