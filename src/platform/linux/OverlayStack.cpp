@@ -2,14 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 namespace corvane::x11 {
 
 namespace {
 
-/// Another program may insist on being above everything too; neither side must keep the server busy
-/// with that.
-constexpr std::chrono::milliseconds restackInterval(100);
+/// Another program may insist on being above everything too, and neither side must keep the server
+/// busy with that. A window that is dragged moves a hundred times a second, which is nothing to be
+/// woken for.
+constexpr std::chrono::milliseconds restTime(100);
 
 } // namespace
 
@@ -26,8 +28,8 @@ OverlayStack::Silence::~Silence() {
 OverlayStack::OverlayStack(XcbEvents &events)
     : events_(events),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
-    restackTimer_.setSingleShot(true);
-    QObject::connect(&restackTimer_, &QTimer::timeout, [this] { restack(); });
+    restTimer_.setSingleShot(true);
+    QObject::connect(&restTimer_, &QTimer::timeout, [this] { listenAgain(); });
 }
 
 void OverlayStack::insert(xcb_window_t window, int level, bool stays) {
@@ -44,7 +46,7 @@ void OverlayStack::remove(xcb_window_t window) {
 }
 
 void OverlayStack::followRoot() {
-    if (silences_ > 0 || std::ranges::none_of(entries_, &Entry::stays)) {
+    if (silences_ > 0 || restTimer_.isActive() || std::ranges::none_of(entries_, &Entry::stays)) {
         rootEvents_.reset();
     } else if (!rootEvents_) {
         rootEvents_.emplace(events_.masks().select(events_.connection().root(),
@@ -74,34 +76,41 @@ void OverlayStack::handle(const xcb_generic_event_t &event) {
     if (!rootEvents_) {
         return;
     }
+    const xcb_window_t root = events_.connection().root();
     const int type = XcbEvents::typeOf(event);
     if (type == XCB_CONFIGURE_NOTIFY) {
         const auto &change = reinterpret_cast<const xcb_configure_notify_event_t &>(event);
-        if (contains(change.above_sibling) && !contains(change.window)) {
-            restackSoon();
+        if (change.event == root && !contains(change.window)) {
+            if (contains(change.above_sibling)) {
+                restack();
+            }
+            rest();
         }
     } else if (type == XCB_MAP_NOTIFY) {
         const auto &shown = reinterpret_cast<const xcb_map_notify_event_t &>(event);
-        if (shown.event == events_.connection().root() && !contains(shown.window)) {
-            restackSoon();
+        if (shown.event == root && !contains(shown.window)) {
+            restack();
+            rest();
         }
-    }
-}
-
-void OverlayStack::restackSoon() {
-    if (!restackTimer_.isActive()) {
-        const auto elapsed = std::chrono::duration_cast<std::chrono::milliseconds>(
-            std::chrono::steady_clock::now() - lastRestack_);
-        restackTimer_.start(std::max(std::chrono::milliseconds(0), restackInterval - elapsed));
     }
 }
 
 void OverlayStack::restack() {
     const Silence silence(*this);
-    lastRestack_ = std::chrono::steady_clock::now();
     for (auto entry = entries_.cend(); entry != entries_.cbegin();) {
         putInPlace(--entry);
     }
+}
+
+void OverlayStack::rest() {
+    restTimer_.start(restTime);
+    followRoot();
+}
+
+/// Whatever has happened meanwhile is made good at once.
+void OverlayStack::listenAgain() {
+    followRoot();
+    restack();
 }
 
 } // namespace corvane::x11

@@ -4,7 +4,6 @@
 
 #include <QTimer>
 
-#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -50,18 +49,18 @@ class OverlayStack {
     void followRoot();
     void putInPlace(Entries::const_iterator entry) const;
     void handle(const xcb_generic_event_t &event);
-    void restackSoon();
     void restack();
+    void rest();
+    void listenAgain();
 
     XcbEvents &events_;
     /// From the lowest to the highest.
     Entries entries_;
-    /// Held while there are windows that stay, except in silence.
+    /// Held while there are windows that stay, except in silence and while resting.
     std::optional<EventMasks::Selection> rootEvents_;
     int silences_ = 0;
     XcbEvents::Subscription subscription_;
-    QTimer restackTimer_;
-    std::chrono::steady_clock::time_point lastRestack_;
+    QTimer restTimer_;
 };
 
 } // namespace corvane::x11
