@@ -7,8 +7,11 @@
 namespace corvane::x11 {
 
 void LinuxMainQueue::post(std::function<void()> work) {
-    const std::lock_guard lock(posting_);
-    posted_.push_back(std::move(work));
+    {
+        const std::lock_guard lock(posting_);
+        posted_.push_back(std::move(work));
+    }
+    // This may wake the main thread at once, which must not find the lock taken.
     QCoreApplication::postEvent(&receiver_, new QEvent(QEvent::User)); // NOLINT: the loop owns it
 }
 
