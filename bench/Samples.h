@@ -12,6 +12,9 @@ class Samples {
         values_.insert(values_.end(), others.values_.begin(), others.values_.end());
     }
 
+    /// Each value times `factor`.
+    Samples scaledBy(double factor) const;
+
     bool isEmpty() const { return values_.empty(); }
     double median() const { return percentile(50); }
     /// The least value that so many of a hundred do not exceed. There is at least one value.

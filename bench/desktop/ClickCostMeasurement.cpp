@@ -1,3 +1,4 @@
+#include "BareThread.h"
 #include "Measurement.h"
 #include "ProcessUsage.h"
 #include "Session.h"
@@ -47,7 +48,11 @@ Figure clickCost(Extent extent, bool hasCompositor) {
 } // namespace
 
 std::vector<Figure> measureClickCost(Extent extent) {
-    return {clickCost(extent, false), clickCost(extent, true)};
+    constexpr std::chrono::milliseconds pause{4};
+    const int turns = extent == Extent::quick ? 250 : 1500;
+    return {clickCost(extent, false), clickCost(extent, true),
+            Figure::of("processor time a wake-up, bare loop", "ms", {},
+                       costsOfTurns(pause, turns, [] {}))};
 }
 
 } // namespace corvane::bench

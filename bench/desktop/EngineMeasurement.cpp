@@ -1,4 +1,5 @@
 #include "Measurement.h"
+#include "ProcessUsage.h"
 #include "Session.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxMouseEvents.h"
@@ -11,7 +12,6 @@
 
 #include <chrono>
 #include <cstdint>
-#include <ctime>
 #include <future>
 #include <thread>
 
@@ -20,14 +20,6 @@
 namespace corvane::bench {
 
 namespace {
-
-double threadMilliseconds() {
-    constexpr double nanosecondsPerMillisecond = 1e6;
-    timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) * millisecondsPerSecond +
-           static_cast<double>(time.tv_nsec) / nanosecondsPerMillisecond;
-}
 
 /// Processor time of the engine's thread from each click to the next.
 Samples costsOfClicks(int clickCount) {

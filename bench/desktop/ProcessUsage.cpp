@@ -47,6 +47,13 @@ ProcessUsage ProcessUsage::of(pid_t process) {
     return usage;
 }
 
+double threadMilliseconds() {
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    const auto used = std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+    return std::chrono::duration<double, std::milli>(used).count();
+}
+
 double privateMegabytes(pid_t process) {
     constexpr double kilobytesPerMegabyte = 1024;
     const std::string memory = desktop::readFile(folderOf(process) / "smaps_rollup");

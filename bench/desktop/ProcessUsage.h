@@ -15,6 +15,9 @@ struct ProcessUsage {
     static ProcessUsage of(pid_t process);
 };
 
+/// The processor time the calling thread has used.
+double threadMilliseconds();
+
 /// The memory no other process shares, in megabytes.
 double privateMegabytes(pid_t process);
 

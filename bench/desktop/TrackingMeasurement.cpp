@@ -1,7 +1,9 @@
+#include "BareThread.h"
 #include "Measurement.h"
 #include "MovingWindow.h"
 #include "ProcessUsage.h"
 #include "Session.h"
+#include "support/Log.h"
 
 #include <thread>
 
@@ -64,11 +66,23 @@ Samples coreShares(pid_t process, int seconds, Work workFor) {
     return shares;
 }
 
+/// What it takes to be woken for each pass and to write its line, and nothing else.
+Samples bareCoreShares(const std::filesystem::path &logFile, int seconds) {
+    constexpr std::chrono::milliseconds pause{16};
+    constexpr int passesPerSecond = 60;
+    const Samples costs = costsOfTurns(pause, seconds * passesPerSecond, [&logFile] {
+        appendLogLine(logFile.c_str(), "WindowResolver: resolved to (80.0, 140.0, 120.0, 90.0) "
+                                       "(window at (40.0, 100.0, 400.0, 300.0))");
+    });
+    return costs.scaledBy(100.0 / pause.count());
+}
+
 } // namespace
 
 std::vector<Figure> measureTracking(Extent extent) {
     const int seconds = extent == Extent::quick ? 3 : 15;
     TrackedRun run;
+    const Samples bare = bareCoreShares(run.session().desktop().folder() / "bare.log", seconds);
     const Samples still = coreShares(run.process(), seconds, [](std::chrono::seconds stretch) {
         std::this_thread::sleep_for(stretch);
     });
@@ -80,6 +94,7 @@ std::vector<Figure> measureTracking(Extent extent) {
                    {.medianAtMost = 0.5}, still),
         Figure::of("anchor tracking, 40 windows, window moving", "% of a core", {.medianAtMost = 2},
                    moving),
+        Figure::of("a pass's wake-up and log line, bare loop", "% of a core", {}, bare),
         Figure::of("zone lag behind the moving window", "ms", {.p99AtMost = 17}, window.lags())};
 }
 
