@@ -23,6 +23,8 @@ class AccessibilityWindow {
     virtual std::optional<Size> size() = 0;
 };
 
+using AccessibilityWindows = std::vector<std::unique_ptr<AccessibilityWindow>>;
+
 /// The right to act on other applications, and their windows. Main thread.
 class Accessibility {
   public:
@@ -34,9 +36,9 @@ class Accessibility {
     /// The same, asking the user for the right where the system has a prompt for it.
     virtual bool isProcessTrustedWithPrompt() = 0;
 
-    /// The application's windows in the order it gives them; nothing when they cannot be read.
-    virtual std::optional<std::vector<std::unique_ptr<AccessibilityWindow>>>
-    windows(std::int32_t processIdentifier) = 0;
+    /// The application's windows in the order it gives them; null when they cannot be read. May be
+    /// the same answer as before as long as nothing has changed.
+    virtual std::shared_ptr<const AccessibilityWindows> windows(std::int32_t processIdentifier) = 0;
 };
 
 } // namespace corvane::platform

@@ -30,16 +30,16 @@ bool FakeAccessibility::isProcessTrustedWithPrompt() {
     return isTrusted;
 }
 
-std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+std::shared_ptr<const platform::AccessibilityWindows>
 FakeAccessibility::windows(std::int32_t processIdentifier) {
     ++windowReadings;
     const auto found = windowsByProcess.find(processIdentifier);
     if (found == windowsByProcess.end()) {
-        return std::nullopt;
+        return nullptr;
     }
-    std::vector<std::unique_ptr<platform::AccessibilityWindow>> result;
+    auto result = std::make_shared<platform::AccessibilityWindows>();
     for (const FakeWindow &window : found->second) {
-        result.push_back(std::make_unique<Window>(window));
+        result->push_back(std::make_unique<Window>(window));
     }
     return result;
 }

@@ -18,7 +18,7 @@ class FakeAccessibility : public platform::Accessibility {
   public:
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
-    std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+    std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 
     bool isTrusted = true;

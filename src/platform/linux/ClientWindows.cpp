@@ -1,5 +1,7 @@
 #include "platform/linux/ClientWindows.h"
 
+#include "platform/linux/XcbEvents.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -11,21 +13,45 @@ namespace {
 /// A safety net for window managers that forget to tell.
 constexpr std::chrono::milliseconds longestTrustInList(500);
 
-/// How long windows are watched after somebody has asked for them.
+/// How long everything is watched at least after somebody has asked.
 constexpr std::chrono::seconds watchTime(2);
 
 } // namespace
 
-ClientWindows::ClientWindows(XcbEvents &events)
-    : events_(events),
-      reader_(events.connection()),
-      rootEvents_(
-          events.masks().select(events.connection().root(), XCB_EVENT_MASK_PROPERTY_CHANGE)),
-      subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
+ClientWindows::ClientWindows(const XcbConnection &connection, platform::MainQueue &mainQueue)
+    : connection_(connection),
+      mainQueue_(mainQueue),
+      masks_(connection),
+      reader_(connection) {}
+
+void ClientWindows::catchUp() {
+    wasAsked_ = true;
+    if (!rootEvents_) {
+        rootEvents_.emplace(masks_.select(connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE));
+        restTimer_ = mainQueue_.every(watchTime, [this] { restUnlessAsked(); });
+    }
+    while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_.get())}) {
+        handle(*event);
+    }
 }
 
-const std::vector<WindowOwner> &ClientWindows::owners() {
-    if (isListStale_ || Clock::now() - listRead_ >= longestTrustInList) {
+/// What nobody reads must not gather.
+void ClientWindows::restUnlessAsked() {
+    if (std::exchange(wasAsked_, false)) {
+        return;
+    }
+    restTimer_.reset();
+    rootEvents_.reset();
+    watched_.clear();
+    answer_.reset();
+    // The number of a window that goes meanwhile may be another's then.
+    owners_.reset();
+    connection_.flush();
+}
+
+std::shared_ptr<const ClientWindows::Owners> ClientWindows::owners() {
+    catchUp();
+    if (!owners_ || isListStale_ || Clock::now() - listRead_ >= longestTrustInList) {
         refreshList();
     }
     return owners_;
@@ -35,8 +61,10 @@ const std::vector<WindowOwner> &ClientWindows::owners() {
 void ClientWindows::refreshList() {
     const std::vector<xcb_window_t> windows = reader_.windows();
     std::map<xcb_window_t, WindowOwner> known;
-    for (WindowOwner &owner : owners_) {
-        known.emplace(owner.window, std::move(owner));
+    if (owners_) {
+        for (const WindowOwner &owner : *owners_) {
+            known.emplace(owner.window, owner);
+        }
     }
     std::vector<xcb_window_t> unknown;
     std::ranges::copy_if(windows, std::back_inserter(unknown),
@@ -44,42 +72,50 @@ void ClientWindows::refreshList() {
     for (WindowOwner &owner : reader_.owners(unknown)) {
         known.emplace(owner.window, std::move(owner));
     }
-    owners_.clear();
+    auto owners = std::make_shared<Owners>();
     for (const xcb_window_t window : windows) {
-        owners_.push_back(known.at(window));
+        owners->push_back(known.at(window));
     }
+    owners_ = std::move(owners);
+    answer_.reset();
     isListStale_ = false;
     listRead_ = Clock::now();
 }
 
-std::vector<std::shared_ptr<const WindowFacts>>
+std::shared_ptr<const ClientWindows::Windows>
 ClientWindows::windowsOf(std::int32_t processIdentifier) {
+    const auto owners = this->owners();
+    if (processIdentifier != watchedProcess_) {
+        watched_.clear();
+        answer_.reset();
+        watchedProcess_ = processIdentifier;
+    }
+    if (answer_) {
+        return answer_;
+    }
     std::vector<xcb_window_t> windows;
-    for (const WindowOwner &owner : owners()) {
+    for (const WindowOwner &owner : *owners) {
         if (owner.processIdentifier == processIdentifier) {
             windows.push_back(owner.window);
         }
     }
     refresh(windows);
-    std::vector<std::shared_ptr<const WindowFacts>> facts;
-    facts.reserve(windows.size());
+    auto answer = std::make_shared<Windows>();
     for (const xcb_window_t window : windows) {
         const auto watched = watched_.find(window);
         if (watched != watched_.end() && watched->second.facts->layer == 0 &&
             !watched->second.facts->isDesktop) {
-            facts.push_back(watched->second.facts);
+            answer->push_back(watched->second.facts);
         }
     }
-    return facts;
+    answer_ = std::move(answer);
+    return answer_;
 }
 
 void ClientWindows::refresh(const std::vector<xcb_window_t> &windows) {
-    const auto now = Clock::now();
     std::vector<xcb_window_t> stale;
     for (const xcb_window_t window : windows) {
-        Watched &watched = watch(window);
-        watched.lastAsked = now;
-        if (watched.isStale) {
+        if (watch(window).isStale) {
             stale.push_back(window);
         }
     }
@@ -103,8 +139,8 @@ ClientWindows::Watched &ClientWindows::watch(xcb_window_t window) {
     const auto [entry, isNew] = watched_.try_emplace(window);
     Watched &watched = entry->second;
     if (isNew) {
-        watched.events = events_.masks().select(window, XCB_EVENT_MASK_PROPERTY_CHANGE |
-                                                            XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        watched.events =
+            masks_.select(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
     if (!watched.frames) {
         watchFrames(window, watched);
@@ -116,8 +152,7 @@ void ClientWindows::watchFrames(xcb_window_t window, Watched &watched) {
     watched.frames = reader_.frames(window);
     watched.frameEvents.clear();
     for (const xcb_window_t frame : *watched.frames) {
-        watched.frameEvents.push_back(
-            events_.masks().select(frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY));
+        watched.frameEvents.push_back(masks_.select(frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY));
     }
 }
 
@@ -129,7 +164,7 @@ void ClientWindows::handle(const xcb_generic_event_t &event) {
     switch (XcbEvents::typeOf(event)) {
     case XCB_PROPERTY_NOTIFY: {
         const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
-        if (change.window == connection().root()) {
+        if (change.window == connection_.root()) {
             rootChanged(change.atom);
         } else if (isTelling(change.atom)) {
             windowChanged(change.window, false);
@@ -145,9 +180,12 @@ void ClientWindows::handle(const xcb_generic_event_t &event) {
     case XCB_UNMAP_NOTIFY:
         windowChanged(reinterpret_cast<const xcb_unmap_notify_event_t &>(event).window, false);
         break;
-    case XCB_DESTROY_NOTIFY:
-        windowChanged(reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window, false);
+    case XCB_DESTROY_NOTIFY: {
+        const auto window = reinterpret_cast<const xcb_destroy_notify_event_t &>(event).window;
+        windowChanged(window, false);
+        watched_.erase(window);
         break;
+    }
     case XCB_REPARENT_NOTIFY:
         windowChanged(reinterpret_cast<const xcb_reparent_notify_event_t &>(event).window, true);
         break;
@@ -160,28 +198,27 @@ void ClientWindows::rootChanged(xcb_atom_t property) {
     const WindowAtoms &atoms = reader_.atoms();
     if (property == atoms.clientList || property == atoms.supportingWmCheck) {
         // The number of a window that has gone may be another's soon.
-        owners_.clear();
-        isListStale_ = true;
+        owners_.reset();
     } else if (property == atoms.clientListStacking) {
         isListStale_ = true;
     } else if (property == atoms.currentDesktop) {
         for (auto &[window, watched] : watched_) {
             watched.isStale = true;
         }
+        answer_.reset();
     }
-    forgetUnasked();
 }
 
 void ClientWindows::windowChanged(xcb_window_t window, bool isReparented) {
     for (auto &[client, watched] : watched_) {
         if (client == window || watched.isIn(window)) {
             watched.isStale = true;
+            answer_.reset();
             if (isReparented) {
                 watched.frames.reset();
             }
         }
     }
-    forgetUnasked();
 }
 
 bool ClientWindows::isTelling(xcb_atom_t property) const {
@@ -195,12 +232,6 @@ bool ClientWindows::isTelling(xcb_atom_t property) const {
                              atoms.clientFrameExtents,
                              static_cast<xcb_atom_t>(XCB_ATOM_WM_NAME)};
     return std::ranges::find(telling, property) != telling.end();
-}
-
-void ClientWindows::forgetUnasked() {
-    const auto now = Clock::now();
-    std::erase_if(watched_,
-                  [now](const auto &entry) { return now - entry.second.lastAsked >= watchTime; });
 }
 
 } // namespace corvane::x11

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/MainQueue.h"
+#include "platform/linux/EventMasks.h"
 #include "platform/linux/WindowReader.h"
-#include "platform/linux/XcbEvents.h"
 
 #include <chrono>
 #include <cstdint>
@@ -13,20 +14,26 @@
 namespace corvane::x11 {
 
 /// The windows of programs, kept up to date by the server's events, so that asking for them sixty
-/// times a second costs next to nothing while nothing changes. Main thread.
+/// times a second costs next to nothing while nothing changes. Nobody is woken by those events:
+/// they wait until somebody asks. Main thread.
 class ClientWindows {
   public:
-    /// The events outlive the windows.
-    explicit ClientWindows(XcbEvents &events);
+    using Owners = std::vector<WindowOwner>;
+    using Windows = std::vector<std::shared_ptr<const WindowFacts>>;
 
-    /// Whose windows there are, front-most first.
-    const std::vector<WindowOwner> &owners();
+    /// The connection is for nothing else; it and the queue outlive the windows.
+    ClientWindows(const XcbConnection &connection, platform::MainQueue &mainQueue);
+
+    /// Whose windows there are, front-most first. The same answer again for half a second at most,
+    /// as long as nothing has changed.
+    std::shared_ptr<const Owners> owners();
 
     /// The windows of a process that users see as windows, front-most first, minimised ones
-    /// included. Watches them for a while.
-    std::vector<std::shared_ptr<const WindowFacts>> windowsOf(std::int32_t processIdentifier);
+    /// included. Watches them until another process is asked for or nobody has asked for a while.
+    /// The same answer again as long as nothing has changed.
+    std::shared_ptr<const Windows> windowsOf(std::int32_t processIdentifier);
 
-    const XcbConnection &connection() const { return events_.connection(); }
+    const XcbConnection &connection() const { return connection_; }
 
   private:
     using Clock = std::chrono::steady_clock;
@@ -35,7 +42,6 @@ class ClientWindows {
         /// Shared with whoever asked for them; null until they have been read.
         std::shared_ptr<const WindowFacts> facts{};
         bool isStale = true;
-        Clock::time_point lastAsked{};
         /// The windows it moves and disappears with; nothing until they are known.
         std::optional<std::vector<xcb_window_t>> frames{};
         EventMasks::Selection events{};
@@ -44,6 +50,9 @@ class ClientWindows {
         bool isIn(xcb_window_t frame) const;
     };
 
+    /// Takes note of what has happened since somebody asked last.
+    void catchUp();
+    void restUnlessAsked();
     void refreshList();
     void refresh(const std::vector<xcb_window_t> &windows);
     Watched &watch(xcb_window_t window);
@@ -53,16 +62,24 @@ class ClientWindows {
     void rootChanged(xcb_atom_t property);
     void windowChanged(xcb_window_t window, bool isReparented);
     bool isTelling(xcb_atom_t property) const;
-    void forgetUnasked();
 
-    XcbEvents &events_;
+    const XcbConnection &connection_;
+    platform::MainQueue &mainQueue_;
+    EventMasks masks_;
     const WindowReader reader_;
+    bool wasAsked_ = false;
+    std::unique_ptr<platform::Timer> restTimer_;
     bool isListStale_ = true;
     Clock::time_point listRead_;
-    std::vector<WindowOwner> owners_;
+    /// Null while nothing is known.
+    std::shared_ptr<const Owners> owners_;
+    /// Those of the process that was asked for last.
     std::map<xcb_window_t, Watched> watched_;
-    EventMasks::Selection rootEvents_;
-    XcbEvents::Subscription subscription_;
+    std::int32_t watchedProcess_ = 0;
+    /// Null when something has changed.
+    std::shared_ptr<const Windows> answer_;
+    /// Absent while nobody asks.
+    std::optional<EventMasks::Selection> rootEvents_;
 };
 
 } // namespace corvane::x11

@@ -19,10 +19,10 @@ bool LinuxAccessibility::isProcessTrustedWithPrompt() {
     return isTrusted;
 }
 
-std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+std::shared_ptr<const platform::AccessibilityWindows>
 LinuxAccessibility::windows(std::int32_t processIdentifier) {
     if (!isProcessTrusted()) {
-        return std::nullopt;
+        return nullptr;
     }
     return windows_.windows(processIdentifier);
 }

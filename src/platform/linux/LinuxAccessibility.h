@@ -16,7 +16,7 @@ class LinuxAccessibility : public platform::Accessibility {
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
-    std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+    std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 
     /// Shows the user what is missing and how to get it.

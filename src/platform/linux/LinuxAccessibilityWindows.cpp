@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxAccessibilityWindows.h"
 
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace corvane::x11 {
@@ -28,18 +30,21 @@ class LinuxAccessibilityWindow : public platform::AccessibilityWindow {
 
 } // namespace
 
-std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+std::shared_ptr<const platform::AccessibilityWindows>
 LinuxAccessibilityWindows::windows(std::int32_t processIdentifier) {
     auto known = windows_.windowsOf(processIdentifier);
-    std::vector<std::unique_ptr<platform::AccessibilityWindow>> windows;
-    windows.reserve(known.size());
-    for (std::shared_ptr<const WindowFacts> &facts : known) {
-        windows.push_back(std::make_unique<LinuxAccessibilityWindow>(std::move(facts)));
-    }
     if (windows_.connection().isLost()) {
-        return std::nullopt;
+        return nullptr;
     }
-    return windows;
+    if (known != known_) {
+        auto answer = std::make_shared<platform::AccessibilityWindows>();
+        for (const std::shared_ptr<const WindowFacts> &facts : *known) {
+            answer->push_back(std::make_unique<LinuxAccessibilityWindow>(facts));
+        }
+        known_ = std::move(known);
+        answer_ = std::move(answer);
+    }
+    return answer_;
 }
 
 } // namespace corvane::x11

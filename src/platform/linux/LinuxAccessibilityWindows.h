@@ -5,8 +5,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <optional>
-#include <vector>
 
 namespace corvane::x11 {
 
@@ -17,12 +15,14 @@ class LinuxAccessibilityWindows {
     explicit LinuxAccessibilityWindows(ClientWindows &windows) : windows_(windows) {}
 
     /// Front-most first, as they are now. A window that is minimised, hidden or on another
-    /// workspace has neither a position nor a size. Nothing when the server is gone.
-    std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
-    windows(std::int32_t processIdentifier);
+    /// workspace has neither a position nor a size. Null when the server is gone.
+    std::shared_ptr<const platform::AccessibilityWindows> windows(std::int32_t processIdentifier);
 
   private:
     ClientWindows &windows_;
+    /// The last answer, and what it says.
+    std::shared_ptr<const ClientWindows::Windows> known_;
+    std::shared_ptr<const platform::AccessibilityWindows> answer_;
 };
 
 } // namespace corvane::x11

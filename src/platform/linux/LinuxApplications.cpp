@@ -15,10 +15,10 @@ LinuxApplications::LinuxApplications(ClientWindows &windows, DesktopEntries entr
 
 std::optional<platform::RunningApplication>
 LinuxApplications::running(std::int32_t processIdentifier) {
-    const auto &owners = windows_.owners();
-    const auto owner = std::ranges::find(owners, std::optional(processIdentifier),
+    const auto owners = windows_.owners();
+    const auto owner = std::ranges::find(*owners, std::optional(processIdentifier),
                                          &WindowOwner::processIdentifier);
-    if (owner == owners.end()) {
+    if (owner == owners->end()) {
         return std::nullopt;
     }
     return platform::RunningApplication{processIdentifier, identifierOf(*owner)};
@@ -26,8 +26,20 @@ LinuxApplications::running(std::int32_t processIdentifier) {
 
 std::vector<platform::RunningApplication>
 LinuxApplications::running(const std::string &bundleIdentifier) {
+    auto owners = windows_.owners();
+    if (owners != answeredFrom_ || bundleIdentifier != answered_) {
+        answer_ = instances(*owners, bundleIdentifier);
+        answered_ = bundleIdentifier;
+        answeredFrom_ = std::move(owners);
+    }
+    return answer_;
+}
+
+std::vector<platform::RunningApplication>
+LinuxApplications::instances(const ClientWindows::Owners &owners,
+                             const std::string &bundleIdentifier) {
     std::set<std::int32_t> processes;
-    for (const WindowOwner &owner : windows_.owners()) {
+    for (const WindowOwner &owner : owners) {
         const auto &process = owner.processIdentifier;
         if (process && !processes.contains(*process) && identifierOf(owner) == bundleIdentifier) {
             processes.insert(*process);

@@ -5,6 +5,7 @@
 #include "platform/linux/DesktopEntries.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,11 +27,17 @@ class LinuxApplications : public platform::Applications {
     std::string ownBundleIdentifier() const override { return "corvane"; }
 
   private:
+    std::vector<platform::RunningApplication> instances(const ClientWindows::Owners &owners,
+                                                        const std::string &bundleIdentifier);
     std::optional<std::string> identifierOf(const WindowOwner &owner);
 
     ClientWindows &windows_;
     DesktopEntries entries_;
     const std::int32_t ownProcess_;
+    /// The last answer, for whom, and from which windows.
+    std::vector<platform::RunningApplication> answer_;
+    std::string answered_;
+    std::shared_ptr<const ClientWindows::Owners> answeredFrom_;
 };
 
 } // namespace corvane::x11

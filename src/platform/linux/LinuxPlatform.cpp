@@ -8,13 +8,14 @@
 
 namespace corvane::x11 {
 
-LinuxPlatform::LinuxPlatform(XcbEvents &events, const CommandRequest &firstCommand)
+LinuxPlatform::LinuxPlatform(XcbEvents &events, const XcbConnection &windowConnection,
+                             const CommandRequest &firstCommand)
     : commandEndpoint_(mainQueue_, firstCommand),
       localisation_(userLocales()),
       screens_(events),
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),
-      clientWindows_(events),
+      clientWindows_(windowConnection, mainQueue_),
       applications_(clientWindows_, DesktopEntries::ofUser()),
       accessibility_(clientWindows_),
       hotKeys_(events),

@@ -29,9 +29,11 @@ class XcbEvents;
 /// The Linux desktop under X11. Made on the main thread, after the Qt application.
 class LinuxPlatform : public platform::Platform {
   public:
-    /// The program obeys `firstCommand` when it is up, if there is one. The events outlive the
+    /// The program obeys `firstCommand` when it is up, if there is one. Other programs' windows are
+    /// watched through a connection that is for nothing else. Both connections outlive the
     /// platform.
-    explicit LinuxPlatform(XcbEvents &events, const CommandRequest &firstCommand = {});
+    LinuxPlatform(XcbEvents &events, const XcbConnection &windowConnection,
+                  const CommandRequest &firstCommand = {});
 
     platform::Accessibility &accessibility() override { return accessibility_; }
     platform::Alerts &alerts() override { return alerts_; }

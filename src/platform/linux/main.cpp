@@ -123,8 +123,9 @@ claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
     return std::unexpected(noAnswer());
 }
 
-int runApp(XcbEvents &events, const CommandLine &commandLine) {
-    LinuxPlatform platform(events, commandLine.words);
+int runApp(XcbEvents &events, const XcbConnection &windowConnection,
+           const CommandLine &commandLine) {
+    LinuxPlatform platform(events, windowConnection, commandLine.words);
     CorvaneApp app(platform);
     runningApp = &app;
     const LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
@@ -165,7 +166,11 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    return runApp(events, commandLine);
+    const auto windowConnection = XcbConnection::open();
+    if (!windowConnection) {
+        serverLost();
+    }
+    return runApp(events, **windowConnection, commandLine);
 }
 
 /// Nothing where no Corvane is running.

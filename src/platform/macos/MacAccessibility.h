@@ -15,7 +15,7 @@ class MacAccessibility : public platform::Accessibility {
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
-    std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+    std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 
   private:

@@ -67,21 +67,21 @@ bool MacAccessibility::isProcessTrustedWithPrompt() {
     return AXIsProcessTrustedWithOptions((__bridge CFDictionaryRef)options);
 }
 
-std::optional<std::vector<std::unique_ptr<platform::AccessibilityWindow>>>
+std::shared_ptr<const platform::AccessibilityWindows>
 MacAccessibility::windows(std::int32_t processIdentifier) {
     const MacAccessibilityElement application(
         CFReference(AXUIElementCreateApplication(processIdentifier)), processIdentifier, silent_);
     const auto list = application.attribute(kAXWindowsAttribute);
     if (!list || CFGetTypeID(list.get()) != CFArrayGetTypeID()) {
-        return std::nullopt;
+        return nullptr;
     }
-    std::vector<std::unique_ptr<platform::AccessibilityWindow>> windows;
+    auto windows = std::make_shared<platform::AccessibilityWindows>();
     for (id window in (__bridge NSArray *)list.get()) {
         const auto element = (__bridge CFTypeRef)window;
         if (CFGetTypeID(element) != AXUIElementGetTypeID()) {
-            return std::nullopt;
+            return nullptr;
         }
-        windows.push_back(std::make_unique<MacAccessibilityWindow>(
+        windows->push_back(std::make_unique<MacAccessibilityWindow>(
             application.sibling(static_cast<AXUIElementRef>(element))));
     }
     return windows;

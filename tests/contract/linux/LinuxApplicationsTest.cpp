@@ -5,6 +5,7 @@
 #include "TemporaryFolder.h"
 #include "TextFile.h"
 #include "WindowSystemTest.h"
+#include "platform/linux/LinuxMainQueue.h"
 
 #include <limits>
 
@@ -30,7 +31,9 @@ class LinuxApplicationsTest : public WindowSystemTest {
     }
 
     desktop::TemporaryFolder folder_;
-    x11::ClientWindows windows_{events_};
+    std::unique_ptr<x11::XcbConnection> watching_ = x11::XcbConnection::open().value();
+    x11::LinuxMainQueue mainQueue_;
+    x11::ClientWindows windows_{*watching_, mainQueue_};
     x11::LinuxApplications applications_{windows_, x11::DesktopEntries({folder_.path()}, "C")};
 };
 

@@ -24,7 +24,8 @@ class LinuxBackEnd : public BackEnd {
     EnvironmentVariable configVariable_{"XDG_CONFIG_HOME", std::nullopt};
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    x11::LinuxPlatform platform_{events_};
+    std::unique_ptr<x11::XcbConnection> windowConnection_ = x11::XcbConnection::open().value();
+    x11::LinuxPlatform platform_{events_, *windowConnection_};
 };
 
 } // namespace corvane::contract
