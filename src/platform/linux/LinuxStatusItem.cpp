@@ -36,7 +36,8 @@ QPoint cornerWithRoom(QMenu &menu, QPoint place) {
 LinuxStatusItem::BusItem::BusItem(LinuxStatusItem &owner, const QDBusConnection &bus)
     : menu(bus, owner.symbols_, owner.perform_),
       item(bus, menu.path(), [&owner](QPoint place) { owner.openMenuFor(place); }),
-      host(bus, [&owner](bool isPresent) { owner.panelAnswered(isPresent); }) {}
+      host(bus, {.willRegister = [&owner] { owner.panelWillRead(); },
+                 .answered = [&owner](PanelAnswer answer) { owner.panelAnswered(answer); }}) {}
 
 LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
                                  std::function<void(const MenuCommand &)> perform)
@@ -103,17 +104,22 @@ void LinuxStatusItem::openMenuAt(QPoint place) {
     popup_.menu().activateWindow();
 }
 
-void LinuxStatusItem::panelAnswered(bool isPresent) {
-    isOnPanel_ = isPresent;
+void LinuxStatusItem::panelWillRead() {
     paintIcon();
-    if (!isPresent) {
-        showInSystemTray();
-        return;
-    }
-    trayIcon_.reset();
-    busItem_->host.registerItem();
-    // The panel asks for the menu in a later turn.
     busItem_->menu.setMenu(popup_.shown());
+}
+
+/// Where a panel is silent there is no icon in the system tray either: to make one, the toolkit
+/// would ask that panel itself, and wait half a minute for the answer.
+void LinuxStatusItem::panelAnswered(PanelAnswer answer) {
+    isOnPanel_ = answer == PanelAnswer::shown;
+    if (answer == PanelAnswer::shown) {
+        trayIcon_.reset();
+        busItem_->menu.setMenu(popup_.shown());
+    } else if (answer == PanelAnswer::none) {
+        paintIcon();
+        showInSystemTray();
+    }
 }
 
 void LinuxStatusItem::showInSystemTray() {

@@ -44,7 +44,8 @@ class LinuxStatusItem : public platform::StatusItem {
     };
 
     void busChanged();
-    void panelAnswered(bool isPresent);
+    void panelWillRead();
+    void panelAnswered(PanelAnswer answer);
     void showInSystemTray();
     void trayVanished();
     void paintIcon();

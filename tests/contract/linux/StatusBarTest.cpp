@@ -2,9 +2,9 @@
 #include "FakePanel.h"
 #include "FakeTray.h"
 #include "SampleMenu.h"
+#include "ScriptedPanel.h"
 #include "XClient.h"
 #include "platform/linux/LinuxStatusBar.h"
-#include "platform/linux/StatusNotifierHost.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -308,6 +308,23 @@ TEST_F(StatusBarTest, RegistersAgainWithAPanelThatRestarts) {
     EXPECT_EQ(panel->layout().children.size(), 8);
 }
 
+TEST_F(StatusBarTest, RegistersWithAPanelThatTakesThePlaceOfOneJustRefusing) {
+    ScriptedPanel old(ScriptedPanel::Answer::error);
+    std::unique_ptr<FakePanel> panel;
+    old.setAnswered([&] {
+        old.resign();
+        panel = std::make_unique<FakePanel>();
+    });
+    EXPECT_TRUE(turnUntil([&] { return panel && !panel->items().isEmpty(); }));
+}
+
+TEST_F(StatusBarTest, IsNotHeldUpByAPanelThatDoesNotAnswer) {
+    ScriptedPanel panel(ScriptedPanel::Answer::nothing);
+    ASSERT_TRUE(turnUntil([&] { return panel.questions() > 0; }));
+    panel.setAnswer(ScriptedPanel::Answer::yes);
+    EXPECT_TRUE(turnUntil([&] { return panel.registrations() > 0; }));
+}
+
 TEST_F(StatusBarTest, WaitsForThePanelsHost) {
     FakeTray tray;
     ASSERT_TRUE(docks(tray));
@@ -341,14 +358,6 @@ TEST_F(StatusBarTest, DocksIntoATrayThatAppearsLater) {
     openPopup()->close();
     FakeTray tray;
     EXPECT_TRUE(docks(tray));
-}
-
-TEST(StatusNotifierHostTest, AnswersThatThereIsNoPanelWithoutABus) {
-    std::optional<bool> isPresent;
-    const x11::StatusNotifierHost host(QDBusConnection(u"no such connection"_s),
-                                       [&isPresent](bool answer) { isPresent = answer; });
-    EXPECT_TRUE(turnUntil([&isPresent] { return isPresent.has_value(); }));
-    EXPECT_FALSE(isPresent.value_or(true));
 }
 
 TEST_F(StatusBarTest, DocksAgainIntoATrayThatRestarts) {
