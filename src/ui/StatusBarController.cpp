@@ -5,6 +5,7 @@
 #include "state/AppState.h"
 #include "support/Localised.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <utility>
@@ -19,6 +20,8 @@ constexpr double menuSymbolPointSize = 13;
 constexpr double dotDiameter = 7;
 constexpr double dotTrailingGap = 1;
 constexpr double dotTop = 2;
+
+constexpr std::size_t mostLines = 15;
 
 MenuItem information(std::string title) { return {.title = std::move(title), .isEnabled = false}; }
 
@@ -64,7 +67,9 @@ MenuItem startOrStopItem(bool isRunning, bool isGranted) {
 }
 
 std::vector<MenuItem> profilesSubmenu(const AppState &state, bool isIdle) {
+    constexpr std::size_t linesBelow = 2;
     std::vector<MenuItem> items;
+    items.reserve(state.profiles.size() + linesBelow);
     for (const Profile &profile : state.profiles) {
         MenuItem item = checked(command(profile.name, "loadProfile:", isIdle),
                                 state.activeProfileID == profile.id);
@@ -128,6 +133,7 @@ Menu StatusBarController::menu() const {
     const bool isZoneMode = config.clickMode == ClickMode::zone;
 
     std::vector<MenuItem> items;
+    items.reserve(mostLines);
     items.push_back(information(appState_.statusText()));
     if (!appState_.isAccessibilityGranted) {
         items.push_back(withImage(command(localised("Open Accessibility Settings..."),

@@ -100,13 +100,14 @@ void LinuxStatusItem::openMenuFor(QPoint click) {
 }
 
 void LinuxStatusItem::openMenuAt(QPoint place) {
-    popup_.menu().popup(cornerWithRoom(popup_.menu(), place));
-    popup_.menu().activateWindow();
+    QMenu &menu = popup_.menu();
+    menu.popup(cornerWithRoom(menu, place));
+    menu.activateWindow();
 }
 
 void LinuxStatusItem::panelWillRead() {
     paintIcon();
-    busItem_->menu.setMenu(popup_.shown());
+    busItem_->menu.setMenu(popup_.newest());
 }
 
 /// Where a panel is silent there is no icon in the system tray either: to make one, the toolkit
@@ -115,7 +116,7 @@ void LinuxStatusItem::panelAnswered(PanelAnswer answer) {
     isOnPanel_ = answer == PanelAnswer::shown;
     if (answer == PanelAnswer::shown) {
         trayIcon_.reset();
-        busItem_->menu.setMenu(popup_.shown());
+        busItem_->menu.setMenu(popup_.newest());
     } else if (answer == PanelAnswer::none) {
         paintIcon();
         showInSystemTray();

@@ -96,15 +96,27 @@ MenuRenderer::MenuRenderer(SymbolImages &symbols, std::function<void(const MenuC
     : symbols_(symbols),
       perform_(std::move(perform)),
       style_(std::make_unique<ScrollableMenuStyle>()),
-      menu_(std::make_unique<PopupMenu>(*this, nullptr)) {}
+      menu_(std::make_unique<PopupMenu>(*this, nullptr)) {
+    QObject::connect(menu_.get(), &QMenu::aboutToShow, menu_.get(), [this] { update(); });
+}
 
 MenuRenderer::~MenuRenderer() = default;
 
-QMenu &MenuRenderer::menu() { return *menu_; }
+QMenu &MenuRenderer::menu() {
+    update();
+    return *menu_;
+}
 
 void MenuRenderer::setMenu(const Menu &menu) {
-    const auto before = std::exchange(shown_, menu);
-    patch(*menu_, before.items, menu.items);
+    newest_ = menu;
+    if (menu_->isVisible()) {
+        update();
+    }
+}
+
+void MenuRenderer::update() {
+    const auto before = std::exchange(shown_, newest_);
+    patch(*menu_, before.items, shown_.items);
 }
 
 void MenuRenderer::patch(QMenu &menu, const std::vector<MenuItem> &from,

@@ -14,7 +14,8 @@
 namespace corvane::x11 {
 
 /// Shows menu values in one menu of the toolkit, which is kept: only what differs from the value
-/// before is touched, so that an open menu stays open and usable. Main thread.
+/// before is touched, so that an open menu stays open and usable. A menu that nobody sees takes the
+/// newest value when it opens. Main thread.
 class MenuRenderer {
   public:
     /// `perform` receives each command the user chooses, in a later turn of the event loop.
@@ -24,13 +25,16 @@ class MenuRenderer {
     MenuRenderer &operator=(const MenuRenderer &) = delete;
 
     void setMenu(const Menu &menu);
-    const Menu &shown() const { return shown_; }
+    /// The value that was set last.
+    const Menu &newest() const { return newest_; }
 
+    /// Up to date now, and whenever it is open.
     QMenu &menu();
 
   private:
     class PopupMenu;
 
+    void update();
     void patch(QMenu &menu, const std::vector<MenuItem> &from, const std::vector<MenuItem> &to);
     void patch(QAction &action, const MenuItem *from, const MenuItem &to);
     void patchSubmenu(QAction &action, const MenuItem *from, const MenuItem &to);
@@ -41,6 +45,8 @@ class MenuRenderer {
 
     SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
+    Menu newest_;
+    /// What the toolkit's menu shows.
     Menu shown_;
     std::unique_ptr<QProxyStyle> style_;
     std::unique_ptr<PopupMenu> menu_;

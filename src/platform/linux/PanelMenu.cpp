@@ -52,9 +52,8 @@ PanelMenu::PanelMenu(const QDBusConnection &connection, SymbolImages &symbols,
 }
 
 void PanelMenu::setMenu(const Menu &menu) {
-    const auto before = std::exchange(shown_, menu);
     Changes changes;
-    patchChildren(root_, before.items, menu.items, changes);
+    patchChildren(root_, shown_.items, menu.items, changes);
     send(changes);
 }
 
@@ -69,7 +68,7 @@ PanelMenu::Node PanelMenu::makeNode(const MenuItem &item) {
     return node;
 }
 
-void PanelMenu::patch(Node &node, const MenuItem &from, const MenuItem &to, Changes &changes) {
+void PanelMenu::patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes) {
     if (from == to) {
         return;
     }
@@ -79,6 +78,7 @@ void PanelMenu::patch(Node &node, const MenuItem &from, const MenuItem &to, Chan
     if (from.submenu && to.submenu) {
         patchChildren(node, *from.submenu, *to.submenu, changes);
     }
+    from = to;
 }
 
 void PanelMenu::patchProperties(Node &node, const QVariantMap &properties, Changes &changes) {
@@ -103,7 +103,7 @@ void PanelMenu::patchProperties(Node &node, const QVariantMap &properties, Chang
     }
 }
 
-void PanelMenu::patchChildren(Node &node, const std::vector<MenuItem> &from,
+void PanelMenu::patchChildren(Node &node, std::vector<MenuItem> &from,
                               const std::vector<MenuItem> &to, Changes &changes) {
     const auto alignment = alignMenu(from, to);
     const auto gapEnd = alignment.leading + alignment.removed;
@@ -124,6 +124,7 @@ void PanelMenu::patchChildren(Node &node, const std::vector<MenuItem> &from,
         behind = std::next(node.children.insert(behind, makeNode(to[index])));
     }
     changes.layouts << node.id;
+    from = to;
 }
 
 void PanelMenu::send(const Changes &changes) {

@@ -48,10 +48,11 @@ class PanelMenu : public DBusObject {
     };
 
     Node makeNode(const MenuItem &item);
-    void patch(Node &node, const MenuItem &from, const MenuItem &to, Changes &changes);
+    /// Both make what stands for `from` stand for `to`, `from` itself included.
+    void patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes);
     void patchProperties(Node &node, const QVariantMap &properties, Changes &changes);
-    void patchChildren(Node &node, const std::vector<MenuItem> &from,
-                       const std::vector<MenuItem> &to, Changes &changes);
+    void patchChildren(Node &node, std::vector<MenuItem> &from, const std::vector<MenuItem> &to,
+                       Changes &changes);
     void send(const Changes &changes);
     QVariantMap propertiesOf(const MenuItem &item);
     /// The symbol as a picture file; empty when there is no such symbol.

@@ -95,6 +95,7 @@ TEST_F(MenuRendererTest, LeavesAnUnchangedMenuAlone) {
     ActionEvents events(renderer_.menu());
     ActionEvents submenuEvents(profiles());
     renderer_.setMenu(sampleMenu());
+    renderer_.menu();
     EXPECT_EQ(events.added + events.removed + events.changed, 0);
     EXPECT_EQ(submenuEvents.added + submenuEvents.removed + submenuEvents.changed, 0);
 }
@@ -112,6 +113,30 @@ TEST_F(MenuRendererTest, TouchesOnlyTheLineThatDiffers) {
     EXPECT_EQ(events.added + events.removed, 0);
 }
 
+TEST_F(MenuRendererTest, LeavesAMenuThatNobodySeesAloneUntilItOpens) {
+    auto menu = sampleMenu();
+    renderer_.setMenu(menu);
+    auto &shown = renderer_.menu();
+    ActionEvents events(shown);
+    const auto titleOf = [&](int count) {
+        menu.items[0].title = "Running (" + std::to_string(count) + ")";
+        renderer_.setMenu(menu);
+        return shown.actions().at(0)->text();
+    };
+    for (int count = 1; count <= 100; ++count) {
+        EXPECT_EQ(titleOf(count), u"Running"_s);
+    }
+    EXPECT_EQ(events.changed, 0);
+
+    shown.popup(QPoint(20, 20));
+    EXPECT_EQ(events.changed, 1);
+    EXPECT_EQ(shown.actions().at(0)->text(), u"Running (100)"_s);
+    ASSERT_TRUE(turnUntil([&shown] { return shown.isVisible(); }));
+    EXPECT_EQ(titleOf(101), u"Running (101)"_s);
+    shown.close();
+    EXPECT_EQ(titleOf(102), u"Running (101)"_s);
+}
+
 TEST_F(MenuRendererTest, PutsLinesWhereTheyBelongAndTakesThemAway) {
     auto menu = sampleMenu({"one", "two", "three"});
     renderer_.setMenu(menu);
@@ -119,6 +144,7 @@ TEST_F(MenuRendererTest, PutsLinesWhereTheyBelongAndTakesThemAway) {
     menu.items[6].submenu->erase(menu.items[6].submenu->begin() + 1);
     ActionEvents events(renderer_.menu());
     renderer_.setMenu(menu);
+    renderer_.menu();
     EXPECT_EQ(events.added, 1);
     EXPECT_EQ(events.removed, 0);
     EXPECT_EQ(action(5).text(), u"Define zone..."_s);
