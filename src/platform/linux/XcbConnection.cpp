@@ -1,7 +1,6 @@
 #include "platform/linux/XcbConnection.h"
 
 #include <cstdint>
-#include <mutex>
 #include <utility>
 
 namespace corvane::x11 {
@@ -16,18 +15,11 @@ const xcb_screen_t *screenOfNumber(xcb_connection_t *connection, int number) {
     return screens.rem > 0 ? screens.data : nullptr;
 }
 
-/// Looking up the right to connect uses one buffer for all threads.
-xcb_connection_t *connectOneByOne(int &screenNumber) {
-    static std::mutex connecting;
-    const std::lock_guard lock(connecting);
-    return xcb_connect(nullptr, &screenNumber);
-}
-
 } // namespace
 
 std::expected<std::unique_ptr<XcbConnection>, int> XcbConnection::open() {
     int screenNumber = 0;
-    Handle connection(connectOneByOne(screenNumber));
+    XcbHandle connection = connectOneByOne(nullptr, &screenNumber);
     if (const int error = xcb_connection_has_error(connection.get()); error != 0) {
         return std::unexpected(error);
     }
@@ -39,7 +31,7 @@ std::expected<std::unique_ptr<XcbConnection>, int> XcbConnection::open() {
         new XcbConnection(std::move(connection), screenNumber, screen)); // NOLINT
 }
 
-XcbConnection::XcbConnection(Handle connection, int screenNumber, const xcb_screen_t *screen)
+XcbConnection::XcbConnection(XcbHandle connection, int screenNumber, const xcb_screen_t *screen)
     : connection_(std::move(connection)),
       screenNumber_(screenNumber),
       screen_(screen) {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/XcbHandle.h"
 #include "platform/linux/XcbReply.h"
 
 #include <xcb/xcb.h>
@@ -38,14 +39,9 @@ class XcbConnection {
     XcbReply<xcb_generic_error_t> check(xcb_void_cookie_t cookie) const;
 
   private:
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
-    };
-    using Handle = std::unique_ptr<xcb_connection_t, Disconnect>;
+    XcbConnection(XcbHandle connection, int screenNumber, const xcb_screen_t *screen);
 
-    XcbConnection(Handle connection, int screenNumber, const xcb_screen_t *screen);
-
-    Handle connection_;
+    XcbHandle connection_;
     int screenNumber_;
     const xcb_screen_t *screen_;
 };

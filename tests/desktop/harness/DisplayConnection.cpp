@@ -4,26 +4,14 @@
 
 #include <algorithm>
 #include <iterator>
-#include <mutex>
 #include <stdexcept>
 
 namespace corvane::desktop {
 
 using x11::XcbReply;
 
-namespace {
-
-/// Looking up the right to connect uses one buffer for all threads.
-xcb_connection_t *connectOneByOne(const std::string &display) {
-    static std::mutex connecting;
-    const std::lock_guard lock(connecting);
-    return xcb_connect(display.c_str(), nullptr);
-}
-
-} // namespace
-
 DisplayConnection::DisplayConnection(const std::string &display)
-    : connection_(connectOneByOne(display)) {
+    : connection_(x11::connectOneByOne(display.c_str(), nullptr)) {
     if (xcb_connection_has_error(get()) != 0) {
         throw std::runtime_error("No X server at " + display);
     }

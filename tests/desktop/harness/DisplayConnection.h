@@ -1,9 +1,10 @@
 #pragma once
 
+#include "platform/linux/XcbHandle.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -46,11 +47,7 @@ class DisplayConnection {
                           const std::vector<std::uint32_t> &values) const;
 
   private:
-    struct Disconnect {
-        void operator()(xcb_connection_t *connection) const { xcb_disconnect(connection); }
-    };
-
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    x11::XcbHandle connection_;
     const xcb_screen_t *screen_ = nullptr;
     xcb_window_t root_ = XCB_WINDOW_NONE;
 };
