@@ -1,9 +1,14 @@
 #include "platform/linux/ButtonMark.h"
 
+#include "platform/linux/ButtonMarkValue.h"
+#include "platform/linux/WindowProperty.h"
+
 #include <xcb/xtest.h>
 
 #include <array>
+#include <deque>
 #include <span>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -14,51 +19,32 @@ namespace corvane::x11 {
 namespace {
 
 constexpr std::string_view propertyName = "_CORVANE_PRESSED_BUTTON";
-constexpr std::uint32_t noButton = 0;
-
-/// The property's value.
-struct Mark {
-    std::uint32_t button = noButton;
-    std::uint32_t owner = 0;
-};
 
 void writeMark(const XcbConnection &connection, xcb_window_t window, xcb_atom_t property,
-               std::uint32_t button) {
-    const std::array values{button, static_cast<std::uint32_t>(getpid())};
+               std::uint8_t button) {
+    const std::array values{std::uint32_t{button}, static_cast<std::uint32_t>(getpid())};
     xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, property,
                         XCB_ATOM_CARDINAL, 32, values.size(), values.data());
 }
 
-std::optional<Mark> readMark(const XcbConnection &connection, xcb_get_property_cookie_t cookie) {
-    const XcbReply<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection.get(), cookie, nullptr));
-    constexpr std::size_t size = 2 * sizeof(std::uint32_t);
-    if (!reply || reply->format != 32 ||
-        static_cast<std::size_t>(xcb_get_property_value_length(reply.get())) != size) {
-        return std::nullopt;
-    }
-    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
-    return Mark{.button = values[0], .owner = values[1]};
-}
-
 /// The windows under the root window that carry a mark.
-std::vector<std::pair<xcb_window_t, Mark>> marksOn(const XcbConnection &connection) {
+std::vector<std::pair<xcb_window_t, ButtonMarkValue>> marksOn(const XcbConnection &connection) {
     const xcb_atom_t property = connection.atom(propertyName);
     const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
         connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
     if (!tree) {
         return {};
     }
-    std::vector<std::pair<xcb_window_t, xcb_get_property_cookie_t>> questions;
+    std::deque<std::pair<xcb_window_t, WindowProperty>> questions;
     for (const xcb_window_t window :
          std::span(xcb_query_tree_children(tree.get()),
                    static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())))) {
-        questions.emplace_back(window, xcb_get_property(connection.get(), 0, window, property,
-                                                        XCB_ATOM_CARDINAL, 0, 3));
+        questions.emplace_back(std::piecewise_construct, std::forward_as_tuple(window),
+                               std::forward_as_tuple(connection, window, property));
     }
-    std::vector<std::pair<xcb_window_t, Mark>> marks;
-    for (const auto &[window, cookie] : questions) {
-        if (const auto mark = readMark(connection, cookie)) {
+    std::vector<std::pair<xcb_window_t, ButtonMarkValue>> marks;
+    for (auto &[window, question] : questions) {
+        if (const auto mark = ButtonMarkValue::in(question.value())) {
             marks.emplace_back(window, *mark);
         }
     }
@@ -74,7 +60,7 @@ ButtonMark::ButtonMark(const XcbConnection &connection)
       window_(xcb_generate_id(connection.get())) {
     xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window_, connection.root(), 0, 0, 1,
                       1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    writeMark(connection, window_, property_, noButton);
+    writeMark(connection, window_, property_, ButtonMarkValue::noButton);
     xcb_set_close_down_mode(connection.get(), XCB_CLOSE_DOWN_RETAIN_TEMPORARY);
 }
 
@@ -88,7 +74,9 @@ void ButtonMark::setPressed(std::uint8_t button) const {
     writeMark(connection_, window_, property_, button);
 }
 
-void ButtonMark::setReleased() const { writeMark(connection_, window_, property_, noButton); }
+void ButtonMark::setReleased() const {
+    writeMark(connection_, window_, property_, ButtonMarkValue::noButton);
+}
 
 bool releaseMarkedButtons(const XcbConnection &connection, std::optional<pid_t> owner) {
     bool wasPressed = false;
@@ -96,10 +84,9 @@ bool releaseMarkedButtons(const XcbConnection &connection, std::optional<pid_t> 
         if (owner && mark.owner != static_cast<std::uint32_t>(*owner)) {
             continue;
         }
-        if (mark.button != noButton) {
-            xcb_test_fake_input(connection.get(), XCB_BUTTON_RELEASE,
-                                static_cast<std::uint8_t>(mark.button), XCB_CURRENT_TIME, XCB_NONE,
-                                0, 0, 0);
+        if (mark.button != ButtonMarkValue::noButton) {
+            xcb_test_fake_input(connection.get(), XCB_BUTTON_RELEASE, mark.button, XCB_CURRENT_TIME,
+                                XCB_NONE, 0, 0, 0);
             wasPressed = true;
         }
         xcb_kill_client(connection.get(), window);

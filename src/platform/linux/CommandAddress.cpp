@@ -3,7 +3,6 @@
 #include "platform/linux/UserDirectories.h"
 
 #include <algorithm>
-#include <cctype>
 #include <cstdlib>
 #include <string_view>
 #include <system_error>
@@ -21,6 +20,12 @@ std::string display() {
     return value != nullptr ? value : "";
 }
 
+/// Of those that names on the bus may have, whatever the locale.
+bool isLetterOrDigit(char letter) {
+    return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+           (letter >= '0' && letter <= '9');
+}
+
 /// ":0.0" and ":0" are the same display, "display_0"; that of another machine, "host:10", is
 /// "display_host_10".
 std::string keyOf(std::string_view name) {
@@ -30,8 +35,7 @@ std::string keyOf(std::string_view name) {
         colon == std::string_view::npos ? std::string_view() : name.substr(colon + 1);
     std::string key = "display_" + (host.empty() ? "" : host + "_") +
                       std::string(number.substr(0, number.find('.')));
-    std::ranges::replace_if(
-        key, [](unsigned char letter) { return std::isalnum(letter) == 0; }, '_');
+    std::ranges::replace_if(key, [](char letter) { return !isLetterOrDigit(letter); }, '_');
     return key;
 }
 

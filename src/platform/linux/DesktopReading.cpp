@@ -5,6 +5,7 @@
 #include "platform/linux/ServerAbilities.h"
 #include "platform/linux/SessionBus.h"
 #include "platform/linux/WindowProperty.h"
+#include "platform/linux/WindowTitle.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <QDBusConnection>
@@ -90,15 +91,15 @@ xcb_window_t windowManagerWindow(const XcbConnection &connection) {
 
 std::string nameOf(const XcbConnection &connection, xcb_window_t windowManager) {
     WindowProperty name(connection, windowManager, connection.atom("_NET_WM_NAME"));
-    const std::string text(name.text());
+    const std::string text = utf8Text(name.value().text());
     return text.empty() ? "The window manager" : text;
 }
 
 void readWindowManager(const XcbConnection &connection, DesktopFacts &facts) {
     const xcb_window_t window = windowManagerWindow(connection);
     facts.windowManager = window != XCB_WINDOW_NONE ? nameOf(connection, window) : "";
-    const auto offered =
-        WindowProperty(connection, connection.root(), connection.atom("_NET_SUPPORTED")).numbers();
+    WindowProperty supported(connection, connection.root(), connection.atom("_NET_SUPPORTED"));
+    const auto offered = supported.value().numbers();
     for (const char *hint : wantedHints) {
         if (std::ranges::find(offered, connection.atom(hint)) == offered.end()) {
             facts.missingHints.emplace_back(hint);

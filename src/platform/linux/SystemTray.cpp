@@ -1,5 +1,7 @@
 #include "platform/linux/SystemTray.h"
 
+#include "platform/linux/WindowProperty.h"
+
 #include <string>
 #include <utility>
 
@@ -23,17 +25,15 @@ std::optional<QColor> SystemTray::foreground() const {
         return std::nullopt;
     }
     // Red, green and blue of the foreground come first, of the colours of messages behind them.
-    constexpr std::uint32_t channels = 3;
+    constexpr std::size_t channels = 3;
     const auto &connection = events_.connection();
-    const XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
-        connection.get(),
-        xcb_get_property(connection.get(), 0, manager_, connection.atom("_NET_SYSTEM_TRAY_COLORS"),
-                         XCB_ATOM_CARDINAL, 0, channels),
-        nullptr));
-    if (!reply || reply->format != 32 || reply->value_len < channels) {
+    const auto values =
+        WindowProperty(connection, manager_, connection.atom("_NET_SYSTEM_TRAY_COLORS"))
+            .value()
+            .numbers();
+    if (values.size() < channels) {
         return std::nullopt;
     }
-    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
     const auto channel = [](std::uint32_t value) { return static_cast<quint16>(value & 0xFFFFU); };
     return QColor(qRgba64(channel(values[0]), channel(values[1]), channel(values[2]), 0xFFFF));
 }

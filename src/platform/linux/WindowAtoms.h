@@ -1,12 +1,14 @@
 #pragma once
 
-#include "platform/linux/XcbConnection.h"
+#include <xcb/xproto.h>
 
 namespace corvane::x11 {
 
+class XcbConnection;
+
 /// The names under which windows and window managers describe themselves.
 struct WindowAtoms {
-    explicit WindowAtoms(const XcbConnection &connection);
+    static WindowAtoms of(const XcbConnection &connection);
 
     xcb_atom_t utf8String;
     xcb_atom_t compoundText;

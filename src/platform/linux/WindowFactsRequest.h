@@ -7,7 +7,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 
 namespace corvane::x11 {
 
@@ -21,13 +20,6 @@ class WindowFactsRequest {
     std::optional<WindowFacts> answer(std::optional<std::uint32_t> currentDesktop);
 
   private:
-    std::optional<Rectangle> readBounds();
-    bool isMinimised();
-    bool isElsewhere(std::optional<std::uint32_t> currentDesktop);
-    xcb_atom_t readType();
-    std::int64_t layerOf(xcb_atom_t type, bool isUnmanaged) const;
-    std::optional<std::string> readTitle();
-
     const XcbConnection &connection_;
     const WindowAtoms &atoms_;
     const xcb_window_t window_;

@@ -1,6 +1,6 @@
 #include "platform/linux/WindowOwnerRequest.h"
 
-#include "platform/linux/WindowTitle.h"
+#include "platform/linux/WindowDescription.h"
 
 namespace corvane::x11 {
 
@@ -10,11 +10,6 @@ xcb_res_query_client_ids_cookie_t askForProcess(const XcbConnection &connection,
                                                 xcb_window_t window) {
     const xcb_res_client_id_spec_t question{window, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
     return xcb_res_query_client_ids(connection.get(), 1, &question);
-}
-
-std::optional<std::int32_t> positive(std::uint32_t number) {
-    const auto identifier = static_cast<std::int32_t>(number);
-    return identifier > 0 ? std::optional(identifier) : std::nullopt;
 }
 
 } // namespace
@@ -30,23 +25,13 @@ WindowOwnerRequest::WindowOwnerRequest(const XcbConnection &connection, const Wi
     }
 }
 
-/// What the server knows of its client counts more than what the window says of itself: a program
-/// in a sandbox has another number there.
 WindowOwner WindowOwnerRequest::answer() {
-    WindowOwner owner{.window = window_, .processIdentifier = processOfClient()};
-    const auto said = processIdentifier_.number();
-    if (!owner.processIdentifier && said) {
-        owner.processIdentifier = positive(*said);
-    }
-    const std::string_view names = windowClass_.bytes();
-    const std::string_view instance = names.substr(0, names.find('\0'));
-    std::string_view rest = names.substr(std::min(instance.size() + 1, names.size()));
-    owner.instanceName = latin1Text(instance);
-    owner.className = latin1Text(rest.substr(0, rest.find('\0')));
-    return owner;
+    const OwnerDescription description{.processIdentifier = processIdentifier_.value(),
+                                       .windowClass = windowClass_.value()};
+    return description.owner(window_, processOfClient());
 }
 
-std::optional<std::int32_t> WindowOwnerRequest::processOfClient() const {
+std::optional<std::uint32_t> WindowOwnerRequest::processOfClient() const {
     if (!client_) {
         return std::nullopt;
     }
@@ -62,7 +47,7 @@ std::optional<std::int32_t> WindowOwnerRequest::processOfClient() const {
         const auto *value = identifiers.data;
         const bool isProcess = (value->spec.mask & XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID) != 0;
         if (isProcess && xcb_res_client_id_value_value_length(value) > 0) {
-            return positive(*xcb_res_client_id_value_value(value));
+            return *xcb_res_client_id_value_value(value);
         }
     }
     return std::nullopt;

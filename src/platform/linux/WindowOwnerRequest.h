@@ -22,7 +22,7 @@ class WindowOwnerRequest {
     WindowOwner answer();
 
   private:
-    std::optional<std::int32_t> processOfClient() const;
+    std::optional<std::uint32_t> processOfClient() const;
 
     const XcbConnection &connection_;
     const xcb_window_t window_;

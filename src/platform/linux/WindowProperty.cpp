@@ -31,36 +31,15 @@ const xcb_get_property_reply_t *WindowProperty::reply() {
     return reply_.get();
 }
 
-xcb_atom_t WindowProperty::type() {
+PropertyValue WindowProperty::value() {
     const auto *answer = reply();
-    return answer != nullptr ? answer->type : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
-}
-
-std::vector<std::uint32_t> WindowProperty::numbers() {
-    const auto *answer = reply();
-    if (answer == nullptr || answer->format != 32) {
+    if (answer == nullptr) {
         return {};
     }
-    const auto *values = static_cast<const std::uint32_t *>(xcb_get_property_value(answer));
-    return {values, values + answer->value_len};
-}
-
-std::optional<std::uint32_t> WindowProperty::number() {
-    const auto values = numbers();
-    return values.empty() ? std::nullopt : std::optional(values.front());
-}
-
-std::string_view WindowProperty::bytes() {
-    const auto *answer = reply();
-    if (answer == nullptr || answer->format != 8) {
-        return {};
-    }
-    return {static_cast<const char *>(xcb_get_property_value(answer)), answer->value_len};
-}
-
-std::string_view WindowProperty::text() {
-    const std::string_view all = bytes();
-    return all.substr(0, all.find('\0'));
+    return {.type = answer->type,
+            .format = answer->format,
+            .content = {static_cast<const char *>(xcb_get_property_value(answer)),
+                        static_cast<std::size_t>(xcb_get_property_value_length(answer))}};
 }
 
 } // namespace corvane::x11

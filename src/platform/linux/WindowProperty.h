@@ -1,16 +1,11 @@
 #pragma once
 
+#include "platform/linux/PropertyValue.h"
 #include "platform/linux/XcbConnection.h"
-
-#include <cstdint>
-#include <optional>
-#include <string_view>
-#include <vector>
 
 namespace corvane::x11 {
 
 /// A property of a window that has been asked for; the answer is waited for when it is first read.
-/// What is missing or malformed reads as absent or empty.
 class WindowProperty {
   public:
     /// The connection outlives the property.
@@ -20,14 +15,11 @@ class WindowProperty {
     WindowProperty(const WindowProperty &) = delete;
     WindowProperty &operator=(const WindowProperty &) = delete;
 
-    /// The atom of the property's type; none where there is no such property.
-    xcb_atom_t type();
-    std::vector<std::uint32_t> numbers();
-    std::optional<std::uint32_t> number();
-    /// The bytes up to the first zero; valid as long as the property.
-    std::string_view text();
-    /// All bytes; valid as long as the property.
-    std::string_view bytes();
+    /// Valid as long as the property.
+    PropertyValue value();
+
+    /// The first number of the value.
+    std::optional<std::uint32_t> number() { return value().number(); }
 
   private:
     const xcb_get_property_reply_t *reply();

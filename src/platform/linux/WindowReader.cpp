@@ -28,7 +28,7 @@ bool reportsProcesses(const XcbConnection &connection) {
 
 WindowReader::WindowReader(const XcbConnection &connection)
     : connection_(connection),
-      atoms_(connection),
+      atoms_(WindowAtoms::of(connection)),
       knowsClients_(reportsProcesses(connection)) {}
 
 /// A window manager that has crashed leaves its lists behind, but not its own window.
@@ -45,7 +45,9 @@ std::vector<xcb_window_t> WindowReader::windows() const {
     if (!isManaged()) {
         return topLevelWindows();
     }
-    auto windows = stacking.type() != XCB_ATOM_NONE ? stacking.numbers() : mapping.numbers();
+    const PropertyValue inStackingOrder = stacking.value();
+    auto windows = inStackingOrder.type != XCB_ATOM_NONE ? inStackingOrder.numbers()
+                                                         : mapping.value().numbers();
     std::ranges::reverse(windows);
     return windows;
 }
