@@ -72,6 +72,11 @@ const std::vector<std::string> &CorvaneProcess::log() const {
     return log_;
 }
 
+std::string CorvaneProcess::lastLogTime() const {
+    const auto lines = wholeLines(readFile(logFile_));
+    return lines.empty() ? std::string() : lines.back().substr(0, timeStampLength - 1);
+}
+
 int CorvaneProcess::logCount(std::string_view message) const {
     return static_cast<int>(std::ranges::count(log(), message));
 }

@@ -37,6 +37,8 @@ class CorvaneProcess {
 
     /// The messages logged so far, without their time stamps.
     const std::vector<std::string> &log() const;
+    /// The time stamp of the last line, such as "2026-11-16 00:06:06 +0000".
+    std::string lastLogTime() const;
     int logCount(std::string_view message) const;
 
     /// Waits until the message has been logged `count` times; false when time runs out.
