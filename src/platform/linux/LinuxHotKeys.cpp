@@ -42,6 +42,11 @@ LinuxHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     return key;
 }
 
+void LinuxHotKeys::setUrgent(bool isUrgent) {
+    rawKeys_.listen(isUrgent);
+    urgent_(isUrgent);
+}
+
 void LinuxHotKeys::pressed() {
     // A handler may remove itself or install another.
     const auto handlers = handlers_;

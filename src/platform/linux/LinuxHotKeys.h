@@ -5,6 +5,7 @@
 #include "platform/linux/RawKeys.h"
 #include "platform/linux/XcbEvents.h"
 
+#include <utility>
 #include <vector>
 
 namespace corvane::x11 {
@@ -26,7 +27,10 @@ class LinuxHotKeys : public platform::HotKeys {
     registerHotKey(const platform::HotKey &hotKey) override;
 
     /// Listens to the keys themselves while urgent, which no grab can hide.
-    void setUrgent(bool isUrgent) override { rawKeys_.listen(isUrgent); }
+    void setUrgent(bool isUrgent) override;
+
+    /// Calls `changed` when the hot keys become urgent and when they no longer are.
+    void whenUrgent(std::function<void(bool isUrgent)> changed) { urgent_ = std::move(changed); }
 
   private:
     using Handler = std::function<void()>;
@@ -36,6 +40,7 @@ class LinuxHotKeys : public platform::HotKeys {
     XcbEvents &events_;
     const KeyboardChanges keyboardChanges_;
     RawKeys rawKeys_;
+    std::function<void(bool isUrgent)> urgent_ = [](bool) {};
     std::vector<std::weak_ptr<const Handler>> handlers_;
 };
 

@@ -22,6 +22,9 @@
 #include "platform/linux/SymbolImages.h"
 #include "platform/posix/PosixFileSystem.h"
 
+#include <functional>
+#include <utility>
+
 namespace corvane::x11 {
 
 class XcbEvents;
@@ -53,6 +56,12 @@ class LinuxPlatform : public platform::Platform {
     platform::StatusBar &statusBar() override { return statusBar_; }
     platform::WindowList &windowList() override { return windowList_; }
     platform::Workspace &workspace() override { return workspace_; }
+
+    /// Calls `changed` when a run begins and when it ends.
+    void whenRunning(std::function<void(bool isRunning)> changed) {
+        // While clicks are made, and only then, the hot key is urgent.
+        hotKeys_.whenUrgent(std::move(changed));
+    }
 
   private:
     posix::PosixFileSystem fileSystem_;

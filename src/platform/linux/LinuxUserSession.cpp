@@ -13,7 +13,10 @@ LinuxUserSession::LinuxUserSession(XcbEvents &events, std::string sessionBusAddr
       desktopSaver_(
           std::move(sessionBusAddress),
           [this](bool isOn) { note(QStringLiteral("the desktop's screen saver"), isOn); }),
-      login_(systemBus, [this](const QString &reason, bool isAway) { note(reason, isAway); }) {}
+      login_(systemBus, [this](const QString &reason, bool isAway) { note(reason, isAway); }),
+      silentLocker_(events.connection(), [this](bool isLocked) {
+          note(QStringLiteral("a locker that announces nothing"), isLocked);
+      }) {}
 
 /// Several may say so at once; the user is back when none does any more.
 void LinuxUserSession::note(const QString &reason, bool isReasonToBeAway) {

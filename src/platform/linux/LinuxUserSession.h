@@ -3,6 +3,7 @@
 #include "platform/linux/LoginSignals.h"
 #include "platform/linux/ScreenSaverEvents.h"
 #include "platform/linux/ScreenSaverSignals.h"
+#include "platform/linux/SilentLocker.h"
 
 #include <QDBusConnection>
 #include <QString>
@@ -16,7 +17,8 @@ namespace corvane::x11 {
 class XcbEvents;
 
 /// Whether the user is at the screen, by what the X server's screen saver, the desktop's locker and
-/// the login manager say. A locker that tells none of them is not noticed. Main thread.
+/// the login manager say. A locker that tells none of them is noticed while the screen is watched.
+/// Main thread.
 class LinuxUserSession {
   public:
     /// Calls `changed` when the user leaves or is back: the screen is locked or its saver comes on,
@@ -24,6 +26,9 @@ class LinuxUserSession {
     /// bus that is not there says nothing.
     LinuxUserSession(XcbEvents &events, std::string sessionBusAddress,
                      const QDBusConnection &systemBus, std::function<void(bool isAway)> changed);
+
+    /// To be asked for while clicks are made: it wakes the program up.
+    void watchScreen(bool isWatching) { silentLocker_.watch(isWatching); }
 
     bool isAway() const { return !reasons_.empty(); }
 
@@ -35,6 +40,7 @@ class LinuxUserSession {
     ScreenSaverEvents serverSaver_;
     ScreenSaverSignals desktopSaver_;
     LoginSignals login_;
+    SilentLocker silentLocker_;
 };
 
 } // namespace corvane::x11

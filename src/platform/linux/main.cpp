@@ -126,10 +126,11 @@ claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
 int runApp(XcbEvents &events, const XcbConnection &windowConnection,
            const CommandLine &commandLine) {
     LinuxPlatform platform(events, windowConnection, commandLine.words);
+    LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
+                                 userPresenceChanged);
+    platform.whenRunning([&userSession](bool isRunning) { userSession.watchScreen(isRunning); });
     CorvaneApp app(platform);
     runningApp = &app;
-    const LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
-                                       userPresenceChanged);
     app.appDelegate().applicationDidFinishLaunching(commandLine.cause);
     const int status = QApplication::exec();
     app.appDelegate().applicationWillTerminate();
