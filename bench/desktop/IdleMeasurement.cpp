@@ -9,9 +9,12 @@ namespace corvane::bench {
 
 /// The check of the permission every 3 s builds the menu anew, which must not be sent again.
 std::vector<Figure> measureIdle(Extent extent) {
+    // Two seconds after the launch the program looks whether a panel shows its item.
+    constexpr std::chrono::seconds launch(3);
     const std::chrono::seconds time(extent == Extent::quick ? 9 : 60);
     Session session;
     const auto corvane = session.start({});
+    std::this_thread::sleep_for(launch);
     const BusListener listener(session.desktop(), "com.canonical.dbusmenu");
     const ProcessUsage before = ProcessUsage::of(corvane->process().pid());
     std::this_thread::sleep_for(time);
