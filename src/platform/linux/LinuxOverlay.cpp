@@ -229,7 +229,7 @@ void LinuxOverlay::repaint() {
     if (painted.blending == OverlayScene::Blending::cutOut) {
         picture_->cutOut(image);
     }
-    surface_->show(*picture_, QRect(QPoint(), part_.size()));
+    surface_->show(*picture_);
     shownDrawing_ = drawing_;
     lastRepaint_ = Clock::now();
 }

@@ -1,5 +1,7 @@
 #include "platform/linux/OverlayAnimation.h"
 
+#include "platform/linux/QtColour.h"
+
 #include <QEasingCurve>
 
 #include <algorithm>
@@ -74,11 +76,26 @@ std::unique_ptr<OverlayPicture> OverlayAnimation::painted(std::size_t index) con
     scene.drawing.emplace_back(shapeAt(progress));
     const QImage image = painter_.paint(scene, scene.part);
     auto picture = std::make_unique<OverlayPicture>(visual_, size());
-    picture->put(image, QPoint());
     if (scene.blending == OverlayScene::Blending::cutOut) {
         picture->cutOut(image);
     }
+    if (const auto colour = onlyColour()) {
+        picture->fill(*colour);
+    } else {
+        picture->put(image, QPoint());
+    }
     return picture;
+}
+
+/// The one that all pictures have, of which only the outlines differ.
+std::optional<QRgb> OverlayAnimation::onlyColour() const {
+    const Shape &shape = animation_.shape;
+    if (scene_.blending != OverlayScene::Blending::cutOut || !scene_.drawing.empty() ||
+        shape.fill.has_value() == shape.stroke.has_value()) {
+        return std::nullopt;
+    }
+    const Colour &colour = shape.fill ? *shape.fill : *shape.stroke;
+    return qtColour({colour.name, 1}).rgb();
 }
 
 Shape OverlayAnimation::shapeAt(double progress) const {

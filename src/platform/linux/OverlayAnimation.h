@@ -8,6 +8,7 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace corvane::x11 {
@@ -38,6 +39,7 @@ class OverlayAnimation {
   private:
     std::unique_ptr<OverlayPicture> painted(std::size_t index) const;
     Shape shapeAt(double progress) const;
+    std::optional<QRgb> onlyColour() const;
 
     const OverlayPainter &painter_;
     const OverlayVisual &visual_;

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRgb>
 #include <QSize>
 
 #include <optional>
@@ -25,11 +26,16 @@ class OverlayPicture {
     /// Replaces the pixels beneath `image`, premultiplied 32-bit, with its top left corner at `at`.
     void put(const QImage &image, QPoint at);
 
+    /// Has one opaque colour everywhere instead of pixels of its own.
+    void fill(QRgb colour) { colour_ = colour; }
+
     /// Limits the window to where `image`, which covers the whole picture, is not transparent.
     void cutOut(const QImage &image);
 
-    /// None while the picture is empty.
+    /// None while nothing has been put into the picture.
     xcb_pixmap_t pixmap() const { return pixmap_; }
+
+    std::optional<QRgb> colour() const { return colour_; }
 
     /// The only parts of the window that exist, in bands from the top; absent for the whole window.
     const std::optional<std::vector<xcb_rectangle_t>> &areas() const { return areas_; }
@@ -38,6 +44,7 @@ class OverlayPicture {
     const OverlayVisual &visual_;
     const QSize size_;
     xcb_pixmap_t pixmap_ = XCB_PIXMAP_NONE;
+    std::optional<QRgb> colour_;
     std::optional<std::vector<xcb_rectangle_t>> areas_;
 };
 

@@ -33,7 +33,7 @@ bool OverlayPlayback::showAt(OverlayAnimator::Time now) {
 
 void OverlayPlayback::show(std::size_t index) {
     index_ = index;
-    surface_.show(animation_->picture(index), QRect(QPoint(), animation_->size()));
+    surface_.show(animation_->picture(index));
 }
 
 void OverlayPlayback::complete() {

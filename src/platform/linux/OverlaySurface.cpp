@@ -107,20 +107,42 @@ void OverlaySurface::map() { xcb_map_window(visual_.connection().get(), window_)
 
 void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), window_); }
 
-/// The picture becomes the window's background, which the server repaints by itself.
-void OverlaySurface::show(const OverlayPicture &picture, const QRegion &changed) {
-    xcb_connection_t *const connection = visual_.connection().get();
-    const std::uint32_t pixmap = picture.pixmap();
-    constexpr std::uint32_t transparent = 0;
-    if (pixmap != XCB_PIXMAP_NONE) {
-        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXMAP, &pixmap);
-    } else {
-        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXEL, &transparent);
+void OverlaySurface::show(const OverlayPicture &picture) {
+    // By whatever a window grows the server paints its background by itself. Most pictures of an
+    // animation that is cut out need no more than their outline.
+    const bool showsNothing = picture.areas() && picture.areas()->empty();
+    const bool isPainted = picture.colour() && picture.colour() == colour_;
+    if (showsNothing || isPainted) {
+        limitTo(picture);
+        return;
     }
+    constexpr std::uint16_t everything = 0;
+    setBackground(picture);
+    limitTo(picture);
+    xcb_clear_area(visual_.connection().get(), 0, window_, 0, 0, everything, everything);
+}
+
+void OverlaySurface::show(const OverlayPicture &picture, const QRegion &changed) {
+    setBackground(picture);
     limitTo(picture);
     for (const QRect &rectangle : changed) {
         const xcb_rectangle_t area = serverRectangle(rectangle);
-        xcb_clear_area(connection, 0, window_, area.x, area.y, area.width, area.height);
+        xcb_clear_area(visual_.connection().get(), 0, window_, area.x, area.y, area.width,
+                       area.height);
+    }
+}
+
+/// The picture becomes the window's background, which the server repaints by itself.
+void OverlaySurface::setBackground(const OverlayPicture &picture) {
+    xcb_connection_t *const connection = visual_.connection().get();
+    constexpr QRgb transparent = 0;
+    colour_ = picture.colour();
+    if (picture.pixmap() != XCB_PIXMAP_NONE) {
+        const std::uint32_t pixmap = picture.pixmap();
+        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXMAP, &pixmap);
+    } else {
+        const std::uint32_t pixel = colour_.value_or(transparent);
+        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXEL, &pixel);
     }
 }
 

@@ -6,8 +6,10 @@
 
 #include <QRect>
 #include <QRegion>
+#include <QRgb>
 
 #include <cstdint>
+#include <optional>
 
 namespace corvane::x11 {
 
@@ -47,18 +49,23 @@ class OverlaySurface {
     void map();
     void unmap();
 
-    /// Shows a picture where it lies in `changed`, which is all of it unless it was shown before.
+    /// Shows a picture.
+    void show(const OverlayPicture &picture);
+    /// Shows a picture that was shown before where it has changed.
     void show(const OverlayPicture &picture, const QRegion &changed);
 
   private:
     void create();
     void describe(const OverlayHints &hints) const;
     void passMouseEventsThrough() const;
+    void setBackground(const OverlayPicture &picture);
     void limitTo(const OverlayPicture &picture);
 
     const OverlayVisual &visual_;
     const Kind kind_;
     const xcb_window_t window_;
+    /// The background where it is one colour.
+    std::optional<QRgb> colour_;
     bool isLimited_ = false;
 };
 
