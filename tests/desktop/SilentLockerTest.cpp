@@ -46,7 +46,7 @@ TEST_F(SilentLockerTest, endsTheRunAndNoneBeginsUntilItIsGone) {
     other_.openOverAll(true);
     ASSERT_TRUE(other_.grabKeyboardAndPointer());
     ASSERT_TRUE(corvane_->waitForLogBeginning("Clicker stopped after ")) << corvane_->story();
-    EXPECT_FALSE(pointer_.isLeftButtonDown());
+    EXPECT_TRUE(waitUntil([this] { return !pointer_.isLeftButtonDown(); }));
     const int before = other_.seen(XCB_BUTTON_PRESS);
     EXPECT_FALSE(startByCommand());
     EXPECT_EQ(corvane_->logCount("Cannot start: the user is away from the screen"), 1);
