@@ -65,6 +65,7 @@ TEST_P(MainQueueContract, RunsTheWorkOfOtherThreadsOnTheMainThread) {
         }
     });
     ASSERT_TRUE(backEnd().turnUntil([this] { return ran_.size() == count; }));
+    posting.wait();
     EXPECT_THAT(threads, testing::Each(mainThread));
     EXPECT_TRUE(std::ranges::is_sorted(ran_));
 }

@@ -10,7 +10,6 @@ namespace corvane::desktop {
 
 namespace {
 
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 /// In the window of the other program.

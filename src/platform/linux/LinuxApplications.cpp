@@ -46,6 +46,7 @@ LinuxApplications::instances(const ClientWindows::Owners &owners,
         }
     }
     std::vector<platform::RunningApplication> applications;
+    applications.reserve(processes.size());
     for (const std::int32_t process : processes) {
         applications.push_back({process, bundleIdentifier});
     }

@@ -31,9 +31,10 @@ void ToggleWidget::refresh() {
     setText(withoutMnemonic(title));
     setAccessibleName(title);
     setFont(viewFont(view_.font));
-    setIcon(toggle().symbol ? symbols_.icon(toggle().symbol->name, palette(), QPalette::WindowText,
-                                            QPalette::WindowText)
-                            : QIcon());
+    const auto &symbol = toggle().symbol;
+    setIcon(symbol
+                ? symbols_.icon(symbol->name, palette(), QPalette::WindowText, QPalette::WindowText)
+                : QIcon());
     setChecked(toggle().isOn);
 }
 

@@ -68,6 +68,7 @@ std::vector<WindowOwner> WindowReader::owners(std::span<const xcb_window_t> wind
         requests.emplace_back(connection_, atoms_, window, knowsClients_);
     }
     std::vector<WindowOwner> owners;
+    owners.reserve(requests.size());
     for (WindowOwnerRequest &request : requests) {
         owners.push_back(request.answer());
     }

@@ -30,7 +30,7 @@ class CommandSocket {
         /// How long a sender may take over its request.
         std::chrono::milliseconds patience{5000};
         /// The longest request that is read, in bytes.
-        std::size_t longestRequest = 64 * 1024;
+        std::size_t longestRequest = std::size_t{64} * 1024;
         /// Senders beyond this number wait.
         std::size_t mostConnections = 64;
     };

@@ -9,7 +9,7 @@ namespace corvane::contract {
 /// Another value for an environment variable, or none, until destroyed.
 class EnvironmentVariable {
   public:
-    EnvironmentVariable(const char *name, std::optional<std::string> value) : name_(name) {
+    EnvironmentVariable(const char *name, const std::optional<std::string> &value) : name_(name) {
         if (const char *before = std::getenv(name)) { // NOLINT(concurrency-mt-unsafe)
             before_ = before;
         }

@@ -21,6 +21,8 @@ class FakePanel : public QObject {
   public:
     explicit FakePanel(bool hasHost = true);
     ~FakePanel() override;
+    FakePanel(const FakePanel &) = delete;
+    FakePanel &operator=(const FakePanel &) = delete;
 
     /// The host appears; as panels do, it says so.
     void addHost();
@@ -49,18 +51,16 @@ class FakePanel : public QObject {
     int newIcons() const { return newIcons_; }
     int newToolTips() const { return newToolTips_; }
 
-  public Q_SLOTS:
     // Named as on the bus.
-    void RegisterStatusNotifierItem(const QString &service);
-
-  private Q_SLOTS:
-    void layoutUpdated() { ++layoutUpdates_; }
-    void propertiesUpdated(const QList<corvane::x11::PanelItemProperties> &updated,
-                           const QList<corvane::x11::PanelItemNames> &removed);
-    void iconChanged() { ++newIcons_; }
-    void toolTipChanged() { ++newToolTips_; }
+    Q_SLOT void RegisterStatusNotifierItem(const QString &service);
 
   private:
+    Q_SLOT void layoutUpdated() { ++layoutUpdates_; }
+    Q_SLOT void propertiesUpdated(const QList<corvane::x11::PanelItemProperties> &updated,
+                                  const QList<corvane::x11::PanelItemNames> &removed);
+    Q_SLOT void iconChanged() { ++newIcons_; }
+    Q_SLOT void toolTipChanged() { ++newToolTips_; }
+
     QDBusPendingCall call(const QString &path, const QString &interface, const QString &method,
                           const QVariantList &arguments);
 

@@ -34,7 +34,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, MenuEvent &event)
     argument.beginStructure();
     argument >> event.id >> event.name >> event.data >> event.time;
     argument.endStructure();
-    return argument;
+    return argument; // NOLINT(bugprone-return-const-ref-from-parameter): as the toolkit wants it
 }
 
 } // namespace corvane::contract

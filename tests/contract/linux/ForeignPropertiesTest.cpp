@@ -31,7 +31,8 @@ class ForeignPropertiesTest : public WindowSystemTest,
     std::vector<std::uint8_t> anyBytes() {
         constexpr std::array<std::uint8_t, 10> special{0x00, 0x1B, 0x25, 0x47, 0x40,
                                                        0xC3, 0xED, 0xF4, 0xFF, 0x0A};
-        std::vector<std::uint8_t> bytes(4 * (chance(50) == 0 ? chance(30000) : chance(24)));
+        std::vector<std::uint8_t> bytes(std::size_t{4} *
+                                        (chance(50) == 0 ? chance(30000) : chance(24)));
         for (std::uint8_t &byte : bytes) {
             byte = chance(2) == 0 ? anyOf(special) : static_cast<std::uint8_t>(chance(256));
         }

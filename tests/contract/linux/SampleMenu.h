@@ -10,6 +10,7 @@ namespace corvane::contract {
 /// A menu as the program shows it, with one of every kind of line.
 inline Menu sampleMenu(const std::vector<std::string> &profiles = {"Games", "Work"}) {
     std::vector<MenuItem> submenu;
+    submenu.reserve(profiles.size() + 2);
     for (const auto &name : profiles) {
         submenu.push_back(
             {.title = name, .action = "loadProfile:", .representedObject = "id of " + name});
