@@ -18,13 +18,19 @@ std::function<void(std::string_view)> &logSink() {
     return sink;
 }
 
-std::string timeStamp() {
+/// The present time in the log's form. Sixty lines may be written in a second: the time is put into
+/// words once for all of them. Plain memory, because there may be lines while the program ends.
+std::string_view timeStamp() {
+    thread_local std::array<char, 64> text{};
+    thread_local std::size_t length = 0;
+    thread_local std::time_t second = 0;
     const std::time_t now = std::time(nullptr);
-    std::tm utc{};
-    gmtime_r(&now, &utc);
-    std::array<char, 64> text{};
-    const std::size_t length =
-        std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S +0000", &utc);
+    if (now != second || length == 0) {
+        std::tm utc{};
+        gmtime_r(&now, &utc);
+        length = std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S +0000", &utc);
+        second = now;
+    }
     return {text.data(), length};
 }
 
@@ -57,7 +63,10 @@ void appendLogLine(const char *path, std::string_view message) {
         return;
     }
     if (isOwnFile(descriptor)) {
-        const std::string line = timeStamp().append(" ").append(message).append("\n");
+        constexpr std::size_t roomForStamp = 32;
+        std::string line;
+        line.reserve(message.size() + roomForStamp);
+        line.append(timeStamp()).append(" ").append(message).append("\n");
         // One write of the whole line, so that lines of several threads and processes stay whole.
         [[maybe_unused]] const ssize_t written = write(descriptor, line.data(), line.size());
     }

@@ -8,9 +8,12 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <ctime>
 #include <fstream>
+#include <iomanip>
 #include <iterator>
 #include <map>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -36,6 +39,14 @@ class LogTest : public ::testing::Test {
     }
     void append(std::string_view message) const { appendLogLine(file_.c_str(), message); }
 
+    static std::string stampOf(std::time_t time) {
+        std::tm utc{};
+        gmtime_r(&time, &utc);
+        std::ostringstream text;
+        text << std::put_time(&utc, "%Y-%m-%d %H:%M:%S");
+        return text.str();
+    }
+
     testing::TemporaryDirectory directory_;
     std::filesystem::path file_ = directory_.path() / "corvane.log";
 };
@@ -54,6 +65,19 @@ TEST_F(LogTest, TwoCallsGiveTwoLinesInOrder) {
     append("two");
     EXPECT_THAT(content(),
                 MatchesRegex(std::string(stamp) + "one\n" + std::string(stamp) + "two\n"));
+}
+
+TEST_F(LogTest, EachLineTellsWhenItWasWritten) {
+    const std::time_t start = std::time(nullptr);
+    for (std::time_t before = start; before == start;) {
+        std::filesystem::remove(file_);
+        before = std::time(nullptr);
+        append("now");
+        const std::time_t after = std::time(nullptr);
+        const std::string written = content().substr(0, stampOf(start).size());
+        ASSERT_GE(written, stampOf(before));
+        ASSERT_LE(written, stampOf(after));
+    }
 }
 
 TEST_F(LogTest, AnEmptyMessageLeavesTheStampAndABlank) {
