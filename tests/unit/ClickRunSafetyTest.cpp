@@ -131,6 +131,15 @@ TEST_F(ClickRunSafetyTest, AStopEndsARunThatIsHeldUp) {
     EXPECT_EQ(finishes_, 0);
 }
 
+TEST_F(ClickRunSafetyTest, AStopBetweenTwoClicksLooksAtThePointerNoMore) {
+    start({});
+    ASSERT_TRUE(mouse_.awaitPosted(2));
+    ASSERT_TRUE(clock_.awaitBlocked());
+    EXPECT_EQ(mouse_.cursorReadings(), 1U);
+    stopAndAwait();
+    EXPECT_EQ(mouse_.cursorReadings(), 1U);
+}
+
 TEST_F(ClickRunSafetyTest, AButtonTheUserHoldsIsNotClickedWith) {
     mouse_.setHeldByUser(true);
     start(withoutPause);

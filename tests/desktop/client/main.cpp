@@ -1,8 +1,11 @@
 #include "TargetProgram.h"
+#include "platform/linux/ShortTurns.h"
 
 #include <memory>
 
 int main() {
+    // Its clicks are timed.
+    corvane::x11::takeShortTurns();
     const std::unique_ptr<xcb_connection_t, decltype([](xcb_connection_t *connection) {
                               xcb_disconnect(connection);
                           })>
