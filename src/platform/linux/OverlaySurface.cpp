@@ -110,7 +110,8 @@ void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), wind
 void OverlaySurface::show(const OverlayPicture &picture) {
     // By whatever a window grows the server paints its background by itself. Most pictures of an
     // animation that is cut out need no more than their outline.
-    const bool showsNothing = picture.areas() && picture.areas()->empty();
+    const auto &areas = picture.areas();
+    const bool showsNothing = areas && areas->empty();
     const bool isPainted = picture.colour() && picture.colour() == colour_;
     if (showsNothing || isPainted) {
         limitTo(picture);
@@ -148,16 +149,16 @@ void OverlaySurface::setBackground(const OverlayPicture &picture) {
 
 void OverlaySurface::limitTo(const OverlayPicture &picture) {
     xcb_connection_t *const connection = visual_.connection().get();
-    if (picture.areas()) {
+    const auto &areas = picture.areas();
+    if (areas) {
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
                              XCB_CLIP_ORDERING_YX_BANDED, window_, 0, 0,
-                             static_cast<std::uint32_t>(picture.areas()->size()),
-                             picture.areas()->data());
+                             static_cast<std::uint32_t>(areas->size()), areas->data());
     } else if (isLimited_) {
         xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
                        XCB_PIXMAP_NONE);
     }
-    isLimited_ = picture.areas().has_value();
+    isLimited_ = areas.has_value();
 }
 
 } // namespace corvane::x11

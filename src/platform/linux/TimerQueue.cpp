@@ -56,10 +56,10 @@ void TimerQueue::callAllDue() {
 std::shared_ptr<TimerQueue::Call> TimerQueue::takeFirst(platform::Instant now) {
     auto call = calls_.front();
     calls_.erase(calls_.begin());
-    if (call->period) {
+    if (const auto period = call->period) {
         // What was missed, such as while the system slept, is made up for by one call.
-        const auto missed = (now - call->due) / *call->period;
-        call->due += (missed + 1) * *call->period;
+        const auto missed = (now - call->due) / *period;
+        call->due += (missed + 1) * *period;
         insert(call);
     }
     return call;
