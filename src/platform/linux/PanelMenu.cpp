@@ -301,7 +301,7 @@ PanelItemLayout PanelMenu::layout(const Node &node, int depth, const QStringList
     PanelItemLayout answer{node.id, named(node.properties, names), {}};
     if (depth != 0) {
         for (const auto &child : node.children) {
-            answer.children << layout(child, depth - 1, names);
+            answer.children << layout(child, depth < 0 ? depth : depth - 1, names);
         }
     }
     return answer;
