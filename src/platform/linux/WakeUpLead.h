@@ -15,7 +15,7 @@ class WakeUpLead {
     /// `isOver` says so after the sleep.
     template <typename Sleep, typename Preparation, typename Condition>
     void waitUntil(const platform::ContinuousClock &clock, platform::Instant deadline,
-                   Sleep sleepUntil, Preparation beforehand, Condition isOver) {
+                   Sleep sleepUntil, const Preparation &beforehand, Condition isOver) {
         const platform::Instant wakeUp = deadline - lead_.load();
         const bool isEarly = wakeUp > clock.now();
         if (isEarly) {
