@@ -21,8 +21,18 @@ namespace corvane::bench {
 
 namespace {
 
-/// Processor time of the engine's thread from each click to the next.
-Samples costsOfClicks(int clickCount) {
+constexpr int ordinaryRate = 50;
+constexpr int highestRate = 9999;
+
+/// A run of the engine without anything that shows it.
+struct EngineRun {
+    /// Processor time of the engine's thread from each click to the next.
+    Samples costs;
+    /// What the other program got.
+    Clicks clicks;
+};
+
+EngineRun runEngine(Session &session, int clickRate, int clickCount) {
     x11::LinuxMouseEvents mouseEvents;
     x11::LinuxClock clock;
     Samples costs;
@@ -30,7 +40,7 @@ Samples costsOfClicks(int clickCount) {
     double last = 0;
     ClickerService engine(mouseEvents, clock);
     engine.start(
-        {.clickRate = 50, .maxClicks = clickCount}, nullptr,
+        {.clickRate = clickRate, .maxClicks = clickCount}, nullptr,
         [&](std::int64_t count, Point) {
             const double now = threadMilliseconds();
             if (count > 1) {
@@ -40,7 +50,26 @@ Samples costsOfClicks(int clickCount) {
         },
         [&finished] { finished.set_value(); });
     finished.get_future().wait();
-    return costs;
+    session.client().waitForClicks(clickCount);
+    return {costs, session.newClicks()};
+}
+
+/// What goes beyond the time between clicks that was asked for.
+Samples overheadsOf(const Clicks &clicks, int clickRate) {
+    constexpr double hold = 10;
+    Samples overheads;
+    for (const double period : clicks.periods()) {
+        overheads.add(period - hold - millisecondsPerSecond / clickRate);
+    }
+    return overheads;
+}
+
+Samples holdsOf(const Clicks &clicks) {
+    Samples holds;
+    for (const double hold : clicks.holds()) {
+        holds.add(hold);
+    }
+    return holds;
 }
 
 struct BareClicks {
@@ -89,10 +118,17 @@ std::vector<Figure> measureEngine(Extent extent) {
     Session session;
     session.desktop().adoptEnvironment();
     useLogSink([](std::string_view) {});
-    const Samples costs = costsOfClicks(clickCount);
+    const EngineRun ordinary = runEngine(session, ordinaryRate, clickCount);
+    const EngineRun fast = runEngine(session, highestRate, clickCount);
     useLogSink({});
     const BareClicks bare = clickBarely(clickCount);
-    return {Figure::of("processor time a click, engine alone", "ms", {.medianAtMost = 0.15}, costs),
+    return {Figure::of("processor time a click, engine alone", "ms", {.medianAtMost = 0.15},
+                       ordinary.costs),
+            Figure::of("period beyond interval and hold, 50 clicks/s, engine alone", "ms", {},
+                       overheadsOf(ordinary.clicks, ordinaryRate)),
+            Figure::of("period beyond interval and hold, 9999 clicks/s, engine alone", "ms", {},
+                       overheadsOf(fast.clicks, highestRate)),
+            Figure::of("press to release, engine alone", "ms", {}, holdsOf(ordinary.clicks)),
             Figure::of("processor time a click, bare loop", "ms", {}, bare.costs),
             Figure::of("period beyond interval and hold, bare loop", "ms", {}, bare.overheads)};
 }

@@ -40,7 +40,7 @@ class WakeUpLead {
 
     std::atomic<std::chrono::nanoseconds> lead_{std::chrono::microseconds(50)};
     /// Goes down from the first step to the last, so that the first few waits come near.
-    std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(16)};
+    std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(32)};
 };
 
 } // namespace corvane::x11
