@@ -7,19 +7,22 @@ namespace corvane {
 
 namespace {
 
-std::int64_t truncated(double value) {
-    // Written so that it is false for what is not a number.
-    const bool isWithinRange = value >= -0x1p63 && value < 0x1p63;
-    if (!isWithinRange) {
-        std::abort();
-    }
-    return static_cast<std::int64_t>(value);
-}
+/// False for what is not a number.
+bool isWithinWholeNumbers(double value) { return value >= -0x1p63 && value < 0x1p63; }
+
+std::string truncatedText(double value) { return std::to_string(static_cast<std::int64_t>(value)); }
 
 } // namespace
 
+bool CodableRect::hasSizeLabel() const {
+    return isWithinWholeNumbers(width) && isWithinWholeNumbers(height);
+}
+
 std::string CodableRect::sizeLabel() const {
-    return std::to_string(truncated(width)) + "×" + std::to_string(truncated(height));
+    if (!hasSizeLabel()) {
+        std::abort();
+    }
+    return truncatedText(width) + "×" + truncatedText(height);
 }
 
 } // namespace corvane

@@ -21,8 +21,11 @@ struct CodableRect {
 
     Rectangle rectangle() const { return {x, y, width, height}; }
 
-    /// "300×200": width and height truncated to whole numbers. A size that is not finite or beyond
-    /// 64 bits is a programming error and stops the program.
+    /// Whether width and height are finite and within 64 bits when truncated to whole numbers.
+    bool hasSizeLabel() const;
+
+    /// "300×200": width and height truncated to whole numbers. To ask for that of a size that has
+    /// none is a programming error and stops the program.
     std::string sizeLabel() const;
 };
 

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <memory>
 #include <optional>
 
@@ -79,7 +80,9 @@ class Conversation {
         auto message = QDBusMessage::createMethodCall(QString(), u"/MenuBar"_s,
                                                       u"com.canonical.dbusmenu"_s, method);
         message.setArguments(arguments);
-        QDBusPendingCallWatcher answer(panel_.asyncCall(message));
+        // A machine that sleeps meanwhile is no broken promise.
+        constexpr int patience = std::numeric_limits<int>::max();
+        QDBusPendingCallWatcher answer(panel_.asyncCall(message, patience));
         QEventLoop untilAnswered;
         QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &untilAnswered,
                          &QEventLoop::quit);

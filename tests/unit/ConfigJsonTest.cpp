@@ -152,6 +152,15 @@ TEST(ConfigJson, ANumberBeyondADoubleTakesItsDefault) {
     EXPECT_EQ(whyNot(R"({"clickRate":1e999,})"), "not valid JSON at byte 20");
 }
 
+TEST(ConfigJson, AZoneOfASizeBeyondSixtyFourBitsIsNoZone) {
+    EXPECT_EQ(decoded(R"({"maxClicks":3,"zoneRect":{"x":1,"y":2,"width":3,"height":6e90}})"),
+              CorvaneConfig{.maxClicks = 3});
+    EXPECT_EQ(decoded(R"({"maxClicks":3,"zoneRect":{"x":1,"y":2,"width":-1e19,"height":4}})"),
+              CorvaneConfig{.maxClicks = 3});
+    EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e90,"y":-1e90,"width":3,"height":4}})").zoneRect,
+              (CodableRect{1e90, -1e90, 3, 4}));
+}
+
 TEST(ConfigJson, OfTwoMembersOfOneNameTheLastCounts) {
     EXPECT_EQ(decoded(R"({"clickRate":2,"clickRate":3})").clickRate, 3);
 }

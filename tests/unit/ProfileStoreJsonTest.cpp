@@ -161,6 +161,8 @@ TEST(ProfileStoreJson, AWrongMemberFailsTheWhole) {
               "profiles: number 1: maxClicks: not a whole number of 64 bits");
     EXPECT_EQ(whyNot(storeWith("zoneRect", R"({"x":1,"y":2,"width":3})")),
               "profiles: number 1: zoneRect: height: missing");
+    EXPECT_EQ(whyNot(storeWith("zoneRect", R"({"x":1,"y":2,"width":1e19,"height":4})")),
+              "profiles: number 1: zoneRect: a size beyond 64 bits");
     EXPECT_EQ(whyNot(storeWith("zoneRect", "1e999")),
               "profiles: number 1: zoneRect: not an object");
     EXPECT_EQ(whyNot(storeWith("windowAnchor", R"({"bundleID":"b","windowTitle":"t"})")),
