@@ -134,7 +134,7 @@ void AppDelegate::beginRun(const RunPlan &plan) {
     const std::uint64_t run = ++runNumber_;
     // Called on the run's own thread, which may outlive the delegate.
     const auto onMainThread = [held = weak_from_this(), &mainQueue = platform_.mainQueue(),
-                               run](auto work) {
+                               run](const auto &work) {
         mainQueue.post([held, run, work] {
             if (const auto self = held.lock(); self && self->runNumber_ == run) {
                 work(*self);

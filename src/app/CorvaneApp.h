@@ -18,6 +18,8 @@ class CorvaneApp {
     /// The platform outlives the application.
     explicit CorvaneApp(platform::Platform &platform);
     ~CorvaneApp();
+    CorvaneApp(const CorvaneApp &) = delete;
+    CorvaneApp &operator=(const CorvaneApp &) = delete;
 
     AppDelegate &appDelegate() { return *appDelegate_; }
 

@@ -207,8 +207,8 @@ Finding compositorFinding(bool isThere) {
                                    "and work."};
 }
 
-Finding windowManagerFinding(const DesktopFacts &desktop) {
-    if (desktop.windowManager->empty()) {
+Finding windowManagerFinding(const std::string &windowManager, const DesktopFacts &desktop) {
+    if (windowManager.empty()) {
         return {.grade = Grade::limited,
                 .subject = "Windows",
                 .statement = "No window manager tells which windows there are: zones cannot "
@@ -217,7 +217,7 @@ Finding windowManagerFinding(const DesktopFacts &desktop) {
     }
     if (desktop.missingHints.empty()) {
         return {.subject = "Windows",
-                .statement = *desktop.windowManager + " tells all that Corvane asks of it."};
+                .statement = windowManager + " tells all that Corvane asks of it."};
     }
     std::string hints;
     for (const std::string &hint : desktop.missingHints) {
@@ -225,7 +225,7 @@ Finding windowManagerFinding(const DesktopFacts &desktop) {
     }
     return {.grade = Grade::limited,
             .subject = "Windows",
-            .statement = *desktop.windowManager + " does not offer " + hints +
+            .statement = windowManager + " does not offer " + hints +
                          ": zones may not follow windows exactly.",
             .remedy = "Use a window manager that offers them, if you anchor zones to windows."};
 }
@@ -277,7 +277,7 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
         findings.push_back(compositorFinding(*desktop.hasCompositor));
     }
     if (desktop.windowManager) {
-        findings.push_back(windowManagerFinding(desktop));
+        findings.push_back(windowManagerFinding(*desktop.windowManager, desktop));
     }
     std::ranges::move(fileFindings(files), std::back_inserter(findings));
 

@@ -47,9 +47,10 @@ void ButtonWidget::refresh() {
                           : QString::fromStdString(view_.accessibilityLabel));
     setEnabled(button().isEnabled);
     setFont(viewFont({.role = isSmall ? FontRole::callout : FontRole::body}));
-    setIcon(button().symbol ? symbols_.icon(button().symbol->name, palette(), QPalette::ButtonText,
-                                            QPalette::ButtonText)
-                            : QIcon());
+    const auto &symbol = button().symbol;
+    setIcon(symbol
+                ? symbols_.icon(symbol->name, palette(), QPalette::ButtonText, QPalette::ButtonText)
+                : QIcon());
     updateGeometry();
 }
 
