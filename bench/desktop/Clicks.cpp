@@ -14,18 +14,18 @@ Clicks::Clicks(const std::vector<desktop::ButtonEvent> &events) {
     }
 }
 
-std::vector<double> Clicks::periods() const {
-    std::vector<double> periods;
+Samples Clicks::periodsBeyond(double expected) const {
+    Samples periods;
     for (std::size_t index = 1; index < presses.size(); ++index) {
-        periods.push_back(presses[index] - presses[index - 1]);
+        periods.add(presses[index] - presses[index - 1] - expected);
     }
     return periods;
 }
 
-std::vector<double> Clicks::holds() const {
-    std::vector<double> holds;
+Samples Clicks::holds() const {
+    Samples holds;
     for (std::size_t index = 0; index < std::min(presses.size(), releases.size()); ++index) {
-        holds.push_back(releases[index] - presses[index]);
+        holds.add(releases[index] - presses[index]);
     }
     return holds;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Samples.h"
 #include "harness/ClickClient.h"
 
 #include <cstdint>
@@ -8,6 +9,8 @@
 namespace corvane::bench {
 
 inline constexpr double millisecondsPerSecond = 1e3;
+/// For which Corvane holds the button, in milliseconds.
+inline constexpr double holdTime = 10;
 
 /// The clicks in a series of events, in milliseconds of the monotonic clock as the other program
 /// saw them.
@@ -17,10 +20,10 @@ struct Clicks {
 
     explicit Clicks(const std::vector<desktop::ButtonEvent> &events);
 
-    /// From each press to the next.
-    std::vector<double> periods() const;
+    /// From each press to the next, beyond the time that was asked for.
+    Samples periodsBeyond(double expected) const;
     /// From each press to its release.
-    std::vector<double> holds() const;
+    Samples holds() const;
 };
 
 /// Now, on the clock of `Clicks`.

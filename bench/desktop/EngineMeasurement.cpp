@@ -54,22 +54,9 @@ EngineRun runEngine(Session &session, int clickRate, int clickCount) {
     return {costs, session.newClicks()};
 }
 
-/// What goes beyond the time between clicks that was asked for.
+/// What goes beyond the interval that was asked for and the hold.
 Samples overheadsOf(const Clicks &clicks, int clickRate) {
-    constexpr double hold = 10;
-    Samples overheads;
-    for (const double period : clicks.periods()) {
-        overheads.add(period - hold - millisecondsPerSecond / clickRate);
-    }
-    return overheads;
-}
-
-Samples holdsOf(const Clicks &clicks) {
-    Samples holds;
-    for (const double hold : clicks.holds()) {
-        holds.add(hold);
-    }
-    return holds;
+    return clicks.periodsBeyond(millisecondsPerSecond / clickRate + holdTime);
 }
 
 struct BareClicks {
@@ -128,7 +115,7 @@ std::vector<Figure> measureEngine(Extent extent) {
                        overheadsOf(ordinary.clicks, ordinaryRate)),
             Figure::of("period beyond interval and hold, 9999 clicks/s, engine alone", "ms", {},
                        overheadsOf(fast.clicks, highestRate)),
-            Figure::of("press to release, engine alone", "ms", {}, holdsOf(ordinary.clicks)),
+            Figure::of("press to release, engine alone", "ms", {}, ordinary.clicks.holds()),
             Figure::of("processor time a click, bare loop", "ms", {}, bare.costs),
             Figure::of("period beyond interval and hold, bare loop", "ms", {}, bare.overheads)};
 }

@@ -9,8 +9,6 @@ namespace corvane::bench {
 
 namespace {
 
-constexpr double hold = 10;
-
 /// A rate, and how often it is tried.
 struct RateTrial {
     int rate;
@@ -21,7 +19,7 @@ struct RateTrial {
     double interval() const { return millisecondsPerSecond / rate; }
     std::chrono::milliseconds roundTime() const {
         return std::chrono::milliseconds(
-            static_cast<int>((interval() + hold) * (clicksPerRound - 1)));
+            static_cast<int>((interval() + holdTime) * (clicksPerRound - 1)));
     }
 };
 
@@ -39,12 +37,8 @@ void clickWithCorvane(Session &session, const RateTrial &trial, Overheads &overh
     awaitFinish(*corvane, trial.roundTime());
     session.client().waitForClicks(trial.clicksPerRound);
     const Clicks clicks = session.newClicks();
-    for (const double period : clicks.periods()) {
-        overheads.corvane.add(period - trial.interval() - hold);
-    }
-    for (const double each : clicks.holds()) {
-        overheads.holds.add(each);
-    }
+    overheads.corvane.add(clicks.periodsBeyond(trial.interval() + holdTime));
+    overheads.holds.add(clicks.holds());
 }
 
 /// It releases the button at once, so nothing but the delay is asked of it.
@@ -52,9 +46,7 @@ void clickWithPeer(Session &session, const RateTrial &trial, Overheads &overhead
     const int delay = static_cast<int>(trial.interval());
     session.desktop().run({"xdotool", "click", "--repeat", std::to_string(trial.clicksPerRound),
                            "--delay", std::to_string(delay), "1"});
-    for (const double period : session.newClicks().periods()) {
-        overheads.peer.add(period - delay);
-    }
+    overheads.peer.add(session.newClicks().periodsBeyond(delay));
 }
 
 } // namespace
