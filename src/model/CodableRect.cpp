@@ -1,6 +1,7 @@
 #include "model/CodableRect.h"
 
-#include <cstdint>
+#include "support/NumberText.h"
+
 #include <cstdlib>
 
 namespace corvane {
@@ -9,8 +10,6 @@ namespace {
 
 /// False for what is not a number.
 bool isWithinWholeNumbers(double value) { return value >= -0x1p63 && value < 0x1p63; }
-
-std::string truncatedText(double value) { return std::to_string(static_cast<std::int64_t>(value)); }
 
 } // namespace
 
@@ -22,7 +21,7 @@ std::string CodableRect::sizeLabel() const {
     if (!hasSizeLabel()) {
         std::abort();
     }
-    return truncatedText(width) + "×" + truncatedText(height);
+    return truncatedNumberText(width) + "×" + truncatedNumberText(height);
 }
 
 } // namespace corvane
