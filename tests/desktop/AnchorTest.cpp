@@ -1,4 +1,5 @@
 #include "DesktopTest.h"
+#include "harness/ServerSockets.h"
 
 #include <X11/keysym.h>
 
@@ -92,6 +93,36 @@ TEST_F(AnchorTest, aNewTitleLosesTheWindow) {
     client_.retitle(window_, "Another");
     client_.move(window_, client_.position(window_) + Position{-130, 0});
     EXPECT_TRUE(waitForMoreClicks(2));
+}
+
+/// The server drops the connection with which the program watches other programs' windows.
+TEST_F(AnchorTest, theZoneFollowsAfterALostConnection) {
+    const auto corvane = start(settings());
+    pointer_.moveTo(client_.position(window_) + inZone);
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(waitForMoreClicks(2)) << corvane->story();
+
+    const ServerSockets sockets(corvane->process().pid());
+    const DisplayConnection &other = desktop_.connection();
+    ASSERT_TRUE(sockets.cutTheOneThatHearsOf([&] {
+        xcb_change_property(other.get(), XCB_PROP_MODE_REPLACE, client_.windowId(window_),
+                            other.atom("SOMETHING"), XCB_ATOM_CARDINAL, 32, 0, nullptr);
+        other.synchronize();
+    }));
+    ASSERT_TRUE(corvane->waitForLog("The connection that watches windows was lost and is replaced"))
+        << corvane->story();
+    const Position before = client_.position(window_) + inZone;
+    client_.move(window_, client_.position(window_) + Position{150, 60});
+    pointer_.moveTo(client_.position(window_) + inZone);
+    EXPECT_TRUE(waitForMoreClicks(2)) << corvane->story();
+    pointer_.moveTo(before);
+    EXPECT_TRUE(staysQuiet());
+
+    keyboard_.pressHotKey();
+    ASSERT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
+    pointer_.moveTo(client_.position(window_) + inZone);
+    keyboard_.pressHotKey();
+    EXPECT_TRUE(waitForMoreClicks(2)) << corvane->story();
 }
 
 TEST_F(AnchorTest, asksWhenTheWindowIsMissing) {

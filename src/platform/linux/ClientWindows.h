@@ -1,28 +1,26 @@
 #pragma once
 
 #include "platform/MainQueue.h"
-#include "platform/linux/EventMasks.h"
-#include "platform/linux/WindowReader.h"
+#include "platform/linux/WindowWatch.h"
+#include "platform/linux/XcbConnection.h"
 
 #include <chrono>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace corvane::x11 {
 
-/// The windows of programs, kept up to date by the server's events, so that asking for them sixty
-/// times a second costs next to nothing while nothing changes. Nobody is woken by those events:
-/// they wait until somebody asks. Main thread.
+/// The windows of programs, for whoever asks again and again. Nobody is woken by what happens to
+/// them: it waits until somebody asks. A connection that is lost while the server lives is
+/// replaced; until it is there are no windows. Main thread.
 class ClientWindows {
   public:
-    using Owners = std::vector<WindowOwner>;
-    using Windows = std::vector<std::shared_ptr<const WindowFacts>>;
+    using Owners = WindowWatch::Owners;
+    using Windows = WindowWatch::Windows;
 
-    /// The connection is for nothing else; it and the queue outlive the windows.
-    ClientWindows(const XcbConnection &connection, platform::MainQueue &mainQueue);
+    /// The connection is for nothing else; the queue outlives the windows.
+    ClientWindows(std::unique_ptr<XcbConnection> connection, platform::MainQueue &mainQueue);
 
     /// Whose windows there are, front-most first. The same answer again for half a second at most,
     /// as long as nothing has changed.
@@ -33,53 +31,24 @@ class ClientWindows {
     /// The same answer again as long as nothing has changed.
     std::shared_ptr<const Windows> windowsOf(std::int32_t processIdentifier);
 
-    const XcbConnection &connection() const { return connection_; }
+    /// The present one.
+    const XcbConnection &connection() const { return *connection_; }
 
   private:
     using Clock = std::chrono::steady_clock;
 
-    struct Watched {
-        /// Shared with whoever asked for them; null until they have been read.
-        std::shared_ptr<const WindowFacts> facts{};
-        bool isStale = true;
-        /// The windows it moves and disappears with; nothing until they are known.
-        std::optional<std::vector<xcb_window_t>> frames{};
-        EventMasks::Selection events{};
-        std::vector<EventMasks::Selection> frameEvents{};
-
-        bool isIn(xcb_window_t frame) const;
-    };
-
-    /// Takes note of what has happened since somebody asked last.
     void catchUp();
     void restUnlessAsked();
-    void refreshList();
-    void refresh(const std::vector<xcb_window_t> &windows);
-    Watched &watch(xcb_window_t window);
-    void watchFrames(xcb_window_t window, Watched &watched);
+    void replaceConnection();
 
-    void handle(const xcb_generic_event_t &event);
-    void rootChanged(xcb_atom_t property);
-    void windowChanged(xcb_window_t window, bool isReparented);
-    bool isTelling(xcb_atom_t property) const;
-
-    const XcbConnection &connection_;
     platform::MainQueue &mainQueue_;
-    EventMasks masks_;
-    const WindowReader reader_;
+    std::unique_ptr<XcbConnection> connection_;
+    /// Through that connection; never absent but while both are replaced.
+    std::optional<WindowWatch> watch_;
+    Clock::time_point nextReplacement_;
     bool wasAsked_ = false;
-    std::unique_ptr<platform::Timer> restTimer_;
-    bool isListStale_ = true;
-    Clock::time_point listRead_;
-    /// Null while nothing is known.
-    std::shared_ptr<const Owners> owners_;
-    /// Those of the process that was asked for last.
-    std::map<xcb_window_t, Watched> watched_;
-    std::int32_t watchedProcess_ = 0;
-    /// Null when something has changed.
-    std::shared_ptr<const Windows> answer_;
     /// Absent while nobody asks.
-    std::optional<EventMasks::Selection> rootEvents_;
+    std::unique_ptr<platform::Timer> restTimer_;
 };
 
 } // namespace corvane::x11

@@ -4,8 +4,8 @@
 
 namespace corvane::x11 {
 
-LinuxAccessibility::LinuxAccessibility(ClientWindows &windows)
-    : connection_(windows.connection()),
+LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection, ClientWindows &windows)
+    : connection_(connection),
       windows_(windows),
       isInsideWayland_(isInsideWayland(connection_)) {}
 

@@ -11,8 +11,8 @@ namespace corvane::x11 {
 /// The right to act on other applications: here a matter of the server and the session.
 class LinuxAccessibility : public platform::Accessibility {
   public:
-    /// The windows outlive it.
-    explicit LinuxAccessibility(ClientWindows &windows);
+    /// The connection, on which the program depends, and the windows outlive it.
+    LinuxAccessibility(const XcbConnection &connection, ClientWindows &windows);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;

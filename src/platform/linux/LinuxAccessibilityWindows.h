@@ -15,7 +15,7 @@ class LinuxAccessibilityWindows {
     explicit LinuxAccessibilityWindows(ClientWindows &windows) : windows_(windows) {}
 
     /// Front-most first, as they are now. A window that is minimised, hidden or on another
-    /// workspace has neither a position nor a size. Null when the server is gone.
+    /// workspace has neither a position nor a size. Null while they cannot be asked for.
     std::shared_ptr<const platform::AccessibilityWindows> windows(std::int32_t processIdentifier);
 
   private:

@@ -6,18 +6,20 @@
 
 #include <QCoreApplication>
 
+#include <utility>
+
 namespace corvane::x11 {
 
-LinuxPlatform::LinuxPlatform(XcbEvents &events, const XcbConnection &windowConnection,
+LinuxPlatform::LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
                              const CommandRequest &firstCommand)
     : commandEndpoint_(mainQueue_, firstCommand),
       localisation_(userLocales()),
       screens_(events),
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),
-      clientWindows_(windowConnection, mainQueue_),
+      clientWindows_(std::move(windowConnection), mainQueue_),
       applications_(clientWindows_, DesktopEntries::ofUser()),
-      accessibility_(clientWindows_),
+      accessibility_(events.connection(), clientWindows_),
       hotKeys_(events),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),

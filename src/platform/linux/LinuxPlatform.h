@@ -23,6 +23,7 @@
 #include "platform/posix/PosixFileSystem.h"
 
 #include <functional>
+#include <memory>
 #include <utility>
 
 namespace corvane::x11 {
@@ -33,9 +34,8 @@ class XcbEvents;
 class LinuxPlatform : public platform::Platform {
   public:
     /// The program obeys `firstCommand` when it is up, if there is one. Other programs' windows are
-    /// watched through a connection that is for nothing else. Both connections outlive the
-    /// platform.
-    LinuxPlatform(XcbEvents &events, const XcbConnection &windowConnection,
+    /// watched through a connection that is for nothing else. The events outlive the platform.
+    LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
                   const CommandRequest &firstCommand = {});
 
     platform::Accessibility &accessibility() override { return accessibility_; }

@@ -38,6 +38,7 @@
 #include <memory>
 #include <optional>
 #include <thread>
+#include <utility>
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -123,9 +124,9 @@ claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
     return std::unexpected(noAnswer());
 }
 
-int runApp(XcbEvents &events, const XcbConnection &windowConnection,
+int runApp(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
            const CommandLine &commandLine) {
-    LinuxPlatform platform(events, windowConnection, commandLine.words);
+    LinuxPlatform platform(events, std::move(windowConnection), commandLine.words);
     LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
                                  userPresenceChanged);
     platform.whenRunning([&userSession](bool isRunning) { userSession.watchScreen(isRunning); });
@@ -167,11 +168,11 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    const auto windowConnection = XcbConnection::open();
+    auto windowConnection = XcbConnection::open();
     if (!windowConnection) {
         serverLost();
     }
-    return runApp(events, **windowConnection, commandLine);
+    return runApp(events, std::move(*windowConnection), commandLine);
 }
 
 /// Nothing where no Corvane is running.

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace corvane::contract {
@@ -32,6 +33,9 @@ class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
     std::vector<Answer> answersOf(std::int32_t process) {
         std::vector<Answer> answers;
         const auto windows = windows_.windows(process);
+        if (!windows) {
+            return answers;
+        }
         for (const auto &window : *windows) {
             answers.push_back({window->title(), window->position(), window->size()});
         }
@@ -55,7 +59,7 @@ class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
 
     /// How many requests the back end sends while `work` is done.
     unsigned requestsDuring(const std::function<void()> &work) {
-        xcb_connection_t *const connection = watching_->get();
+        xcb_connection_t *const connection = watching().get();
         const unsigned before = xcb_no_operation(connection).sequence;
         work();
         return xcb_no_operation(connection).sequence - before - 1;
@@ -83,10 +87,11 @@ class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
     }
 
     const DisplayConnection &connection() const { return desktop_.connection(); }
+    /// The back end's own.
+    const x11::XcbConnection &watching() const { return clientWindows_.connection(); }
 
-    std::unique_ptr<x11::XcbConnection> watching_ = x11::XcbConnection::open().value();
     x11::LinuxMainQueue mainQueue_;
-    x11::ClientWindows clientWindows_{*watching_, mainQueue_};
+    x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
     x11::LinuxAccessibilityWindows windows_{clientWindows_};
 };
 
@@ -126,7 +131,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AMovedWindowIsFollowedAtOnce) {
         ASSERT_TRUE(desktop::waitUntil([&] { return positionOf(window.id()) != before; }));
         const auto moved = positionOf(window.id());
         // Behind the answer nothing older is on its way.
-        watching_->synchronise();
+        watching().synchronise();
         const auto found = named("Moves");
         const auto frame = frameExtents(window.id());
         EXPECT_EQ(found->position, (Point{moved.x - frame.x, moved.y - frame.y}));
@@ -201,7 +206,7 @@ TEST_P(LinuxAccessibilityWindowsTest, PanelsAndSplashScreensAreNotAmongThem) {
 TEST_P(LinuxAccessibilityWindowsTest, AskingAgainCostsNothingWhileNothingChanges) {
     const SampleWindow window(connection());
     show(window, "Still");
-    watching_->synchronise();
+    watching().synchronise();
     // Once in a while the list is read again, to be sure; hardly every time.
     bool wasFree = false;
     for (int attempt = 0; attempt < 20 && !wasFree; ++attempt) {
@@ -221,8 +226,8 @@ TEST_P(LinuxAccessibilityWindowsTest, WindowsThatNobodyAsksForAreNotWatched) {
     EXPECT_TRUE(turnUntil([&] {
         window.setTitle("Changed");
         connection().synchronize();
-        watching_->synchronise();
-        const x11::XcbReply<xcb_generic_event_t> heard(xcb_poll_for_event(watching_->get()));
+        watching().synchronise();
+        const x11::XcbReply<xcb_generic_event_t> heard(xcb_poll_for_event(watching().get()));
         return !heard;
     }));
     // What was not heard is known as soon as somebody asks.
@@ -246,6 +251,32 @@ TEST_P(LinuxAccessibilityWindowsTest, AReusedWindowNumberIsAnotherWindow) {
     ASSERT_EQ(client->windowId(client->open({.title = "Second"})), first);
     EXPECT_TRUE(turnUntil([&] { return answersOf(client->pid()).size() == 1; }));
     EXPECT_TRUE(answersOf(before).empty());
+}
+
+TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionIsReplaced) {
+    const SampleWindow window(connection());
+    show(window, "Found again");
+    for (std::int16_t x = 200; x <= 400; x = static_cast<std::int16_t>(x + 100)) {
+        ASSERT_EQ(shutdown(watching().fileDescriptor(), SHUT_RDWR), 0);
+        EXPECT_TRUE(turnUntil([this] { return named("Found again").has_value(); }));
+        EXPECT_FALSE(watching().isLost());
+        // What happens from now on is heard through the new one.
+        const auto before = named("Found again")->position;
+        window.moveTo(x, 300);
+        EXPECT_TRUE(turnUntil([&] { return named("Found again")->position != before; }));
+    }
+}
+
+TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionTakesNoWindowFromTheListForLong) {
+    desktop::ClickClient client(desktop_);
+    client.open({.title = "Theirs"});
+    ASSERT_TRUE(turnUntil([&] { return answersOf(client.pid()).size() == 1; }));
+    ASSERT_EQ(shutdown(watching().fileDescriptor(), SHUT_RDWR), 0);
+    EXPECT_TRUE(turnUntil([&] {
+        const auto owners = clientWindows_.owners();
+        return std::ranges::find(*owners, std::optional<std::int32_t>(client.pid()),
+                                 &x11::WindowOwner::processIdentifier) != owners->end();
+    }));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, LinuxAccessibilityWindowsTest, windowManagers, windowManagerName);
@@ -294,9 +325,8 @@ class NestedFramesTest : public WindowSystemTest {
         connection().synchronize();
     }
 
-    std::unique_ptr<x11::XcbConnection> watching_ = x11::XcbConnection::open().value();
     x11::LinuxMainQueue mainQueue_;
-    x11::ClientWindows clientWindows_{*watching_, mainQueue_};
+    x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
     x11::LinuxAccessibilityWindows windows_{clientWindows_};
 };
 

@@ -31,9 +31,8 @@ class LinuxApplicationsTest : public WindowSystemTest {
     }
 
     desktop::TemporaryFolder folder_;
-    std::unique_ptr<x11::XcbConnection> watching_ = x11::XcbConnection::open().value();
     x11::LinuxMainQueue mainQueue_;
-    x11::ClientWindows windows_{*watching_, mainQueue_};
+    x11::ClientWindows windows_{x11::XcbConnection::open().value(), mainQueue_};
     x11::LinuxApplications applications_{windows_, x11::DesktopEntries({folder_.path()}, "C")};
 };
 

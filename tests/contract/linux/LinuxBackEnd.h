@@ -24,8 +24,7 @@ class LinuxBackEnd : public BackEnd {
     EnvironmentVariable configVariable_{"XDG_CONFIG_HOME", std::nullopt};
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    std::unique_ptr<x11::XcbConnection> windowConnection_ = x11::XcbConnection::open().value();
-    x11::LinuxPlatform platform_{events_, *windowConnection_};
+    x11::LinuxPlatform platform_{events_, x11::XcbConnection::open().value()};
 };
 
 } // namespace corvane::contract
