@@ -101,6 +101,7 @@ WindowFacts WindowDescription::facts(const ServerFacts &server, const WindowAtom
     const xcb_atom_t windowType = knownType(type, atoms);
     return {.window = server.window,
             .bounds = bounds(server.client),
+            .origin = {server.client.x, server.client.y},
             .isOnScreen = server.isMapped && !isMinimised(atoms) && !isElsewhere(currentDesktop),
             .isDesktop = windowType == atoms.typeDesktop,
             .layer = layerOf(windowType, server.isUnmanaged, atoms),

@@ -26,6 +26,8 @@ struct WindowFacts {
     xcb_window_t window = XCB_WINDOW_NONE;
     /// With its frame and without the shadow it draws itself; the root window's pixels.
     Rectangle bounds{};
+    /// The corner of its own, inside any frame or border; the root window's pixels.
+    Point origin{};
     /// Neither minimised nor hidden nor on another workspace.
     bool isOnScreen = false;
     /// Part of the desktop itself, like its icons.
@@ -34,6 +36,15 @@ struct WindowFacts {
     std::int64_t layer = 0;
     /// Valid UTF-8; absent when the window has none.
     std::optional<std::string> title{};
+
+    /// The same window with its own corner at another place.
+    WindowFacts at(Point place) const {
+        WindowFacts moved = *this;
+        moved.bounds.x += place.x - origin.x;
+        moved.bounds.y += place.y - origin.y;
+        moved.origin = place;
+        return moved;
+    }
 
     bool operator==(const WindowFacts &) const = default;
 };

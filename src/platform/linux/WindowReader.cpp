@@ -90,16 +90,4 @@ std::vector<WindowFacts> WindowReader::facts(std::span<const xcb_window_t> windo
     return facts;
 }
 
-std::vector<xcb_window_t> WindowReader::frames(xcb_window_t window) const {
-    std::vector<xcb_window_t> frames;
-    for (xcb_window_t current = window;; current = frames.back()) {
-        const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
-            connection_.get(), xcb_query_tree(connection_.get(), current), nullptr));
-        if (!tree || tree->parent == XCB_WINDOW_NONE || tree->parent == tree->root) {
-            return frames;
-        }
-        frames.push_back(tree->parent);
-    }
-}
-
 } // namespace corvane::x11

@@ -25,9 +25,6 @@ class WindowReader {
     std::vector<WindowOwner> owners(std::span<const xcb_window_t> windows) const;
     std::vector<WindowFacts> facts(std::span<const xcb_window_t> windows) const;
 
-    /// What a window manager has put the window into, from the inside to the outside.
-    std::vector<xcb_window_t> frames(xcb_window_t window) const;
-
   private:
     bool isManaged() const;
     std::vector<xcb_window_t> topLevelWindows() const;

@@ -103,13 +103,20 @@ std::shared_ptr<const WindowWatch::Windows> WindowWatch::windowsOf(std::int32_t 
 void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
     std::vector<xcb_window_t> stale;
     for (const xcb_window_t window : windows) {
-        if (watch(window).isStale) {
+        Watched &watched = watch(window);
+        if (watched.isStale) {
             stale.push_back(window);
+        } else if (watched.hasMoved()) {
+            watched.facts =
+                std::make_shared<const WindowFacts>(watched.facts->at(*watched.chain->origin()));
         }
     }
-    if (stale.empty()) {
-        return;
+    if (!stale.empty()) {
+        readAgain(stale);
     }
+}
+
+void WindowWatch::readAgain(const std::vector<xcb_window_t> &stale) {
     auto facts = reader_.facts(stale);
     for (const xcb_window_t window : stale) {
         const auto found = std::ranges::find(facts, window, &WindowFacts::window);
@@ -130,22 +137,15 @@ WindowWatch::Watched &WindowWatch::watch(xcb_window_t window) {
         watched.events =
             masks_.select(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
-    if (!watched.frames) {
-        watchFrames(window, watched);
+    if (!watched.chain) {
+        watched.chain.emplace(connection_, masks_, window);
     }
     return watched;
 }
 
-void WindowWatch::watchFrames(xcb_window_t window, Watched &watched) {
-    watched.frames = reader_.frames(window);
-    watched.frameEvents.clear();
-    for (const xcb_window_t frame : *watched.frames) {
-        watched.frameEvents.push_back(masks_.select(frame, XCB_EVENT_MASK_STRUCTURE_NOTIFY));
-    }
-}
-
-bool WindowWatch::Watched::isIn(xcb_window_t frame) const {
-    return frames && std::ranges::find(*frames, frame) != frames->end();
+bool WindowWatch::Watched::hasMoved() const {
+    const auto origin = chain->origin();
+    return origin && *origin != facts->origin;
 }
 
 void WindowWatch::handle(const xcb_generic_event_t &event) {
@@ -160,7 +160,13 @@ void WindowWatch::handle(const xcb_generic_event_t &event) {
         break;
     }
     case XCB_CONFIGURE_NOTIFY:
-        windowChanged(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window, false);
+        // A window manager tells programs in such events where it thinks their windows are.
+        if (!XcbEvents::isSentByClient(event)) {
+            windowConfigured(reinterpret_cast<const xcb_configure_notify_event_t &>(event));
+        }
+        break;
+    case XCB_GRAVITY_NOTIFY:
+        windowPushed(reinterpret_cast<const xcb_gravity_notify_event_t &>(event));
         break;
     case XCB_MAP_NOTIFY:
         windowChanged(reinterpret_cast<const xcb_map_notify_event_t &>(event).window, false);
@@ -203,8 +209,28 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
             watched.isStale = true;
             answer_.reset();
             if (isReparented) {
-                watched.frames.reset();
+                watched.chain.reset();
             }
+        }
+    }
+}
+
+/// A window that is dragged is followed without asking for it.
+void WindowWatch::windowConfigured(const xcb_configure_notify_event_t &event) {
+    for (auto &[client, watched] : watched_) {
+        if (watched.isIn(event.window)) {
+            watched.isStale = !watched.chain->takeNote(event) || watched.isStale;
+            answer_.reset();
+        }
+    }
+}
+
+void WindowWatch::windowPushed(const xcb_gravity_notify_event_t &event) {
+    for (auto &[client, watched] : watched_) {
+        if (watched.isIn(event.window)) {
+            watched.chain->takeNote(event);
+            watched.isStale = true;
+            answer_.reset();
         }
     }
 }

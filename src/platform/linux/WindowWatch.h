@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/EventMasks.h"
+#include "platform/linux/FrameChain.h"
 #include "platform/linux/WindowReader.h"
 
 #include <chrono>
@@ -40,22 +41,25 @@ class WindowWatch {
         /// Shared with whoever asked for them; null until they have been read.
         std::shared_ptr<const WindowFacts> facts{};
         bool isStale = true;
-        /// The windows it moves and disappears with; nothing until they are known.
-        std::optional<std::vector<xcb_window_t>> frames{};
         EventMasks::Selection events{};
-        std::vector<EventMasks::Selection> frameEvents{};
+        /// The windows it moves and disappears with; nothing until they are known.
+        std::optional<FrameChain> chain{};
 
-        bool isIn(xcb_window_t frame) const;
+        /// Whether it is that window or in that frame.
+        bool isIn(xcb_window_t window) const { return chain && chain->contains(window); }
+        bool hasMoved() const;
     };
 
     void refreshList();
     void refresh(const std::vector<xcb_window_t> &windows);
+    void readAgain(const std::vector<xcb_window_t> &stale);
     Watched &watch(xcb_window_t window);
-    void watchFrames(xcb_window_t window, Watched &watched);
 
     void handle(const xcb_generic_event_t &event);
     void rootChanged(xcb_atom_t property);
     void windowChanged(xcb_window_t window, bool isReparented);
+    void windowConfigured(const xcb_configure_notify_event_t &event);
+    void windowPushed(const xcb_gravity_notify_event_t &event);
     bool isTelling(xcb_atom_t property) const;
 
     const XcbConnection &connection_;

@@ -6,6 +6,12 @@
 
 namespace corvane::x11 {
 
+namespace {
+
+constexpr int sentByClient = 0x80;
+
+} // namespace
+
 XcbEvents::XcbEvents(std::unique_ptr<XcbConnection> connection,
                      std::function<void()> connectionLost)
     : connection_(std::move(connection)),
@@ -29,8 +35,11 @@ XcbEvents::Subscription XcbEvents::subscribe(Handler handler) {
 }
 
 int XcbEvents::typeOf(const xcb_generic_event_t &event) {
-    constexpr int sentByClient = 0x80;
     return event.response_type & ~sentByClient;
+}
+
+bool XcbEvents::isSentByClient(const xcb_generic_event_t &event) {
+    return (event.response_type & sentByClient) != 0;
 }
 
 void XcbEvents::beforeSleep() {

@@ -39,6 +39,8 @@ class XcbEvents {
 
     /// The type of an event, whether the server or another client sent it.
     static int typeOf(const xcb_generic_event_t &event);
+    /// Whether another client sent it, so that nothing need be true of it.
+    static bool isSentByClient(const xcb_generic_event_t &event);
 
   private:
     using NextEvent = xcb_generic_event_t *(*)(xcb_connection_t *);
