@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
+#include <QTimer>
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -166,8 +167,7 @@ void AlertDialog::showEvent(QShowEvent *event) {
     showOnEveryWorkspace();
     QDialog::showEvent(event);
     // The window is on the screen when this event has been handled.
-    QMetaObject::invokeMethod(
-        this, [this] { activateIgnoringOthers(*this); }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] { activateIgnoringOthers(*this); });
 }
 
 } // namespace corvane::x11

@@ -3,6 +3,7 @@
 #include <QTransform>
 
 #include <algorithm>
+#include <array>
 
 namespace corvane::x11 {
 
@@ -13,10 +14,10 @@ constexpr qreal reach = 1.528665;
 
 /// The corner that leads from the top side to the right side, for the radius 1: three curves, each
 /// by two control points and an end. The corner of the rectangle is the origin.
-constexpr QPointF corner[3][3] = {
-    {{-1.08849296, 0}, {-0.86840694, 0}, {-0.63149379, 0.07491139}},
-    {{-0.37282383, 0.16905956}, {-0.16905956, 0.37282383}, {-0.07491139, 0.63149379}},
-    {{0, 0.86840694}, {0, 1.08849296}, {0, reach}}};
+constexpr std::array<std::array<QPointF, 3>, 3> corner{
+    {{{{-1.08849296, 0}, {-0.86840694, 0}, {-0.63149379, 0.07491139}}},
+     {{{-0.37282383, 0.16905956}, {-0.16905956, 0.37282383}, {-0.07491139, 0.63149379}}},
+     {{{0, 0.86840694}, {0, 1.08849296}, {0, reach}}}}};
 
 } // namespace
 
@@ -27,13 +28,14 @@ QPainterPath continuousRoundedRectangle(const QRectF &bounds, qreal radius) {
         path.addRoundedRect(bounds, std::min(radius, room), std::min(radius, room));
         return path;
     }
-    const QPointF corners[] = {bounds.topRight(), bounds.bottomRight(), bounds.bottomLeft(),
-                               bounds.topLeft()};
+    const std::array corners{bounds.topRight(), bounds.bottomRight(), bounds.bottomLeft(),
+                             bounds.topLeft()};
     path.moveTo(bounds.left() + reach * radius, bounds.top());
-    for (int turn = 0; turn < 4; ++turn) {
-        const QTransform placed = QTransform::fromTranslate(corners[turn].x(), corners[turn].y())
-                                      .rotate(90.0 * turn)
-                                      .scale(radius, radius);
+    qreal turned = 0;
+    for (const QPointF &place : corners) {
+        const QTransform placed =
+            QTransform::fromTranslate(place.x(), place.y()).rotate(turned).scale(radius, radius);
+        turned += 90;
         path.lineTo(placed.map(QPointF(-reach, 0)));
         for (const auto &curve : corner) {
             path.cubicTo(placed.map(curve[0]), placed.map(curve[1]), placed.map(curve[2]));

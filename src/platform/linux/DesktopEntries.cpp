@@ -129,11 +129,15 @@ const std::optional<std::string> &DesktopEntries::identifierFor(const std::strin
 
 std::optional<std::string> DesktopEntries::nameOf(const std::string &identifier) {
     readAgainIfChanged();
-    const auto entry = entries_.find(identifier);
-    if (entry == entries_.end() || !entry->second || entry->second->name.empty()) {
+    const auto known = entries_.find(identifier);
+    if (known == entries_.end()) {
         return std::nullopt;
     }
-    return entry->second->name;
+    const std::optional<Entry> &entry = known->second;
+    if (!entry || entry->name.empty()) {
+        return std::nullopt;
+    }
+    return entry->name;
 }
 
 std::optional<std::string> DesktopEntries::find(const std::string &instanceName,

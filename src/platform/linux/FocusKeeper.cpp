@@ -27,7 +27,7 @@ void FocusKeeper::restore() const {
     if (!focused_ || canTakeKeyboard(controls_[*focused_])) {
         return;
     }
-    if (QWidget *next = neighbour()) {
+    if (QWidget *next = neighbour(*focused_)) {
         next->setFocus(Qt::OtherFocusReason);
     }
 }
@@ -36,13 +36,13 @@ bool FocusKeeper::canTakeKeyboard(const QPointer<QWidget> &control) const {
     return control && control->isEnabled() && control->isVisibleTo(&window_);
 }
 
-QWidget *FocusKeeper::neighbour() const {
-    for (std::size_t index = *focused_ + 1; index < controls_.size(); ++index) {
+QWidget *FocusKeeper::neighbour(std::size_t focused) const {
+    for (std::size_t index = focused + 1; index < controls_.size(); ++index) {
         if (canTakeKeyboard(controls_[index])) {
             return controls_[index];
         }
     }
-    for (std::size_t index = *focused_; index > 0; --index) {
+    for (std::size_t index = focused; index > 0; --index) {
         if (canTakeKeyboard(controls_[index - 1])) {
             return controls_[index - 1];
         }

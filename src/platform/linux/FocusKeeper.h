@@ -24,7 +24,7 @@ class FocusKeeper {
 
   private:
     bool canTakeKeyboard(const QPointer<QWidget> &control) const;
-    QWidget *neighbour() const;
+    QWidget *neighbour(std::size_t focused) const;
 
     const QWidget &window_;
     std::vector<QPointer<QWidget>> controls_;

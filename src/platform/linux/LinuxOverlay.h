@@ -20,7 +20,7 @@ class OverlayStage;
 
 /// A window over all others, blended with the screen where a compositing manager runs and cut to
 /// its shape where none does.
-class LinuxOverlay : public platform::NativeOverlay {
+class LinuxOverlay final : public platform::NativeOverlay {
   public:
     /// The stage outlives the overlay.
     LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,

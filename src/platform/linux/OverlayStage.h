@@ -30,6 +30,7 @@ class OverlayStage {
     static std::unique_ptr<OverlayStage> make(XcbEvents &events, const LinuxScreens &screens,
                                               SymbolImages &symbols);
 
+    ~OverlayStage() = default;
     OverlayStage(const OverlayStage &) = delete;
     OverlayStage &operator=(const OverlayStage &) = delete;
 

@@ -13,7 +13,7 @@ class FileCalls;
 class PosixFileSystem : public platform::FileSystem {
   public:
     /// In bytes; what is larger is not read, whatever it is.
-    static constexpr std::size_t largestFile = 128U * 1024 * 1024;
+    static constexpr std::size_t largestFile = std::size_t{128} * 1024 * 1024;
 
     PosixFileSystem();
     /// The calls outlive the object.

@@ -5,6 +5,7 @@
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QTimer>
 
 namespace corvane::contract {
 
@@ -107,7 +108,7 @@ QDBusPendingCall FakePanel::call(const QString &objectPath, const QString &inter
     turnUntil([&pending] { return pending.isFinished(); });
     // What the item sent before its answer has arrived too; let it be delivered.
     bool isDelivered = false;
-    QMetaObject::invokeMethod(this, [&isDelivered] { isDelivered = true; }, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [&isDelivered] { isDelivered = true; });
     turnUntil([&isDelivered] { return isDelivered; });
     return pending;
 }

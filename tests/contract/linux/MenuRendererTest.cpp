@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 #include <string>
@@ -52,8 +53,7 @@ class MenuRendererTest : public testing::Test {
     /// Lets what is queued happen.
     void flush() {
         bool isDone = false;
-        QMetaObject::invokeMethod(
-            &renderer_.menu(), [&isDone] { isDone = true; }, Qt::QueuedConnection);
+        QTimer::singleShot(0, &renderer_.menu(), [&isDone] { isDone = true; });
         ASSERT_TRUE(turnUntil([&isDone] { return isDone; }));
     }
 
