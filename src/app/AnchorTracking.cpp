@@ -33,10 +33,13 @@ void AnchorTracking::scheduleNextPass() {
 }
 
 void AnchorTracking::pass() {
-    if (const auto resolved = resolver_.resolve(anchor_)) {
-        dynamicZone_->setRect(resolved->zone);
-        onMoved_(resolved->zone);
+    const auto resolution = resolver_.find(anchor_);
+    if (resolution) {
+        dynamicZone_->setRect(resolution->zone);
+        onMoved_(resolution->zone);
     }
+    // Writing the line takes longer than all before it, and the user waits for the zone.
+    WindowResolver::logResolution(resolution);
     scheduleNextPass();
 }
 

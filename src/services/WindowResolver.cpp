@@ -48,15 +48,19 @@ std::optional<WindowAnchor> WindowResolver::detectWindow(const Rectangle &zone) 
 }
 
 std::optional<ResolvedAnchor> WindowResolver::resolve(const WindowAnchor &anchor) const {
+    const Resolution resolution = find(anchor);
+    logResolution(resolution);
+    return resolution ? std::optional(*resolution) : std::nullopt;
+}
+
+WindowResolver::Resolution WindowResolver::find(const WindowAnchor &anchor) const {
     const auto instances = applications_.running(anchor.bundleID);
     if (instances.empty()) {
-        log("WindowResolver: no running app for " + anchor.bundleID);
-        return std::nullopt;
+        return std::unexpected("no running app for " + anchor.bundleID);
     }
     const auto windows = accessibility_.windows(instances.front().processIdentifier);
     if (!windows) {
-        log("WindowResolver: cannot get windows for " + anchor.bundleID);
-        return std::nullopt;
+        return std::unexpected("cannot get windows for " + anchor.bundleID);
     }
     for (const auto &window : *windows) {
         const std::string title = window->title().value_or(std::string());
@@ -67,13 +71,17 @@ std::optional<ResolvedAnchor> WindowResolver::resolve(const WindowAnchor &anchor
             const CodableRect &relative = anchor.relativeRect;
             const Rectangle zone{frame->x + relative.x, frame->y + relative.y, relative.width,
                                  relative.height};
-            log("WindowResolver: resolved to " + rectangleText(zone) + " (window at " +
-                rectangleText(*frame) + ")");
             return ResolvedAnchor{*frame, zone};
         }
     }
-    log("WindowResolver: no matching window titled '" + anchor.windowTitle + "'");
-    return std::nullopt;
+    return std::unexpected("no matching window titled '" + anchor.windowTitle + "'");
+}
+
+void WindowResolver::logResolution(const Resolution &resolution) {
+    log("WindowResolver: " +
+        (resolution ? "resolved to " + rectangleText(resolution->zone) + " (window at " +
+                          rectangleText(resolution->windowFrame) + ")"
+                    : resolution.error()));
 }
 
 std::optional<Rectangle> WindowResolver::windowFrame(platform::AccessibilityWindow &window) {

@@ -3,7 +3,9 @@
 #include "model/WindowAnchor.h"
 #include "support/Geometry.h"
 
+#include <expected>
 #include <optional>
+#include <string>
 
 namespace corvane {
 
@@ -36,6 +38,13 @@ class WindowResolver {
 
     /// Where the anchored window and its zone are now.
     std::optional<ResolvedAnchor> resolve(const WindowAnchor &anchor) const;
+
+    /// An anchor resolved, or else what the log says of why not.
+    using Resolution = std::expected<ResolvedAnchor, std::string>;
+
+    /// The same for callers in a hurry, who have `logResolution` say afterwards what was found.
+    Resolution find(const WindowAnchor &anchor) const;
+    static void logResolution(const Resolution &resolution);
 
     static std::optional<Rectangle> windowFrame(platform::AccessibilityWindow &window);
 

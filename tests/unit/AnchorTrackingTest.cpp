@@ -33,6 +33,7 @@ class AnchorTrackingTest : public ::testing::Test {
     std::shared_ptr<DynamicZoneRect> zone =
         std::make_shared<DynamicZoneRect>(Rectangle{1, 2, 200, 80});
     std::vector<Rectangle> moves;
+    std::vector<std::size_t> linesBeforeMoves;
     milliseconds durationOfNextMove{0};
     std::unique_ptr<AnchorTracking> tracking = std::make_unique<AnchorTracking>(
         platform.mainQueue(), resolver,
@@ -40,6 +41,7 @@ class AnchorTrackingTest : public ::testing::Test {
         [this](const Rectangle &moved) {
             EXPECT_EQ(zone->rect(), moved);
             moves.push_back(moved);
+            linesBeforeMoves.push_back(log.messages().size());
             platform.clock().advance(std::exchange(durationOfNextMove, milliseconds(0)));
         });
 };
@@ -77,6 +79,12 @@ TEST_F(AnchorTrackingTest, EveryPassIsLogged) {
                               "(window at (100.0, 200.0, 800.0, 600.0))";
     const std::string lost = "WindowResolver: cannot get windows for org.example.editor";
     EXPECT_EQ(log.messages(), (std::vector{found, found, found, lost, lost}));
+}
+
+TEST_F(AnchorTrackingTest, TheZoneDoesNotWaitForTheLog) {
+    platform.advance(milliseconds(48));
+    EXPECT_EQ(linesBeforeMoves, (std::vector<std::size_t>{0, 1, 2}));
+    EXPECT_EQ(log.messages().size(), 3U);
 }
 
 TEST_F(AnchorTrackingTest, ALostWindowLeavesTheZoneAndIsLookedForOn) {

@@ -124,8 +124,12 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     if (frame_.size() != former.size() || part_ != formerPart) {
         repaint();
     }
-    const OverlayStack::Silence silence(stage_.stack());
-    place();
+    {
+        const OverlayStack::Silence silence(stage_.stack());
+        place();
+    }
+    // What follows another program's window must not wait for the end of the turn.
+    stage_.connection().flush();
 }
 
 void LinuxOverlay::place() {

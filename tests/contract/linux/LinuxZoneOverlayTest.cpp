@@ -1,7 +1,9 @@
 #include "ClickClient.h"
 #include "OverlayTest.h"
+#include "WaitUntil.h"
 #include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
+#include "platform/linux/XcbReply.h"
 
 namespace corvane::contract {
 
@@ -113,6 +115,19 @@ TEST_P(LinuxZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
         pointer.click();
         EXPECT_TRUE(client.waitForClicks(++clicks)) << position.x << ", " << position.y;
     }
+}
+
+TEST_P(LinuxZoneOverlayTest, AMoveLeavesBeforeTheEventLoopTurns) {
+    show();
+    const auto shown = shownOverlays();
+    ASSERT_EQ(shown.size(), 1U);
+    overlay_.moveTo({400, 300, 300, 200}, screenHeight);
+    xcb_connection_t *const connection = desktop_.connection().get();
+    EXPECT_TRUE(desktop::waitUntil([&] {
+        const x11::XcbReply<xcb_get_geometry_reply_t> geometry(xcb_get_geometry_reply(
+            connection, xcb_get_geometry(connection, shown.front()), nullptr));
+        return geometry && geometry->x == 400;
+    }));
 }
 
 TEST_P(LinuxZoneOverlayTest, ItMovesAtOnceAndLeavesNothingBehind) {
