@@ -42,8 +42,11 @@ bool Figure::isMet() const {
     const auto exceeds = [](double value, std::optional<double> bound) {
         return bound && value > *bound;
     };
+    const auto fallsShort = [](double value, std::optional<double> bound) {
+        return bound && value < *bound;
+    };
     return !exceeds(median, target.medianAtMost) && !exceeds(p99, target.p99AtMost) &&
-           !(target.medianAtLeast && median < *target.medianAtLeast) &&
+           !fallsShort(median, target.medianAtLeast) &&
            !(target.ratioAtMost && exceeds(ratio().value_or(0), target.ratioAtMost));
 }
 

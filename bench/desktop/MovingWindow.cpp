@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <iterator>
+#include <ranges>
 #include <stdexcept>
 
 #include <poll.h>
@@ -78,7 +79,7 @@ void MovingWindow::step() {
     constexpr int leftmost = 50;
     constexpr int stride = 3;
     const int phase = ++steps_ % (2 * reach);
-    const std::uint32_t x = static_cast<std::uint32_t>(leftmost + stride * std::abs(phase - reach));
+    const auto x = static_cast<std::uint32_t>(leftmost + stride * std::abs(phase - reach));
     xcb_configure_window(connection_.get(), window_, XCB_CONFIG_WINDOW_X, &x);
     xcb_flush(connection_.get());
 }
@@ -108,9 +109,9 @@ void MovingWindow::handle(const xcb_configure_notify_event_t &event) {
 }
 
 void MovingWindow::outlineMoved(int frameX) {
-    const auto last = std::find_if(places_.rbegin(), places_.rend(),
-                                   [frameX](const Place &place) { return place.x == frameX; });
-    if (last == places_.rend()) {
+    const auto backwards = std::views::reverse(places_);
+    const auto last = std::ranges::find(backwards, frameX, &Place::x);
+    if (last == backwards.end()) {
         return;
     }
     const auto now = Clock::now();
