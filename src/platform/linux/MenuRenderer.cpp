@@ -4,6 +4,7 @@
 #include "platform/linux/MenuText.h"
 
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <utility>
 
@@ -203,9 +204,9 @@ void MenuRenderer::choose(QAction &action) {
     if (item.action.empty()) {
         return;
     }
-    QMetaObject::invokeMethod(
-        menu_.get(), [perform = perform_, item] { perform({item.action, item.representedObject}); },
-        Qt::QueuedConnection);
+    QTimer::singleShot(0, menu_.get(), [perform = perform_, item] {
+        perform({item.action, item.representedObject});
+    });
 }
 
 } // namespace corvane::x11

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QDBusVariant>
+#include <QTimer>
 
 #include <iterator>
 #include <utility>
@@ -278,9 +279,8 @@ bool PanelMenu::receive(int id, const QString &eventName) {
         return false;
     }
     if (eventName == QLatin1String("clicked") && node->isEnabled && !node->command.action.empty()) {
-        QMetaObject::invokeMethod(
-            this, [perform = perform_, command = node->command] { perform(command); },
-            Qt::QueuedConnection);
+        QTimer::singleShot(0, this,
+                           [perform = perform_, command = node->command] { perform(command); });
     }
     return true;
 }

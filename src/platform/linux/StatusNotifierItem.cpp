@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QDBusObjectPath>
+#include <QTimer>
 
 #include <utility>
 
@@ -51,8 +52,7 @@ std::optional<QVariantList> StatusNotifierItem::call(const QString &method,
     if (method == QLatin1String("Activate") || method == QLatin1String("ContextMenu") ||
         method == QLatin1String("SecondaryActivate")) {
         const QPoint place(arguments.value(0).toInt(), arguments.value(1).toInt());
-        QMetaObject::invokeMethod(
-            this, [activate = activate_, place] { activate(place); }, Qt::QueuedConnection);
+        QTimer::singleShot(0, this, [activate = activate_, place] { activate(place); });
         return QVariantList{};
     }
     if (method == QLatin1String("Scroll") || method == QLatin1String("ProvideXdgActivationToken")) {
