@@ -11,7 +11,7 @@ namespace corvane::bench {
 namespace {
 
 bool hasHotKey(const desktop::CorvaneProcess &corvane) {
-    const auto log = corvane.log();
+    const auto &log = corvane.log();
     return std::ranges::any_of(
         log, [](const std::string &line) { return line.starts_with("Hotkey ("); });
 }

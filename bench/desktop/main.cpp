@@ -15,7 +15,7 @@ using namespace corvane::bench;
 bool measure(const Options &options, FigureTable &table) {
     bool isComplete = true;
     for (const Measurement &measurement : options.chosen) {
-        std::cerr << "measuring: " << measurement.name << std::endl;
+        std::cerr << "measuring: " << measurement.name << '\n';
         try {
             for (Figure &figure : measurement.measure(options.extent)) {
                 table.figures.push_back(std::move(figure));

@@ -9,6 +9,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <future>
 #include <vector>
 
@@ -83,16 +84,15 @@ TEST_P(CommandSocketContract, AnswersARequestWithoutWords) {
 
 TEST_P(CommandSocketContract, AnswersManyAtOnce) {
     open({.mostConnections = 8});
-    std::vector<std::future<std::optional<CommandAnswer>>> answers;
-    for (int number = 0; number < 50; ++number) {
-        answers.push_back(send({std::to_string(number)}));
+    std::array<std::future<std::optional<CommandAnswer>>, 50> answers;
+    for (std::size_t number = 0; number < answers.size(); ++number) {
+        answers[number] = send({std::to_string(number)});
     }
-    for (int number = 0; number < 50; ++number) {
-        auto &answer = answers[static_cast<std::size_t>(number)];
-        ASSERT_TRUE(wait(answer));
-        EXPECT_EQ(answer.get()->output, posix::encodeWords({std::to_string(number)}));
+    for (std::size_t number = 0; number < answers.size(); ++number) {
+        ASSERT_TRUE(wait(answers[number]));
+        EXPECT_EQ(answers[number].get()->output, posix::encodeWords({std::to_string(number)}));
     }
-    EXPECT_EQ(requests_.size(), 50U);
+    EXPECT_EQ(requests_.size(), answers.size());
 }
 
 TEST_P(CommandSocketContract, ALongAnswerArrivesWhole) {
@@ -154,9 +154,9 @@ TEST_P(CommandSocketContract, DoesNotObeyHalfARequest) {
 
 TEST_P(CommandSocketContract, SilentSendersKeepNobodyWaitingForLong) {
     open({.patience = std::chrono::milliseconds(50), .mostConnections = 2});
-    std::vector<std::optional<FileDescriptor>> silent;
-    for (int number = 0; number < 5; ++number) {
-        silent.push_back(posix::connectTo(path_));
+    std::array<std::optional<FileDescriptor>, 5> silent;
+    for (auto &sender : silent) {
+        sender = posix::connectTo(path_);
     }
     auto answer = send({"status"});
     ASSERT_TRUE(wait(answer));
@@ -224,14 +224,15 @@ TEST_P(CommandSocketContract, IsClosedToOthers) {
 
 TEST_P(CommandSocketContract, AFolderOpenToOthersIsNotUsed) {
     std::filesystem::create_directory(path_.parent_path());
-    std::filesystem::permissions(path_.parent_path(), std::filesystem::perms(0770));
+    std::filesystem::permissions(path_.parent_path(), std::filesystem::perms::group_all,
+                                 std::filesystem::perm_options::add);
     EXPECT_FALSE(CommandSocket::open(path_, platform().mainQueue(), {}, {}));
     EXPECT_EQ(posix::sendCommand(path_, {"start"}, patience), std::nullopt);
 }
 
 TEST_P(CommandSocketContract, ALinkInPlaceOfTheFolderIsNotFollowed) {
     std::filesystem::create_directory(folder_.path() / "elsewhere");
-    std::filesystem::permissions(folder_.path() / "elsewhere", std::filesystem::perms(0700));
+    std::filesystem::permissions(folder_.path() / "elsewhere", std::filesystem::perms::owner_all);
     std::filesystem::create_directory_symlink(folder_.path() / "elsewhere", path_.parent_path());
     EXPECT_FALSE(CommandSocket::open(path_, platform().mainQueue(), {}, {}));
 }

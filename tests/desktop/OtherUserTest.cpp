@@ -22,7 +22,7 @@ class OtherUserTest : public DesktopTest, public testing::WithParamInterface<uid
     /// Nothing but the bus itself keeps others out.
     void openFoldersToAll() const {
         for (const auto &folder : {desktop_.folder(), desktop_.folder() / "bus"}) {
-            std::filesystem::permissions(folder, std::filesystem::perms(0755));
+            std::filesystem::permissions(folder, std::filesystem::perms::all);
         }
     }
 
@@ -59,7 +59,7 @@ TEST_P(OtherUserTest, getsNoCommandsByHavingMadeTheirFolder) {
     const std::filesystem::path trap = desktop_.folder() / "trap";
     std::filesystem::create_directory(trap);
     ASSERT_EQ(chown(trap.c_str(), GetParam(), GetParam()), 0);
-    std::filesystem::permissions(trap, std::filesystem::perms(0700));
+    std::filesystem::permissions(trap, std::filesystem::perms::owner_all);
     auto socket = posix::listenAt(trap / ("display_" + desktop_.display().substr(1) + ".socket"));
     ASSERT_TRUE(socket);
 
