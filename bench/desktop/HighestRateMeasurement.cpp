@@ -37,11 +37,11 @@ std::vector<Figure> measureHighestRate(Extent extent) {
 
     session.keyboard().pressHotKey();
     std::this_thread::sleep_for(warmUp);
-    const double before = privateMegabytes(process);
+    const double before = writtenMegabytes(process);
     awaitFinish(*corvane, leastTime - warmUp);
     session.client().waitForClicks(clickCount);
     Samples growth;
-    growth.add(privateMegabytes(process) - before);
+    growth.add(writtenMegabytes(process) - before);
 
     return {Figure::of("highest rate, 9999 clicks/s set", "clicks/s", {.medianAtLeast = 97.8},
                        ratesOf(session.newClicks())),

@@ -36,6 +36,15 @@ std::chrono::nanoseconds processorTimeOf(pid_t process) {
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
+std::string memoryOf(pid_t process) {
+    return desktop::readFile(folderOf(process) / "smaps_rollup");
+}
+
+double megabytes(long kilobytes) {
+    constexpr double kilobytesPerMegabyte = 1024;
+    return static_cast<double>(kilobytes) / kilobytesPerMegabyte;
+}
+
 } // namespace
 
 ProcessUsage ProcessUsage::of(pid_t process) {
@@ -55,11 +64,13 @@ double threadMilliseconds() {
 }
 
 double privateMegabytes(pid_t process) {
-    constexpr double kilobytesPerMegabyte = 1024;
-    const std::string memory = desktop::readFile(folderOf(process) / "smaps_rollup");
-    const long kilobytes =
-        numberBehind(memory, "Private_Clean:") + numberBehind(memory, "Private_Dirty:");
-    return static_cast<double>(kilobytes) / kilobytesPerMegabyte;
+    const std::string memory = memoryOf(process);
+    return megabytes(numberBehind(memory, "Private_Clean:") +
+                     numberBehind(memory, "Private_Dirty:"));
+}
+
+double writtenMegabytes(pid_t process) {
+    return megabytes(numberBehind(memoryOf(process), "\nAnonymous:"));
 }
 
 } // namespace corvane::bench

@@ -18,7 +18,11 @@ struct ProcessUsage {
 /// The processor time the calling thread has used.
 double threadMilliseconds();
 
-/// The memory no other process shares, in megabytes.
+/// The memory no other process shares, in megabytes. Libraries count where nobody else happens to
+/// use them.
 double privateMegabytes(pid_t process);
+
+/// The memory that holds what the process has written itself, in megabytes.
+double writtenMegabytes(pid_t process);
 
 } // namespace corvane::bench

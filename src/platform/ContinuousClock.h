@@ -38,8 +38,15 @@ class ContinuousClock {
 
     virtual Instant now() const = 0;
 
-    /// Blocks the calling thread for `duration`; nothing ends it early.
-    virtual void hold(std::chrono::nanoseconds duration) = 0;
+    /// Blocks the calling thread for `duration`; nothing ends it early. What is to be known at its
+    /// end is found out by `beforehand`, which is called once on the same thread: as shortly before
+    /// the end as can be done, or right after it.
+    virtual void hold(std::chrono::nanoseconds duration,
+                      const std::function<void()> &beforehand) = 0;
+
+    void hold(std::chrono::nanoseconds duration) {
+        hold(duration, [] {});
+    }
 
     /// A fresh wait on this clock; never null. The clock outlives it.
     virtual std::unique_ptr<CancellableWait> makeWait() = 0;

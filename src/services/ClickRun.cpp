@@ -161,10 +161,12 @@ bool ClickRun::holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &
         }
         pressed.emplace(down, up);
     }
-    clock_.hold(holdTime);
+    bool hasTakenEffect = false;
+    const auto look = [&] { hasTakenEffect = down.hasTakenEffect(); };
+    clock_.hold(holdTime, look);
     // A press stuck behind another program's grab must not be followed by further clicks.
-    while (!wait_->isCancelled() && !down.hasTakenEffect()) {
-        wait_->waitUntil(clock_.now() + lookAgain);
+    while (!wait_->isCancelled() && !hasTakenEffect) {
+        wait_->waitUntil(clock_.now() + lookAgain, look);
     }
     return true;
 }

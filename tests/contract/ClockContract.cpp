@@ -49,6 +49,18 @@ TEST_P(ClockContract, AHoldLastsItsDuration) {
     EXPECT_LT(clock().now() - start, atMostLate);
 }
 
+TEST_P(ClockContract, WhatIsToBeKnownAtTheEndOfAHoldIsFoundOutOnce) {
+    const auto start = clock().now();
+    const auto self = std::this_thread::get_id();
+    int calls = 0;
+    clock().hold(milliseconds(10), [&] {
+        ++calls;
+        EXPECT_EQ(std::this_thread::get_id(), self);
+    });
+    EXPECT_EQ(calls, 1);
+    EXPECT_GE(clock().now() - start, milliseconds(10));
+}
+
 TEST_P(ClockContract, AWaitLastsUntilItsDeadline) {
     const auto wait = clock().makeWait();
     const auto deadline = clock().now() + milliseconds(20);

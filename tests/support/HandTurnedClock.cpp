@@ -44,16 +44,19 @@ platform::Instant HandTurnedClock::now() const {
     return now_;
 }
 
-void HandTurnedClock::hold(Duration duration) {
-    std::unique_lock lock(mutex_);
-    holds_.push_back(duration);
-    const platform::Instant deadline = now_ + duration;
-    if (holdsBlock_) {
-        block(lock, deadline, nullptr);
-    } else {
-        now_ = deadline;
-        release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
+void HandTurnedClock::hold(Duration duration, const std::function<void()> &beforehand) {
+    {
+        std::unique_lock lock(mutex_);
+        holds_.push_back(duration);
+        const platform::Instant deadline = now_ + duration;
+        if (holdsBlock_) {
+            block(lock, deadline, nullptr);
+        } else {
+            now_ = deadline;
+            release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
+        }
     }
+    beforehand();
 }
 
 std::unique_ptr<platform::CancellableWait> HandTurnedClock::makeWait() {

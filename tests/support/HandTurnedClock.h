@@ -19,7 +19,8 @@ class HandTurnedClock : public platform::ContinuousClock {
     platform::Instant now() const override;
 
     /// Turns the clock by `duration` itself, unless holds block.
-    void hold(Duration duration) override;
+    using ContinuousClock::hold;
+    void hold(Duration duration, const std::function<void()> &beforehand) override;
 
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 

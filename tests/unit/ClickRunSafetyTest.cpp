@@ -170,7 +170,10 @@ TEST_F(ClickRunSafetyTest, AFailureAfterTheClickEndsTheRunInOrder) {
 /// A clock that fails in the middle of a click.
 class FailingClock : public testing::HandTurnedClock {
   public:
-    void hold(Duration /*duration*/) override { throw std::runtime_error("no sleep"); }
+    using HandTurnedClock::hold;
+    void hold(Duration /*duration*/, const std::function<void()> & /*beforehand*/) override {
+        throw std::runtime_error("no sleep");
+    }
 };
 
 TEST(ClickRunFailureTest, AFailureBetweenPressAndReleaseReleasesTheButton) {

@@ -9,12 +9,16 @@
 
 namespace corvane::x11 {
 
-DescriptorWait::DescriptorWait(platform::ContinuousClock &clock)
+DescriptorWait::DescriptorWait(platform::ContinuousClock &clock, WakeUpLead &lead,
+                               AwaitedMoment &awaited)
     : clock_(clock),
+      lead_(lead),
+      awaited_(awaited),
       wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 void DescriptorWait::waitUntil(platform::Instant deadline,
                                const std::function<void()> &beforehand) {
+    awaited_.set(deadline);
     lead_.waitUntil(
         clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); }, beforehand,
         [this] { return isCancelled(); });

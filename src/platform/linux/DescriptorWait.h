@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/ContinuousClock.h"
+#include "platform/linux/AwaitedMoment.h"
 #include "platform/linux/TimerDescriptor.h"
 #include "platform/linux/WakeUpLead.h"
 #include "platform/posix/FileDescriptor.h"
@@ -13,8 +14,9 @@ namespace corvane::x11 {
 /// short slices instead.
 class DescriptorWait : public platform::CancellableWait {
   public:
-    /// The clock outlives the wait.
-    explicit DescriptorWait(platform::ContinuousClock &clock);
+    /// Says by `awaited` until when it waits, and is woken earlier by `lead`, as it learns. All
+    /// given outlives the wait.
+    DescriptorWait(platform::ContinuousClock &clock, WakeUpLead &lead, AwaitedMoment &awaited);
 
     using CancellableWait::waitUntil;
     void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override;
@@ -27,7 +29,8 @@ class DescriptorWait : public platform::CancellableWait {
     void sleepInSlices(platform::Instant deadline) const;
 
     platform::ContinuousClock &clock_;
-    WakeUpLead lead_;
+    WakeUpLead &lead_;
+    AwaitedMoment &awaited_;
     const TimerDescriptor timer_;
     const posix::FileDescriptor wakeUp_;
     std::atomic<bool> isCancelled_ = false;

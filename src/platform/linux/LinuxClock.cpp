@@ -47,12 +47,14 @@ platform::Instant LinuxClock::now() const {
     return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
 }
 
-void LinuxClock::hold(nanoseconds duration) {
-    holdLead_.waitUntil(*this, now() + duration, sleepUntil, [] {}, [] { return false; });
+void LinuxClock::hold(nanoseconds duration, const std::function<void()> &beforehand) {
+    const platform::Instant end = now() + duration;
+    awaited_->set(end);
+    holdLead_.waitUntil(*this, end, sleepUntil, beforehand, [] { return false; });
 }
 
 std::unique_ptr<platform::CancellableWait> LinuxClock::makeWait() {
-    return std::make_unique<DescriptorWait>(*this);
+    return std::make_unique<DescriptorWait>(*this, waitLead_, *awaited_);
 }
 
 } // namespace corvane::x11

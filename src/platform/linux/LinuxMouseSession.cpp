@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxMouseSession.h"
 
+#include "platform/linux/PointerQuestion.h"
 #include "platform/linux/ServerAbilities.h"
 
 #include <xcb/xtest.h>
@@ -73,7 +74,6 @@ LinuxMouseSession::LinuxMouseSession() { connect(); }
 
 /// The last release of the button must not be lost with the connection.
 LinuxMouseSession::~LinuxMouseSession() {
-    questionOfPress_.reset();
     mark_.reset();
     if (isUsable()) {
         connection_->synchronise();
@@ -84,17 +84,12 @@ void LinuxMouseSession::press(std::uint8_t button) {
     if (isUsable() && mark_) {
         mark_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
-        questionOfPress_.emplace(*connection_);
         connection_->flush();
     }
 }
 
-bool LinuxMouseSession::hasPressTakenEffect() {
-    if (!questionOfPress_) {
-        return state().isLeftButtonDown != false;
-    }
-    const auto reply = questionOfPress_->answer();
-    questionOfPress_.reset();
+bool LinuxMouseSession::hasPressTakenEffect() const {
+    const auto reply = isUsable() ? PointerQuestion(*connection_).answer() : nullptr;
     return !reply || isLeftButtonDown(*reply);
 }
 
@@ -141,7 +136,6 @@ bool LinuxMouseSession::ensureUsable() {
 
 /// What the connection before it left pressed when it was lost is released first.
 void LinuxMouseSession::connect() {
-    questionOfPress_.reset();
     mark_.reset();
     isPressable_ = false;
     leftButton_.reset();

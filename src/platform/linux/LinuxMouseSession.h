@@ -2,7 +2,6 @@
 
 #include "platform/MouseEvents.h"
 #include "platform/linux/ButtonMark.h"
-#include "platform/linux/PointerQuestion.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <cstdint>
@@ -25,8 +24,9 @@ class LinuxMouseSession : public platform::MouseSession {
 
     /// Marks the button, then presses it.
     void press(std::uint8_t button);
-    /// Whether the button is down since it was pressed.
-    bool hasPressTakenEffect();
+    /// Whether the button is down since it was pressed; true where the connection that pressed it
+    /// is lost.
+    bool hasPressTakenEffect() const;
     /// Releases the button also where the connection that pressed it is lost.
     void release(std::uint8_t button);
 
@@ -40,8 +40,6 @@ class LinuxMouseSession : public platform::MouseSession {
 
     std::unique_ptr<XcbConnection> connection_;
     std::optional<ButtonMark> mark_;
-    /// Put together with a press: the answer is there before anybody wants to know.
-    std::optional<PointerQuestion> questionOfPress_;
     /// Whether the server takes synthetic events.
     bool isPressable_ = false;
     /// The physical button that is the user's left one; absent where no button is.

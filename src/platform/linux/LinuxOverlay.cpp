@@ -58,6 +58,7 @@ LinuxOverlay::~LinuxOverlay() {
 }
 
 void LinuxOverlay::orderFront() {
+    stage_.sender().draws();
     const OverlayStack::Silence silence(stage_.stack());
     stage_.stack().insert(surface_->window(), traits_.level, !isEmpty());
     if (!isShown_) {
@@ -121,6 +122,7 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     if (!isShown_) {
         return;
     }
+    stage_.sender().draws();
     if (frame_.size() != former.size() || part_ != formerPart) {
         repaint();
     }

@@ -24,6 +24,8 @@ LinuxPlatform::LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> w
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
       workspace_([this] { accessibility_.showGuide(); }),
-      statusBar_(events) {}
+      statusBar_(events) {
+    events.sender().giveWayTo(clock_.awaited());
+}
 
 } // namespace corvane::x11

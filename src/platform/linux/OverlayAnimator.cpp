@@ -1,23 +1,30 @@
 #include "platform/linux/OverlayAnimator.h"
 
+#include "platform/linux/OverlayAnimation.h"
 #include "platform/linux/OverlayPlayback.h"
+#include "platform/linux/RequestSender.h"
 
 #include <algorithm>
+#include <chrono>
 
 namespace corvane::x11 {
 
-OverlayAnimator::OverlayAnimator() {
-    timer_.setTimerType(Qt::PreciseTimer);
-    timer_.setInterval(
-        std::chrono::floor<std::chrono::milliseconds>(OverlayAnimation::pictureInterval));
-    QObject::connect(&timer_, &QTimer::timeout, [this] { advance(); });
+OverlayAnimator::OverlayAnimator(RequestSender &sender)
+    : sender_(sender),
+      timer_([this] { advance(clock_.now()); }) {
+    sender_.beforeSending([this] { advanceWhileAwake(); });
+}
+
+OverlayAnimator::~OverlayAnimator() {
+    sender_.beforeSending([] {});
 }
 
 void OverlayAnimator::add(OverlayPlayback &playback) {
-    running_.push_back(&playback);
-    if (!timer_.isActive()) {
-        timer_.start();
+    if (running_.empty()) {
+        lastAdvance_ = clock_.now();
     }
+    running_.push_back(&playback);
+    setTimer();
 }
 
 void OverlayAnimator::remove(OverlayPlayback &playback) {
@@ -25,16 +32,28 @@ void OverlayAnimator::remove(OverlayPlayback &playback) {
     std::erase(over_, &playback);
 }
 
-void OverlayAnimator::advance() {
-    const Time now = std::chrono::steady_clock::now();
+/// A click, or a look at the window that is followed, has woken the program anyway: the pictures
+/// that are due soon are shown now, and need not wake it again.
+void OverlayAnimator::advanceWhileAwake() {
+    constexpr std::chrono::milliseconds soonest(12);
+    if (running_.empty()) {
+        return;
+    }
+    const platform::Instant now = clock_.now();
+    if (now - lastAdvance_ >= soonest && sender_.clearOfClick(now) == now) {
+        advance(now);
+    }
+}
+
+void OverlayAnimator::advance(platform::Instant now) {
+    sender_.draws();
+    lastAdvance_ = now;
     const auto firstOver = std::ranges::stable_partition(
         running_, [now](OverlayPlayback *playback) { return playback->showAt(now); });
     over_.insert(over_.end(), firstOver.begin(), firstOver.end());
     running_.erase(firstOver.begin(), firstOver.end());
     finish();
-    if (running_.empty()) {
-        timer_.stop();
-    }
+    setTimer();
 }
 
 /// What is told may destroy any playback or start another.
@@ -43,6 +62,14 @@ void OverlayAnimator::finish() {
         OverlayPlayback &playback = *over_.front();
         over_.erase(over_.begin());
         playback.complete();
+    }
+}
+
+void OverlayAnimator::setTimer() {
+    if (running_.empty()) {
+        timer_.clear();
+    } else {
+        timer_.set(sender_.clearOfClick(lastAdvance_ + OverlayAnimation::pictureInterval));
     }
 }
 

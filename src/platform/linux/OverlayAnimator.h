@@ -1,34 +1,44 @@
 #pragma once
 
-#include <QTimer>
+#include "platform/linux/ExactTimer.h"
+#include "platform/linux/LinuxClock.h"
 
-#include <chrono>
 #include <vector>
 
 namespace corvane::x11 {
 
 class OverlayPlayback;
+class RequestSender;
 
 /// One clock for all animations that are running. Main thread.
 class OverlayAnimator {
   public:
-    using Time = std::chrono::steady_clock::time_point;
+    /// The sender of what is drawn outlives the animator, which outlives every playback.
+    explicit OverlayAnimator(RequestSender &sender);
+    ~OverlayAnimator();
 
-    /// The animator outlives every playback.
-    OverlayAnimator();
+    OverlayAnimator(const OverlayAnimator &) = delete;
+    OverlayAnimator &operator=(const OverlayAnimator &) = delete;
 
     /// Has a playback advance about sixty times a second until it is over.
     void add(OverlayPlayback &playback);
     void remove(OverlayPlayback &playback);
 
-  private:
-    void advance();
-    void finish();
+    platform::Instant now() const { return clock_.now(); }
 
+  private:
+    void advanceWhileAwake();
+    void advance(platform::Instant now);
+    void finish();
+    void setTimer();
+
+    RequestSender &sender_;
+    const LinuxClock clock_{};
     std::vector<OverlayPlayback *> running_;
     /// Over, but not told so yet.
     std::vector<OverlayPlayback *> over_;
-    QTimer timer_;
+    platform::Instant lastAdvance_{};
+    ExactTimer timer_;
 };
 
 } // namespace corvane::x11

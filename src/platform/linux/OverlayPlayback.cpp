@@ -11,7 +11,7 @@ OverlayPlayback::OverlayPlayback(OverlayAnimator &animator, OverlaySurface &surf
       surface_(surface),
       animation_(std::move(animation)),
       completion_(std::move(completion)),
-      start_(std::chrono::steady_clock::now()) {
+      start_(animator.now()) {
     animator_.add(*this);
     show(0);
 }
@@ -23,7 +23,7 @@ void OverlayPlayback::changeTo(std::shared_ptr<OverlayAnimation> animation) {
     show(index_);
 }
 
-bool OverlayPlayback::showAt(OverlayAnimator::Time now) {
+bool OverlayPlayback::showAt(platform::Instant now) {
     const std::size_t index = animation_->indexAt(now - start_);
     if (index != index_) {
         show(index);

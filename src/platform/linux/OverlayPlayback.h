@@ -28,7 +28,7 @@ class OverlayPlayback {
     void changeTo(std::shared_ptr<OverlayAnimation> animation);
 
     /// Shows the picture of that time; whether there are more to come.
-    bool showAt(OverlayAnimator::Time now);
+    bool showAt(platform::Instant now);
 
     /// Calls the completion.
     void complete();
@@ -40,7 +40,7 @@ class OverlayPlayback {
     OverlaySurface &surface_;
     std::shared_ptr<OverlayAnimation> animation_;
     std::function<void()> completion_;
-    const OverlayAnimator::Time start_;
+    const platform::Instant start_;
     std::size_t index_ = 0;
 };
 

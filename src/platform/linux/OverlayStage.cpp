@@ -37,13 +37,15 @@ std::unique_ptr<OverlayStage> OverlayStage::make(XcbEvents &events, const LinuxS
 
 OverlayStage::OverlayStage(XcbEvents &events, const LinuxScreens &screens, SymbolImages &symbols,
                            std::unique_ptr<OverlayVisual> visual)
-    : connection_(events.connection()),
+    : sender_(events.sender()),
+      connection_(events.connection()),
       screens_(screens),
       visual_(std::move(visual)),
       painter_(symbols),
       surfaces_(*visual_),
       stack_(events),
       keyboard_(events),
+      animator_(events.sender()),
       compositor_(events, [this] { compositorChanged(); }),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }

@@ -9,6 +9,7 @@
 #include "platform/linux/OverlayStack.h"
 #include "platform/linux/OverlaySurfaces.h"
 #include "platform/linux/OverlayVisual.h"
+#include "platform/linux/RequestSender.h"
 #include "platform/linux/XcbEvents.h"
 
 #include <QImage>
@@ -35,6 +36,7 @@ class OverlayStage {
     OverlayStage &operator=(const OverlayStage &) = delete;
 
     const XcbConnection &connection() const { return connection_; }
+    RequestSender &sender() { return sender_; }
     const LinuxScreens &screens() const { return screens_; }
     const OverlayVisual &visual() const { return *visual_; }
     const OverlayPainter &painter() const { return painter_; }
@@ -67,6 +69,7 @@ class OverlayStage {
     LinuxOverlay *overlayOf(xcb_window_t window) const;
     void compositorChanged();
 
+    RequestSender &sender_;
     const XcbConnection &connection_;
     const LinuxScreens &screens_;
     std::unique_ptr<OverlayVisual> visual_;

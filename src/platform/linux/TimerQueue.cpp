@@ -20,16 +20,12 @@ class TimerQueue::PendingCall : public platform::Timer {
     const std::shared_ptr<Call> call_;
 };
 
-TimerQueue::TimerQueue() : readable_(descriptor_.get(), QSocketNotifier::Read) {
-    QObject::connect(&readable_, &QSocketNotifier::activated, [this] { callAllDue(); });
-}
-
 std::unique_ptr<platform::Timer> TimerQueue::add(std::chrono::nanoseconds delay,
                                                  std::optional<std::chrono::nanoseconds> period,
                                                  std::function<void()> work) {
     auto call = std::make_shared<Call>(Call{clock_.now() + delay, period, std::move(work)});
     insert(call);
-    setDescriptor();
+    setTimer();
     return std::make_unique<PendingCall>(*this, std::move(call));
 }
 
@@ -40,7 +36,7 @@ void TimerQueue::insert(std::shared_ptr<Call> call) {
 
 void TimerQueue::remove(const std::shared_ptr<Call> &call) {
     std::erase(calls_, call);
-    setDescriptor();
+    setTimer();
 }
 
 void TimerQueue::callAllDue() {
@@ -48,9 +44,7 @@ void TimerQueue::callAllDue() {
     while (!calls_.empty() && calls_.front()->due <= now) {
         takeFirst(now)->work();
     }
-    // Not before: work that keeps the event loop turning comes here again at once, because the
-    // descriptor is still readable, and most work sets the time of the next call itself.
-    setDescriptor();
+    setTimer();
 }
 
 std::shared_ptr<TimerQueue::Call> TimerQueue::takeFirst(platform::Instant now) {
@@ -65,16 +59,11 @@ std::shared_ptr<TimerQueue::Call> TimerQueue::takeFirst(platform::Instant now) {
     return call;
 }
 
-void TimerQueue::setDescriptor() {
-    const auto next = calls_.empty() ? std::nullopt : std::optional(calls_.front()->due);
-    if (next == wakeUp_) {
-        return;
-    }
-    wakeUp_ = next;
-    if (next) {
-        descriptor_.set(*next);
+void TimerQueue::setTimer() {
+    if (calls_.empty()) {
+        timer_.clear();
     } else {
-        descriptor_.clear();
+        timer_.set(calls_.front()->due);
     }
 }
 

@@ -2,10 +2,8 @@
 
 #include "platform/ContinuousClock.h"
 #include "platform/MainQueue.h"
+#include "platform/linux/ExactTimer.h"
 #include "platform/linux/LinuxClock.h"
-#include "platform/linux/TimerDescriptor.h"
-
-#include <QSocketNotifier>
 
 #include <chrono>
 #include <functional>
@@ -15,12 +13,9 @@
 
 namespace corvane::x11 {
 
-/// Calls at their times, in turns of Qt's event loop. Its own timers count whole milliseconds and
-/// wake up once too early as often as not. Main thread, after the application is made.
+/// Calls at their times, in turns of Qt's event loop. Main thread, after the application is made.
 class TimerQueue {
   public:
-    TimerQueue();
-
     /// Calls `work` after `delay`, and then again and again where there is a period. The queue
     /// outlives the timer.
     std::unique_ptr<platform::Timer> add(std::chrono::nanoseconds delay,
@@ -40,15 +35,12 @@ class TimerQueue {
     void callAllDue();
     std::shared_ptr<Call> takeFirst(platform::Instant now);
     /// To the next call.
-    void setDescriptor();
+    void setTimer();
 
     const LinuxClock clock_{};
-    const TimerDescriptor descriptor_;
-    /// When the descriptor becomes readable.
-    std::optional<platform::Instant> wakeUp_;
     /// Those to come, the next one first.
     std::vector<std::shared_ptr<Call>> calls_;
-    QSocketNotifier readable_;
+    ExactTimer timer_{[this] { callAllDue(); }};
 };
 
 } // namespace corvane::x11

@@ -11,6 +11,10 @@ void WakeUpLead::learn(std::chrono::nanoseconds taken) {
     if (taken < 0ns) {
         return; // The sleep was cut short.
     }
+    if (!hasLearnt_.exchange(true)) {
+        lead_ = std::min(taken, longest);
+        return;
+    }
     const std::chrono::nanoseconds lead = lead_.load();
     const std::chrono::nanoseconds step = step_.load();
     lead_ = std::clamp(taken > lead ? lead + step : lead - step, 0ns, longest);

@@ -33,14 +33,15 @@ class WakeUpLead {
     }
 
     /// How long before its time at most.
-    static constexpr std::chrono::nanoseconds longest = std::chrono::microseconds(300);
+    static constexpr std::chrono::nanoseconds longest = std::chrono::microseconds(600);
 
   private:
     void learn(std::chrono::nanoseconds taken);
 
     std::atomic<std::chrono::nanoseconds> lead_{std::chrono::microseconds(50)};
-    /// Goes down from the first step to the last, so that the first few waits come near.
-    std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(32)};
+    /// The first wait shows about how long it takes; the steps from there become smaller.
+    std::atomic<bool> hasLearnt_ = false;
+    std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(16)};
 };
 
 } // namespace corvane::x11

@@ -16,6 +16,7 @@ XcbEvents::XcbEvents(std::unique_ptr<XcbConnection> connection,
                      std::function<void()> connectionLost)
     : connection_(std::move(connection)),
       masks_(*connection_),
+      sender_(*connection_),
       connectionLost_(std::move(connectionLost)),
       readable_(connection_->fileDescriptor(), QSocketNotifier::Read) {
     QObject::connect(&readable_, &QSocketNotifier::activated,
@@ -45,7 +46,7 @@ bool XcbEvents::isSentByClient(const xcb_generic_event_t &event) {
 void XcbEvents::beforeSleep() {
     // Waiting for a reply may have read events too; no descriptor would wake us up for those.
     deliverAll(xcb_poll_for_queued_event);
-    connection_->flush();
+    sender_.send();
 }
 
 void XcbEvents::deliverAll(NextEvent nextEvent) {

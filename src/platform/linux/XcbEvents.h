@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/EventMasks.h"
+#include "platform/linux/RequestSender.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <QMetaObject>
@@ -37,6 +38,8 @@ class XcbEvents {
 
     EventMasks &masks() { return masks_; }
 
+    RequestSender &sender() { return sender_; }
+
     /// The type of an event, whether the server or another client sent it.
     static int typeOf(const xcb_generic_event_t &event);
     /// Whether another client sent it, so that nothing need be true of it.
@@ -52,6 +55,7 @@ class XcbEvents {
 
     std::unique_ptr<XcbConnection> connection_;
     EventMasks masks_;
+    RequestSender sender_;
     std::function<void()> connectionLost_;
     std::vector<std::weak_ptr<const Handler>> handlers_;
     QSocketNotifier readable_;

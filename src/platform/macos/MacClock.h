@@ -8,7 +8,8 @@ namespace corvane::macos {
 class MacClock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
-    void hold(std::chrono::nanoseconds duration) override;
+    using ContinuousClock::hold;
+    void hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 };
 

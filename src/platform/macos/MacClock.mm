@@ -69,7 +69,10 @@ platform::Instant MacClock::now() const {
     return platform::Instant(nanoseconds);
 }
 
-void MacClock::hold(std::chrono::nanoseconds duration) { std::this_thread::sleep_for(duration); }
+void MacClock::hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) {
+    std::this_thread::sleep_for(duration);
+    beforehand();
+}
 
 std::unique_ptr<platform::CancellableWait> MacClock::makeWait() {
     return std::make_unique<MacCancellableWait>(*this);

@@ -1,5 +1,6 @@
 #include "ClickClient.h"
 #include "OverlayTest.h"
+#include "WaitUntil.h"
 #include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
 
@@ -78,6 +79,15 @@ TEST_P(LinuxRippleTest, EachEndsByItself) {
     ripple({700, 500});
     EXPECT_EQ(shownOverlays().size(), 3U);
     EXPECT_TRUE(turnUntil([this] { return ended_ == 3; }));
+    EXPECT_TRUE(shownOverlays().empty());
+}
+
+TEST_P(LinuxRippleTest, TheRingGrowsWheneverTheProgramIsAwakeAnyway) {
+    ripple();
+    EXPECT_TRUE(desktop::waitUntil([this] {
+        events_.sender().send();
+        return ended_ == 1;
+    }));
     EXPECT_TRUE(shownOverlays().empty());
 }
 

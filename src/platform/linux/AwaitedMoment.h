@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/ContinuousClock.h"
+
+#include <atomic>
+
+namespace corvane::x11 {
+
+/// Until when the thread that clicks waits: its next press or release is due then. Any thread.
+class AwaitedMoment {
+  public:
+    void set(platform::Instant moment) { moment_ = moment; }
+
+    /// Has passed while nothing is waited for.
+    platform::Instant get() const { return moment_; }
+
+  private:
+    std::atomic<platform::Instant> moment_{};
+};
+
+} // namespace corvane::x11
