@@ -1,5 +1,7 @@
 #include "platform/linux/FrameChain.h"
 
+#include "platform/linux/XcbEvents.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -20,6 +22,7 @@ FrameChain::FrameChain(const XcbConnection &connection, EventMasks &masks, xcb_w
         if (!tree || !geometry) {
             return;
         }
+        link.request = geometryCookie.sequence;
         link.x = geometry->x;
         link.y = geometry->y;
         link.width = geometry->width;
@@ -35,14 +38,31 @@ bool FrameChain::contains(xcb_window_t window) const {
     return std::ranges::find(links_, window, &Link::window) != links_.end();
 }
 
-std::vector<FrameChain::Link>::iterator FrameChain::find(xcb_window_t window) {
-    return std::ranges::find(links_, window, &Link::window);
+bool FrameChain::takeNote(const xcb_generic_event_t &event) {
+    if (XcbEvents::typeOf(event) == XCB_GRAVITY_NOTIFY) {
+        pushed(reinterpret_cast<const xcb_gravity_notify_event_t &>(event), event.full_sequence);
+        return false;
+    }
+    return configured(reinterpret_cast<const xcb_configure_notify_event_t &>(event),
+                      event.full_sequence) &&
+           isComplete_;
 }
 
-bool FrameChain::takeNote(const xcb_configure_notify_event_t &event) {
-    const auto link = find(event.window);
+/// Null for one that is not there, and for an event from before the answer, which says more.
+FrameChain::Link *FrameChain::find(xcb_window_t window, std::uint32_t eventSequence) {
+    const auto link = std::ranges::find(links_, window, &Link::window);
     if (link == links_.end()) {
-        return false;
+        return nullptr;
+    }
+    // The numbers of requests begin anew after the highest.
+    const bool isOlder = static_cast<std::int32_t>(eventSequence - link->request) < 0;
+    return isOlder ? nullptr : &*link;
+}
+
+bool FrameChain::configured(const xcb_configure_notify_event_t &event, std::uint32_t sequence) {
+    Link *const link = find(event.window, sequence);
+    if (link == nullptr) {
+        return true;
     }
     link->x = event.x;
     link->y = event.y;
@@ -51,11 +71,11 @@ bool FrameChain::takeNote(const xcb_configure_notify_event_t &event) {
     link->width = event.width;
     link->height = event.height;
     link->border = event.border_width;
-    return isComplete_ && isAsBefore;
+    return isAsBefore;
 }
 
-void FrameChain::takeNote(const xcb_gravity_notify_event_t &event) {
-    if (const auto link = find(event.window); link != links_.end()) {
+void FrameChain::pushed(const xcb_gravity_notify_event_t &event, std::uint32_t sequence) {
+    if (Link *const link = find(event.window, sequence)) {
         link->x = event.x;
         link->y = event.y;
     }

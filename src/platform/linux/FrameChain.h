@@ -4,6 +4,7 @@
 #include "platform/linux/XcbConnection.h"
 #include "support/Geometry.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -20,11 +21,10 @@ class FrameChain {
 
     bool contains(xcb_window_t window) const;
 
-    /// Takes note of an event of the server's own about one of them. False where more than a place
-    /// has changed, so that the window has to be looked at anew.
-    bool takeNote(const xcb_configure_notify_event_t &event);
-    /// The same for one that has moved because the one around it was resized.
-    void takeNote(const xcb_gravity_notify_event_t &event);
+    /// Takes note of what the server itself has told of one of them: a ConfigureNotify or
+    /// GravityNotify event. False where more than a place may have changed, so that the window has
+    /// to be looked at anew.
+    bool takeNote(const xcb_generic_event_t &event);
 
     /// The corner of the window inside its border, on the root window; nothing when the window had
     /// gone before it could be asked for.
@@ -34,6 +34,8 @@ class FrameChain {
     struct Link {
         xcb_window_t window;
         EventMasks::Selection events;
+        /// The request whose answer said where it was.
+        std::uint32_t request = 0;
         /// The corner outside the border, inside that of the window around it.
         int x = 0;
         int y = 0;
@@ -42,7 +44,9 @@ class FrameChain {
         int border = 0;
     };
 
-    std::vector<Link>::iterator find(xcb_window_t window);
+    Link *find(xcb_window_t window, std::uint32_t eventSequence);
+    bool configured(const xcb_configure_notify_event_t &event, std::uint32_t sequence);
+    void pushed(const xcb_gravity_notify_event_t &event, std::uint32_t sequence);
 
     /// From the inside to the outside.
     std::vector<Link> links_;

@@ -162,11 +162,12 @@ void WindowWatch::handle(const xcb_generic_event_t &event) {
     case XCB_CONFIGURE_NOTIFY:
         // A window manager tells programs in such events where it thinks their windows are.
         if (!XcbEvents::isSentByClient(event)) {
-            windowConfigured(reinterpret_cast<const xcb_configure_notify_event_t &>(event));
+            windowMoved(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window,
+                        event);
         }
         break;
     case XCB_GRAVITY_NOTIFY:
-        windowPushed(reinterpret_cast<const xcb_gravity_notify_event_t &>(event));
+        windowMoved(reinterpret_cast<const xcb_gravity_notify_event_t &>(event).window, event);
         break;
     case XCB_MAP_NOTIFY:
         windowChanged(reinterpret_cast<const xcb_map_notify_event_t &>(event).window, false);
@@ -216,20 +217,11 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
 }
 
 /// A window that is dragged is followed without asking for it.
-void WindowWatch::windowConfigured(const xcb_configure_notify_event_t &event) {
+/// One that is dragged is followed without being asked for.
+void WindowWatch::windowMoved(xcb_window_t window, const xcb_generic_event_t &event) {
     for (auto &[client, watched] : watched_) {
-        if (watched.isIn(event.window)) {
+        if (watched.isIn(window)) {
             watched.isStale = !watched.chain->takeNote(event) || watched.isStale;
-            answer_.reset();
-        }
-    }
-}
-
-void WindowWatch::windowPushed(const xcb_gravity_notify_event_t &event) {
-    for (auto &[client, watched] : watched_) {
-        if (watched.isIn(event.window)) {
-            watched.chain->takeNote(event);
-            watched.isStale = true;
             answer_.reset();
         }
     }

@@ -58,8 +58,7 @@ class WindowWatch {
     void handle(const xcb_generic_event_t &event);
     void rootChanged(xcb_atom_t property);
     void windowChanged(xcb_window_t window, bool isReparented);
-    void windowConfigured(const xcb_configure_notify_event_t &event);
-    void windowPushed(const xcb_gravity_notify_event_t &event);
+    void windowMoved(xcb_window_t window, const xcb_generic_event_t &event);
     bool isTelling(xcb_atom_t property) const;
 
     const XcbConnection &connection_;

@@ -1,6 +1,7 @@
 #include "SampleWindow.h"
 #include "WindowSystemTest.h"
 #include "platform/linux/ClientWindows.h"
+#include "platform/linux/FrameChain.h"
 #include "platform/linux/LinuxMainQueue.h"
 #include "platform/linux/WindowReader.h"
 
@@ -11,6 +12,7 @@
 #include <functional>
 #include <random>
 #include <string_view>
+#include <vector>
 
 #include <unistd.h>
 
@@ -198,6 +200,30 @@ TEST_F(NestedFramesTest, AFrameMayComeAndGoWhileTheWindowMoves) {
         reparent(inner_.id(), outer_.id(), 0, step);
         EXPECT_EQ(place(), (Point{double(step), 60.0 + step}));
     }
+}
+
+TEST_F(NestedFramesTest, AMoveFromBeforeTheAnswerIsForgotten) {
+    const auto watching = x11::XcbConnection::open().value();
+    x11::EventMasks masks(*watching);
+    {
+        const auto events = masks.select(outer_.id(), XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        watching->synchronise();
+        outer_.moveTo(100, 100);
+    }
+    // Of this move nothing is told.
+    watching->synchronise();
+    outer_.moveTo(200, 150);
+
+    x11::FrameChain chain(*watching, masks, client_.id());
+    EXPECT_EQ(chain.origin(), (Point{200, 150}));
+    outer_.moveTo(300, 150);
+    watching->synchronise();
+    std::vector<Point> places;
+    while (const x11::XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(watching->get())}) {
+        EXPECT_TRUE(chain.takeNote(*event));
+        places.push_back(*chain.origin());
+    }
+    EXPECT_EQ(places, (std::vector<Point>{{200, 150}, {300, 150}}));
 }
 
 /// Whatever happens to a window and its frames, in whatever order.
