@@ -217,7 +217,6 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
 }
 
 /// A window that is dragged is followed without asking for it.
-/// One that is dragged is followed without being asked for.
 void WindowWatch::windowMoved(xcb_window_t window, const xcb_generic_event_t &event) {
     for (auto &[client, watched] : watched_) {
         if (watched.isIn(window)) {
