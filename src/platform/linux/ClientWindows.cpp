@@ -20,7 +20,7 @@ ClientWindows::ClientWindows(std::unique_ptr<XcbConnection> connection,
                              platform::MainQueue &mainQueue)
     : mainQueue_(mainQueue),
       connection_(std::move(connection)),
-      watch_(*connection_) {}
+      watch_(std::make_unique<WindowWatch>(*connection_)) {}
 
 std::shared_ptr<const ClientWindows::Owners> ClientWindows::owners() {
     catchUp();
@@ -66,7 +66,7 @@ void ClientWindows::replaceConnection() {
     log("The connection that watches windows was lost and is replaced");
     watch_.reset();
     connection_ = std::move(*replacement);
-    watch_.emplace(*connection_);
+    watch_ = std::make_unique<WindowWatch>(*connection_);
     watch_->catchUp();
 }
 

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
-#include <optional>
 
 namespace corvane::x11 {
 
@@ -44,7 +43,7 @@ class ClientWindows {
     platform::MainQueue &mainQueue_;
     std::unique_ptr<XcbConnection> connection_;
     /// Through that connection; never absent but while both are replaced.
-    std::optional<WindowWatch> watch_;
+    std::unique_ptr<WindowWatch> watch_;
     Clock::time_point nextReplacement_;
     bool wasAsked_ = false;
     /// Absent while nobody asks.

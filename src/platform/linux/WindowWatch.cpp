@@ -106,9 +106,8 @@ void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
         Watched &watched = watch(window);
         if (watched.isStale) {
             stale.push_back(window);
-        } else if (watched.hasMoved()) {
-            watched.facts =
-                std::make_shared<const WindowFacts>(watched.facts->at(*watched.chain->origin()));
+        } else if (const auto place = watched.newPlace()) {
+            watched.facts = std::make_shared<const WindowFacts>(watched.facts->at(*place));
         }
     }
     if (!stale.empty()) {
@@ -143,9 +142,9 @@ WindowWatch::Watched &WindowWatch::watch(xcb_window_t window) {
     return watched;
 }
 
-bool WindowWatch::Watched::hasMoved() const {
-    const auto origin = chain->origin();
-    return origin && *origin != facts->origin;
+std::optional<Point> WindowWatch::Watched::newPlace() const {
+    const auto place = chain ? chain->origin() : std::nullopt;
+    return place == facts->origin ? std::nullopt : place;
 }
 
 void WindowWatch::handle(const xcb_generic_event_t &event) {
@@ -219,7 +218,7 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
 /// A window that is dragged is followed without asking for it.
 void WindowWatch::windowMoved(xcb_window_t window, const xcb_generic_event_t &event) {
     for (auto &[client, watched] : watched_) {
-        if (watched.isIn(window)) {
+        if (watched.chain && watched.chain->contains(window)) {
             watched.isStale = !watched.chain->takeNote(event) || watched.isStale;
             answer_.reset();
         }

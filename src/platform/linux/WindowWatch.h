@@ -47,7 +47,8 @@ class WindowWatch {
 
         /// Whether it is that window or in that frame.
         bool isIn(xcb_window_t window) const { return chain && chain->contains(window); }
-        bool hasMoved() const;
+        /// Where the server has said it has gone; nothing while it is where it was last.
+        std::optional<Point> newPlace() const;
     };
 
     void refreshList();
