@@ -15,7 +15,7 @@
 namespace corvane::x11 {
 
 ToolbarWidget::ToolbarWidget(const Toolbar &toolbar, SymbolImages &symbols,
-                             std::function<void(const std::string &)> chosen)
+                             const std::function<void(const std::string &)> &chosen)
     : items_(toolbar.items) {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(8, 6, 8, 7);

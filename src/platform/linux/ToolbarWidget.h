@@ -19,7 +19,7 @@ class ToolbarWidget : public QWidget, public AccessibleRole {
   public:
     /// `chosen` receives the identifier of each tab the user chooses.
     ToolbarWidget(const Toolbar &toolbar, SymbolImages &symbols,
-                  std::function<void(const std::string &identifier)> chosen);
+                  const std::function<void(const std::string &identifier)> &chosen);
 
     void setSelectedItem(const std::string &identifier);
 

@@ -66,7 +66,7 @@ std::vector<std::string> userLocales() {
 std::string bestTable(const std::vector<std::string> &locales,
                       const std::vector<std::string> &tables) {
     for (const std::string &locale : locales) {
-        const std::string table = tableFor(locale);
+        std::string table = tableFor(locale);
         if (table == "en") {
             return {};
         }

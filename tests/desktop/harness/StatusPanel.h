@@ -40,6 +40,8 @@ class StatusPanel {
     /// Chooses the line with that title; false where there is none or the program refuses.
     bool choose(const std::string &title);
 
+    ChildProcess &process() { return program_.process(); }
+
   private:
     std::vector<std::string> ask(const std::string &command);
 
