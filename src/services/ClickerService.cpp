@@ -17,7 +17,8 @@ ClickerService::~ClickerService() {
 
 void ClickerService::start(const CorvaneConfig &config,
                            std::shared_ptr<DynamicZoneRect> dynamicZone, ClickCallback onClick,
-                           FinishCallback onFinish, std::shared_ptr<const ClickBacklog> backlog) {
+                           const FinishCallback &onFinish,
+                           std::shared_ptr<const ClickBacklog> backlog) {
     {
         const std::lock_guard lock(mutex_);
         cancelClickTask();

@@ -33,11 +33,13 @@ class ClickerService {
     ClickerService(platform::MouseEvents &mouseEvents, platform::ContinuousClock &clock);
     /// Ends and awaits every run.
     ~ClickerService();
+    ClickerService(const ClickerService &) = delete;
+    ClickerService &operator=(const ClickerService &) = delete;
 
     /// Cancels a run under way and begins a new one with a copy of `config`; waits for no click.
     /// With a backlog, the run makes no click while that is full.
     void start(const CorvaneConfig &config, std::shared_ptr<DynamicZoneRect> dynamicZone,
-               ClickCallback onClick, FinishCallback onFinish,
+               ClickCallback onClick, const FinishCallback &onFinish,
                std::shared_ptr<const ClickBacklog> backlog = nullptr);
 
     /// Cancels the run under way, if any: no button is pressed once this returns, and the run ends

@@ -12,7 +12,7 @@ ConfigService::ConfigService(platform::FileSystem &files,
 Outcome<CorvaneConfig> ConfigService::load() {
     const std::lock_guard lock(mutex_);
     if (!file_.exists()) {
-        const CorvaneConfig created;
+        CorvaneConfig created;
         if (const auto written = write(created); !written) {
             return std::unexpected(written.error());
         }

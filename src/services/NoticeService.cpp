@@ -2,6 +2,8 @@
 
 #include "platform/FileSystem.h"
 
+#include <tuple>
+
 namespace corvane {
 
 NoticeService::NoticeService(platform::FileSystem &files,
@@ -16,7 +18,7 @@ bool NoticeService::isFirst(const std::string &name) {
     }
     // Where it cannot be remembered, the notice comes again.
     if (files_.createDirectories(directory_)) {
-        (void)files_.replaceFile(file, "");
+        std::ignore = files_.replaceFile(file, "");
     }
     return true;
 }

@@ -35,7 +35,8 @@ std::optional<WindowAnchor> WindowResolver::detectWindow(const Rectangle &zone) 
         return std::nullopt;
     }
     for (const platform::WindowListEntry &entry : *windows) {
-        if (const auto bundleID = anchorableOwner(entry, zone.center(), applications_)) {
+        if (const auto bundleID = anchorableOwner(entry, zone.center(), applications_);
+            bundleID && entry.bounds) {
             const std::string title = entry.name.value_or(std::string());
             log("WindowResolver: detected " + *bundleID + " '" + title + "' under zone center");
             return WindowAnchor{

@@ -101,8 +101,7 @@ void AppState::saveCurrentAsProfile(std::string name) {
 }
 
 void AppState::renameProfile(Uuid id, std::string name) {
-    const auto found = std::find_if(profiles.begin(), profiles.end(),
-                                    [&id](const Profile &profile) { return profile.id == id; });
+    const auto found = std::ranges::find(profiles, id, &Profile::id);
     if (found != profiles.end()) {
         found->name = std::move(name);
         saveProfiles();

@@ -59,7 +59,7 @@ View AboutTab::body() {
     return tab;
 }
 
-View AboutTab::link(std::string address, bool isPlain, View label) {
+View AboutTab::link(const std::string &address, bool isPlain, View label) {
     return {.content = Link{.address = address,
                             .isPlain = isPlain,
                             .label = {std::move(label)},

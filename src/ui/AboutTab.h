@@ -22,7 +22,7 @@ class AboutTab : public SettingsTab {
     View body() override;
 
   private:
-    View link(std::string address, bool isPlain, View label);
+    View link(const std::string &address, bool isPlain, View label);
     View webPageLink();
     View donationLink();
     View creditLink();

@@ -25,6 +25,7 @@ FileFact factOf(const std::filesystem::path &path) {
 
 std::vector<FileFact> readFileFacts(const std::vector<std::filesystem::path> &paths) {
     std::vector<FileFact> facts;
+    facts.reserve(paths.size());
     for (const std::filesystem::path &path : paths) {
         facts.push_back(factOf(path));
     }
