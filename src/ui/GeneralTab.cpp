@@ -70,10 +70,10 @@ Alert noWindowAlert() {
 
 } // namespace
 
-GeneralTab::GeneralTab(const CorvaneConfig &config, platform::LoginItem &loginItem,
+GeneralTab::GeneralTab(CorvaneConfig config, platform::LoginItem &loginItem,
                        platform::Alerts &alerts, platform::Applications &applications,
                        const WindowResolver &windowResolver)
-    : config_(config),
+    : config_(std::move(config)),
       startAtLogin_(loginItem.isEnabled()),
       loginItem_(loginItem),
       alerts_(alerts),
@@ -102,7 +102,7 @@ View GeneralTab::modeCard() {
         rows.insert(rows.end(),
                     {{.content = Divider{}}, zoneRow(), {.content = Divider{}}, anchorToggle()});
         if (config_.windowAnchor) {
-            rows.push_back(anchorLine());
+            rows.push_back(anchorLine(*config_.windowAnchor));
         }
     }
     return cardModifier(column(std::move(rows), 10));
@@ -130,8 +130,7 @@ View GeneralTab::anchorToggle() {
                               .changed = {weakly(this, &GeneralTab::setAnchored)}}};
 }
 
-View GeneralTab::anchorLine() const {
-    const WindowAnchor &anchor = *config_.windowAnchor;
+View GeneralTab::anchorLine(const WindowAnchor &anchor) const {
     return row(
         {symbolImage("link", calloutFont, Colour{ColourName::systemBlue}),
          singleLine(styledText(localisedFormat("Anchored to %@", {anchor.appName(applications_)}),

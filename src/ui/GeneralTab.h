@@ -20,9 +20,8 @@ class LoginItem;
 class GeneralTab : public SettingsTab {
   public:
     /// Everything but the configuration outlives the tab.
-    GeneralTab(const CorvaneConfig &config, platform::LoginItem &loginItem,
-               platform::Alerts &alerts, platform::Applications &applications,
-               const WindowResolver &windowResolver);
+    GeneralTab(CorvaneConfig config, platform::LoginItem &loginItem, platform::Alerts &alerts,
+               platform::Applications &applications, const WindowResolver &windowResolver);
 
     /// Applies and saves the edited configuration.
     Handler<CorvaneConfig> onSave;
@@ -37,7 +36,7 @@ class GeneralTab : public SettingsTab {
     View modeCard();
     View zoneRow();
     View anchorToggle();
-    View anchorLine() const;
+    View anchorLine(const WindowAnchor &anchor) const;
     View rateCard();
     View limitCard();
     View loginToggle();
