@@ -42,7 +42,7 @@ std::vector<std::string> assignments(const Environment &environment) {
     std::vector<std::string> result;
     result.reserve(environment.size());
     for (const auto &[name, value] : environment) {
-        result.push_back(name + "=" + value);
+        result.emplace_back(name).append("=").append(value);
     }
     return result;
 }

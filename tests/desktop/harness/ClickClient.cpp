@@ -4,8 +4,7 @@
 #include "WaitUntil.h"
 #include "platform/linux/XcbReply.h"
 
-#include <algorithm>
-#include <iterator>
+#include <ranges>
 #include <stdexcept>
 
 namespace corvane::desktop {
@@ -142,11 +141,12 @@ const std::vector<ClickClient::Fields> &ClickClient::reports(const std::string &
 
 std::optional<ClickClient::Fields> ClickClient::lastReport(const std::string &kind,
                                                            int window) const {
-    const std::vector<Fields> &all = reports(kind);
-    const auto found = std::find_if(all.rbegin(), all.rend(), [&](const Fields &fields) {
-        return fields.at(1) == std::to_string(window);
-    });
-    return found == all.rend() ? std::nullopt : std::optional(*found);
+    for (const Fields &fields : std::views::reverse(reports(kind))) {
+        if (fields.at(1) == std::to_string(window)) {
+            return fields;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace corvane::desktop
