@@ -15,9 +15,9 @@ class StoppedPanelTest : public DesktopTest {
     static constexpr std::chrono::seconds soon{12};
 
     StoppedPanelTest() { keepWindowManagerOut(); }
-    ~StoppedPanelTest() override { continuePanel(); }
-    StoppedPanelTest(const StoppedPanelTest &) = delete;
-    StoppedPanelTest &operator=(const StoppedPanelTest &) = delete;
+
+    /// It has to hear that it is to end.
+    void TearDown() override { continuePanel(); }
 
     void stopPanel() {
         panel_.process().signal(SIGSTOP);

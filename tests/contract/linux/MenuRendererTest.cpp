@@ -248,10 +248,7 @@ TEST_F(MenuRendererTest, DoesNotAnswerTheKeyOfADisabledLine) {
 }
 
 TEST_F(MenuRendererTest, ScrollsAMenuThatIsTallerThanTheScreen) {
-    std::vector<std::string> names;
-    for (int index = 0; index < 500; ++index) {
-        names.push_back("Profile " + std::to_string(index));
-    }
+    const std::vector<std::string> names(500, "Profile 500");
     renderer_.setMenu(sampleMenu(names));
     profiles().popup(QPoint(0, 0));
     ASSERT_TRUE(turnUntil([this] { return profiles().isVisible(); }));
