@@ -3,6 +3,8 @@
 #include "BackEnd.h"
 #include "support/RecordingPlatform.h"
 
+#include <gtest/gtest.h>
+
 namespace corvane::contract {
 
 /// The back end in memory that the unit tests run on.
@@ -10,7 +12,7 @@ class RecorderBackEnd : public BackEnd {
   public:
     static std::unique_ptr<BackEnd> make() { return std::make_unique<RecorderBackEnd>(); }
 
-    RecorderBackEnd() { (void)platform_.fileSystem().createDirectories(directory()); }
+    RecorderBackEnd() { EXPECT_TRUE(platform_.fileSystem().createDirectories(directory())); }
 
     platform::Platform &platform() override { return platform_; }
     bool turnUntil(const std::function<bool()> &condition) override;

@@ -11,8 +11,6 @@ namespace corvane::desktop {
 
 namespace {
 
-using testing::HasSubstr;
-
 Position operator+(Position one, Position other) { return {one.x + other.x, one.y + other.y}; }
 Position operator-(Position one, Position other) { return {one.x - other.x, one.y - other.y}; }
 

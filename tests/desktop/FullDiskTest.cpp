@@ -24,7 +24,7 @@ class FullDiskTest : public DesktopTest {
 
     /// The program finds a small file system in the place of its home.
     std::unique_ptr<CorvaneProcess> startWithSmallHome() {
-        constexpr std::size_t bytes = 64 * 1024;
+        constexpr std::size_t bytes{65'536};
         CorvaneProcess::Options options;
         options.mounts.putSmallFileSystem(desktop_.home(), bytes);
         return startAndAwaitItem(std::move(options));

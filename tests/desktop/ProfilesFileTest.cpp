@@ -15,7 +15,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
-using testing::StartsWith;
 
 /// What the program makes of the profiles file it finds.
 class ProfilesFileTest : public DesktopTest {
@@ -69,12 +68,12 @@ std::vector<Damage> damages() {
     return {
         {"", "not valid JSON"},
         {"\xff\xfe not text", "not valid JSON"},
-        {std::string("{\"profiles\":[") + goodProfile, "not valid JSON"},
+        {std::string(R"({"profiles":[)") + goodProfile, "not valid JSON"},
         {"[]", "not an object"},
         {"{}", "profiles: missing"},
         {R"({"profiles":null})", "profiles: missing"},
         {R"({"profiles":{}})", "profiles: not a list"},
-        {std::string("{\"profiles\":[") + goodProfile + "],\"activeProfileID\":\"Good\"}",
+        {std::string(R"({"profiles":[)") + goodProfile + R"(],"activeProfileID":"Good"})",
          "activeProfileID: not a known value"},
         {fileWith(""), "number 2: id: missing"},
         {fileWith(std::string(R"("id":"1","name":"Bad",)") + settings),

@@ -52,8 +52,8 @@ TEST_F(SettingsWindowOnDesktop, hasAFixedSizeInTheMiddleOfTheScreen) {
     EXPECT_EQ(hints[1] & (all | minimize), 0);
 
     const auto &screen = connection.screen();
-    EXPECT_NEAR(window.middle().x, screen.width_in_pixels / 2, 30);
-    EXPECT_NEAR(window.middle().y, screen.height_in_pixels / 2, 60);
+    EXPECT_NEAR(window.middle().x, screen.width_in_pixels / 2.0, 30);
+    EXPECT_NEAR(window.middle().y, screen.height_in_pixels / 2.0, 60);
 }
 
 TEST_F(SettingsWindowOnDesktop, keepsItsTabWhenChosenAgainAndComesBackNewOnceClosed) {

@@ -17,9 +17,10 @@ class ZoneRunTest : public DesktopTest {
         return waitForMoreClicks(2);
     }
 
+    /// A click for which the pointer was read before it moved may still be under way.
     bool isQuietAt(Position position) {
         pointer_.moveTo(position);
-        return staysQuiet();
+        return waitUntil([this] { return staysQuiet(); });
     }
 
     std::unique_ptr<CorvaneProcess> corvane_ =

@@ -14,8 +14,7 @@ std::unexpected<Failure> missing(const fs::path &path) {
 }
 
 bool isInside(const fs::path &path, const fs::path &directory) {
-    return std::mismatch(directory.begin(), directory.end(), path.begin(), path.end()).first ==
-           directory.end();
+    return std::ranges::mismatch(directory, path).in1 == directory.end();
 }
 
 } // namespace

@@ -8,9 +8,9 @@ namespace {
 
 /// The event is a copy: it may destroy the overlay.
 template <typename Event, typename Value>
-void send(bool isVisible, const Event event, Value value) {
+void send(bool isVisible, Event event, Value value) {
     if (isVisible && event) {
-        event(value);
+        std::move(event)(value);
     }
 }
 

@@ -57,6 +57,7 @@ RecordingHotKeys::registerHotKey(const platform::HotKey &hotKey) {
 
 std::vector<platform::HotKey> RecordingHotKeys::registered() const {
     std::vector<platform::HotKey> result;
+    result.reserve(hotKeys_.size());
     for (const auto &[number, hotKey] : hotKeys_) {
         result.push_back(hotKey);
     }

@@ -104,7 +104,7 @@ void RecordingMainQueue::fireDueTimers() {
             due.emplace_back(appointment.deadline, number);
         }
     }
-    std::sort(due.begin(), due.end());
+    std::ranges::sort(due);
     for (const auto &[deadline, number] : due) {
         const auto found = timers_.find(number);
         if (found == timers_.end()) {

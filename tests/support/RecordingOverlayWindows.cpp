@@ -78,15 +78,15 @@ RecordingOverlayWindows::create(const BorderlessWindow &window, platform::Overla
 
 std::vector<std::shared_ptr<RecordedOverlay>> RecordingOverlayWindows::visible() const {
     std::vector<std::shared_ptr<RecordedOverlay>> result;
-    std::copy_if(overlays_.begin(), overlays_.end(), std::back_inserter(result),
-                 [](const auto &overlay) { return overlay->isVisible; });
+    std::ranges::copy_if(overlays_, std::back_inserter(result),
+                         [](const auto &overlay) { return overlay->isVisible; });
     return result;
 }
 
 std::vector<std::shared_ptr<RecordedOverlay>> RecordingOverlayWindows::living() const {
     std::vector<std::shared_ptr<RecordedOverlay>> result;
-    std::copy_if(overlays_.begin(), overlays_.end(), std::back_inserter(result),
-                 [](const auto &overlay) { return !overlay->isDestroyed; });
+    std::ranges::copy_if(overlays_, std::back_inserter(result),
+                         [](const auto &overlay) { return !overlay->isDestroyed; });
     return result;
 }
 

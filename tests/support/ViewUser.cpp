@@ -81,7 +81,7 @@ ViewUser ViewUser::inside(const std::string &label) const {
 }
 
 void ViewUser::press(const std::string &title) const {
-    const Button &button = titled<Button>(tree_, title);
+    const auto &button = titled<Button>(tree_, title);
     if (!button.isEnabled) {
         throw std::logic_error("disabled: " + title);
     }
@@ -100,7 +100,7 @@ void ViewUser::turn(const std::string &toggleTitle, bool isOn) const {
 }
 
 void ViewUser::choose(const std::string &pickerLabel, const std::string &option) const {
-    const Picker &picker = labelled<Picker>(tree_, pickerLabel);
+    const auto &picker = labelled<Picker>(tree_, pickerLabel);
     const auto found = std::ranges::find(picker.options, option);
     if (found == picker.options.end()) {
         throw std::logic_error("no option " + option);
@@ -113,14 +113,14 @@ void ViewUser::enterNumber(const std::string &label, std::int64_t value) const {
 }
 
 void ViewUser::stepUp(const std::string &label) const {
-    const Stepper &stepper = labelled<Stepper>(tree_, label);
+    const auto &stepper = labelled<Stepper>(tree_, label);
     if (const auto next = stepper.incremented()) {
         stepper.changed(*next);
     }
 }
 
 void ViewUser::stepDown(const std::string &label) const {
-    const Stepper &stepper = labelled<Stepper>(tree_, label);
+    const auto &stepper = labelled<Stepper>(tree_, label);
     if (const auto next = stepper.decremented()) {
         stepper.changed(*next);
     }
@@ -131,7 +131,7 @@ void ViewUser::type(const std::string &label, const std::string &text) const {
 }
 
 void ViewUser::chooseMenuItem(const std::string &menuLabel, const std::string &title) const {
-    const MenuButton &menu = labelled<MenuButton>(tree_, menuLabel);
+    const auto &menu = labelled<MenuButton>(tree_, menuLabel);
     const auto found = std::ranges::find(menu.items, title, &MenuButtonItem::title);
     if (found == menu.items.end()) {
         throw std::logic_error("no menu item " + title);

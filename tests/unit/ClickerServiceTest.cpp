@@ -222,7 +222,7 @@ TEST_F(ClickerServiceTest, ASecondStartEndsTheFirstRun) {
     EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2, 3}));
 
     Lines lines = log_.messages();
-    std::sort(lines.begin(), lines.end());
+    std::ranges::sort(lines);
     EXPECT_EQ(lines, (Lines{"Clicker started: mode=cursor interval=0.5s maxClicks=0",
                             "Clicker started: mode=cursor interval=1.0s maxClicks=0",
                             "Clicker stopped after 1 clicks"}));
@@ -292,8 +292,10 @@ TEST_F(ClickerServiceTest, EndsItsRunsBeforeItGoes) {
 }
 
 TEST_F(ClickerServiceTest, StandsStartsAndStopsFromManyThreads) {
+    constexpr int threadCount = 4;
     std::vector<std::thread> threads;
-    for (int thread = 0; thread < 4; ++thread) {
+    threads.reserve(threadCount);
+    for (int thread = 0; thread < threadCount; ++thread) {
         threads.emplace_back([this] {
             for (int turn = 0; turn < 20; ++turn) {
                 start({.clickRate = 1000});

@@ -19,7 +19,8 @@ TEST(DynamicZoneRect, IsNeverSeenHalfWritten) {
     DynamicZoneRect zone({0, 0, 0, 0});
     std::atomic isWriting = true;
     std::thread writer([&] {
-        for (double value = 1; value <= 20000; ++value) {
+        for (int turn = 1; turn <= 20000; ++turn) {
+            const double value = turn;
             zone.setRect({value, value, value, value});
         }
         isWriting = false;

@@ -133,7 +133,7 @@ TEST(ForeignJson, AMillionLevelsAreAnError) {
 
 TEST(ForeignJson, BracketsWithinTextAreNoLevels) {
     expectIgnored("\"" + std::string(10'000, '[') + "\"");
-    expectIgnored("\"\\\"" + std::string(10'000, '{') + "\\\\\"");
+    expectIgnored(R"("\")" + std::string(10'000, '{') + R"(\\")");
     std::string flat = "[";
     for (int element = 0; element < 10'000; ++element) {
         flat += "[],";

@@ -86,7 +86,7 @@ TEST_F(LinuxLoginItemTest, RegisteringSwitchesAHiddenEntryOn) {
 }
 
 TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
-    const auto odd = config_.path() / "a \"b\" $c `d` \\e 100%";
+    const auto odd = config_.path() / R"(a "b" $c `d` \e 100%)";
     std::filesystem::copy_file("/bin/sh", odd);
     x11::LinuxLoginItem item(files_, config_.path(), odd);
     ASSERT_TRUE(item.registerItem().has_value());
@@ -95,7 +95,7 @@ TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
                                " --at-login\n"),
               std::string::npos)
         << readEntry();
-    EXPECT_NE(readEntry().find("\nTryExec=" + directory + R"(/a "b" $c `d` \\e 100%)" + "\n"),
+    EXPECT_NE(readEntry().find("\nTryExec=" + directory + R"(/a "b" $c `d` \e 100%)" + "\n"),
               std::string::npos)
         << readEntry();
     EXPECT_TRUE(item.isEnabled());

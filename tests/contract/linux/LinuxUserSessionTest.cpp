@@ -7,6 +7,7 @@
 #include <QDBusVirtualObject>
 
 #include <memory>
+#include <utility>
 
 namespace corvane::contract {
 
@@ -21,7 +22,7 @@ const QString sessionPath = u"/org/freedesktop/login1/session/_37"_s;
 /// Knows one session, that of whoever asks.
 class FakeLoginManager : public QDBusVirtualObject {
   public:
-    explicit FakeLoginManager(const QDBusConnection &bus) : bus_(bus) {
+    explicit FakeLoginManager(QDBusConnection bus) : bus_(std::move(bus)) {
         bus_.registerVirtualObject(managerPath, this);
         bus_.registerService(loginService);
     }
@@ -83,7 +84,7 @@ class LinuxUserSessionTest : public WindowSystemTest {
         return turnUntil([&] { return session_.isAway() == isAway; });
     }
 
-    static void saySaver(QDBusConnection bus, const QString &interface, bool isOn) {
+    static void saySaver(const QDBusConnection &bus, const QString &interface, bool isOn) {
         auto signal = QDBusMessage::createSignal(u"/ScreenSaver"_s, interface, u"ActiveChanged"_s);
         signal << isOn;
         bus.send(signal);

@@ -391,9 +391,10 @@ TEST_F(StatusBarTest, TakesTheColourThatTheTrayPublishes) {
     ASSERT_TRUE(registers(panel));
     const auto pixmap = panel.iconPixmaps().last();
     // The bytes come most significant first: alpha, red, green, blue.
-    const auto *arrow = pixmap.bytes.constData() +
-                        4 * (pixmap.width * (pixmap.height * 15 / 24) + pixmap.width * 15 / 24);
-    EXPECT_EQ(QByteArray(arrow, 4), QByteArray("\xFF\x00\xFF\xFF", 4));
+    const qsizetype bytesPerPixel = 4;
+    const qsizetype arrow = pixmap.width * (pixmap.height * 15 / 24) + pixmap.width * 15 / 24;
+    EXPECT_EQ(pixmap.bytes.mid(arrow * bytesPerPixel, bytesPerPixel),
+              QByteArray("\xFF\x00\xFF\xFF", bytesPerPixel));
 }
 
 } // namespace

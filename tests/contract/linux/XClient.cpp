@@ -2,10 +2,10 @@
 
 #include "platform/linux/XcbKeyboard.h"
 
+#include <QByteArray>
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
 #include <ranges>
 
 #include <poll.h>
@@ -18,7 +18,7 @@ constexpr int patienceMilliseconds = 20000;
 
 } // namespace
 
-XClient::XClient() : connection_(std::getenv("DISPLAY")) { // NOLINT(concurrency-mt-unsafe)
+XClient::XClient() : connection_(qgetenv("DISPLAY").toStdString()) {
     const x11::XcbReply<xcb_xkb_use_extension_reply_t> reply(xcb_xkb_use_extension_reply(
         connection_.get(), xcb_xkb_use_extension(connection_.get(), 1, 0), nullptr));
     EXPECT_TRUE(reply && reply->supported != 0);

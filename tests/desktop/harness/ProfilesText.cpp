@@ -57,7 +57,7 @@ std::vector<StoredProfile> manyOddProfiles() {
 std::string profilesText(const std::vector<StoredProfile> &profiles,
                          const std::optional<std::string> &activeID) {
     std::string text = "{\n";
-    text += activeID ? "  \"activeProfileID\" : \"" + *activeID + "\",\n" : "";
+    text += activeID ? R"(  "activeProfileID" : ")" + *activeID + "\",\n" : "";
     text += "  \"profiles\" : [\n";
     for (const StoredProfile &profile : profiles) {
         text += (&profile == &profiles.front() ? "" : ",\n") + profileText(profile);
@@ -66,7 +66,7 @@ std::string profilesText(const std::vector<StoredProfile> &profiles,
 }
 
 std::vector<std::string> profileIDs(const std::string &text) {
-    constexpr std::string_view key = "\"id\" : \"";
+    constexpr std::string_view key = R"("id" : ")";
     std::vector<std::string> ids;
     for (std::size_t found = text.find(key); found != std::string::npos;
          found = text.find(key, found + 1)) {

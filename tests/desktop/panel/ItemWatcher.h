@@ -23,9 +23,8 @@ class ItemWatcher : public QObject, protected QDBusContext {
     bool hasHost() const { return true; }
     int protocolVersion() const { return 0; }
 
-  public Q_SLOTS:
     // Named as on the bus.
-    void RegisterStatusNotifierItem(const QString &service);
+    Q_SLOT void RegisterStatusNotifierItem(const QString &service);
 
   private:
     QString item_;
