@@ -141,7 +141,7 @@ TEST_F(LogTest, AnotherNameOfAFileInTheFilesPlaceIsNotWritten) {
 
 TEST_F(LogTest, AFileOfAnotherUserLosesTheLineSilently) {
     constexpr uid_t somebodyElse = 65534;
-    constexpr gid_t sameGroup = static_cast<gid_t>(-1);
+    constexpr auto sameGroup = static_cast<gid_t>(-1);
     std::ofstream(file_) << "theirs";
     std::filesystem::permissions(file_, std::filesystem::perms::all);
     // Only the superuser can give a file away; for anybody else, this one is another user's.

@@ -26,7 +26,10 @@ std::string storeWith(const std::string &member, const std::string &replacement)
     for (const auto &[key, value] : members) {
         const std::string &written = key == member ? replacement : value;
         if (!written.empty()) {
-            text += (text.empty() ? "" : ",") + ("\"" + key + "\":" + written);
+            text += text.empty() ? "\"" : ",\"";
+            text += key;
+            text += "\":";
+            text += written;
         }
     }
     return "{\"profiles\":[{" + text + "}]}";
@@ -122,10 +125,12 @@ TEST(ProfileStoreJson, ReadsAnIdInLowerCaseAndWritesItInUpperCase) {
 TEST(ProfileStoreJson, AProfileWithoutZoneAndAnchorKeepsNone) {
     const std::string id = std::string("\"") + firstId + "\"";
     for (const std::string optionals : {"", R"(,"zoneRect":null,"windowAnchor":null)"}) {
-        const auto store = decodeProfileStore(
-            R"({"profiles":[{"id":)" + id +
-            R"(,"name":"","clickMode":"cursor","clickRate":1,"timeUnit":"s","maxClicks":0)" +
-            optionals + "}]}");
+        std::string read = R"({"profiles":[{"id":)";
+        read += id;
+        read += R"(,"name":"","clickMode":"cursor","clickRate":1,"timeUnit":"s","maxClicks":0)";
+        read += optionals;
+        read += "}]}";
+        const auto store = decodeProfileStore(read);
         ASSERT_TRUE(store);
         EXPECT_EQ(store->profiles.front().config, CorvaneConfig{});
         const std::string text = *encodeProfileStore(*store);

@@ -24,7 +24,7 @@ class RecordingMainQueueTest : public ::testing::Test {
 
 TEST_F(RecordingMainQueueTest, RunsWorkInTheOrderPostedInALaterTurn) {
     queue_.post([this] {
-        order_.push_back("first");
+        order_.emplace_back("first");
         queue_.post(note("third"));
     });
     queue_.post(note("second"));

@@ -58,8 +58,10 @@ TEST(SerialQueue, FinishesAlsoWhatItsOwnWorkPosts) {
 TEST(SerialQueue, TakesWorkFromManyThreads) {
     int done = 0;
     SerialQueue queue;
+    constexpr int threadCount = 4;
     std::vector<std::thread> threads;
-    for (int thread = 0; thread < 4; ++thread) {
+    threads.reserve(threadCount);
+    for (int thread = 0; thread < threadCount; ++thread) {
         threads.emplace_back([&] {
             for (int number = 0; number < 250; ++number) {
                 queue.post([&done] { ++done; });

@@ -128,8 +128,8 @@ TEST_F(StatusBarControllerTest, OnlyTheActiveProfileIsChecked) {
     state.profiles = {{first, "One", {}}, {second, "Two", {}}};
     state.activeProfileID = second;
     const Menu built = controller.menu();
-    const auto profiles = std::find_if(built.items.begin(), built.items.end(),
-                                       [](const MenuItem &item) { return item.submenu; });
+    const auto profiles = std::ranges::find_if(
+        built.items, [](const MenuItem &item) { return item.submenu.has_value(); });
     ASSERT_NE(profiles, built.items.end());
     EXPECT_EQ(listing({*profiles->submenu}),
               "One | loadProfile: | " + first.text() + "\n[x] Two | loadProfile: | " +

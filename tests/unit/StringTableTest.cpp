@@ -31,9 +31,9 @@ TEST(StringTableTest, AnEmptyTableHoldsNothing) {
 
 TEST(StringTableTest, WhatIsLaidOutOtherwiseIsNoTable) {
     for (const char *source :
-         {"Start = \"Starten\";", "\"Start\" \"Starten\";", "\"Start\" = \"Starten\"",
-          "\"Start\" = ;", "\"Start", "\"Start\\", "\"Start\" = \"\\q\";", "/* no end",
-          "\"a\" = \"b\"; c", "\"a\" = \"b\"; /* no end", "\"a\" = \"b\"; \"a\" = \"c\";"}) {
+         {R"(Start = "Starten";)", R"("Start" "Starten";)", R"("Start" = "Starten")",
+          R"("Start" = ;)", R"("Start)", R"("Start\)", R"("Start" = "\q";)", "/* no end",
+          R"("a" = "b"; c)", R"("a" = "b"; /* no end)", R"("a" = "b"; "a" = "c";)"}) {
         EXPECT_EQ(parsedStringTable(source), std::nullopt) << source;
     }
 }

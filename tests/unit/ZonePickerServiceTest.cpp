@@ -383,7 +383,7 @@ TEST_F(ZonePickerServiceTest, WhateverTheUserDoesAPickIsAnsweredOnceAndLeavesNot
         pick();
         while (!platform.overlayWindows().living().empty()) {
             const auto living = platform.overlayWindows().living();
-            const auto any = living.at(static_cast<std::size_t>(kind(random)) % living.size());
+            const auto &any = living.at(static_cast<std::size_t>(kind(random)) % living.size());
             const Point point{static_cast<double>(coordinate(random)),
                               static_cast<double>(coordinate(random))};
             switch (kind(random)) {
@@ -411,8 +411,8 @@ TEST_F(ZonePickerServiceTest, WhateverTheUserDoesAPickIsAnsweredOnceAndLeavesNot
         }
     }
     const auto isZone = [](const auto &answer) { return answer.has_value(); };
-    EXPECT_TRUE(std::any_of(answers.begin(), answers.end(), isZone));
-    EXPECT_FALSE(std::all_of(answers.begin(), answers.end(), isZone));
+    EXPECT_TRUE(std::ranges::any_of(answers, isZone));
+    EXPECT_FALSE(std::ranges::all_of(answers, isZone));
 }
 
 } // namespace

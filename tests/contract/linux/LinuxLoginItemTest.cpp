@@ -95,7 +95,7 @@ TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
                                " --at-login\n"),
               std::string::npos)
         << readEntry();
-    EXPECT_NE(readEntry().find("\nTryExec=" + directory + R"(/a "b" $c `d` \e 100%)" + "\n"),
+    EXPECT_NE(readEntry().find("\nTryExec=" + directory + R"(/a "b" $c `d` \\e 100%)" + "\n"),
               std::string::npos)
         << readEntry();
     EXPECT_TRUE(item.isEnabled());
