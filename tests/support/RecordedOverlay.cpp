@@ -1,16 +1,17 @@
 #include "support/RecordedOverlay.h"
 
+#include <functional>
 #include <utility>
 
 namespace corvane::testing {
 
 namespace {
 
-/// The event is a copy: it may destroy the overlay.
 template <typename Event, typename Value>
-void send(bool isVisible, Event event, Value value) {
+void send(bool isVisible, const Event &event, Value value) {
     if (isVisible && event) {
-        std::move(event)(value);
+        // A copy, because what is called may destroy the overlay.
+        std::invoke(Event{event}, value);
     }
 }
 
