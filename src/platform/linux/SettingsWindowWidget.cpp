@@ -35,12 +35,12 @@ int heightFor(QWidget &widget, int width) {
 
 SettingsWindowWidget::SettingsWindowWidget(
     const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
-    std::function<void(const std::string &)> toolbarItemSelected)
+    const std::function<void(const std::string &)> &toolbarItemSelected)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
       width_(static_cast<int>(std::lround(window.width))),
       symbols_(std::move(symbols)),
-      toolbar_(new ToolbarWidget(window.toolbar, *symbols_, std::move(toolbarItemSelected))),
+      toolbar_(new ToolbarWidget(window.toolbar, *symbols_, toolbarItemSelected)),
       scrollArea_(new QScrollArea) {
     setAttribute(Qt::WA_QuitOnClose, false);
     setWindowTitle(QString::fromStdString(window.title));

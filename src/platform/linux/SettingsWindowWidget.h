@@ -22,8 +22,9 @@ class ToolbarWidget;
 /// be and scrolls where the screen is too low for it.
 class SettingsWindowWidget : public QWidget, public AccessibleRole {
   public:
-    SettingsWindowWidget(const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
-                         std::function<void(const std::string &identifier)> toolbarItemSelected);
+    SettingsWindowWidget(
+        const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
+        const std::function<void(const std::string &identifier)> &toolbarItemSelected);
 
     ToolbarWidget &toolbar() { return *toolbar_; }
 
