@@ -122,7 +122,6 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     if (!isShown_) {
         return;
     }
-    stage_.sender().draws();
     if (frame_.size() != former.size() || part_ != formerPart) {
         repaint();
     }
