@@ -1,7 +1,7 @@
 #include "MovingWindow.h"
 
 #include "harness/WindowTree.h"
-#include "platform/linux/XcbReply.h"
+#include "platform/x11/connection/XcbReply.h"
 
 #include <algorithm>
 #include <array>

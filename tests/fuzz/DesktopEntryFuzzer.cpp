@@ -1,9 +1,9 @@
 // The desktop files of other programs, and the text of our own.
 
 #include "Fuzzing.h"
-#include "platform/linux/DesktopEntries.h"
-#include "platform/linux/DesktopEntry.h"
-#include "platform/linux/WindowTitle.h"
+#include "platform/freedesktop/applications/DesktopEntries.h"
+#include "platform/freedesktop/applications/DesktopEntry.h"
+#include "platform/linux/environment/TextDecoding.h"
 
 #include <filesystem>
 #include <fstream>

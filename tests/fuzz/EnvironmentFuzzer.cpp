@@ -1,9 +1,9 @@
 // What stands in environment variables, on its way to names, paths and languages.
 
 #include "Fuzzing.h"
-#include "platform/linux/CommandAddress.h"
-#include "platform/linux/UserDirectories.h"
-#include "platform/linux/UserLanguages.h"
+#include "platform/linux/commands/CommandAddress.h"
+#include "platform/linux/environment/UserDirectories.h"
+#include "platform/linux/environment/UserLanguages.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,7 @@
 // What a panel, or whoever is on the message bus, calls the menu with.
 
 #include "Fuzzing.h"
-#include "platform/linux/PanelMenu.h"
+#include "platform/freedesktop/tray/DBusMenuExporter.h"
 #include "support/ForeignMenuCalls.h"
 
 #include <QCoreApplication>

@@ -1,9 +1,9 @@
 // What other programs put into the properties of their windows, of the root window and of marks.
 
 #include "Fuzzing.h"
-#include "platform/linux/ButtonMarkValue.h"
-#include "platform/linux/WindowDescription.h"
-#include "platform/linux/WindowTitle.h"
+#include "platform/linux/environment/TextDecoding.h"
+#include "platform/x11/click/PressedButtonValue.h"
+#include "platform/x11/windows/WindowDescription.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
 // The titles and class names that other programs give their windows, on their way to a menu.
 
 #include "Fuzzing.h"
-#include "platform/linux/DisplayText.h"
-#include "platform/linux/MenuText.h"
-#include "platform/linux/WindowTitle.h"
+#include "platform/drawing/DisplayText.h"
+#include "platform/drawing/MenuText.h"
+#include "platform/linux/environment/TextDecoding.h"
 
 #include <QStringDecoder>
 

@@ -1,12 +1,12 @@
 #include "platform/linux/DesktopReading.h"
 
-#include "platform/linux/LinuxHotKeys.h"
-#include "platform/linux/MenuText.h"
-#include "platform/linux/ServerAbilities.h"
-#include "platform/linux/SessionBus.h"
-#include "platform/linux/WindowProperty.h"
-#include "platform/linux/WindowTitle.h"
-#include "platform/linux/XcbEvents.h"
+#include "platform/drawing/MenuText.h"
+#include "platform/freedesktop/bus/SessionBus.h"
+#include "platform/linux/environment/TextDecoding.h"
+#include "platform/x11/connection/ServerAbilities.h"
+#include "platform/x11/connection/WindowProperty.h"
+#include "platform/x11/connection/XcbEvents.h"
+#include "platform/x11/hotkey/HotKeys.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -1,8 +1,8 @@
 #include "platform/linux/LinuxPlatform.h"
 
-#include "platform/linux/UserDirectories.h"
-#include "platform/linux/UserLanguages.h"
-#include "platform/linux/XcbEvents.h"
+#include "platform/linux/environment/UserDirectories.h"
+#include "platform/linux/environment/UserLanguages.h"
+#include "platform/x11/connection/XcbEvents.h"
 
 #include <QCoreApplication>
 

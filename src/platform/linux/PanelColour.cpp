@@ -1,6 +1,6 @@
 #include "platform/linux/PanelColour.h"
 
-#include "platform/linux/SystemTray.h"
+#include "platform/x11/screens/SystemTray.h"
 
 #include <QGuiApplication>
 #include <QPalette>

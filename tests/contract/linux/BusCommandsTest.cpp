@@ -1,7 +1,7 @@
-#include "platform/linux/BusCommands.h"
+#include "platform/linux/commands/BusCommands.h"
 
 #include "EventLoop.h"
-#include "platform/linux/CommandAddress.h"
+#include "platform/linux/commands/CommandAddress.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

@@ -2,8 +2,8 @@
 
 #include "EnvironmentVariable.h"
 #include "VirtualDesktop.h"
-#include "platform/linux/LinuxHotKeys.h"
-#include "platform/linux/XcbEvents.h"
+#include "platform/x11/connection/XcbEvents.h"
+#include "platform/x11/hotkey/HotKeys.h"
 
 #include <gtest/gtest.h>
 

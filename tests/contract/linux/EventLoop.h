@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/XcbEvents.h"
+#include "platform/x11/connection/XcbEvents.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
-#include "platform/linux/ExactTimer.h"
+#include "platform/linux/timing/ExactTimer.h"
 
 #include "EventLoop.h"
-#include "platform/linux/LinuxClock.h"
+#include "platform/linux/timing/Clock.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>

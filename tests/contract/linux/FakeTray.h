@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/XcbConnection.h"
+#include "platform/x11/connection/XcbConnection.h"
 
 #include <QColor>
 #include <xcb/xcb.h>

@@ -4,7 +4,7 @@
 #include "EnvironmentVariable.h"
 #include "TemporaryFolder.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "platform/linux/XcbEvents.h"
+#include "platform/x11/connection/XcbEvents.h"
 
 namespace corvane::contract {
 

@@ -1,6 +1,5 @@
-#include "platform/linux/LinuxClock.h"
-
-#include "platform/linux/DescriptorWait.h"
+#include "platform/linux/timing/Clock.h"
+#include "platform/linux/timing/DescriptorWait.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,6 @@
-#include "platform/linux/LinuxMainQueue.h"
-
 #include "EventLoop.h"
-#include "platform/linux/LinuxClock.h"
+#include "platform/linux/timing/Clock.h"
+#include "platform/linux/timing/MainQueue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "EventLoop.h"
 #include "TemporaryFolder.h"
 #include "harness/AnotherUser.h"
-#include "platform/linux/LinuxMainQueue.h"
+#include "platform/linux/timing/MainQueue.h"
 #include "platform/posix/CommandMessage.h"
 #include "platform/posix/CommandSender.h"
 #include "platform/posix/CommandSocket.h"

@@ -1,10 +1,11 @@
+#include "platform/linux/StatusBar.h"
+
 #include "EventLoop.h"
 #include "FakePanel.h"
 #include "FakeTray.h"
 #include "SampleMenu.h"
 #include "ScriptedPanel.h"
 #include "XClient.h"
-#include "platform/linux/LinuxStatusBar.h"
 
 #include <QApplication>
 #include <QCursor>

@@ -1,4 +1,4 @@
-#include "platform/linux/UserDirectories.h"
+#include "platform/linux/environment/UserDirectories.h"
 
 #include "EnvironmentVariable.h"
 

@@ -1,4 +1,4 @@
-#include "platform/linux/UserLanguages.h"
+#include "platform/linux/environment/UserLanguages.h"
 
 #include "EnvironmentVariable.h"
 

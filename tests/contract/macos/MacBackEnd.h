@@ -2,7 +2,7 @@
 
 #include "BackEnd.h"
 #include "TemporaryFolder.h"
-#include "platform/macos/MacPlatform.h"
+#include "platform/macos/app/MacPlatform.h"
 
 namespace corvane::contract {
 

@@ -2,7 +2,7 @@
 
 #include "TextFile.h"
 #include "WaitUntil.h"
-#include "platform/linux/XcbReply.h"
+#include "platform/x11/connection/XcbReply.h"
 
 #include <ranges>
 #include <stdexcept>

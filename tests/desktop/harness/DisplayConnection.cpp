@@ -1,6 +1,6 @@
 #include "DisplayConnection.h"
 
-#include "platform/linux/XcbReply.h"
+#include "platform/x11/connection/XcbReply.h"
 
 #include <algorithm>
 #include <iterator>

@@ -1,7 +1,7 @@
 #include "ScreenTaker.h"
 
 #include "WaitUntil.h"
-#include "platform/linux/XcbReply.h"
+#include "platform/x11/connection/XcbReply.h"
 
 #include <array>
 #include <cstdint>

@@ -1,9 +1,9 @@
 #import "platform/macos/settings/MacSettingsWindows.h"
 
-#import "platform/macos/KeptObjects.h"
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/MacToolbarDelegate.h"
 #import "platform/macos/settings/RenderedView.h"
+#import "platform/macos/support/KeptObjects.h"
+#import "platform/macos/support/Text.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #import "platform/macos/settings/MacToolbarDelegate.h"
 
-#import "platform/macos/Symbols.h"
-#import "platform/macos/Text.h"
+#import "platform/macos/support/Symbols.h"
+#import "platform/macos/support/Text.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,7 +1,7 @@
-#import "platform/macos/Symbols.h"
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/MacActionTarget.h"
 #import "platform/macos/settings/RenderedContent.h"
+#import "platform/macos/support/Symbols.h"
+#import "platform/macos/support/Text.h"
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"

@@ -1,5 +1,5 @@
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/RenderedContent.h"
+#import "platform/macos/support/Text.h"
 
 #import <QuartzCore/QuartzCore.h>
 

@@ -1,8 +1,8 @@
-#import "platform/macos/Symbols.h"
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/MacActionTarget.h"
 #import "platform/macos/settings/RenderedContent.h"
 #import "platform/macos/settings/Styles.h"
+#import "platform/macos/support/Symbols.h"
+#import "platform/macos/support/Text.h"
 
 #include <vector>
 

@@ -1,6 +1,6 @@
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/MacTextObserver.h"
 #import "platform/macos/settings/RenderedContent.h"
+#import "platform/macos/support/Text.h"
 #include "presentation/WholeNumber.h"
 
 #if !__has_feature(objc_arc)

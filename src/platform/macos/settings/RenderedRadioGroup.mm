@@ -1,6 +1,6 @@
-#import "platform/macos/Text.h"
 #import "platform/macos/settings/MacActionTarget.h"
 #import "platform/macos/settings/RenderedContent.h"
+#import "platform/macos/support/Text.h"
 
 #include <utility>
 #include <vector>

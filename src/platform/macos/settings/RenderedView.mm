@@ -1,7 +1,7 @@
 #import "platform/macos/settings/RenderedView.h"
 
-#import "platform/macos/KeptObjects.h"
 #import "platform/macos/settings/Widths.h"
+#import "platform/macos/support/KeptObjects.h"
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"

@@ -1,7 +1,7 @@
 #import "platform/macos/settings/Styles.h"
 
-#import "platform/macos/Colours.h"
-#import "platform/macos/Symbols.h"
+#import "platform/macos/support/Colours.h"
+#import "platform/macos/support/Symbols.h"
 
 #if !__has_feature(objc_arc)
 #error "Compile this file with -fobjc-arc"

@@ -1,0 +1,85 @@
+#include "platform/drawing/MenuText.h"
+
+#include "platform/drawing/DisplayText.h"
+#include "presentation/KeyHint.h"
+
+#include <array>
+#include <optional>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// What a title may take of a menu's width, in characters as a reader counts them.
+constexpr qsizetype longestLabel = 64;
+
+struct Modifier {
+    char16_t sign;
+    const char *name;
+};
+
+/// In the order in which they are named.
+constexpr std::array modifiers{Modifier{u'\u2318', "Super"}, Modifier{u'\u2303', "Control"},
+                               Modifier{u'\u2325', "Alt"}, Modifier{u'\u21E7', "Shift"}};
+
+/// The keys of a hint such as "⇧⌘Y"; nothing when the text is not one.
+std::optional<QStringList> hintKeys(const QString &hint) {
+    auto key = hint;
+    QStringList keys;
+    for (const auto &modifier : modifiers) {
+        if (key.contains(QChar(modifier.sign))) {
+            keys << QString::fromLatin1(modifier.name);
+            key.remove(QChar(modifier.sign));
+        }
+    }
+    if (keys.isEmpty() || key.isEmpty()) {
+        return std::nullopt;
+    }
+    return keys << key;
+}
+
+} // namespace
+
+std::string startStopKeyName() {
+    const auto hint = QString::fromUtf8(startStopKeyHint);
+    return hintKeys(hint).value_or(QStringList(hint)).join(u'+').toStdString();
+}
+
+MenuText menuText(const MenuItem &item) {
+    auto title = QString::fromStdString(item.title);
+    QStringList keys;
+    const auto tab = title.indexOf(u'\t');
+    if (tab >= 0) {
+        if (const auto hint = hintKeys(title.sliced(tab + 1))) {
+            keys = *hint;
+            title.truncate(tab);
+        }
+    }
+    if (!item.commandKey.empty()) {
+        keys = {QStringLiteral("Control"), QString::fromStdString(item.commandKey).toUpper()};
+    }
+    return {shortened(onOneLine(title), longestLabel), keys};
+}
+
+QString popupText(const MenuText &text) {
+    auto shown = withoutMnemonic(text.label);
+    if (!text.keys.isEmpty()) {
+        auto keys = text.keys;
+        keys.replaceInStrings(QStringLiteral("Control"), QStringLiteral("Ctrl"));
+        shown += u'\t' + keys.join(u'+');
+    }
+    return shown;
+}
+
+QString panelLabel(const MenuText &text) {
+    auto shown = text.label;
+    return shown.replace(u'_', QStringLiteral("__"));
+}
+
+QStringList panelKeys(const MenuText &text) {
+    auto keys = text.keys;
+    keys.replaceInStrings(QStringLiteral(","), QStringLiteral("comma"));
+    return keys;
+}
+
+} // namespace corvane::x11

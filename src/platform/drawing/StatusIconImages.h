@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/drawing/SymbolImages.h"
+#include "presentation/StatusIcon.h"
+#include "support/Geometry.h"
+
+#include <QColor>
+#include <QImage>
+#include <QList>
+
+namespace corvane::x11 {
+
+/// The button a status icon is laid out in, points.
+inline constexpr Size statusButtonSize{22, 22};
+
+/// The icon in the sizes panels ask for, its dot painted in; empty when there is no such symbol.
+QList<QImage> statusIconImages(const StatusIcon &icon, const QColor &colour, SymbolImages &symbols);
+
+} // namespace corvane::x11

@@ -1,0 +1,81 @@
+#include "platform/freedesktop/presence/ScreenSaverSignals.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
+#include <array>
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// Every desktop has an interface of its own with the same signal.
+constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
+                                   "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
+                                   "org.xfce.ScreenSaver"};
+
+} // namespace
+
+ScreenSaverSignals::ScreenSaverSignals(std::string busAddress,
+                                       std::function<void(bool isOn)> changed)
+    : changed_(std::move(changed)),
+      bus_([this] { busChanged(); }, std::move(busAddress)) {
+    savers_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
+    connect(&savers_, &QDBusServiceWatcher::serviceUnregistered, this, &ScreenSaverSignals::gone);
+    listen();
+}
+
+void ScreenSaverSignals::busChanged() {
+    for (const QString &saver : savers_.watchedServices()) {
+        gone(saver);
+    }
+    listen();
+}
+
+void ScreenSaverSignals::listen() {
+    QDBusConnection bus = bus_.connection();
+    if (!bus.isConnected()) {
+        return;
+    }
+    savers_.setConnection(bus);
+    for (const char *interface : interfaces) {
+        bus.connect(QString(), QString(), QString::fromLatin1(interface),
+                    QStringLiteral("ActiveChanged"), this, SLOT(activeChanged(bool, QDBusMessage)));
+    }
+}
+
+void ScreenSaverSignals::activeChanged(bool isOn, const QDBusMessage &message) {
+    changed_(isOn);
+    if (isOn) {
+        watch(message.service());
+    } else {
+        savers_.setWatchedServices({});
+    }
+}
+
+/// One that ends while it is on cannot say that it is off; it may have ended already.
+void ScreenSaverSignals::watch(const QString &saver) {
+    savers_.addWatchedService(saver);
+    auto question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
+    question << saver;
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
+    auto *pending = new QDBusPendingCallWatcher(bus_.connection().asyncCall(question), this);
+    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, saver] {
+        pending->deleteLater();
+        const QDBusPendingReply<bool> isThere = *pending;
+        if (!isThere.isError() && !isThere.value()) {
+            gone(saver);
+        }
+    });
+}
+
+void ScreenSaverSignals::gone(const QString &saver) {
+    if (savers_.removeWatchedService(saver)) {
+        changed_(false);
+    }
+}
+
+} // namespace corvane::x11

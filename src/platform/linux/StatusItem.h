@@ -1,0 +1,68 @@
+#pragma once
+
+#include "platform/StatusBar.h"
+#include "platform/drawing/SymbolImages.h"
+#include "platform/freedesktop/bus/SessionBus.h"
+#include "platform/freedesktop/tray/DBusMenuExporter.h"
+#include "platform/freedesktop/tray/StatusNotifierItem.h"
+#include "platform/freedesktop/tray/StatusNotifierRegistration.h"
+#include "platform/qt/menus/MenuRenderer.h"
+#include "platform/x11/screens/SystemTray.h"
+
+#include <QSystemTrayIcon>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace corvane::x11 {
+
+/// The status item on whatever panel the desktop has: by preference as a status notifier item,
+/// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
+/// and the message bus may come, go or restart at any time. Panels show no text beside an item: the
+/// icon's title is not drawn.
+class LinuxStatusItem : public platform::StatusItem {
+  public:
+    /// `events` outlives the item.
+    LinuxStatusItem(XcbEvents &events, std::function<void(const MenuCommand &)> perform);
+
+    std::optional<Size> buttonSize() const override;
+    void setIcon(const StatusIcon &icon) override;
+    void setMenu(const Menu &menu) override;
+    void setToolTip(const std::string &text) override;
+    bool isShown() const override { return isOnPanel_ || (trayIcon_ && tray_.isPresent()); }
+    void openMenu() override;
+
+  private:
+    /// What panels find on the message bus: a panel knows an item by its connection.
+    struct BusItem {
+        BusItem(LinuxStatusItem &owner, const QDBusConnection &bus);
+
+        PanelMenu menu;
+        StatusNotifierItem item;
+        StatusNotifierHost host;
+    };
+
+    void busChanged();
+    void panelWillRead();
+    void panelAnswered(PanelAnswer answer);
+    void showInSystemTray();
+    void trayVanished();
+    void paintIcon();
+    void openMenuFor(QPoint click);
+    void openMenuAt(QPoint place);
+
+    SystemTray tray_;
+    SymbolImages symbols_;
+    const std::function<void(const MenuCommand &)> perform_;
+    MenuRenderer popup_;
+    SessionBus bus_;
+    std::unique_ptr<BusItem> busItem_;
+    bool isOnPanel_ = false;
+    std::unique_ptr<QSystemTrayIcon> trayIcon_;
+    std::optional<StatusIcon> icon_;
+    QIcon painted_;
+    QString toolTip_;
+};
+
+} // namespace corvane::x11

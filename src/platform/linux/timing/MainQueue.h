@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/MainQueue.h"
+#include "platform/linux/timing/TimerQueue.h"
+
+#include <QObject>
+
+#include <deque>
+#include <mutex>
+
+namespace corvane::x11 {
+
+/// Qt's event loop as the main queue. Made on the main thread.
+class LinuxMainQueue : public platform::MainQueue {
+  public:
+    LinuxMainQueue() : receiver_(*this) {}
+
+    void post(std::function<void()> work) override;
+    std::unique_ptr<platform::Timer> after(std::chrono::nanoseconds delay,
+                                           std::function<void()> work) override;
+    std::unique_ptr<platform::Timer> every(std::chrono::nanoseconds period,
+                                           std::function<void()> work) override;
+
+  private:
+    /// Lives on the main thread, which brings it an event for each piece of work.
+    class Receiver : public QObject {
+      public:
+        explicit Receiver(LinuxMainQueue &queue) : queue_(queue) {}
+
+      private:
+        void customEvent(QEvent *event) override;
+
+        LinuxMainQueue &queue_;
+    };
+
+    std::function<void()> takeFirst();
+
+    std::mutex posting_;
+    std::deque<std::function<void()>> posted_;
+    Receiver receiver_;
+    TimerQueue timers_;
+};
+
+} // namespace corvane::x11

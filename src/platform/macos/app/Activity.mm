@@ -1,0 +1,28 @@
+#import "platform/macos/app/Activity.h"
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+namespace {
+
+// Threads without a run loop have nobody to empty an autorelease pool for them.
+id<NSObject> begin(NSActivityOptions options, NSString *reason) {
+    @autoreleasepool {
+        return [NSProcessInfo.processInfo beginActivityWithOptions:options reason:reason];
+    }
+}
+
+} // namespace
+
+Activity::Activity(NSActivityOptions options, NSString *reason) : token_(begin(options, reason)) {}
+
+Activity::~Activity() {
+    @autoreleasepool {
+        [NSProcessInfo.processInfo endActivity:token_];
+    }
+}
+
+} // namespace corvane::macos

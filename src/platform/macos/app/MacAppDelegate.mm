@@ -1,0 +1,148 @@
+#import "platform/macos/app/MacAppDelegate.h"
+
+#include "platform/Platform.h"
+#import "platform/macos/app/MacUserSession.h"
+#import "platform/macos/support/Text.h"
+
+#include <utility>
+#include <vector>
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace macos = corvane::macos;
+
+namespace {
+
+/// Empty for a sender that stands for nothing.
+std::string representedObject(id sender) {
+    NSObject *object = sender;
+    if (![object isKindOfClass:NSMenuItem.class]) {
+        return {};
+    }
+    NSObject *represented = static_cast<NSMenuItem *>(object).representedObject;
+    return [represented isKindOfClass:NSString.class]
+               ? macos::utf8(static_cast<NSString *>(represented))
+               : std::string();
+}
+
+} // namespace
+
+@implementation MacAppDelegate {
+    std::unique_ptr<corvane::platform::Platform> _platform;
+    std::unique_ptr<corvane::CorvaneApp> _application;
+    std::unique_ptr<macos::MacUserSession> _userSession;
+    std::vector<std::string> _earlyUrls;
+}
+
++ (instancetype)current {
+    NSObject *delegate = NSApp.delegate;
+    return [delegate isKindOfClass:self] ? static_cast<MacAppDelegate *>(delegate) : nil;
+}
+
+- (instancetype)initWithPlatform:(std::unique_ptr<corvane::platform::Platform>)platform
+                     application:(std::unique_ptr<corvane::CorvaneApp>)application {
+    self = [super init];
+    if (self != nil) {
+        _platform = std::move(platform);
+        _application = std::move(application);
+    }
+    return self;
+}
+
+- (void)applicationDidFinishLaunching:(NSNotification *)notification {
+    corvane::AppDelegate &delegate = _application->appDelegate();
+    delegate.applicationDidFinishLaunching();
+    _userSession = std::make_unique<macos::MacUserSession>(
+        [&delegate](bool isAway) { isAway ? delegate.userLeft() : delegate.userReturned(); });
+}
+
+- (void)applicationWillTerminate:(NSNotification *)notification {
+    _application->appDelegate().applicationWillTerminate();
+    _userSession.reset();
+    // The process exits without coming back to main: here runs end, saves finish and the last
+    // answers go out.
+    _application.reset();
+    _platform.reset();
+}
+
+/// What the system would restore after a new login is nothing; it asks in the log all the same.
+- (BOOL)applicationSupportsSecureRestorableState:(NSApplication *)application {
+    return YES;
+}
+
+- (void)application:(NSApplication *)application openURLs:(NSArray<NSURL *> *)urls {
+    for (NSURL *url in urls) {
+        if (NSString *text = url.absoluteString) {
+            [self take:macos::utf8(text)];
+        }
+    }
+}
+
+- (void)take:(const std::string &)url {
+    if (_openUrl) {
+        _openUrl(url);
+    } else {
+        _earlyUrls.push_back(url);
+    }
+}
+
+- (void)setOpenUrl:(std::function<void(const std::string &)>)openUrl {
+    _openUrl = std::move(openUrl);
+    if (_openUrl) {
+        for (const std::string &url : std::exchange(_earlyUrls, {})) {
+            _openUrl(url);
+        }
+    }
+}
+
+- (BOOL)applicationShouldHandleReopen:(NSApplication *)sender hasVisibleWindows:(BOOL)isVisible {
+    _application->appDelegate().applicationShouldHandleReopen();
+    return NO;
+}
+
+- (void)startClicking:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)stopClicking:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)setModeCursor:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)setModeZone:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)selectZone:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)loadProfile:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)saveAsProfile:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)showConfig:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)openAccessibilitySettings:(id)sender {
+    [self send:_cmd from:sender];
+}
+
+- (void)send:(SEL)command from:(id)sender {
+    if (self.perform) {
+        self.perform({.action = macos::utf8(NSStringFromSelector(command)),
+                      .representedObject = representedObject(sender)});
+    }
+}
+
+@end

@@ -1,0 +1,63 @@
+#import "platform/macos/overlay/MacOverlayWindow.h"
+
+#import "platform/macos/support/Colours.h"
+#import "platform/macos/support/Geometry.h"
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace macos = corvane::macos;
+
+namespace {
+
+NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &description) {
+    NSWindowCollectionBehavior behaviour = NSWindowCollectionBehaviorDefault;
+    if (description.joinsAllSpaces) {
+        behaviour |= NSWindowCollectionBehaviorCanJoinAllSpaces;
+    }
+    if (description.fullScreenAuxiliary) {
+        behaviour |= NSWindowCollectionBehaviorFullScreenAuxiliary;
+    }
+    return behaviour;
+}
+
+} // namespace
+
+@implementation MacOverlayWindow {
+    BOOL _canBecomeKey;
+}
+
+- (instancetype)initWithDescription:(const corvane::BorderlessWindow &)description
+                        contentView:(NSView *)contentView {
+    self = [super initWithContentRect:macos::systemRectangle(description.frame)
+                            styleMask:NSWindowStyleMaskBorderless
+                              backing:NSBackingStoreBuffered
+                                defer:NO];
+    if (self != nil) {
+        _canBecomeKey = description.canBecomeKey;
+        self.releasedWhenClosed = NO;
+        self.level = description.level;
+        self.opaque = NO;
+        self.backgroundColor = macos::systemColour(description.background);
+        self.hasShadow = NO;
+        self.ignoresMouseEvents = description.ignoresMouseEvents;
+        self.acceptsMouseMovedEvents = description.acceptsMouseMovedEvents;
+        self.collectionBehavior = collectionBehaviour(description);
+        self.contentView = contentView;
+        // Keys go to the view from the moment the window has the keyboard, not from the first
+        // click.
+        self.initialFirstResponder = contentView;
+    }
+    return self;
+}
+
+- (BOOL)canBecomeKeyWindow {
+    return _canBecomeKey;
+}
+
+- (BOOL)canBecomeMainWindow {
+    return _canBecomeKey;
+}
+
+@end

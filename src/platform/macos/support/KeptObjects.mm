@@ -1,0 +1,17 @@
+#import "platform/macos/support/KeptObjects.h"
+
+#if !__has_feature(objc_arc)
+#error "Compile this file with -fobjc-arc"
+#endif
+
+namespace corvane::macos {
+
+void keepThroughEvents(NSObject *object) {
+    // Menus and alerts turn the run loop in modes of their own.
+    [NSRunLoop.mainRunLoop performInModes:@[ NSDefaultRunLoopMode ]
+                                    block:^{
+                                      (void)object;
+                                    }];
+}
+
+} // namespace corvane::macos

@@ -1,0 +1,175 @@
+#include "platform/qt/alerts/AlertDialog.h"
+
+#include "platform/drawing/DisplayText.h"
+#include "platform/qt/alerts/AlertImage.h"
+#include "platform/qt/controls/AccessibleRole.h"
+#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/windows/WindowActivation.h"
+
+#include <QBoxLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScreen>
+#include <QTimer>
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <string_view>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+namespace {
+
+constexpr int margin = 22;
+constexpr int columnSpacing = margin - 4;
+constexpr int imageSize = 56;
+constexpr int shortestLine = 280;
+constexpr int longestLine = 400;
+constexpr int leastButtonWidth = 88;
+constexpr int buttonPadding = 14;
+/// More than that no reader needs, and no screen has room for.
+constexpr qsizetype longestText = 600;
+
+/// A picture of which a screen reader has nothing to say.
+class DecorationLabel : public QLabel, public AccessibleRole {
+  public:
+    QAccessible::Role accessibleRole() const override { return QAccessible::LayeredPane; }
+};
+
+/// The width that a screen leaves for the texts beside the image.
+int roomForTexts(const QScreen &screen) {
+    constexpr int frame = 8;
+    return screen.availableGeometry().width() - 2 * margin - imageSize - columnSpacing - frame;
+}
+
+/// As wide as its text on one line where that is neither too narrow nor too wide, else wrapped.
+QLabel *makeLabel(const std::string &source, const QFont &font, int room) {
+    const auto text = QString::fromStdString(source);
+    auto *label = new QLabel(breakable(shortened(onOneLine(text), longestText)));
+    label->setTextFormat(Qt::PlainText);
+    label->setFont(font);
+    label->setWordWrap(true);
+    const auto natural = QFontMetrics(font).horizontalAdvance(label->text());
+    label->setFixedWidth(std::min(std::clamp(natural + 2, shortestLine, longestLine), room));
+    label->setAccessibleName(text);
+    return label;
+}
+
+} // namespace
+
+AlertDialog::AlertDialog(const Alert &alert)
+    : QDialog(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                           Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint),
+      chosen_(alert.buttons.empty() ? 0 : alert.buttons.size() - 1) {
+    installAccessibleRoles();
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowTitle(onOneLine(QString::fromStdString(alert.messageText)));
+    setAccessibleName(QString::fromStdString(alert.messageText));
+
+    auto *image = new DecorationLabel;
+    image->setPixmap(alertImage(alert, imageSize, devicePixelRatioF()));
+
+    auto *columns = new QHBoxLayout;
+    columns->setSpacing(columnSpacing);
+    columns->addWidget(image, 0, Qt::AlignTop);
+    columns->addLayout(makeTexts(alert), 1);
+
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(margin, margin, margin, margin - 4);
+    rows->setSpacing(margin);
+    rows->addLayout(columns);
+    rows->addLayout(makeButtons(alert));
+    rows->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+AlertResponse AlertDialog::response() const {
+    return {.button = chosen_, .fieldText = field_ ? field_->text().toStdString() : std::string()};
+}
+
+QBoxLayout *AlertDialog::makeTexts(const Alert &alert) {
+    auto messageFont = font();
+    messageFont.setBold(true);
+    messageFont.setPointSizeF(QFontInfo(messageFont).pointSizeF() * 1.1);
+    auto *texts = new QVBoxLayout;
+    texts->setSpacing(6);
+    const int room = roomForTexts(*screen());
+    texts->addWidget(makeLabel(alert.messageText, messageFont, room));
+    texts->addWidget(makeLabel(alert.informativeText, font(), room));
+    if (alert.field) {
+        addField(*texts, *alert.field, alert.informativeText);
+    }
+    texts->addStretch(1);
+    return texts;
+}
+
+void AlertDialog::addField(QBoxLayout &layout, const AlertField &field,
+                           const std::string &description) {
+    field_ = new QLineEdit(QString::fromStdString(field.text));
+    field_->setPlaceholderText(QString::fromStdString(field.placeholder));
+    field_->setFixedSize(
+        std::min(static_cast<int>(std::lround(field.size.width)), roomForTexts(*screen())),
+        static_cast<int>(std::lround(field.size.height)));
+    field_->setAccessibleName(QString::fromStdString(description));
+    field_->selectAll();
+    layout.addSpacing(6);
+    layout.addWidget(field_);
+}
+
+QBoxLayout *AlertDialog::makeButtons(const Alert &alert) {
+    auto *row = new QHBoxLayout;
+    row->setSpacing(8);
+    row->addStretch(1);
+    for (std::size_t index = 0; index < alert.buttons.size(); ++index) {
+        const auto title = QString::fromStdString(alert.buttons[index]);
+        auto *button = new QPushButton(withoutMnemonic(title));
+        button->setAccessibleName(title);
+        button->setMinimumWidth(
+            std::max(leastButtonWidth, fontMetrics().horizontalAdvance(title) + 2 * buttonPadding));
+        button->setDefault(index == 0);
+        connect(button, &QPushButton::clicked, this, [this, index] {
+            chosen_ = index;
+            accept();
+        });
+        row->addWidget(button);
+        if (index == 0 && !field_) {
+            button->setFocus();
+        }
+    }
+    if (field_) {
+        field_->setFocus();
+    }
+    return row;
+}
+
+void AlertDialog::showOnEveryWorkspace() {
+    const auto *application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    if (!application) {
+        return;
+    }
+    auto *connection = application->connection();
+    constexpr std::string_view name = "_NET_WM_DESKTOP";
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, name.size(), name.data()), nullptr));
+    if (atom) {
+        constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(winId()),
+                            atom->atom, XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
+    }
+}
+
+void AlertDialog::showEvent(QShowEvent *event) {
+    showOnEveryWorkspace();
+    QDialog::showEvent(event);
+    // The window is on the screen when this event has been handled.
+    QTimer::singleShot(0, this, [this] { activateIgnoringOthers(*this); });
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

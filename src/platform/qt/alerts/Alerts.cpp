@@ -1,0 +1,13 @@
+#include "platform/qt/alerts/Alerts.h"
+
+#include "platform/qt/alerts/AlertDialog.h"
+
+namespace corvane::x11 {
+
+AlertResponse LinuxAlerts::runModal(const Alert &alert) {
+    AlertDialog dialog(alert);
+    dialog.exec();
+    return dialog.response();
+}
+
+} // namespace corvane::x11

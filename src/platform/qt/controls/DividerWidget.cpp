@@ -1,0 +1,16 @@
+#include "platform/qt/controls/DividerWidget.h"
+
+#include "platform/qt/controls/ViewStyling.h"
+
+#include <QPainter>
+
+namespace corvane::x11 {
+
+DividerWidget::DividerWidget() { setFixedHeight(1); }
+
+void DividerWidget::paintEvent(QPaintEvent *) {
+    constexpr double strength = 0.12;
+    QPainter(this).fillRect(rect(), faded(palette(), strength));
+}
+
+} // namespace corvane::x11

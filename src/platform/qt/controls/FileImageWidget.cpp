@@ -1,0 +1,45 @@
+#include "platform/qt/controls/FileImageWidget.h"
+
+#include "platform/qt/controls/ContinuousCorners.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+#include <cmath>
+
+namespace corvane::x11 {
+
+void FileImageWidget::render(const View &view, Rendering) {
+    if (view == view_) {
+        return;
+    }
+    view_ = view;
+    picture_ = {};
+    const Size size = std::get<FileImage>(view.content).size;
+    setFixedSize(static_cast<int>(std::lround(size.width)),
+                 static_cast<int>(std::lround(size.height)));
+    setAccessibleName(QString::fromStdString(view.accessibilityLabel));
+    update();
+}
+
+const QPixmap &FileImageWidget::picture() {
+    const QSize pixels = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    if (picture_.size() != pixels) {
+        QImageReader reader(
+            QString::fromStdString(std::get<FileImage>(view_.content).file.string()));
+        reader.setScaledSize(pixels);
+        picture_ = QPixmap::fromImageReader(&reader);
+        picture_.setDevicePixelRatio(devicePixelRatioF());
+    }
+    return picture_;
+}
+
+void FileImageWidget::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipPath(
+        continuousRoundedRectangle(rect(), std::get<FileImage>(view_.content).cornerRadius));
+    painter.drawPixmap(0, 0, picture());
+}
+
+} // namespace corvane::x11

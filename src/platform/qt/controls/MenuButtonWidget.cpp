@@ -1,0 +1,79 @@
+#include "platform/qt/controls/MenuButtonWidget.h"
+
+#include "platform/drawing/DisplayText.h"
+#include "platform/drawing/SymbolImages.h"
+#include "platform/qt/menus/WarningMenuStyle.h"
+
+#include <QEvent>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+MenuButtonWidget::MenuButtonWidget(SymbolImages &symbols) : symbols_(symbols) {
+    constexpr int iconSide = 20;
+    setIconSize({iconSide, iconSide});
+    setAutoRaise(true);
+    setFocusPolicy(Qt::StrongFocus);
+    connect(this, &QToolButton::clicked, this, &MenuButtonWidget::openMenu);
+}
+
+void MenuButtonWidget::render(const View &view, Rendering) {
+    const bool isSame = view == view_;
+    view_ = view;
+    if (!isSame) {
+        refresh();
+    }
+}
+
+void MenuButtonWidget::refresh() {
+    setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    setToolTip(accessibleName());
+    setIcon(symbols_.icon(menuButton().symbolName, palette(), QPalette::WindowText,
+                          QPalette::WindowText));
+}
+
+bool MenuButtonWidget::event(QEvent *event) {
+    if (event->type() == QEvent::PaletteChange) {
+        refresh();
+    }
+    return QToolButton::event(event);
+}
+
+/// A menu made for the occasion: a long list of profiles would keep very many. Whoever opens it by
+/// keyboard finds its first line chosen.
+void MenuButtonWidget::openMenu() {
+    menu_ = new QMenu(this);
+    menu_->setAttribute(Qt::WA_DeleteOnClose);
+    menu_->setStyle(new WarningMenuStyle(menu_));
+    for (const MenuButtonItem &item : menuButton().items) {
+        addItem(*menu_, item);
+    }
+    menu_->popup(mapToGlobal(QPoint(0, height())));
+    if (!isClickedByMouse_) {
+        menu_->setActiveAction(menu_->actions().constFirst());
+    }
+}
+
+void MenuButtonWidget::mouseReleaseEvent(QMouseEvent *event) {
+    isClickedByMouse_ = true;
+    QToolButton::mouseReleaseEvent(event);
+    isClickedByMouse_ = false;
+}
+
+void MenuButtonWidget::addItem(QMenu &menu, const MenuButtonItem &item) {
+    if (item.title.empty()) {
+        menu.addSeparator();
+        return;
+    }
+    auto *action = menu.addAction(withoutMnemonic(QString::fromStdString(item.title)));
+    action->setProperty(WarningMenuStyle::isWarning, item.isDestructive);
+    // After the menu has closed, because a dialog may follow.
+    connect(
+        action, &QAction::triggered, this, [handler = item.action] { handler(); },
+        Qt::QueuedConnection);
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

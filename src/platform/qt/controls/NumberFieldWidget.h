@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/qt/controls/ViewWidget.h"
+
+#include <QLineEdit>
+
+namespace corvane::x11 {
+
+/// Shows a number field.
+class NumberFieldWidget : public QLineEdit, public ViewWidget {
+  public:
+    NumberFieldWidget();
+
+    QWidget &widget() override { return *this; }
+    void render(const View &view, Rendering rendering) override;
+
+  protected:
+    void focusOutEvent(QFocusEvent *event) override;
+
+  private:
+    const NumberField &field() const { return std::get<NumberField>(view_.content); }
+    void takeOver(const QString &text);
+    void showValue();
+
+    View view_{NumberField{}};
+};
+
+} // namespace corvane::x11

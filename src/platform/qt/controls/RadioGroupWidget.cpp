@@ -1,0 +1,84 @@
+#include "platform/qt/controls/RadioGroupWidget.h"
+
+#include "platform/drawing/DisplayText.h"
+#include "platform/qt/controls/ViewStyling.h"
+
+#include <QEvent>
+#include <QPointer>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+RadioGroupWidget::RadioGroupWidget() {
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(6);
+}
+
+void RadioGroupWidget::render(const View &view, Rendering) {
+    view_ = view;
+    while (buttons_.size() < picker().options.size()) {
+        addButton();
+    }
+    while (buttons_.size() > picker().options.size()) {
+        delete buttons_.back();
+        buttons_.pop_back();
+    }
+    refresh();
+}
+
+void RadioGroupWidget::addButton() {
+    auto *button = new QRadioButton(this);
+    connect(button, &QRadioButton::clicked, this,
+            [this, index = buttons_.size()] { choose(index); });
+    layout()->addWidget(button);
+    buttons_.push_back(button);
+}
+
+void RadioGroupWidget::choose(std::size_t index) {
+    if (index == picker().selected) {
+        return;
+    }
+    const QPointer<RadioGroupWidget> self(this);
+    picker().changed(index);
+    // Only the view says which one is chosen.
+    if (self) {
+        refresh();
+    }
+}
+
+/// The Tab key leads to the chosen one only, the arrow keys from there to the others.
+void RadioGroupWidget::check(std::size_t index) {
+    if (index >= buttons_.size()) {
+        return;
+    }
+    buttons_[index]->setChecked(true);
+    for (QRadioButton *button : buttons_) {
+        button->setFocusPolicy(button->isChecked() ? Qt::StrongFocus : Qt::ClickFocus);
+    }
+}
+
+bool RadioGroupWidget::event(QEvent *event) {
+    if (event->type() == QEvent::PaletteChange) {
+        refresh();
+    }
+    return QWidget::event(event);
+}
+
+void RadioGroupWidget::refresh() {
+    setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    for (std::size_t index = 0; index < buttons_.size(); ++index) {
+        const QString title = QString::fromStdString(picker().options[index]);
+        buttons_[index]->setText(withoutMnemonic(title));
+        buttons_[index]->setAccessibleName(title);
+        buttons_[index]->setPalette(indicatorPalette());
+    }
+    check(picker().selected);
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

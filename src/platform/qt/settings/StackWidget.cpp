@@ -1,0 +1,209 @@
+#include "platform/qt/settings/StackWidget.h"
+
+#include "platform/drawing/SymbolImages.h"
+#include "platform/qt/controls/ContinuousCorners.h"
+#include "platform/qt/controls/ViewStyling.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+namespace {
+
+int pixels(double length) { return static_cast<int>(std::lround(length)); }
+
+Qt::Alignment qtAlignment(Alignment alignment) {
+    switch (alignment) {
+    case Alignment::leading:
+        return Qt::AlignLeft;
+    case Alignment::center:
+        return Qt::AlignCenter;
+    case Alignment::trailing:
+        return Qt::AlignRight;
+    case Alignment::top:
+        return Qt::AlignTop;
+    }
+    return {};
+}
+
+/// Across the axis of the stack.
+Qt::Alignment alignmentAcross(const Stack &stack) {
+    return qtAlignment(stack.alignment) &
+           (stack.axis == Axis::vertical ? Qt::AlignHorizontal_Mask : Qt::AlignVertical_Mask);
+}
+
+/// The view without what the box around it shows.
+View bare(const View &view) {
+    View content = view;
+    content.padding = {};
+    content.width.reset();
+    content.minHeight.reset();
+    content.fullWidth.reset();
+    content.background.reset();
+    content.identity.clear();
+    return content;
+}
+
+Stack boxed(const View &view) { return {.children = {bare(view)}}; }
+
+} // namespace
+
+StackWidget::StackWidget(SymbolImages &symbols)
+    : symbols_(symbols),
+      frame_(new QHBoxLayout(this)),
+      content_(new QVBoxLayout) {
+    frame_->setSpacing(0);
+    frame_->setContentsMargins(0, 0, 0, 0);
+    frame_->addStretch();
+    frame_->addLayout(content_);
+    frame_->addStretch();
+}
+
+void StackWidget::render(const View &view, Rendering rendering) {
+    renderFrame(view);
+    if (const auto *stack = std::get_if<Stack>(&view.content)) {
+        renderStack(*stack, rendering);
+    } else {
+        renderStack(boxed(view), rendering);
+    }
+    align(view);
+}
+
+void StackWidget::renderStack(const Stack &stack, Rendering rendering) {
+    content_->setDirection(stack.axis == Axis::vertical ? QBoxLayout::TopToBottom
+                                                        : QBoxLayout::LeftToRight);
+    // Setting what is set already would lay everything out anew.
+    if (content_->spacing() != pixels(stack.spacing)) {
+        content_->setSpacing(pixels(stack.spacing));
+    }
+    children_ = matchChildren(stack.children);
+    for (std::size_t index = 0; index < children_.size(); ++index) {
+        children_[index].widget->render(stack.children[index], rendering);
+    }
+    arrange(stack);
+}
+
+void StackWidget::renderFrame(const View &view) {
+    const Insets &padding = view.padding;
+    frame_->setContentsMargins(pixels(padding.leading), pixels(padding.top),
+                               pixels(padding.trailing), pixels(padding.bottom));
+    // Once only: the owner of the outermost view goes on with another width.
+    if (width_ != view.width) {
+        width_ = view.width;
+        setMinimumWidth(width_ ? pixels(*width_) : 0);
+        setMaximumWidth(width_ ? pixels(*width_) : QWIDGETSIZE_MAX);
+    }
+    setMinimumHeight(pixels(view.minHeight.value_or(0)));
+    // What is given a height keeps its content in the middle of it.
+    const Qt::Alignment alignment = view.minHeight ? Qt::AlignVCenter : Qt::Alignment();
+    if (content_->alignment() != alignment) {
+        frame_->setAlignment(content_, alignment);
+    }
+    setAccessibleName(QString::fromStdString(view.accessibilityLabel));
+    if (background_ != view.background) {
+        background_ = view.background;
+        update();
+    }
+}
+
+/// For each view the child that showed it before, or else a new one; the others are retired.
+std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<View> &views) {
+    std::vector<Child> former = std::exchange(children_, {});
+    std::vector<Child> matched;
+    for (const View &view : views) {
+        const ViewKind kind = kindOf(view);
+        const auto found = std::ranges::find(former, kind, &Child::kind);
+        if (found == former.end()) {
+            matched.push_back({kind, makeViewWidget(view, symbols_), true});
+            matched.back().widget->widget().setParent(this);
+        } else {
+            matched.push_back({kind, found->widget, false});
+            former.erase(found);
+        }
+    }
+    for (const Child &child : former) {
+        retire(*child.widget);
+    }
+    return matched;
+}
+
+/// It may be the very widget whose handler is running.
+void StackWidget::retire(ViewWidget &child) {
+    child.widget().hide();
+    child.widget().deleteLater();
+}
+
+void StackWidget::arrange(const Stack &stack) {
+    std::vector<Place> places;
+    contentFills_ = false;
+    for (std::size_t index = 0; index < children_.size(); ++index) {
+        const bool fills = fillsWidth(stack.children[index]);
+        contentFills_ = contentFills_ || fills;
+        const bool fillsAcross = fills && stack.axis == Axis::vertical;
+        places.push_back({&children_[index].widget->widget(),
+                          fills && stack.axis == Axis::horizontal ? 1 : 0,
+                          fillsAcross ? Qt::Alignment() : alignmentAcross(stack)});
+    }
+    if (places == places_) {
+        return;
+    }
+    places_ = std::move(places);
+    while (QLayoutItem *item = content_->takeAt(0)) {
+        delete item;
+    }
+    for (const Place &place : places_) {
+        content_->addWidget(place.widget, place.stretch, place.alignment);
+    }
+    orderChildren();
+}
+
+/// Puts the children in the order in which keyboards and screen readers go through them.
+void StackWidget::orderChildren() {
+    for (Child &child : children_) {
+        child.widget->widget().raise();
+        if (std::exchange(child.isNew, false)) {
+            child.widget->widget().show();
+        }
+    }
+}
+
+void StackWidget::align(const View &view) {
+    // Without a frame of its own the stack is as wide as its content, and fills nothing.
+    const bool fills = contentFills_ || !view.fullWidth;
+    const bool spaceBefore = !fills && *view.fullWidth != Alignment::leading;
+    const bool spaceAfter = !fills && *view.fullWidth != Alignment::trailing;
+    frame_->setStretch(0, spaceBefore ? 1 : 0);
+    frame_->setStretch(1, fills ? 1 : 0);
+    frame_->setStretch(2, spaceAfter ? 1 : 0);
+}
+
+QAccessible::Role StackWidget::accessibleRole() const {
+    return accessibleName().isEmpty() ? QAccessible::LayeredPane : QAccessible::Grouping;
+}
+
+void StackWidget::paintEvent(QPaintEvent *) {
+    if (!background_) {
+        return;
+    }
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF bounds = rect();
+    if (background_->shape == BackgroundShape::capsule) {
+        QPainterPath capsule;
+        capsule.addRoundedRect(bounds, bounds.height() / 2, bounds.height() / 2);
+        painter.fillPath(capsule, fillColour(background_->fill, palette()));
+    } else {
+        painter.fillPath(continuousRoundedRectangle(bounds, background_->cornerRadius),
+                         fillColour(background_->fill, palette()));
+    }
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

@@ -1,0 +1,82 @@
+#include "platform/qt/settings/ViewFactory.h"
+
+#include "platform/qt/controls/ButtonWidget.h"
+#include "platform/qt/controls/DividerWidget.h"
+#include "platform/qt/controls/FileImageWidget.h"
+#include "platform/qt/controls/LinkWidget.h"
+#include "platform/qt/controls/MenuButtonWidget.h"
+#include "platform/qt/controls/MenuPickerWidget.h"
+#include "platform/qt/controls/NumberFieldWidget.h"
+#include "platform/qt/controls/RadioGroupWidget.h"
+#include "platform/qt/controls/StepperWidget.h"
+#include "platform/qt/controls/SymbolWidget.h"
+#include "platform/qt/controls/TextFieldWidget.h"
+#include "platform/qt/controls/TextWidget.h"
+#include "platform/qt/controls/ToggleWidget.h"
+#include "platform/qt/settings/StackWidget.h"
+
+#include <algorithm>
+
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
+
+namespace corvane::x11 {
+
+namespace {
+
+bool hasFrame(const View &view) {
+    return view.padding != Insets{} || view.minHeight || view.fullWidth || view.background;
+}
+
+struct WidgetMaker {
+    SymbolImages &symbols;
+
+    ViewWidget *operator()(const Stack &) const { return new StackWidget(symbols); }
+    ViewWidget *operator()(const Text &) const { return new TextWidget; }
+    ViewWidget *operator()(const SymbolImage &) const { return new SymbolWidget(symbols); }
+    ViewWidget *operator()(const FileImage &) const { return new FileImageWidget; }
+    ViewWidget *operator()(const Button &) const { return new ButtonWidget(symbols); }
+    ViewWidget *operator()(const Toggle &) const { return new ToggleWidget(symbols); }
+    ViewWidget *operator()(const Picker &picker) const {
+        if (picker.style == PickerStyle::radioGroup) {
+            return new RadioGroupWidget;
+        }
+        return new MenuPickerWidget;
+    }
+    ViewWidget *operator()(const NumberField &) const { return new NumberFieldWidget; }
+    ViewWidget *operator()(const Stepper &) const { return new StepperWidget; }
+    ViewWidget *operator()(const TextField &) const { return new TextFieldWidget; }
+    ViewWidget *operator()(const Divider &) const { return new DividerWidget; }
+    ViewWidget *operator()(const MenuButton &) const { return new MenuButtonWidget(symbols); }
+    ViewWidget *operator()(const Link &) const { return new LinkWidget(symbols); }
+};
+
+} // namespace
+
+ViewKind kindOf(const View &view) {
+    const auto *picker = std::get_if<Picker>(&view.content);
+    return {.content = view.content.index(),
+            .variety = picker ? static_cast<std::size_t>(picker->style) : 0,
+            .isBoxed = hasFrame(view) && !std::holds_alternative<Stack>(view.content),
+            .identity = view.identity};
+}
+
+ViewWidget *makeViewWidget(const View &view, SymbolImages &symbols) {
+    if (kindOf(view).isBoxed) {
+        return new StackWidget(symbols);
+    }
+    return std::visit(WidgetMaker{symbols}, view.content);
+}
+
+bool fillsWidth(const View &view) {
+    if (view.width) {
+        return false;
+    }
+    const auto *stack = std::get_if<Stack>(&view.content);
+    return view.fullWidth || std::holds_alternative<TextField>(view.content) ||
+           std::holds_alternative<Divider>(view.content) ||
+           (stack && std::ranges::any_of(stack->children, fillsWidth));
+}
+
+} // namespace corvane::x11
+
+// NOLINTEND(cppcoreguidelines-owning-memory)

@@ -1,0 +1,84 @@
+#include "platform/x11/click/ButtonWatchdog.h"
+
+#include "platform/x11/click/PressedButtonRecord.h"
+#include "support/Log.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// Whatever the process it watches gave it stays with that one alone.
+void keepOnly(int descriptor) {
+    constexpr int input = 0;
+    if (descriptor != input) {
+        dup2(descriptor, input);
+    }
+    if (const int nowhere = open("/dev/null", O_RDWR | O_CLOEXEC); nowhere >= 0) {
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+    }
+    constexpr unsigned firstOther = STDERR_FILENO + 1;
+    close_range(firstOther, ~0U, 0);
+}
+
+/// Whoever ends the session or the terminal means the process that is watched.
+void outliveSession() {
+    setsid();
+    for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT}) {
+        std::signal(number, SIG_IGN);
+    }
+}
+
+/// False when the process at the other end is gone without having said so.
+bool awaitOrderlyEnd(int lifeline) {
+    char word = 0;
+    ssize_t length = -1;
+    do {
+        length = read(lifeline, &word, 1);
+    } while (length < 0 && errno == EINTR);
+    return length == 1;
+}
+
+[[noreturn]] void watch(int lifeline, pid_t watched) {
+    prctl(PR_SET_NAME, "corvane-guard");
+    keepOnly(lifeline);
+    outliveSession();
+    if (!awaitOrderlyEnd(STDIN_FILENO)) {
+        const auto connection = XcbConnection::open();
+        if (connection && releaseMarkedButtons(**connection, watched)) {
+            log("Released the mouse button after an unexpected end");
+        }
+    }
+    std::_Exit(EXIT_SUCCESS);
+}
+
+} // namespace
+
+ButtonGuard::ButtonGuard() {
+    std::array<int, 2> ends{-1, -1};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+        return;
+    }
+    const posix::FileDescriptor readEnd(ends[0]);
+    lifeline_ = posix::FileDescriptor(ends[1]);
+    const pid_t watched = getpid();
+    if (fork() == 0) {
+        watch(readEnd.get(), watched);
+    }
+}
+
+ButtonGuard::~ButtonGuard() {
+    constexpr char allIsWell = 1;
+    [[maybe_unused]] const ssize_t written = write(lifeline_.get(), &allIsWell, 1);
+}
+
+} // namespace corvane::x11

@@ -1,0 +1,183 @@
+#include "platform/x11/click/MouseSession.h"
+
+#include "platform/x11/click/PointerRequest.h"
+#include "platform/x11/connection/ServerAbilities.h"
+
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <span>
+
+#include <unistd.h>
+
+namespace corvane::x11 {
+
+namespace {
+
+constexpr std::uint8_t logicalLeftButton = 1;
+
+/// Of the logical buttons.
+bool isLeftButtonDown(const xcb_query_pointer_reply_t &reply) {
+    return (reply.mask & XCB_BUTTON_MASK_1) != 0;
+}
+
+/// Presses or releases a button wherever the cursor is: the program never moves it.
+class FakeButtonEvent : public platform::MouseEvent {
+  public:
+    FakeButtonEvent(LinuxMouseSession &session, platform::MouseEventType type, std::uint8_t button)
+        : session_(session),
+          type_(type),
+          button_(button) {}
+
+    /// The X server's clients count clicks themselves, from the time between them.
+    void setClickState(std::int64_t /*state*/) override {}
+
+    void post() override {
+        if (type_ == platform::MouseEventType::leftMouseDown) {
+            session_.press(button_);
+        } else {
+            session_.release(button_);
+        }
+    }
+
+    bool hasTakenEffect() override {
+        return type_ == platform::MouseEventType::leftMouseDown
+                   ? session_.hasPressTakenEffect()
+                   : session_.state().isLeftButtonDown != true;
+    }
+
+  private:
+    LinuxMouseSession &session_;
+    const platform::MouseEventType type_;
+    const std::uint8_t button_;
+};
+
+class FakeButtonSource : public platform::MouseEventSource {
+  public:
+    FakeButtonSource(LinuxMouseSession &session, std::uint8_t button)
+        : session_(session),
+          button_(button) {}
+
+    std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
+                                                           Point /*location*/) override {
+        return std::make_unique<FakeButtonEvent>(session_, type, button_);
+    }
+
+  private:
+    LinuxMouseSession &session_;
+    const std::uint8_t button_;
+};
+
+} // namespace
+
+LinuxMouseSession::LinuxMouseSession() { connect(); }
+
+/// The last release of the button must not be lost with the connection.
+LinuxMouseSession::~LinuxMouseSession() {
+    mark_.reset();
+    if (isUsable()) {
+        connection_->synchronise();
+    }
+}
+
+void LinuxMouseSession::press(std::uint8_t button) {
+    if (isUsable() && mark_) {
+        mark_->setPressed(button);
+        sendButton(XCB_BUTTON_PRESS, button);
+        connection_->flush();
+    }
+}
+
+bool LinuxMouseSession::hasPressTakenEffect() const {
+    const auto reply = isUsable() ? PointerQuestion(*connection_).answer() : nullptr;
+    return !reply || isLeftButtonDown(*reply);
+}
+
+void LinuxMouseSession::release(std::uint8_t button) {
+    if (isUsable() && mark_) {
+        sendButton(XCB_BUTTON_RELEASE, button);
+        mark_->setReleased();
+        connection_->flush();
+    }
+    // The loss of a connection may show when something is sent; the mark is still on the server.
+    ensureUsable();
+}
+
+void LinuxMouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
+    xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
+}
+
+platform::MouseState LinuxMouseSession::state() {
+    const auto reply = ensureUsable() ? PointerQuestion(*connection_).answer() : nullptr;
+    if (!reply) {
+        return {};
+    }
+    return {.cursorLocation =
+                Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)},
+            .isLeftButtonDown = isLeftButtonDown(*reply)};
+}
+
+std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource() {
+    if (!ensureUsable() || !isPressable_) {
+        return nullptr;
+    }
+    followMapping();
+    return leftButton_ ? std::make_unique<FakeButtonSource>(*this, *leftButton_) : nullptr;
+}
+
+bool LinuxMouseSession::isUsable() const { return connection_ && !connection_->isLost(); }
+
+bool LinuxMouseSession::ensureUsable() {
+    if (!isUsable()) {
+        connect();
+    }
+    return isUsable();
+}
+
+/// What the connection before it left pressed when it was lost is released first.
+void LinuxMouseSession::connect() {
+    mark_.reset();
+    isPressable_ = false;
+    leftButton_.reset();
+    const bool isAgain = connection_ != nullptr;
+    connection_ = XcbConnection::open().value_or(nullptr);
+    if (!isUsable()) {
+        return;
+    }
+    if (isAgain) {
+        releaseMarkedButtons(*connection_, getpid());
+    }
+    mark_.emplace(*connection_);
+    isPressable_ = offersFakeInput(*connection_);
+    leftButton_ = readLeftButton();
+}
+
+/// The server tells every client when the user changes hands.
+void LinuxMouseSession::followMapping() {
+    bool isChanged = false;
+    while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_->get())}) {
+        isChanged = isChanged || event->response_type == XCB_MAPPING_NOTIFY;
+    }
+    if (isChanged) {
+        leftButton_ = readLeftButton();
+    }
+}
+
+std::optional<std::uint8_t> LinuxMouseSession::readLeftButton() const {
+    const auto cookie = xcb_get_pointer_mapping(connection_->get());
+    const XcbReply<xcb_get_pointer_mapping_reply_t> reply(
+        xcb_get_pointer_mapping_reply(connection_->get(), cookie, nullptr));
+    if (!reply) {
+        return std::nullopt;
+    }
+    const std::span<const std::uint8_t> logicalButtons(
+        xcb_get_pointer_mapping_map(reply.get()),
+        static_cast<std::size_t>(xcb_get_pointer_mapping_map_length(reply.get())));
+    const auto left = std::ranges::find(logicalButtons, logicalLeftButton);
+    if (left == logicalButtons.end()) {
+        return std::nullopt;
+    }
+    return static_cast<std::uint8_t>(left - logicalButtons.begin() + 1);
+}
+
+} // namespace corvane::x11

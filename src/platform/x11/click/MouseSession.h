@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/MouseEvents.h"
+#include "platform/x11/click/PressedButtonRecord.h"
+#include "platform/x11/connection/XcbConnection.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace corvane::x11 {
+
+/// One thread's access to the pointer, over its own connection. A connection that is lost while the
+/// server lives is replaced; without one every operation fails.
+class LinuxMouseSession : public platform::MouseSession {
+  public:
+    LinuxMouseSession();
+    ~LinuxMouseSession() override;
+
+    LinuxMouseSession(const LinuxMouseSession &) = delete;
+    LinuxMouseSession &operator=(const LinuxMouseSession &) = delete;
+
+    platform::MouseState state() override;
+    std::unique_ptr<platform::MouseEventSource> createEventSource() override;
+
+    /// Marks the button, then presses it.
+    void press(std::uint8_t button);
+    /// Whether the button is down since it was pressed; true where the connection that pressed it
+    /// is lost.
+    bool hasPressTakenEffect() const;
+    /// Releases the button also where the connection that pressed it is lost.
+    void release(std::uint8_t button);
+
+  private:
+    bool isUsable() const;
+    bool ensureUsable();
+    void connect();
+    void sendButton(std::uint8_t type, std::uint8_t button) const;
+    void followMapping();
+    std::optional<std::uint8_t> readLeftButton() const;
+
+    std::unique_ptr<XcbConnection> connection_;
+    std::optional<ButtonMark> mark_;
+    /// Whether the server takes synthetic events.
+    bool isPressable_ = false;
+    /// The physical button that is the user's left one; absent where no button is.
+    std::optional<std::uint8_t> leftButton_;
+};
+
+} // namespace corvane::x11

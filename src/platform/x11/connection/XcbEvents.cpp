@@ -1,0 +1,80 @@
+#include "platform/x11/connection/XcbEvents.h"
+
+#include <QAbstractEventDispatcher>
+
+#include <utility>
+
+namespace corvane::x11 {
+
+namespace {
+
+constexpr int sentByClient = 0x80;
+
+} // namespace
+
+XcbEvents::XcbEvents(std::unique_ptr<XcbConnection> connection,
+                     std::function<void()> connectionLost)
+    : connection_(std::move(connection)),
+      masks_(*connection_),
+      sender_(*connection_),
+      connectionLost_(std::move(connectionLost)),
+      readable_(connection_->fileDescriptor(), QSocketNotifier::Read) {
+    QObject::connect(&readable_, &QSocketNotifier::activated,
+                     [this] { deliverAll(xcb_poll_for_event); });
+    aboutToBlock_ =
+        QObject::connect(QAbstractEventDispatcher::instance(),
+                         &QAbstractEventDispatcher::aboutToBlock, [this] { beforeSleep(); });
+}
+
+XcbEvents::~XcbEvents() { QObject::disconnect(aboutToBlock_); }
+
+XcbEvents::Subscription XcbEvents::subscribe(Handler handler) {
+    std::erase_if(handlers_, [](const auto &known) { return known.expired(); });
+    auto subscription = std::make_shared<const Handler>(std::move(handler));
+    handlers_.push_back(subscription);
+    return subscription;
+}
+
+int XcbEvents::typeOf(const xcb_generic_event_t &event) {
+    return event.response_type & ~sentByClient;
+}
+
+bool XcbEvents::isSentByClient(const xcb_generic_event_t &event) {
+    return (event.response_type & sentByClient) != 0;
+}
+
+void XcbEvents::beforeSleep() {
+    // Waiting for a reply may have read events too; no descriptor would wake us up for those.
+    deliverAll(xcb_poll_for_queued_event);
+    sender_.send();
+}
+
+void XcbEvents::deliverAll(NextEvent nextEvent) {
+    while (const XcbReply<xcb_generic_event_t> event{nextEvent(connection_->get())}) {
+        const bool isError = event->response_type == 0;
+        if (!isError) {
+            deliver(*event);
+        }
+    }
+    checkConnection();
+}
+
+void XcbEvents::deliver(const xcb_generic_event_t &event) {
+    // A handler may subscribe, give up its subscription or another's.
+    const auto handlers = handlers_;
+    for (const auto &known : handlers) {
+        if (const Subscription handler = known.lock()) {
+            (*handler)(event);
+        }
+    }
+}
+
+void XcbEvents::checkConnection() {
+    if (!connection_->isLost() || !readable_.isEnabled()) {
+        return;
+    }
+    readable_.setEnabled(false);
+    connectionLost_();
+}
+
+} // namespace corvane::x11

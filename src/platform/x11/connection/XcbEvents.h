@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/x11/connection/EventMasks.h"
+#include "platform/x11/connection/RequestSender.h"
+#include "platform/x11/connection/XcbConnection.h"
+
+#include <QMetaObject>
+#include <QSocketNotifier>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// The main thread's own connection to the X server, and the events that arrive on it while Qt's
+/// event loop turns. Main thread.
+class XcbEvents {
+  public:
+    using Handler = std::function<void(const xcb_generic_event_t &event)>;
+    /// Keeps a handler subscribed; may outlive the events.
+    using Subscription = std::shared_ptr<const Handler>;
+
+    /// Calls `connectionLost` once when the server has gone away.
+    XcbEvents(std::unique_ptr<XcbConnection> connection, std::function<void()> connectionLost);
+    ~XcbEvents();
+
+    XcbEvents(const XcbEvents &) = delete;
+    XcbEvents &operator=(const XcbEvents &) = delete;
+
+    /// Requests left in its buffer are sent before the event loop sleeps.
+    const XcbConnection &connection() const { return *connection_; }
+
+    /// Calls `handler` with every event, whomever it is for, until the subscription is given up.
+    /// Errors of unchecked requests are not events. Selecting the events is the subscriber's part,
+    /// for events of a window's mask through `masks`.
+    [[nodiscard]] Subscription subscribe(Handler handler);
+
+    EventMasks &masks() { return masks_; }
+
+    RequestSender &sender() { return sender_; }
+
+    /// The type of an event, whether the server or another client sent it.
+    static int typeOf(const xcb_generic_event_t &event);
+    /// Whether another client sent it, so that nothing need be true of it.
+    static bool isSentByClient(const xcb_generic_event_t &event);
+
+  private:
+    using NextEvent = xcb_generic_event_t *(*)(xcb_connection_t *);
+
+    void beforeSleep();
+    void deliverAll(NextEvent nextEvent);
+    void deliver(const xcb_generic_event_t &event);
+    void checkConnection();
+
+    std::unique_ptr<XcbConnection> connection_;
+    EventMasks masks_;
+    RequestSender sender_;
+    std::function<void()> connectionLost_;
+    std::vector<std::weak_ptr<const Handler>> handlers_;
+    QSocketNotifier readable_;
+    QMetaObject::Connection aboutToBlock_;
+};
+
+} // namespace corvane::x11

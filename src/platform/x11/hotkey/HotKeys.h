@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+#include "platform/x11/connection/XcbEvents.h"
+#include "platform/x11/hotkey/KeyboardChanges.h"
+#include "platform/x11/hotkey/RawKeys.h"
+
+#include <utility>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// Key grabs on the root window.
+class LinuxHotKeys : public platform::HotKeys {
+  public:
+    /// The events outlive the hot keys; these outlive every reference.
+    explicit LinuxHotKeys(XcbEvents &events);
+
+    std::string_view mechanism() const override { return "X11"; }
+
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    installHandler(std::function<void()> pressed) override;
+
+    /// A failure's status is the X error code: 10 where another program owns the combination, 2
+    /// where the keyboard has no such key.
+    std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
+    registerHotKey(const platform::HotKey &hotKey) override;
+
+    /// Listens to the keys themselves while urgent, which no grab can hide.
+    void setUrgent(bool isUrgent) override;
+
+    /// Calls `changed` when the hot keys become urgent and when they no longer are.
+    void whenUrgent(std::function<void(bool isUrgent)> changed) { urgent_ = std::move(changed); }
+
+  private:
+    using Handler = std::function<void()>;
+
+    void pressed();
+
+    XcbEvents &events_;
+    const KeyboardChanges keyboardChanges_;
+    RawKeys rawKeys_;
+    std::function<void(bool isUrgent)> urgent_ = [](bool) {};
+    std::vector<std::weak_ptr<const Handler>> handlers_;
+};
+
+} // namespace corvane::x11

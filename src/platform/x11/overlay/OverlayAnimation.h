@@ -1,0 +1,51 @@
+#pragma once
+
+#include "platform/drawing/OverlayPainter.h"
+#include "platform/drawing/OverlayScene.h"
+#include "platform/x11/overlay/OverlayImage.h"
+#include "presentation/Animation.h"
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace corvane::x11 {
+
+/// The pictures of an animation over a scene, each painted when it is first asked for and then
+/// shared by everything that plays the same.
+class OverlayAnimation {
+  public:
+    using Duration = std::chrono::steady_clock::duration;
+
+    static constexpr std::chrono::microseconds pictureInterval{16667};
+
+    /// The painter and the visual outlive the animation.
+    OverlayAnimation(const OverlayPainter &painter, const OverlayVisual &visual, OverlayScene scene,
+                     Animation animation);
+
+    bool plays(const OverlayScene &scene, const Animation &animation) const {
+        return animation_ == animation && scene_ == scene;
+    }
+    const Animation &animation() const { return animation_; }
+    QSize size() const { return scene_.part.size(); }
+
+    /// Which picture is shown that long after the start.
+    std::size_t indexAt(Duration elapsed) const;
+    bool isOverAt(Duration elapsed) const { return elapsed >= animation_.duration; }
+    const OverlayPicture &picture(std::size_t index);
+
+  private:
+    std::unique_ptr<OverlayPicture> painted(std::size_t index) const;
+    Shape shapeAt(double progress) const;
+    std::optional<QRgb> onlyColour() const;
+
+    const OverlayPainter &painter_;
+    const OverlayVisual &visual_;
+    const OverlayScene scene_;
+    const Animation animation_;
+    std::vector<std::unique_ptr<OverlayPicture>> pictures_;
+};
+
+} // namespace corvane::x11

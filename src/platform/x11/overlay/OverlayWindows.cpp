@@ -1,0 +1,18 @@
+#include "platform/x11/overlay/OverlayWindows.h"
+
+#include "platform/x11/overlay/Overlay.h"
+#include "platform/x11/overlay/UnshownOverlay.h"
+
+#include <utility>
+
+namespace corvane::x11 {
+
+std::unique_ptr<platform::NativeOverlay>
+LinuxOverlayWindows::create(const BorderlessWindow &window, platform::OverlayEvents events) {
+    if (!stage_) {
+        return std::make_unique<UnshownOverlay>(window.frame);
+    }
+    return std::make_unique<LinuxOverlay>(*stage_, window, std::move(events));
+}
+
+} // namespace corvane::x11

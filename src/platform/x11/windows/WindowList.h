@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/WindowList.h"
+#include "platform/x11/windows/WindowReader.h"
+
+namespace corvane::x11 {
+
+/// The windows the window manager lists; without one, the mapped windows of the root.
+class LinuxWindowList : public platform::WindowList {
+  public:
+    /// The connection outlives the list.
+    explicit LinuxWindowList(const XcbConnection &connection)
+        : connection_(connection),
+          reader_(connection) {}
+
+    std::optional<std::vector<platform::WindowListEntry>> onScreenWindows() override;
+
+  private:
+    const XcbConnection &connection_;
+    const WindowReader reader_;
+};
+
+} // namespace corvane::x11
