@@ -33,8 +33,8 @@ struct EngineRun {
 };
 
 EngineRun runEngine(Session &session, int clickRate, int clickCount) {
-    x11::LinuxMouseEvents mouseEvents;
-    x11::LinuxClock clock;
+    x11::MouseEvents mouseEvents;
+    linux::Clock clock;
     Samples costs;
     std::promise<void> finished;
     double last = 0;
@@ -86,7 +86,7 @@ BareClicks clickBarely(int clickCount) {
         for (int click = 0; click < clickCount; ++click) {
             const auto start = Clock::now();
             const double costBefore = threadMilliseconds();
-            x11::PointerQuestion(*connection).answer();
+            x11::PointerRequest(*connection).answer();
             send(XCB_BUTTON_PRESS);
             std::this_thread::sleep_for(hold);
             send(XCB_BUTTON_RELEASE);

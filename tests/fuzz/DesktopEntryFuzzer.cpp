@@ -10,7 +10,8 @@
 
 #include <unistd.h>
 
-using namespace corvane::x11;
+using namespace corvane::freedesktop;
+using namespace corvane::linux;
 using corvane::fuzz::require;
 
 namespace {

@@ -10,7 +10,7 @@
 #include <cstdlib>
 #include <string>
 
-using namespace corvane::x11;
+using namespace corvane::linux;
 using corvane::fuzz::require;
 
 namespace {

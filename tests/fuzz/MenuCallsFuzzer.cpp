@@ -15,7 +15,7 @@
 #include <memory>
 
 using namespace corvane;
-using namespace corvane::x11;
+using namespace corvane::freedesktop;
 using namespace Qt::StringLiterals;
 using fuzz::require;
 
@@ -68,17 +68,18 @@ class Conversation {
 
   private:
     void offerMenu(const QDBusConnection &connection) {
-        menu_ = std::make_unique<PanelMenu>(connection, symbols_, [](const MenuCommand &command) {
-            require(command.action == "stopClicking:" || command.action == "loadProfile:" ||
-                        command.action == "saveAsProfile:",
-                    "only what can be chosen is chosen");
-        });
+        menu_ = std::make_unique<freedesktop::DBusMenuExporter>(
+            connection, symbols_, [](const MenuCommand &command) {
+                require(command.action == "stopClicking:" || command.action == "loadProfile:" ||
+                            command.action == "saveAsProfile:",
+                        "only what can be chosen is chosen");
+            });
         menu_->setMenu(menu());
     }
 
     QDBusServer server_{u"unix:tmpdir=/tmp"_s};
     SymbolImages symbols_;
-    std::unique_ptr<PanelMenu> menu_;
+    std::unique_ptr<freedesktop::DBusMenuExporter> menu_;
     QDBusConnection panel_ = QDBusConnection::connectToPeer(server_.address(), u"panel"_s);
 };
 

@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <array>
 
+using namespace corvane::linux;
 using namespace corvane::x11;
 using corvane::fuzz::require;
 

@@ -8,7 +8,8 @@
 #include <QStringDecoder>
 
 using namespace corvane;
-using namespace corvane::x11;
+using namespace corvane::drawing;
+using namespace corvane::linux;
 using fuzz::require;
 
 namespace {

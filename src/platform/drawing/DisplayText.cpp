@@ -3,7 +3,7 @@
 #include <QList>
 #include <QTextBoundaryFinder>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -69,4 +69,4 @@ QString breakable(const QString &text) {
 
 QString withoutMnemonic(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// The text on one line: line breaks, control characters and marks that turn the direction of what
 /// follows become blanks.
@@ -17,4 +17,4 @@ QString breakable(const QString &text);
 /// The text as a label that gives '&' a meaning shows it literally.
 QString withoutMnemonic(QString text);
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -39,4 +39,4 @@ MenuAlignment alignMenu(const std::vector<MenuItem> &from, const std::vector<Men
     return {.leading = leading, .removed = removed, .inserted = inserted};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

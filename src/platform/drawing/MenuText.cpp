@@ -6,7 +6,7 @@
 #include <array>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -82,4 +82,4 @@ QStringList panelKeys(const MenuText &text) {
     return keys;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -7,7 +7,7 @@
 
 #include <string>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// A menu item's text as this desktop shows it.
 struct MenuText {
@@ -32,4 +32,4 @@ QString panelLabel(const MenuText &text);
 /// The keys by the names panels know them by.
 QStringList panelKeys(const MenuText &text);
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -177,10 +177,10 @@ QRegion OverlayPainter::difference(const Drawing &one, const Drawing &other, QSi
         } else if (index >= other.size()) {
             region += pixelsOf(one[index], size.height());
         } else if (one[index] != other[index]) {
-            region += x11::difference(one[index], other[index], size.height());
+            region += drawing::difference(one[index], other[index], size.height());
         }
     }
     return region.intersected(QRect(QPoint(), size));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

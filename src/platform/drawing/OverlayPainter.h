@@ -9,7 +9,7 @@
 
 class QPainter;
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// Paints the scenes of overlays. Main thread.
 class OverlayPainter {
@@ -31,4 +31,4 @@ class OverlayPainter {
     SymbolImages &symbols_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -7,7 +7,7 @@
 #include <QRect>
 #include <QSize>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// Everything that makes up the picture of an overlay.
 struct OverlayScene {
@@ -39,4 +39,4 @@ struct OverlayScene {
     }
 };
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

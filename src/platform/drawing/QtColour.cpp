@@ -1,6 +1,6 @@
 #include "platform/drawing/QtColour.h"
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -32,4 +32,4 @@ QColor qtColour(const Colour &colour) {
     return shown;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

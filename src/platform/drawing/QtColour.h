@@ -4,9 +4,9 @@
 
 #include <QColor>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// The shade of a named colour on this desktop.
 QColor qtColour(const Colour &colour);
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

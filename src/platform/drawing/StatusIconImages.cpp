@@ -6,7 +6,7 @@
 
 #include <array>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -53,4 +53,4 @@ QList<QImage> statusIconImages(const StatusIcon &icon, const QColor &colour,
     return images;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

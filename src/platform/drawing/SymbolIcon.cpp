@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 SymbolIcon::SymbolIcon(SymbolImages &images, std::string name, const Colours &colours)
     : images_(images),
@@ -42,4 +42,4 @@ const QColor &SymbolIcon::colour(QIcon::Mode mode) const {
     return colours_.normal;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
 
@@ -36,4 +36,4 @@ class SymbolIcon : public QIconEngine {
     const Colours colours_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 namespace {
 
@@ -92,4 +92,4 @@ QByteArray SymbolImages::drawing(const std::string &name, FontWeight weight) {
     return file.readAll().replace(regularStroke, strokeOf(weight));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

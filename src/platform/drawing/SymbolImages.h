@@ -12,7 +12,7 @@
 
 #include <string>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 /// The program's own drawings by symbol name, each in one colour. Main thread. What has been drawn
 /// once is kept.
@@ -39,4 +39,4 @@ class SymbolImages {
     QHash<QByteArray, QImage> images_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -2,16 +2,16 @@
 
 #include "platform/x11/connection/ServerAbilities.h"
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-LinuxAccessibility::LinuxAccessibility(const XcbConnection &connection, ClientWindows &windows)
+Accessibility::Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows)
     : connection_(connection),
       windows_(windows),
-      isInsideWayland_(isInsideWayland(connection_)) {}
+      isInsideWayland_(x11::isInsideWayland(connection_)) {}
 
-bool LinuxAccessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
+bool Accessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
 
-bool LinuxAccessibility::isProcessTrustedWithPrompt() {
+bool Accessibility::isProcessTrustedWithPrompt() {
     const bool isTrusted = isProcessTrusted();
     if (!isTrusted) {
         showGuide();
@@ -20,21 +20,21 @@ bool LinuxAccessibility::isProcessTrustedWithPrompt() {
 }
 
 std::shared_ptr<const platform::AccessibilityWindows>
-LinuxAccessibility::windows(std::int32_t processIdentifier) {
+Accessibility::windows(std::int32_t processIdentifier) {
     if (!isProcessTrusted()) {
         return nullptr;
     }
     return windows_.windows(processIdentifier);
 }
 
-void LinuxAccessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }
+void Accessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }
 
-AccessibilityObstacle LinuxAccessibility::obstacle() const {
+AccessibilityObstacle Accessibility::obstacle() const {
     if (isInsideWayland_) {
         return AccessibilityObstacle::waylandSession;
     }
-    return offersFakeInput(connection_) ? AccessibilityObstacle::none
-                                        : AccessibilityObstacle::noTestExtension;
+    return x11::offersFakeInput(connection_) ? AccessibilityObstacle::none
+                                             : AccessibilityObstacle::noTestExtension;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -6,13 +6,13 @@
 #include "platform/x11/windows/AccessibilityWindows.h"
 #include "platform/x11/windows/ClientWindows.h"
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The right to act on other applications: here a matter of the server and the session.
-class LinuxAccessibility : public platform::Accessibility {
+class Accessibility : public platform::Accessibility {
   public:
     /// The connection, on which the program depends, and the windows outlive it.
-    LinuxAccessibility(const XcbConnection &connection, ClientWindows &windows);
+    Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
@@ -25,10 +25,10 @@ class LinuxAccessibility : public platform::Accessibility {
   private:
     AccessibilityObstacle obstacle() const;
 
-    const XcbConnection &connection_;
-    LinuxAccessibilityWindows windows_;
+    const x11::XcbConnection &connection_;
+    x11::AccessibilityWindows windows_;
     const bool isInsideWayland_;
-    AccessibilityGuideWindow guideWindow_;
+    qt::AccessibilityGuideWindow guideWindow_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -6,18 +6,17 @@
 
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-LinuxApplications::LinuxApplications(ClientWindows &windows, DesktopEntries entries)
+Applications::Applications(x11::ClientWindows &windows, freedesktop::DesktopEntries entries)
     : windows_(windows),
       entries_(std::move(entries)),
       ownProcess_(getpid()) {}
 
-std::optional<platform::RunningApplication>
-LinuxApplications::running(std::int32_t processIdentifier) {
+std::optional<platform::RunningApplication> Applications::running(std::int32_t processIdentifier) {
     const auto owners = windows_.owners();
     const auto owner = std::ranges::find(*owners, std::optional(processIdentifier),
-                                         &WindowOwner::processIdentifier);
+                                         &x11::WindowOwner::processIdentifier);
     if (owner == owners->end()) {
         return std::nullopt;
     }
@@ -25,7 +24,7 @@ LinuxApplications::running(std::int32_t processIdentifier) {
 }
 
 std::vector<platform::RunningApplication>
-LinuxApplications::running(const std::string &bundleIdentifier) {
+Applications::running(const std::string &bundleIdentifier) {
     auto owners = windows_.owners();
     if (owners != answeredFrom_ || bundleIdentifier != answered_) {
         answer_ = instances(*owners, bundleIdentifier);
@@ -36,10 +35,10 @@ LinuxApplications::running(const std::string &bundleIdentifier) {
 }
 
 std::vector<platform::RunningApplication>
-LinuxApplications::instances(const ClientWindows::Owners &owners,
-                             const std::string &bundleIdentifier) {
+Applications::instances(const x11::ClientWindows::Owners &owners,
+                        const std::string &bundleIdentifier) {
     std::set<std::int32_t> processes;
-    for (const WindowOwner &owner : owners) {
+    for (const x11::WindowOwner &owner : owners) {
         const auto &process = owner.processIdentifier;
         if (process && !processes.contains(*process) && identifierOf(owner) == bundleIdentifier) {
             processes.insert(*process);
@@ -53,12 +52,12 @@ LinuxApplications::instances(const ClientWindows::Owners &owners,
     return applications;
 }
 
-std::optional<std::string> LinuxApplications::displayName(const std::string &bundleIdentifier) {
+std::optional<std::string> Applications::displayName(const std::string &bundleIdentifier) {
     return entries_.nameOf(bundleIdentifier);
 }
 
 /// Nothing for a window without a class and without a desktop file that fits.
-std::optional<std::string> LinuxApplications::identifierOf(const WindowOwner &owner) {
+std::optional<std::string> Applications::identifierOf(const x11::WindowOwner &owner) {
     if (owner.processIdentifier == ownProcess_) {
         return ownBundleIdentifier();
     }
@@ -69,4 +68,4 @@ std::optional<std::string> LinuxApplications::identifierOf(const WindowOwner &ow
     return owner.className.empty() ? std::nullopt : std::optional(owner.className);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

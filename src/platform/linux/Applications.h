@@ -10,13 +10,13 @@
 #include <string>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The programs that have windows, and the applications installed by desktop file.
-class LinuxApplications : public platform::Applications {
+class Applications : public platform::Applications {
   public:
     /// The windows outlive the applications.
-    LinuxApplications(ClientWindows &windows, DesktopEntries entries);
+    Applications(x11::ClientWindows &windows, freedesktop::DesktopEntries entries);
 
     std::optional<platform::RunningApplication> running(std::int32_t processIdentifier) override;
 
@@ -27,17 +27,17 @@ class LinuxApplications : public platform::Applications {
     std::string ownBundleIdentifier() const override { return "corvane"; }
 
   private:
-    std::vector<platform::RunningApplication> instances(const ClientWindows::Owners &owners,
+    std::vector<platform::RunningApplication> instances(const x11::ClientWindows::Owners &owners,
                                                         const std::string &bundleIdentifier);
-    std::optional<std::string> identifierOf(const WindowOwner &owner);
+    std::optional<std::string> identifierOf(const x11::WindowOwner &owner);
 
-    ClientWindows &windows_;
-    DesktopEntries entries_;
+    x11::ClientWindows &windows_;
+    freedesktop::DesktopEntries entries_;
     const std::int32_t ownProcess_;
     /// The last answer, for whom, and from which windows.
     std::vector<platform::RunningApplication> answer_;
     std::string answered_;
-    std::shared_ptr<const ClientWindows::Owners> answeredFrom_;
+    std::shared_ptr<const x11::ClientWindows::Owners> answeredFrom_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

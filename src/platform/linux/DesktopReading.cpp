@@ -19,7 +19,7 @@
 #include <string>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -33,20 +33,20 @@ std::string variable(const char *name) {
     return value != nullptr ? value : "";
 }
 
-bool hasOwner(const XcbConnection &connection, const std::string &selection) {
-    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
+bool hasOwner(const x11::XcbConnection &connection, const std::string &selection) {
+    const x11::XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         connection.get(), xcb_get_selection_owner(connection.get(), connection.atom(selection)),
         nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 /// Of the selections that a screen has one of each.
-bool hasOwnerOnScreen(const XcbConnection &connection, const std::string &selection) {
+bool hasOwnerOnScreen(const x11::XcbConnection &connection, const std::string &selection) {
     return hasOwner(connection, selection + std::to_string(connection.screenNumber()));
 }
 
-HotKeyState stateOf(const platform::HotKey &hotKey, XcbEvents &events) {
-    LinuxHotKeys hotKeys(events);
+HotKeyState stateOf(const platform::HotKey &hotKey, x11::XcbEvents &events) {
+    x11::HotKeys hotKeys(events);
     const auto key = hotKeys.registerHotKey(hotKey);
     if (key) {
         return HotKeyState::free;
@@ -56,7 +56,7 @@ HotKeyState stateOf(const platform::HotKey &hotKey, XcbEvents &events) {
 
 bool hasPanelOnBus() {
     constexpr int patienceMilliseconds = 3000;
-    if (!hasSessionBus()) {
+    if (!freedesktop::hasSessionBus()) {
         return false;
     }
     const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -72,7 +72,7 @@ bool hasPanelOnBus() {
     return answer.isValid() && answer.value().variant().toBool();
 }
 
-StatusArea statusAreaOf(const XcbConnection &connection) {
+StatusArea statusAreaOf(const x11::XcbConnection &connection) {
     if (hasPanelOnBus()) {
         return StatusArea::panel;
     }
@@ -81,24 +81,25 @@ StatusArea statusAreaOf(const XcbConnection &connection) {
 }
 
 /// The window through which a window manager that follows EWMH shows itself; none for another.
-xcb_window_t windowManagerWindow(const XcbConnection &connection) {
+xcb_window_t windowManagerWindow(const x11::XcbConnection &connection) {
     const xcb_atom_t check = connection.atom("_NET_SUPPORTING_WM_CHECK");
-    const auto window = WindowProperty(connection, connection.root(), check).number();
+    const auto window = x11::WindowProperty(connection, connection.root(), check).number();
     // One that has ended leaves the root window's property behind.
-    const bool isAlive = window && WindowProperty(connection, *window, check).number() == window;
+    const bool isAlive =
+        window && x11::WindowProperty(connection, *window, check).number() == window;
     return isAlive ? *window : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
-std::string nameOf(const XcbConnection &connection, xcb_window_t windowManager) {
-    WindowProperty name(connection, windowManager, connection.atom("_NET_WM_NAME"));
+std::string nameOf(const x11::XcbConnection &connection, xcb_window_t windowManager) {
+    x11::WindowProperty name(connection, windowManager, connection.atom("_NET_WM_NAME"));
     const std::string text = utf8Text(name.value().text());
     return text.empty() ? "The window manager" : text;
 }
 
-void readWindowManager(const XcbConnection &connection, DesktopFacts &facts) {
+void readWindowManager(const x11::XcbConnection &connection, DesktopFacts &facts) {
     const xcb_window_t window = windowManagerWindow(connection);
     facts.windowManager = window != XCB_WINDOW_NONE ? nameOf(connection, window) : "";
-    WindowProperty supported(connection, connection.root(), connection.atom("_NET_SUPPORTED"));
+    x11::WindowProperty supported(connection, connection.root(), connection.atom("_NET_SUPPORTED"));
     const auto offered = supported.value().numbers();
     for (const char *hint : wantedHints) {
         if (std::ranges::find(offered, connection.atom(hint)) == offered.end()) {
@@ -120,23 +121,23 @@ bool isWaylandSession() {
 }
 
 DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
-    auto opened = XcbConnection::open();
+    auto opened = x11::XcbConnection::open();
     if (!opened) {
         return factsWithoutServer();
     }
-    XcbEvents events(std::move(*opened), [] {});
-    const XcbConnection &connection = events.connection();
-    const bool isXwayland = isInsideWayland(connection);
+    x11::XcbEvents events(std::move(*opened), [] {});
+    const x11::XcbConnection &connection = events.connection();
+    const bool isXwayland = x11::isInsideWayland(connection);
     DesktopFacts facts{.displayServer = isXwayland ? DisplayServer::xwayland : DisplayServer::x11,
                        .displayName = variable("DISPLAY"),
                        .isWaylandSession = isXwayland || isWaylandSession(),
-                       .takesClicks = !isXwayland && offersFakeInput(connection),
+                       .takesClicks = !isXwayland && x11::offersFakeInput(connection),
                        .hotKey = stateOf(hotKey, events),
-                       .hotKeyName = startStopKeyName(),
+                       .hotKeyName = drawing::startStopKeyName(),
                        .statusArea = statusAreaOf(connection),
                        .hasCompositor = hasOwnerOnScreen(connection, "_NET_WM_CM_S")};
     readWindowManager(connection, facts);
     return facts;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

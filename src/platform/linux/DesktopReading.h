@@ -3,7 +3,7 @@
 #include "platform/HotKeys.h"
 #include "presentation/DesktopFacts.h"
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// What this desktop offers, asked of the display that DISPLAY names, of the session bus and of the
 /// environment. Main thread; needs Qt's core application.
@@ -12,4 +12,4 @@ DesktopFacts readDesktopFacts(const platform::HotKey &hotKey);
 /// Whether the environment speaks of a Wayland session.
 bool isWaylandSession();
 
-} // namespace corvane::x11
+} // namespace corvane::linux

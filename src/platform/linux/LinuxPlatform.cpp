@@ -8,9 +8,10 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-LinuxPlatform::LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
+LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
+                             std::unique_ptr<x11::XcbConnection> windowConnection,
                              const CommandRequest &firstCommand)
     : commandEndpoint_(mainQueue_, firstCommand),
       localisation_(userLocales()),
@@ -18,7 +19,7 @@ LinuxPlatform::LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> w
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),
       clientWindows_(std::move(windowConnection), mainQueue_),
-      applications_(clientWindows_, DesktopEntries::ofUser()),
+      applications_(clientWindows_, freedesktop::DesktopEntries::ofUser()),
       accessibility_(events.connection(), clientWindows_),
       hotKeys_(events),
       loginItem_(fileSystem_, configDirectory(),
@@ -28,4 +29,4 @@ LinuxPlatform::LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> w
     events.sender().giveWayTo(clock_.awaited());
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -30,12 +30,16 @@ namespace corvane::x11 {
 
 class XcbEvents;
 
+} // namespace corvane::x11
+
+namespace corvane::linux {
+
 /// The Linux desktop under X11. Made on the main thread, after the Qt application.
 class LinuxPlatform : public platform::Platform {
   public:
     /// The program obeys `firstCommand` when it is up, if there is one. Other programs' windows are
     /// watched through a connection that is for nothing else. The events outlive the platform.
-    LinuxPlatform(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
+    LinuxPlatform(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
                   const CommandRequest &firstCommand = {});
 
     platform::Accessibility &accessibility() override { return accessibility_; }
@@ -65,25 +69,25 @@ class LinuxPlatform : public platform::Platform {
 
   private:
     posix::PosixFileSystem fileSystem_;
-    LinuxClock clock_;
-    LinuxMainQueue mainQueue_;
-    LinuxCommandEndpoint commandEndpoint_;
-    LinuxLocalisation localisation_;
-    LinuxApplication application_;
-    LinuxMouseEvents mouseEvents_;
-    LinuxScreens screens_;
-    SymbolImages symbols_;
-    LinuxOverlayWindows overlayWindows_;
-    LinuxWindowList windowList_;
-    ClientWindows clientWindows_;
-    LinuxApplications applications_;
-    LinuxAccessibility accessibility_;
-    LinuxHotKeys hotKeys_;
-    LinuxLoginItem loginItem_;
-    LinuxWorkspace workspace_;
-    LinuxAlerts alerts_;
-    LinuxStatusBar statusBar_;
-    LinuxSettingsWindows settingsWindows_;
+    Clock clock_;
+    MainQueue mainQueue_;
+    CommandEndpoint commandEndpoint_;
+    Localisation localisation_;
+    qt::Application application_;
+    x11::MouseEvents mouseEvents_;
+    x11::Screens screens_;
+    drawing::SymbolImages symbols_;
+    x11::OverlayWindows overlayWindows_;
+    x11::WindowList windowList_;
+    x11::ClientWindows clientWindows_;
+    Applications applications_;
+    Accessibility accessibility_;
+    x11::HotKeys hotKeys_;
+    freedesktop::LoginItem loginItem_;
+    freedesktop::Workspace workspace_;
+    qt::Alerts alerts_;
+    StatusBar statusBar_;
+    qt::SettingsWindows settingsWindows_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

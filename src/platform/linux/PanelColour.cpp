@@ -5,7 +5,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -15,7 +15,7 @@ bool isDesktop(QLatin1String name) {
 
 } // namespace
 
-QColor panelColour(const SystemTray &tray) {
+QColor panelColour(const x11::SystemTray &tray) {
     if (const auto foreground = tray.foreground()) {
         return *foreground;
     }
@@ -28,4 +28,4 @@ QColor panelColour(const SystemTray &tray) {
     return {0x3d, 0x84, 0xf5};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

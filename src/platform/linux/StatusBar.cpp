@@ -4,11 +4,11 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 std::unique_ptr<platform::StatusItem>
-LinuxStatusBar::createItem(std::function<void(const MenuCommand &)> perform) {
-    return std::make_unique<LinuxStatusItem>(events_, std::move(perform));
+StatusBar::createItem(std::function<void(const MenuCommand &)> perform) {
+    return std::make_unique<StatusItem>(events_, std::move(perform));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

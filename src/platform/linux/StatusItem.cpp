@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -33,14 +33,14 @@ QPoint cornerWithRoom(QMenu &menu, QPoint place) {
 
 } // namespace
 
-LinuxStatusItem::BusItem::BusItem(LinuxStatusItem &owner, const QDBusConnection &bus)
+StatusItem::BusItem::BusItem(StatusItem &owner, const QDBusConnection &bus)
     : menu(bus, owner.symbols_, owner.perform_),
       item(bus, menu.path(), [&owner](QPoint place) { owner.openMenuFor(place); }),
       host(bus, {.willRegister = [&owner] { owner.panelWillRead(); },
-                 .answered = [&owner](PanelAnswer answer) { owner.panelAnswered(answer); }}) {}
+                 .answered =
+                     [&owner](freedesktop::PanelAnswer answer) { owner.panelAnswered(answer); }}) {}
 
-LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
-                                 std::function<void(const MenuCommand &)> perform)
+StatusItem::StatusItem(x11::XcbEvents &events, std::function<void(const MenuCommand &)> perform)
     : tray_(
           events, [this] { paintIcon(); }, [this] { trayVanished(); }),
       perform_(std::move(perform)),
@@ -50,30 +50,30 @@ LinuxStatusItem::LinuxStatusItem(XcbEvents &events,
 }
 
 /// On another bus the item is a new one; without any, it learns that there is no panel.
-void LinuxStatusItem::busChanged() {
+void StatusItem::busChanged() {
     busItem_ = std::make_unique<BusItem>(*this, bus_.connection());
     busItem_->item.setToolTip(toolTip_);
     isOnPanel_ = false;
     paintIcon();
 }
 
-std::optional<Size> LinuxStatusItem::buttonSize() const { return statusButtonSize; }
+std::optional<Size> StatusItem::buttonSize() const { return drawing::statusButtonSize; }
 
-void LinuxStatusItem::setIcon(const StatusIcon &icon) {
+void StatusItem::setIcon(const StatusIcon &icon) {
     if (icon_ != icon) {
         icon_ = icon;
         paintIcon();
     }
 }
 
-void LinuxStatusItem::setMenu(const Menu &menu) {
+void StatusItem::setMenu(const Menu &menu) {
     popup_.setMenu(menu);
     if (isOnPanel_) {
         busItem_->menu.setMenu(menu);
     }
 }
 
-void LinuxStatusItem::setToolTip(const std::string &text) {
+void StatusItem::setToolTip(const std::string &text) {
     const QString toolTip = QString::fromStdString(text);
     if (toolTip == toolTip_) {
         return;
@@ -85,13 +85,13 @@ void LinuxStatusItem::setToolTip(const std::string &text) {
     }
 }
 
-void LinuxStatusItem::openMenu() {
+void StatusItem::openMenu() {
     const auto place = trayIcon_ ? trayIcon_->geometry() : QRect();
     openMenuAt(place.isValid() ? place.center() : QCursor::pos());
 }
 
 /// Panels that do not say where they were clicked, such as MATE's, name the screen's corner.
-void LinuxStatusItem::openMenuFor(QPoint click) {
+void StatusItem::openMenuFor(QPoint click) {
     if (click.isNull()) {
         openMenu();
     } else {
@@ -99,31 +99,31 @@ void LinuxStatusItem::openMenuFor(QPoint click) {
     }
 }
 
-void LinuxStatusItem::openMenuAt(QPoint place) {
+void StatusItem::openMenuAt(QPoint place) {
     QMenu &menu = popup_.menu();
     menu.popup(cornerWithRoom(menu, place));
     menu.activateWindow();
 }
 
-void LinuxStatusItem::panelWillRead() {
+void StatusItem::panelWillRead() {
     paintIcon();
     busItem_->menu.setMenu(popup_.newest());
 }
 
 /// Where a panel is silent there is no icon in the system tray either: to make one, the toolkit
 /// would ask that panel itself, and wait half a minute for the answer.
-void LinuxStatusItem::panelAnswered(PanelAnswer answer) {
-    isOnPanel_ = answer == PanelAnswer::shown;
-    if (answer == PanelAnswer::shown) {
+void StatusItem::panelAnswered(freedesktop::PanelAnswer answer) {
+    isOnPanel_ = answer == freedesktop::PanelAnswer::shown;
+    if (answer == freedesktop::PanelAnswer::shown) {
         trayIcon_.reset();
         busItem_->menu.setMenu(popup_.newest());
-    } else if (answer == PanelAnswer::none) {
+    } else if (answer == freedesktop::PanelAnswer::none) {
         paintIcon();
         showInSystemTray();
     }
 }
 
-void LinuxStatusItem::showInSystemTray() {
+void StatusItem::showInSystemTray() {
     if (trayIcon_) {
         return;
     }
@@ -139,7 +139,7 @@ void LinuxStatusItem::showInSystemTray() {
     trayIcon_->show();
 }
 
-void LinuxStatusItem::trayVanished() {
+void StatusItem::trayVanished() {
     if (trayIcon_) {
         // The tray may have taken the icon's window with it.
         trayIcon_.reset();
@@ -147,12 +147,12 @@ void LinuxStatusItem::trayVanished() {
     }
 }
 
-void LinuxStatusItem::paintIcon() {
+void StatusItem::paintIcon() {
     if (!icon_) {
         return;
     }
     const auto colour = panelColour(tray_);
-    const auto images = statusIconImages(*icon_, colour, symbols_);
+    const auto images = drawing::statusIconImages(*icon_, colour, symbols_);
     if (images.isEmpty()) {
         return;
     }
@@ -166,4 +166,4 @@ void LinuxStatusItem::paintIcon() {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

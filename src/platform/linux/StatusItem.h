@@ -15,16 +15,16 @@
 #include <memory>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The status item on whatever panel the desktop has: by preference as a status notifier item,
 /// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
 /// and the message bus may come, go or restart at any time. Panels show no text beside an item: the
 /// icon's title is not drawn.
-class LinuxStatusItem : public platform::StatusItem {
+class StatusItem : public platform::StatusItem {
   public:
     /// `events` outlives the item.
-    LinuxStatusItem(XcbEvents &events, std::function<void(const MenuCommand &)> perform);
+    StatusItem(x11::XcbEvents &events, std::function<void(const MenuCommand &)> perform);
 
     std::optional<Size> buttonSize() const override;
     void setIcon(const StatusIcon &icon) override;
@@ -36,27 +36,27 @@ class LinuxStatusItem : public platform::StatusItem {
   private:
     /// What panels find on the message bus: a panel knows an item by its connection.
     struct BusItem {
-        BusItem(LinuxStatusItem &owner, const QDBusConnection &bus);
+        BusItem(StatusItem &owner, const QDBusConnection &bus);
 
-        PanelMenu menu;
-        StatusNotifierItem item;
-        StatusNotifierHost host;
+        freedesktop::DBusMenuExporter menu;
+        freedesktop::StatusNotifierItem item;
+        freedesktop::StatusNotifierRegistration host;
     };
 
     void busChanged();
     void panelWillRead();
-    void panelAnswered(PanelAnswer answer);
+    void panelAnswered(freedesktop::PanelAnswer answer);
     void showInSystemTray();
     void trayVanished();
     void paintIcon();
     void openMenuFor(QPoint click);
     void openMenuAt(QPoint place);
 
-    SystemTray tray_;
-    SymbolImages symbols_;
+    x11::SystemTray tray_;
+    drawing::SymbolImages symbols_;
     const std::function<void(const MenuCommand &)> perform_;
-    MenuRenderer popup_;
-    SessionBus bus_;
+    qt::MenuRenderer popup_;
+    freedesktop::SessionBus bus_;
     std::unique_ptr<BusItem> busItem_;
     bool isOnPanel_ = false;
     std::unique_ptr<QSystemTrayIcon> trayIcon_;
@@ -65,4 +65,4 @@ class LinuxStatusItem : public platform::StatusItem {
     QString toolTip_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

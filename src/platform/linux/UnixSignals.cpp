@@ -9,7 +9,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -70,4 +70,4 @@ void UnixSignals::drain() const {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -7,7 +7,7 @@
 #include <functional>
 #include <memory>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Turns the signals that ask a program to end (TERM, INT, HUP) into a call on the main thread, and
 /// makes plain failures of writing to a closed pipe and of writing more than the user's files may
@@ -29,4 +29,4 @@ class UnixSignals {
     std::unique_ptr<QSocketNotifier> arrived_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

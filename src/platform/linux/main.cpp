@@ -46,7 +46,7 @@
 namespace {
 
 using namespace corvane;
-using namespace corvane::x11;
+using namespace corvane::linux;
 
 /// The application from its launch to its end.
 CorvaneApp *runningApp = nullptr;
@@ -67,8 +67,8 @@ void serverLost() {
 }
 
 /// Where both the program and its guard were killed, the button is still down.
-void releaseButtonLeftDown(const XcbConnection &connection) {
-    if (releaseMarkedButtons(connection)) {
+void releaseButtonLeftDown(const x11::XcbConnection &connection) {
+    if (x11::releaseMarkedButtons(connection)) {
         log("Released the mouse button after an unexpected end");
     }
 }
@@ -105,15 +105,15 @@ void startOnlyAsSet(QSessionManager &session) {
 
 /// The right to be the Corvane of this display, or else the answer of the one that has it. That may
 /// be about to end, or only just starting: then it does not answer yet and is waited for.
-std::expected<std::unique_ptr<SingleInstance>, CommandAnswer>
-claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
+std::expected<std::unique_ptr<x11::SingleInstance>, CommandAnswer>
+claimInstance(const x11::XcbConnection &connection, const CommandLine &commandLine) {
     constexpr int mostAttempts = 250;
     constexpr std::chrono::milliseconds pause{20};
     // Nothing is shown at login.
     const CommandRequest request =
         commandLine.cause == LaunchCause::login ? CommandRequest{"status"} : commandLine.words;
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
-        if (auto instance = SingleInstance::claim(connection)) {
+        if (auto instance = x11::SingleInstance::claim(connection)) {
             return instance;
         }
         if (const auto answer = callRunning(request)) {
@@ -124,11 +124,11 @@ claimInstance(const XcbConnection &connection, const CommandLine &commandLine) {
     return std::unexpected(noAnswer());
 }
 
-int runApp(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
+int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
            const CommandLine &commandLine) {
     LinuxPlatform platform(events, std::move(windowConnection), commandLine.words);
-    LinuxUserSession userSession(events, sessionBusAddress(), QDBusConnection::systemBus(),
-                                 userPresenceChanged);
+    freedesktop::UserSession userSession(events, freedesktop::sessionBusAddress(),
+                                         QDBusConnection::systemBus(), userPresenceChanged);
     platform.whenRunning([&userSession](bool isRunning) { userSession.watchScreen(isRunning); });
     CorvaneApp app(platform);
     runningApp = &app;
@@ -140,12 +140,12 @@ int runApp(XcbEvents &events, std::unique_ptr<XcbConnection> windowConnection,
 }
 
 int runProgram(int argc, char **argv, const CommandLine &commandLine) {
-    auto connection = XcbConnection::open();
+    auto connection = x11::XcbConnection::open();
     if (!connection) {
         return print(noDisplay(isWaylandSession()));
     }
-    const ButtonGuard guard;
-    takeShortTurns();
+    const x11::ButtonWatchdog guard;
+    requestSchedulerSlice();
     // In a Wayland session too, the program is an X client.
     qputenv("QT_QPA_PLATFORM", "xcb");
     QApplication application(argc, argv);
@@ -155,11 +155,11 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     QTranslator toolkitTexts;
     useUserLanguage(toolkitTexts);
     QObject::connect(&application, &QApplication::saveStateRequest, startOnlyAsSet);
-    dropButtonReportsOfKeyboard();
-    usePlaceholderColourOfFields();
+    x11::dropButtonReportsOfKeyboard();
+    qt::usePlaceholderColourOfFields();
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/AppIcon.svg")));
 
-    XcbEvents events(std::move(*connection), serverLost);
+    x11::XcbEvents events(std::move(*connection), serverLost);
     const auto instance = claimInstance(events.connection(), commandLine);
     if (!instance) {
         std::puts("Corvane is running already.");
@@ -168,7 +168,7 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    auto windowConnection = XcbConnection::open();
+    auto windowConnection = x11::XcbConnection::open();
     if (!windowConnection) {
         serverLost();
     }
@@ -211,7 +211,7 @@ int main(int argc, char **argv) {
     const auto commandLine =
         CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
                            {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",
-                            .hotKeyName = startStopKeyName()});
+                            .hotKeyName = drawing::startStopKeyName()});
     switch (commandLine.request) {
     case CommandLine::Request::answer:
         return print(commandLine.answer);

@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QWidget>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -18,23 +18,23 @@ bool isOrdinaryWindow(const QWidget &widget) {
 } // namespace
 
 /// Not quit(), which a window could refuse.
-void LinuxApplication::terminate() { QCoreApplication::exit(0); }
+void Application::terminate() { QCoreApplication::exit(0); }
 
-void LinuxApplication::activateIgnoringOtherApps() {
+void Application::activateIgnoringOtherApps() {
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (isOrdinaryWindow(*widget)) {
-            activateIgnoringOthers(*widget);
+            x11::activateIgnoringOthers(*widget);
         }
     }
 }
 
-std::optional<std::string> LinuxApplication::shortVersion() const { return CORVANE_VERSION; }
+std::optional<std::string> Application::shortVersion() const { return CORVANE_VERSION; }
 
-std::optional<std::string> LinuxApplication::buildVersion() const { return CORVANE_BUILD_NUMBER; }
+std::optional<std::string> Application::buildVersion() const { return CORVANE_BUILD_NUMBER; }
 
 /// Among the program's own resources, so it cannot be missing.
-std::optional<std::filesystem::path> LinuxApplication::iconFile() const { return ":/AppIcon.svg"; }
+std::optional<std::filesystem::path> Application::iconFile() const { return ":/AppIcon.svg"; }
 
-std::filesystem::path LinuxApplication::homeDirectory() const { return x11::homeDirectory(); }
+std::filesystem::path Application::homeDirectory() const { return linux::homeDirectory(); }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

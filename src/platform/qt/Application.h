@@ -2,10 +2,10 @@
 
 #include "platform/Application.h"
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The Qt application.
-class LinuxApplication : public platform::Application {
+class Application : public platform::Application {
   public:
     void terminate() override;
     void activateIgnoringOtherApps() override;
@@ -15,4 +15,4 @@ class LinuxApplication : public platform::Application {
     std::filesystem::path homeDirectory() const override;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -22,7 +22,7 @@ class DesktopEntriesTest : public testing::Test {
                            "[Desktop Entry]\nType=Application\n" + keys + "\n");
     }
 
-    x11::DesktopEntries entries(std::string_view locale = "C") const {
+    freedesktop::DesktopEntries entries(std::string_view locale = "C") const {
         return {{folder_.path(), lesserFolder_.path()}, locale};
     }
 
@@ -34,7 +34,7 @@ TEST_F(DesktopEntriesTest, WithoutFilesNothingIsKnown) {
     EXPECT_EQ(entries().identifierFor("editor", "Editor"), std::nullopt);
     EXPECT_EQ(entries().identifierFor("", ""), std::nullopt);
     EXPECT_EQ(entries().nameOf("editor"), std::nullopt);
-    x11::DesktopEntries nowhere({"/no/such/folder"}, "");
+    freedesktop::DesktopEntries nowhere({"/no/such/folder"}, "");
     EXPECT_EQ(nowhere.nameOf("editor"), std::nullopt);
 }
 
@@ -139,7 +139,7 @@ TEST_F(DesktopEntriesTest, TheEnvironmentSaysWhereTheFilesAre) {
     const EnvironmentVariable directories("XDG_DATA_DIRS", "relative:" + shared.string() + ":");
     const EnvironmentVariable everything("LC_ALL", "");
     const EnvironmentVariable messages("LC_MESSAGES", "nl_NL.UTF-8");
-    auto all = x11::DesktopEntries::ofUser();
+    auto all = freedesktop::DesktopEntries::ofUser();
     EXPECT_EQ(all.nameOf("mine"), "De mijne");
     EXPECT_EQ(all.nameOf("all"), "All");
 }

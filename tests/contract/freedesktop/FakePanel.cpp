@@ -18,7 +18,8 @@ const QString itemInterface = QStringLiteral("org.kde.StatusNotifierItem");
 const QString menuPath = QStringLiteral("/MenuBar");
 const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
 
-x11::PanelItemLayout find(const x11::PanelItemLayout &layout, const QString &label) {
+freedesktop::PanelItemLayout find(const freedesktop::PanelItemLayout &layout,
+                                  const QString &label) {
     if (layout.properties.value(QStringLiteral("label")).toString() == label) {
         return layout;
     }
@@ -37,15 +38,15 @@ FakePanel::FakePanel(bool hasHost)
     : bus_(
           QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("fake-panel"))),
       hasHost_(hasHost) {
-    x11::registerPanelMenuTypes();
-    x11::registerNotifierTypes();
+    freedesktop::registerPanelMenuTypes();
+    freedesktop::registerNotifierTypes();
     bus_.registerObject(path, this,
                         QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllProperties);
     bus_.connect(QString(), menuPath, menuInterface, QStringLiteral("LayoutUpdated"), this,
                  SLOT(layoutUpdated()));
     bus_.connect(QString(), menuPath, menuInterface, QStringLiteral("ItemsPropertiesUpdated"), this,
-                 SLOT(propertiesUpdated(QList<corvane::x11::PanelItemProperties>,
-                                        QList<corvane::x11::PanelItemNames>)));
+                 SLOT(propertiesUpdated(QList<corvane::freedesktop::PanelItemProperties>,
+                                        QList<corvane::freedesktop::PanelItemNames>)));
     bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewIcon"), this,
                  SLOT(iconChanged()));
     bus_.connect(QString(), itemPath, itemInterface, QStringLiteral("NewToolTip"), this,
@@ -67,17 +68,18 @@ QVariant FakePanel::itemProperty(const QString &name) {
     return reply.reply().arguments().value(0).value<QDBusVariant>().variant();
 }
 
-QList<x11::NotifierPixmap> FakePanel::iconPixmaps() {
-    return qdbus_cast<QList<x11::NotifierPixmap>>(itemProperty(QStringLiteral("IconPixmap")));
+QList<freedesktop::NotifierPixmap> FakePanel::iconPixmaps() {
+    return qdbus_cast<QList<freedesktop::NotifierPixmap>>(
+        itemProperty(QStringLiteral("IconPixmap")));
 }
 
-x11::PanelItemLayout FakePanel::layout() {
+freedesktop::PanelItemLayout FakePanel::layout() {
     const auto reply =
         call(menuPath, menuInterface, QStringLiteral("GetLayout"), {0, -1, QStringList()});
-    return qdbus_cast<x11::PanelItemLayout>(reply.reply().arguments().value(1));
+    return qdbus_cast<freedesktop::PanelItemLayout>(reply.reply().arguments().value(1));
 }
 
-x11::PanelItemLayout FakePanel::line(const QString &label) { return find(layout(), label); }
+freedesktop::PanelItemLayout FakePanel::line(const QString &label) { return find(layout(), label); }
 
 bool FakePanel::choose(int id) {
     return callMenu(QStringLiteral("Event"),
@@ -94,8 +96,8 @@ void FakePanel::activate(int x, int y) {
 
 void FakePanel::RegisterStatusNotifierItem(const QString &item) { items_ << item; }
 
-void FakePanel::propertiesUpdated(const QList<x11::PanelItemProperties> &updated,
-                                  const QList<x11::PanelItemNames> & /*removed*/) {
+void FakePanel::propertiesUpdated(const QList<freedesktop::PanelItemProperties> &updated,
+                                  const QList<freedesktop::PanelItemNames> & /*removed*/) {
     updates_ << updated;
 }
 

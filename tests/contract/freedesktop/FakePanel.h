@@ -33,12 +33,12 @@ class FakePanel : public QObject {
     /// A property of the last item.
     QVariant itemProperty(const QString &name);
     /// The pixmaps of the last item's icon.
-    QList<x11::NotifierPixmap> iconPixmaps();
+    QList<freedesktop::NotifierPixmap> iconPixmaps();
 
     /// The whole menu of the last item.
-    x11::PanelItemLayout layout();
+    freedesktop::PanelItemLayout layout();
     /// The line of the whole menu with that label, wherever it is.
-    x11::PanelItemLayout line(const QString &label);
+    freedesktop::PanelItemLayout line(const QString &label);
     /// False when the item refuses the event.
     bool choose(int id);
     /// Whether the item's menu answers a method called with any arguments; false when it refuses.
@@ -47,7 +47,7 @@ class FakePanel : public QObject {
     void activate(int x, int y);
 
     int layoutUpdates() const { return layoutUpdates_; }
-    QList<x11::PanelItemProperties> updates() const { return updates_; }
+    QList<freedesktop::PanelItemProperties> updates() const { return updates_; }
     int newIcons() const { return newIcons_; }
     int newToolTips() const { return newToolTips_; }
 
@@ -56,8 +56,8 @@ class FakePanel : public QObject {
 
   private:
     Q_SLOT void layoutUpdated() { ++layoutUpdates_; }
-    Q_SLOT void propertiesUpdated(const QList<corvane::x11::PanelItemProperties> &updated,
-                                  const QList<corvane::x11::PanelItemNames> &removed);
+    Q_SLOT void propertiesUpdated(const QList<corvane::freedesktop::PanelItemProperties> &updated,
+                                  const QList<corvane::freedesktop::PanelItemNames> &removed);
     Q_SLOT void iconChanged() { ++newIcons_; }
     Q_SLOT void toolTipChanged() { ++newToolTips_; }
 
@@ -68,7 +68,7 @@ class FakePanel : public QObject {
     bool hasHost_;
     QStringList items_;
     int layoutUpdates_ = 0;
-    QList<x11::PanelItemProperties> updates_;
+    QList<freedesktop::PanelItemProperties> updates_;
     int newIcons_ = 0;
     int newToolTips_ = 0;
 };

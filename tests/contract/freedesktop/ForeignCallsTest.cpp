@@ -29,7 +29,7 @@ class ForeignCallsTest : public testing::TestWithParam<unsigned> {
     }};
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    x11::LinuxStatusBar bar_{events_};
+    linux::StatusBar bar_{events_};
     std::vector<std::string> actions_;
     std::unique_ptr<platform::StatusItem> item_ =
         bar_.createItem([this](const MenuCommand &command) { actions_.push_back(command.action); });

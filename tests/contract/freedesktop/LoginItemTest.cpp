@@ -34,7 +34,7 @@ class LinuxLoginItemTest : public testing::Test {
     desktop::TemporaryFolder config_;
     std::filesystem::path entryFile_ = config_.path() / "autostart" / "corvane.desktop";
     posix::PosixFileSystem files_;
-    x11::LinuxLoginItem item_{files_, config_.path(), "/bin/sh"};
+    freedesktop::LoginItem item_{files_, config_.path(), "/bin/sh"};
 };
 
 TEST_F(LinuxLoginItemTest, IsOffWithoutAnEntry) { EXPECT_FALSE(item_.isEnabled()); }
@@ -88,7 +88,7 @@ TEST_F(LinuxLoginItemTest, RegisteringSwitchesAHiddenEntryOn) {
 TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
     const auto odd = config_.path() / R"(a "b" $c `d` \e 100%)";
     std::filesystem::copy_file("/bin/sh", odd);
-    x11::LinuxLoginItem item(files_, config_.path(), odd);
+    freedesktop::LoginItem item(files_, config_.path(), odd);
     ASSERT_TRUE(item.registerItem().has_value());
     const std::string directory = config_.path().string();
     EXPECT_NE(readEntry().find("\nExec=\"" + directory + R"(/a \\"b\\" \\$c \\`d\\` \\\\e 100%%")" +

@@ -18,7 +18,7 @@ namespace corvane::contract {
 
 namespace {
 
-using x11::SessionBus;
+using freedesktop::SessionBus;
 
 class SessionBusTest : public WindowSystemTest {
   protected:
@@ -122,21 +122,21 @@ class SessionBusAddressTest : public testing::Test {
 
 TEST_F(SessionBusAddressTest, IsWhatTheSessionSays) {
     const EnvironmentVariable named("DBUS_SESSION_BUS_ADDRESS", "unix:path=/somewhere");
-    EXPECT_EQ(x11::sessionBusAddress(), "unix:path=/somewhere");
-    EXPECT_TRUE(x11::hasSessionBus());
+    EXPECT_EQ(freedesktop::sessionBusAddress(), "unix:path=/somewhere");
+    EXPECT_TRUE(freedesktop::hasSessionBus());
 }
 
 TEST_F(SessionBusAddressTest, IsElseInTheRuntimeFolder) {
     const EnvironmentVariable named("DBUS_SESSION_BUS_ADDRESS", "");
-    EXPECT_EQ(x11::sessionBusAddress(), "unix:path=" + (folder_.path() / "bus").string());
-    EXPECT_FALSE(x11::hasSessionBus());
+    EXPECT_EQ(freedesktop::sessionBusAddress(), "unix:path=" + (folder_.path() / "bus").string());
+    EXPECT_FALSE(freedesktop::hasSessionBus());
 }
 
 TEST_F(SessionBusAddressTest, IsElseNowhere) {
     const EnvironmentVariable named("DBUS_SESSION_BUS_ADDRESS", "");
     const EnvironmentVariable runtime("XDG_RUNTIME_DIR", "/nowhere");
-    EXPECT_EQ(x11::sessionBusAddress(), "");
-    EXPECT_FALSE(x11::hasSessionBus());
+    EXPECT_EQ(freedesktop::sessionBusAddress(), "");
+    EXPECT_FALSE(freedesktop::hasSessionBus());
 }
 
 } // namespace

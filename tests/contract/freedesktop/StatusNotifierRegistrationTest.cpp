@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using x11::PanelAnswer;
+using freedesktop::PanelAnswer;
 
 /// A client of the bus of its own that wants its item on the panel, and what it was told.
 class Host {
@@ -47,7 +47,7 @@ class Host {
     QDBusConnection bus_;
     int announcements_ = 0;
     std::vector<PanelAnswer> answers_;
-    x11::StatusNotifierHost host_;
+    freedesktop::StatusNotifierRegistration host_;
 };
 
 TEST(StatusNotifierHostTest, SaysThatThereIsNoPanelWithoutABus) {

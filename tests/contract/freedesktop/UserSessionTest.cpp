@@ -93,7 +93,7 @@ class LinuxUserSessionTest : public WindowSystemTest {
     QStringList names_;
     int departures_ = 0;
     FakeLoginManager login_;
-    x11::LinuxUserSession session_;
+    freedesktop::UserSession session_;
 };
 
 TEST_F(LinuxUserSessionTest, NoticesEveryDesktopsLocker) {
@@ -175,7 +175,7 @@ TEST_F(LinuxUserSessionTest, NoticesTheServersScreenSaver) {
 TEST(LinuxUserSessionWithoutBusesTest, NobodyIsEverAway) {
     const QDBusConnection none(u"no such bus"_s);
     x11::XcbEvents events(x11::XcbConnection::open().value(), [] {});
-    const x11::LinuxUserSession session(events, "", none, [](bool) {});
+    const freedesktop::UserSession session(events, "", none, [](bool) {});
     EXPECT_FALSE(session.isAway());
 }
 

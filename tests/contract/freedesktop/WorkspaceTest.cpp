@@ -16,7 +16,7 @@ namespace {
 
 TEST(LinuxWorkspaceTest, TheAccessibilitySettingsAreOurOwnPage) {
     int guides = 0;
-    x11::LinuxWorkspace workspace([&guides] { ++guides; });
+    freedesktop::Workspace workspace([&guides] { ++guides; });
     workspace.openUrl(
         "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
     EXPECT_EQ(guides, 1);
@@ -31,7 +31,7 @@ TEST(LinuxWorkspaceTest, EverythingElseIsTheDesktopsPart) {
     const EnvironmentVariable path("PATH", folder.path().string() + ":/usr/bin:/bin");
 
     int guides = 0;
-    x11::LinuxWorkspace workspace([&guides] { ++guides; });
+    freedesktop::Workspace workspace([&guides] { ++guides; });
     workspace.openUrl("https://corvane.example/donate?a=1&b=%20");
     EXPECT_TRUE(turnUntil([&opened] {
         return desktop::readFile(opened) == "https://corvane.example/donate?a=1&b=%20\n";
@@ -41,7 +41,7 @@ TEST(LinuxWorkspaceTest, EverythingElseIsTheDesktopsPart) {
 
 TEST(LinuxWorkspaceTest, WhatIsNoAddressIsPassedOverSilently) {
     int guides = 0;
-    x11::LinuxWorkspace workspace([&guides] { ++guides; });
+    freedesktop::Workspace workspace([&guides] { ++guides; });
     workspace.openUrl("");
     workspace.openUrl("http://[");
     EXPECT_EQ(guides, 0);

@@ -31,9 +31,9 @@ class LinuxApplicationsTest : public WindowSystemTest {
     }
 
     desktop::TemporaryFolder folder_;
-    x11::LinuxMainQueue mainQueue_;
+    linux::MainQueue mainQueue_;
     x11::ClientWindows windows_{x11::XcbConnection::open().value(), mainQueue_};
-    x11::LinuxApplications applications_{windows_, x11::DesktopEntries({folder_.path()}, "C")};
+    linux::Applications applications_{windows_, freedesktop::DesktopEntries({folder_.path()}, "C")};
 };
 
 TEST_F(LinuxApplicationsTest, AProcessWithoutWindowsIsNoApplication) {

@@ -17,7 +17,7 @@ namespace corvane::contract {
 
 namespace {
 
-using x11::BusCommands;
+using linux::BusCommands;
 
 /// A program that sends commands on the bus, from within the test's own event loop.
 class BusCommandsTest : public testing::Test {
@@ -52,8 +52,8 @@ class BusCommandsTest : public testing::Test {
 
     QDBusMessage call(const QString &method, const QVariantList &arguments) {
         auto message = QDBusMessage::createMethodCall(
-            QString::fromStdString(name_), QString::fromStdString(x11::commandBusPath()),
-            QString::fromStdString(x11::commandBusInterface()), method);
+            QString::fromStdString(name_), QString::fromStdString(linux::commandBusPath()),
+            QString::fromStdString(linux::commandBusInterface()), method);
         message.setArguments(arguments);
         QDBusPendingCall pending = bus_.asyncCall(message);
         EXPECT_TRUE(turnUntil([&pending] { return pending.isFinished(); }));
@@ -62,7 +62,7 @@ class BusCommandsTest : public testing::Test {
 
     QDBusMessage run(const QStringList &words) { return call(QStringLiteral("Run"), {words}); }
 
-    const std::string name_ = x11::commandBusName() + ".contract";
+    const std::string name_ = linux::commandBusName() + ".contract";
     QDBusConnection bus_;
     std::vector<CommandRequest> requests_;
 };
@@ -87,8 +87,8 @@ TEST_F(BusCommandsTest, AnswersManyInTheirOrder) {
     std::vector<QDBusPendingCall> calls;
     for (int number = 0; number < 50; ++number) {
         auto message = QDBusMessage::createMethodCall(
-            QString::fromStdString(name_), QString::fromStdString(x11::commandBusPath()),
-            QString::fromStdString(x11::commandBusInterface()), QStringLiteral("Run"));
+            QString::fromStdString(name_), QString::fromStdString(linux::commandBusPath()),
+            QString::fromStdString(linux::commandBusInterface()), QStringLiteral("Run"));
         message << QStringList{QString::number(number)};
         calls.push_back(bus_.asyncCall(message));
     }
@@ -131,8 +131,8 @@ TEST_F(BusCommandsTest, WithoutItsNamesItIsNotFoundButStillAnswers) {
     });
     ASSERT_TRUE(turnUntil([this] { return owner().isValid(); }));
     auto message = QDBusMessage::createMethodCall(
-        QString::fromStdString(name_), QString::fromStdString(x11::commandBusPath()),
-        QString::fromStdString(x11::commandBusInterface()), QStringLiteral("Run"));
+        QString::fromStdString(name_), QString::fromStdString(linux::commandBusPath()),
+        QString::fromStdString(linux::commandBusInterface()), QStringLiteral("Run"));
     message << QStringList{QStringLiteral("quit")};
     QDBusPendingCall pending = bus_.asyncCall(message);
     ASSERT_TRUE(turnUntil([&goodbye] { return goodbye != nullptr; }));

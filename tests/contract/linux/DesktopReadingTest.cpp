@@ -22,7 +22,7 @@ class DesktopReadingTest : public testing::Test {
   protected:
     static DesktopFacts read(const VirtualDesktop &desktop) {
         const EnvironmentVariable display("DISPLAY", desktop.display());
-        return x11::readDesktopFacts(hotKey);
+        return linux::readDesktopFacts(hotKey);
     }
 
     EnvironmentVariable wayland_{"WAYLAND_DISPLAY", std::nullopt};
@@ -63,7 +63,7 @@ TEST_F(DesktopReadingTest, SeesThatTheHotKeyIsTakenAndLeavesAFreeOneFree) {
     EXPECT_EQ(read(desktop).hotKey, HotKeyState::free);
     const EnvironmentVariable display("DISPLAY", desktop.display());
     x11::XcbEvents events(x11::XcbConnection::open().value(), [] {});
-    x11::LinuxHotKeys others(events);
+    x11::HotKeys others(events);
     const auto key = others.registerHotKey(hotKey);
     ASSERT_TRUE(key.has_value());
     EXPECT_EQ(read(desktop).hotKey, HotKeyState::taken);
@@ -80,9 +80,9 @@ TEST_F(DesktopReadingTest, BelievesTheEnvironmentAboutWayland) {
 
 TEST_F(DesktopReadingTest, SeesThatThereIsNoServer) {
     const EnvironmentVariable display("DISPLAY", ":65000");
-    EXPECT_EQ(x11::readDesktopFacts(hotKey), (DesktopFacts{.displayName = ":65000"}));
+    EXPECT_EQ(linux::readDesktopFacts(hotKey), (DesktopFacts{.displayName = ":65000"}));
     const EnvironmentVariable wayland("WAYLAND_DISPLAY", "wayland-0");
-    EXPECT_EQ(x11::readDesktopFacts(hotKey),
+    EXPECT_EQ(linux::readDesktopFacts(hotKey),
               (DesktopFacts{.displayServer = DisplayServer::waylandOnly,
                             .displayName = ":65000",
                             .isWaylandSession = true}));

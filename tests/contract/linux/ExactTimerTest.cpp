@@ -23,9 +23,9 @@ class ExactTimerTest : public testing::Test {
         }
     }
 
-    x11::LinuxClock clock_;
+    linux::Clock clock_;
     int calls_ = 0;
-    x11::ExactTimer timer_{[this] { ++calls_; }};
+    linux::ExactTimer timer_{[this] { ++calls_; }};
 };
 
 TEST_F(ExactTimerTest, CallsOnceAndNotBefore) {
@@ -62,7 +62,7 @@ TEST_F(ExactTimerTest, ClearedItCallsNothing) {
 
 TEST_F(ExactTimerTest, MayBeSetAnewByWhatItCalls) {
     int calls = 0;
-    x11::ExactTimer timer([&] {
+    linux::ExactTimer timer([&] {
         if (++calls < 3) {
             timer.set(clock_.now() + 1ms);
         }
@@ -75,7 +75,7 @@ TEST_F(ExactTimerTest, MayBeSetAnewByWhatItCalls) {
 
 TEST_F(ExactTimerTest, CallsAgainWhileWhatItCallsTurnsTheEventLoop) {
     int calls = 0;
-    x11::ExactTimer timer([&calls] {
+    linux::ExactTimer timer([&calls] {
         if (++calls == 1) {
             turnUntil([&calls] { return calls > 1; });
         }

@@ -24,7 +24,7 @@ class LinuxBackEnd : public BackEnd {
     EnvironmentVariable configVariable_{"XDG_CONFIG_HOME", std::nullopt};
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    x11::LinuxPlatform platform_{events_, x11::XcbConnection::open().value()};
+    linux::LinuxPlatform platform_{events_, x11::XcbConnection::open().value()};
 };
 
 } // namespace corvane::contract

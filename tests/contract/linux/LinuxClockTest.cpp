@@ -43,7 +43,7 @@ waitWithoutDescriptors(platform::ContinuousClock &clock) {
 }
 
 TEST(LinuxClockTest, WithoutDescriptorsAWaitStillLastsUntilItsDeadline) {
-    x11::LinuxClock clock;
+    linux::Clock clock;
     const auto wait = waitWithoutDescriptors(clock);
     const auto deadline = clock.now() + milliseconds(30);
     wait->waitUntil(deadline);
@@ -52,7 +52,7 @@ TEST(LinuxClockTest, WithoutDescriptorsAWaitStillLastsUntilItsDeadline) {
 }
 
 TEST(LinuxClockTest, WithoutDescriptorsAWaitCanStillBeCancelled) {
-    x11::LinuxClock clock;
+    linux::Clock clock;
     const auto wait = waitWithoutDescriptors(clock);
     std::thread waiter([&] { wait->waitUntil(clock.now() + hours(1)); });
     wait->cancel();

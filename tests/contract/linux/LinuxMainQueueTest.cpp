@@ -24,8 +24,8 @@ class LinuxMainQueueTest : public testing::Test {
         return called - start;
     }
 
-    x11::LinuxClock clock_;
-    x11::LinuxMainQueue queue_;
+    linux::Clock clock_;
+    linux::MainQueue queue_;
 };
 
 TEST_F(LinuxMainQueueTest, ADelayIsNotRoundedUpToWholeMilliseconds) {

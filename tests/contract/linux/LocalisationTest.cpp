@@ -6,7 +6,7 @@ namespace corvane::contract {
 namespace {
 
 std::string startIn(const std::vector<std::string> &locales) {
-    return x11::LinuxLocalisation(locales).text("Start");
+    return linux::Localisation(locales).text("Start");
 }
 
 TEST(LinuxLocalisationTest, TheTableOfTheUsersLanguageGivesTheTexts) {
@@ -25,7 +25,7 @@ TEST(LinuxLocalisationTest, WithoutATableTheTextsAreEnglish) {
 }
 
 TEST(LinuxLocalisationTest, ATextWithoutTranslationStaysAsItIs) {
-    EXPECT_EQ(x11::LinuxLocalisation({"de"}).text("No such text"), "No such text");
+    EXPECT_EQ(linux::Localisation({"de"}).text("No such text"), "No such text");
 }
 
 } // namespace

@@ -49,7 +49,7 @@ class OtherUserTest : public testing::TestWithParam<uid_t> {
 
     desktop::TemporaryFolder folder_;
     const std::filesystem::path path_ = folder_.path() / "corvane" / "display_0.socket";
-    x11::LinuxMainQueue queue_;
+    linux::MainQueue queue_;
     int requests_ = 0;
 };
 

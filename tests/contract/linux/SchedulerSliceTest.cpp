@@ -41,7 +41,7 @@ TEST(ShortTurnsTest, ChangesTheTurnsOnly) {
         constexpr int leastPriority = 19;
         ASSERT_EQ(setpriority(PRIO_PROCESS, 0, leastPriority), 0);
         const Turns before = readTurns();
-        x11::takeShortTurns();
+        linux::requestSchedulerSlice();
         const Turns after = readTurns();
         EXPECT_EQ(after.policy, SCHED_OTHER);
         EXPECT_EQ(after.nice, leastPriority);
@@ -55,7 +55,7 @@ TEST(ShortTurnsTest, ChangesTheTurnsOnly) {
 TEST(ShortTurnsTest, OtherThreadsAreAsUsual) {
     onAThreadOfItsOwn([] {
         const Turns usual = readTurns();
-        x11::takeShortTurns();
+        linux::requestSchedulerSlice();
         onAThreadOfItsOwn([&usual] { EXPECT_EQ(readTurns().nanoseconds, usual.nanoseconds); });
     });
 }
@@ -64,7 +64,7 @@ TEST(ShortTurnsTest, LeavesAnotherPolicyAlone) {
     onAThreadOfItsOwn([] {
         const sched_param parameters{};
         ASSERT_EQ(sched_setscheduler(0, SCHED_IDLE, &parameters), 0);
-        x11::takeShortTurns();
+        linux::requestSchedulerSlice();
         EXPECT_EQ(readTurns().policy, SCHED_IDLE);
     });
 }

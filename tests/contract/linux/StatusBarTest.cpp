@@ -59,7 +59,7 @@ class StatusBarTest : public testing::Test {
     XClient user_;
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    x11::LinuxStatusBar bar_{events_};
+    linux::StatusBar bar_{events_};
     std::vector<MenuCommand> commands_;
     std::unique_ptr<platform::StatusItem> item_;
 };
@@ -139,7 +139,7 @@ TEST_F(StatusBarTest, GivesThePanelItsToolTip) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
     item_->setToolTip("Corvane is idle");
-    const auto toolTip = qdbus_cast<x11::NotifierToolTip>(panel.itemProperty(u"ToolTip"_s));
+    const auto toolTip = qdbus_cast<freedesktop::NotifierToolTip>(panel.itemProperty(u"ToolTip"_s));
     EXPECT_EQ(toolTip.title, u"Corvane is idle"_s);
 }
 
@@ -266,7 +266,8 @@ TEST_F(StatusBarTest, RefusesArgumentsOfOtherTypes) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
     const QVariant numbers = QVariant::fromValue(QList<int>{1, 2});
-    const QVariant items = QVariant::fromValue(QList<x11::PanelItemProperties>{{.id = 1}, {}});
+    const QVariant items =
+        QVariant::fromValue(QList<freedesktop::PanelItemProperties>{{.id = 1}, {}});
     for (const auto &method :
          {u"GetLayout"_s, u"GetGroupProperties"_s, u"GetProperty"_s, u"Event"_s, u"EventGroup"_s,
           u"AboutToShow"_s, u"AboutToShowGroup"_s, u"Unheard"_s}) {

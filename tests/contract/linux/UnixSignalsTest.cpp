@@ -16,7 +16,7 @@ namespace {
 
 TEST(UnixSignalsTest, EveryEndingSignalIsACallOfTheEventLoop) {
     int requests = 0;
-    const x11::UnixSignals signals([&requests] { ++requests; });
+    const linux::UnixSignals signals([&requests] { ++requests; });
     int expected = 0;
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
         kill(getpid(), signal);
@@ -27,7 +27,7 @@ TEST(UnixSignalsTest, EveryEndingSignalIsACallOfTheEventLoop) {
 
 TEST(UnixSignalsTest, AFloodOfSignalsDoesNoHarm) {
     int requests = 0;
-    const x11::UnixSignals signals([&requests] { ++requests; });
+    const linux::UnixSignals signals([&requests] { ++requests; });
     constexpr int moreThanAPipeHolds = 100000;
     for (int count = 0; count < moreThanAPipeHolds; ++count) {
         raise(SIGTERM);
@@ -36,7 +36,7 @@ TEST(UnixSignalsTest, AFloodOfSignalsDoesNoHarm) {
 }
 
 TEST(UnixSignalsTest, WritingToAClosedPipeIsAnOrdinaryError) {
-    const x11::UnixSignals signals([] {});
+    const linux::UnixSignals signals([] {});
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe(ends.data()), 0);
     close(ends[0]);

@@ -17,7 +17,7 @@ std::filesystem::path homeInPasswordDatabase() {
 
 TEST(UserDirectoriesTest, HomeIsWhatTheEnvironmentSays) {
     const EnvironmentVariable home("HOME", "/somewhere/else");
-    EXPECT_EQ(x11::homeDirectory(), "/somewhere/else");
+    EXPECT_EQ(linux::homeDirectory(), "/somewhere/else");
 }
 
 TEST(UserDirectoriesTest, WithoutAnAbsoluteHomeThePasswordDatabaseSays) {
@@ -25,14 +25,14 @@ TEST(UserDirectoriesTest, WithoutAnAbsoluteHomeThePasswordDatabaseSays) {
          {std::optional<std::string>(), std::optional<std::string>(""),
           std::optional<std::string>("relative/path")}) {
         const EnvironmentVariable home("HOME", value);
-        EXPECT_EQ(x11::homeDirectory(), homeInPasswordDatabase());
+        EXPECT_EQ(linux::homeDirectory(), homeInPasswordDatabase());
     }
 }
 
 TEST(UserDirectoriesTest, DesktopSettingsLieInTheConfiguredDirectory) {
     const EnvironmentVariable home("HOME", "/home/me");
     const EnvironmentVariable config("XDG_CONFIG_HOME", "/settings");
-    EXPECT_EQ(x11::configDirectory(), "/settings");
+    EXPECT_EQ(linux::configDirectory(), "/settings");
 }
 
 TEST(UserDirectoriesTest, DesktopSettingsLieBelowHomeOtherwise) {
@@ -41,7 +41,7 @@ TEST(UserDirectoriesTest, DesktopSettingsLieBelowHomeOtherwise) {
          {std::optional<std::string>(), std::optional<std::string>(""),
           std::optional<std::string>("relative")}) {
         const EnvironmentVariable config("XDG_CONFIG_HOME", value);
-        EXPECT_EQ(x11::configDirectory(), "/home/me/.config");
+        EXPECT_EQ(linux::configDirectory(), "/home/me/.config");
     }
 }
 

@@ -55,7 +55,7 @@ class WakeUpLeadTest : public testing::Test {
     }
 
     SteppingClock clock_;
-    x11::WakeUpLead lead_;
+    linux::WakeUpLatency lead_;
 };
 
 TEST_F(WakeUpLeadTest, SettlesAtTheLatenessOfTheSystem) {
@@ -86,7 +86,7 @@ TEST_F(WakeUpLeadTest, AFirstWaitThatWasLateOnceIsSoonForgotten) {
 }
 
 TEST_F(WakeUpLeadTest, StaysShortOnAMachineThatIsVeryLate) {
-    EXPECT_EQ(settledLead(30ms), x11::WakeUpLead::longest);
+    EXPECT_EQ(settledLead(30ms), linux::WakeUpLatency::longest);
 }
 
 TEST_F(WakeUpLeadTest, EndsEarlyWhenToldSo) {

@@ -50,7 +50,7 @@ AlertResponse answer(const Alert &alert, const std::function<void(QDialog &)> &u
         }
     });
     watch.start(5);
-    return x11::LinuxAlerts().runModal(alert);
+    return qt::Alerts().runModal(alert);
 }
 
 void strike(Qt::Key key, const QString &text = QString()) {
@@ -250,7 +250,7 @@ TEST(AlertsTest, EndsWithTheProgramAnsweringWithTheLastButton) {
     AlertResponse response;
     QTimer::singleShot(0, qApp, [&response] {
         QTimer::singleShot(50, qApp, &QCoreApplication::quit);
-        response = x11::LinuxAlerts().runModal(question());
+        response = qt::Alerts().runModal(question());
     });
     QApplication::exec();
     EXPECT_EQ(response.button, 1U);

@@ -89,7 +89,7 @@ class LongTextsTest : public SettingsWindowTest,
         if (language == longerThanAny) {
             useTextLookup(lengthened);
         } else {
-            useTextLookup([table = x11::LinuxLocalisation({language})](std::string_view english) {
+            useTextLookup([table = linux::Localisation({language})](std::string_view english) {
                 return table.text(english);
             });
         }
@@ -155,7 +155,7 @@ TEST_P(LongTextsTest, alerts) {
          .buttons = {localised("Rename"), localised("Cancel")},
          .field = AlertField{.size = {260, 24}, .placeholder = localised("Profile name")}}};
     for (const Alert &alert : alerts) {
-        x11::AlertDialog dialog(alert);
+        qt::AlertDialog dialog(alert);
         dialog.show();
         EXPECT_EQ(cutTexts(dialog), "") << alert.messageText;
     }

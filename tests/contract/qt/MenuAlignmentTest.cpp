@@ -8,7 +8,7 @@ namespace corvane::contract {
 
 namespace {
 
-using x11::alignMenu;
+using drawing::alignMenu;
 
 TEST(MenuAlignmentTest, KeepsAllLinesWhenOnlyTextsAndStatesChange) {
     const auto before = sampleMenu().items;

@@ -68,8 +68,8 @@ class MenuRendererTest : public testing::Test {
     }
 
     std::vector<MenuCommand> commands_;
-    x11::SymbolImages symbols_;
-    x11::MenuRenderer renderer_{
+    drawing::SymbolImages symbols_;
+    qt::MenuRenderer renderer_{
         symbols_, [this](const MenuCommand &command) { commands_.push_back(command); }};
 };
 
@@ -205,9 +205,9 @@ TEST_F(MenuRendererTest, LeavesTheCheckMarkToTheNextValue) {
 }
 
 TEST_F(MenuRendererTest, TakesANewMenuFromWithinACommand) {
-    x11::MenuRenderer *renderer = nullptr;
-    x11::MenuRenderer changing(symbols_,
-                               [&renderer](const MenuCommand &) { renderer->setMenu({}); });
+    qt::MenuRenderer *renderer = nullptr;
+    qt::MenuRenderer changing(symbols_,
+                              [&renderer](const MenuCommand &) { renderer->setMenu({}); });
     renderer = &changing;
     changing.setMenu(sampleMenu());
     changing.menu().actions().at(2)->trigger();

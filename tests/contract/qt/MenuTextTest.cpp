@@ -8,9 +8,11 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString popup(const MenuItem &item) { return x11::popupText(x11::menuText(item)); }
+QString popup(const MenuItem &item) { return drawing::popupText(drawing::menuText(item)); }
 
-QString panel(const std::string &title) { return x11::panelLabel(x11::menuText({.title = title})); }
+QString panel(const std::string &title) {
+    return drawing::panelLabel(drawing::menuText({.title = title}));
+}
 
 TEST(MenuTextTest, SaysTheHintInTheKeysOfThisDesktop) {
     EXPECT_EQ(popup({.title = "Stop\t⇧⌘Y"}), u"Stop\tSuper+Shift+Y"_s);
@@ -23,11 +25,11 @@ TEST(MenuTextTest, ShowsTheItemsOwnKeyWithControl) {
 }
 
 TEST(MenuTextTest, NamesTheKeysForThePanel) {
-    EXPECT_EQ(x11::panelKeys(x11::menuText({.title = "Stop\t⇧⌘Y"})),
+    EXPECT_EQ(drawing::panelKeys(drawing::menuText({.title = "Stop\t⇧⌘Y"})),
               (QStringList{u"Super"_s, u"Shift"_s, u"Y"_s}));
-    EXPECT_EQ(x11::panelKeys(x11::menuText({.title = "Settings...", .commandKey = ","})),
+    EXPECT_EQ(drawing::panelKeys(drawing::menuText({.title = "Settings...", .commandKey = ","})),
               (QStringList{u"Control"_s, u"comma"_s}));
-    EXPECT_TRUE(x11::panelKeys(x11::menuText({.title = "Idle"})).isEmpty());
+    EXPECT_TRUE(drawing::panelKeys(drawing::menuText({.title = "Idle"})).isEmpty());
 }
 
 TEST(MenuTextTest, TakesOnlyKeysForAHint) {

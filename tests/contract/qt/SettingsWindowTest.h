@@ -70,7 +70,7 @@ class SettingsWindowTest : public ::testing::Test {
     /// Called when the user is done with the General tab.
     std::function<void()> afterSaving;
 
-    x11::LinuxSettingsWindows windows;
+    qt::SettingsWindows windows;
     std::shared_ptr<SettingsTab> tab;
     std::unique_ptr<ConfigWindow> window;
 

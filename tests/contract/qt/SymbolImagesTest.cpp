@@ -23,7 +23,7 @@ double ink(const QImage &image) {
 class SymbolTest : public testing::TestWithParam<const char *> {};
 
 TEST_P(SymbolTest, IsDrawnInTheOneColourAskedFor) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     const QColor colour(200, 30, 90);
     for (const int size : {16, 22, 64}) {
         const auto image = symbols.image(GetParam(), colour, size);
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Symbols, SymbolTest,
                                          "globe", "heart.fill"));
 
 TEST(SymbolImagesTest, HasNoImageForAnUnknownName) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     EXPECT_TRUE(symbols.image("no.such.symbol", Qt::black, 16).isNull());
     EXPECT_TRUE(symbols.pixmap("no.such.symbol", Qt::black, 16, 1).isNull());
     EXPECT_TRUE(
@@ -58,7 +58,7 @@ TEST(SymbolImagesTest, HasNoImageForAnUnknownName) {
 }
 
 TEST(SymbolImagesTest, DrawsHeavierWeightsWithMoreInk) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     const auto inkOf = [&](FontWeight weight) {
         return ink(symbols.image("gearshape", Qt::black, 48, weight));
     };
@@ -68,14 +68,14 @@ TEST(SymbolImagesTest, DrawsHeavierWeightsWithMoreInk) {
 }
 
 TEST(SymbolImagesTest, IsSharpOnADenseScreen) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     const auto pixmap = symbols.pixmap("gearshape", Qt::black, 16, 2);
     EXPECT_EQ(pixmap.size(), QSize(32, 32));
     EXPECT_EQ(pixmap.deviceIndependentSize(), QSizeF(16, 16));
 }
 
 TEST(SymbolImagesTest, AnIconPaintsItselfWhereItIsTold) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     QPalette palette;
     palette.setColor(QPalette::Active, QPalette::Text, Qt::red);
     QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
@@ -89,7 +89,7 @@ TEST(SymbolImagesTest, AnIconPaintsItselfWhereItIsTold) {
 }
 
 TEST(SymbolImagesTest, AnIconIsDrawnInTheSizeAndColourItIsShownIn) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     QPalette palette;
     palette.setColor(QPalette::Active, QPalette::Text, Qt::red);
     palette.setColor(QPalette::Disabled, QPalette::Text, Qt::green);
@@ -109,12 +109,12 @@ TEST(SymbolImagesTest, AnIconIsDrawnInTheSizeAndColourItIsShownIn) {
 }
 
 TEST(StatusIconImagesTest, PaintsTheDotWhereTheIconSays) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     StatusIcon icon{.image = {.name = "cursorarrow.click.2"}, .title = ""};
-    const auto idle = x11::statusIconImages(icon, Qt::white, symbols);
+    const auto idle = drawing::statusIconImages(icon, Qt::white, symbols);
     icon.dot =
         StatusDot{.frame = {14, 2, 7, 7}, .cornerRadius = 3.5, .colour = {ColourName::systemGreen}};
-    const auto running = x11::statusIconImages(icon, Qt::white, symbols);
+    const auto running = drawing::statusIconImages(icon, Qt::white, symbols);
     ASSERT_EQ(idle.size(), running.size());
     ASSERT_FALSE(idle.isEmpty());
     for (qsizetype index = 0; index < idle.size(); ++index) {
@@ -130,9 +130,9 @@ TEST(StatusIconImagesTest, PaintsTheDotWhereTheIconSays) {
 }
 
 TEST(StatusIconImagesTest, IsEmptyWithoutTheSymbol) {
-    x11::SymbolImages symbols;
+    drawing::SymbolImages symbols;
     const StatusIcon icon{.image = {.name = "no.such.symbol"}, .title = ""};
-    EXPECT_TRUE(x11::statusIconImages(icon, Qt::white, symbols).isEmpty());
+    EXPECT_TRUE(drawing::statusIconImages(icon, Qt::white, symbols).isEmpty());
 }
 
 } // namespace

@@ -90,9 +90,9 @@ class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
     /// The back end's own.
     const x11::XcbConnection &watching() const { return clientWindows_.connection(); }
 
-    x11::LinuxMainQueue mainQueue_;
+    linux::MainQueue mainQueue_;
     x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
-    x11::LinuxAccessibilityWindows windows_{clientWindows_};
+    x11::AccessibilityWindows windows_{clientWindows_};
 };
 
 TEST_P(LinuxAccessibilityWindowsTest, AnApplicationWithoutWindowsHasAnEmptyList) {

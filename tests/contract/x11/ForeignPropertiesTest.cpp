@@ -51,18 +51,18 @@ class ForeignPropertiesTest : public WindowSystemTest,
         client_.synchronize();
     }
 
-    void expectSound(const x11::WindowFacts &facts) const {
+    void expectSound(const x11::WindowInfo &facts) const {
         EXPECT_GE(facts.bounds.width, 0);
         EXPECT_GE(facts.bounds.height, 0);
         if (facts.title) {
-            EXPECT_EQ(x11::utf8Text(*facts.title), *facts.title);
+            EXPECT_EQ(linux::utf8Text(*facts.title), *facts.title);
         }
     }
 
     void expectSound(const x11::WindowOwner &owner) const {
         EXPECT_GT(owner.processIdentifier.value_or(1), 0);
-        EXPECT_EQ(x11::utf8Text(owner.instanceName), owner.instanceName);
-        EXPECT_EQ(x11::utf8Text(owner.className), owner.className);
+        EXPECT_EQ(linux::utf8Text(owner.instanceName), owner.instanceName);
+        EXPECT_EQ(linux::utf8Text(owner.className), owner.className);
     }
 
     std::mt19937 random_{GetParam()};
@@ -107,7 +107,7 @@ TEST_P(ForeignPropertiesTest, AListOfWindowsMayNameAnything) {
         constexpr std::array lists{"_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING"};
         setAnything(client_.root(), lists);
         const auto listed = reader_.windows();
-        for (const x11::WindowFacts &facts : reader_.facts(listed)) {
+        for (const x11::WindowInfo &facts : reader_.facts(listed)) {
             expectSound(facts);
         }
         for (const x11::WindowOwner &owner : reader_.owners(listed)) {

@@ -56,7 +56,7 @@ class LinuxHotKeysTest : public testing::Test {
     XClient user_;
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    x11::LinuxHotKeys hotKeys_{events_};
+    x11::HotKeys hotKeys_{events_};
     int presses_ = 0;
     std::unique_ptr<HotKeyReference> handler_;
     std::unique_ptr<HotKeyReference> key_;

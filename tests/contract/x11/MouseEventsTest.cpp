@@ -73,7 +73,7 @@ class LinuxMouseEventsTest : public testing::Test {
     }
 
     XClient user_;
-    x11::LinuxMouseEvents mouseEvents_;
+    x11::MouseEvents mouseEvents_;
 };
 
 TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
@@ -199,7 +199,7 @@ TEST_F(LinuxMouseEventsTest, WorksOnAThreadOfItsOwn) {
 
 TEST(LinuxMouseEventsWithoutServerTest, EveryOperationFails) {
     const EnvironmentVariable display("DISPLAY", ":65000");
-    const auto session = x11::LinuxMouseEvents().openSession();
+    const auto session = x11::MouseEvents().openSession();
     ASSERT_NE(session, nullptr);
     EXPECT_EQ(session->state().cursorLocation, std::nullopt);
     EXPECT_EQ(session->state().isLeftButtonDown, std::nullopt);

@@ -39,21 +39,21 @@ class NestedFramesTest : public WindowSystemTest {
     }
 
     /// As they are followed: what the server has told so far counts.
-    x11::WindowFacts followed() {
+    x11::WindowInfo followed() {
         clientWindows_.connection().synchronise();
         const auto windows = clientWindows_.windowsOf(getpid());
-        return windows->empty() ? x11::WindowFacts{} : *windows->front();
+        return windows->empty() ? x11::WindowInfo{} : *windows->front();
     }
 
     /// As the server says when it is asked.
-    x11::WindowFacts asked() {
+    x11::WindowInfo asked() {
         const std::array windows{client_.id()};
         const auto facts = reader_.facts(windows);
-        return facts.empty() ? x11::WindowFacts{} : facts.front();
+        return facts.empty() ? x11::WindowInfo{} : facts.front();
     }
 
     Point place() {
-        const x11::WindowFacts facts = followed();
+        const x11::WindowInfo facts = followed();
         return {facts.bounds.x, facts.bounds.y};
     }
 
@@ -70,7 +70,7 @@ class NestedFramesTest : public WindowSystemTest {
             change(attempt);
             const auto before = xcb_no_operation(clientWindows_.connection().get()).sequence;
             // The one request is that of the synchronising.
-            const x11::WindowFacts facts = followed();
+            const x11::WindowInfo facts = followed();
             const auto after = xcb_no_operation(clientWindows_.connection().get()).sequence;
             EXPECT_EQ(facts, asked());
             if (after - before == 2) {
@@ -127,7 +127,7 @@ class NestedFramesTest : public WindowSystemTest {
         connection().synchronize();
     }
 
-    x11::LinuxMainQueue mainQueue_;
+    linux::MainQueue mainQueue_;
     x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
     x11::WindowReader reader_{events_.connection()};
 };
@@ -214,7 +214,7 @@ TEST_F(NestedFramesTest, AMoveFromBeforeTheAnswerIsForgotten) {
     watching->synchronise();
     outer_.moveTo(200, 150);
 
-    x11::FrameChain chain(*watching, masks, client_.id());
+    x11::WindowAncestry chain(*watching, masks, client_.id());
     EXPECT_EQ(chain.origin(), (Point{200, 150}));
     outer_.moveTo(300, 150);
     watching->synchronise();
@@ -293,20 +293,20 @@ INSTANTIATE_TEST_SUITE_P(Seeds, AnyChangeOfFramesTest, testing::Values(1U, 2U, 3
 /// Under a real window manager, where moves and resizes are wishes that take their time.
 class ManagedMovesTest : public EveryWindowManagerTest {
   protected:
-    x11::WindowFacts followed(const SampleWindow &window) {
+    x11::WindowInfo followed(const SampleWindow &window) {
         const auto windows = clientWindows_.windowsOf(getpid());
-        const auto found = std::ranges::find(*windows, window.id(), &x11::WindowFacts::window);
-        return found != windows->end() ? **found : x11::WindowFacts{};
+        const auto found = std::ranges::find(*windows, window.id(), &x11::WindowInfo::window);
+        return found != windows->end() ? **found : x11::WindowInfo{};
     }
 
-    x11::WindowFacts asked(const SampleWindow &window) const {
+    x11::WindowInfo asked(const SampleWindow &window) const {
         const std::array windows{window.id()};
         const auto facts = reader_.facts(windows);
-        return facts.empty() ? x11::WindowFacts{} : facts.front();
+        return facts.empty() ? x11::WindowInfo{} : facts.front();
     }
 
   private:
-    x11::LinuxMainQueue mainQueue_;
+    linux::MainQueue mainQueue_;
     x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
     x11::WindowReader reader_{events_.connection()};
 };
@@ -332,7 +332,7 @@ TEST_P(ManagedMovesTest, AreFollowedToWhereTheServerHasTheWindow) {
         }
         for (const SampleWindow *window : {&one, &other}) {
             ASSERT_TRUE(turnUntil([&] {
-                const x11::WindowFacts truth = asked(*window);
+                const x11::WindowInfo truth = asked(*window);
                 return truth.isOnScreen && followed(*window) == truth;
             })) << "in round "
                 << round;

@@ -63,9 +63,9 @@ class OverlayTest : public WindowSystemTest {
 
     /// Covers the desktop so that what is drawn over it is seen on something known.
     SampleWindow backdrop_;
-    x11::LinuxScreens screens_{events_};
-    x11::SymbolImages symbols_;
-    x11::LinuxOverlayWindows overlays_{events_, screens_, symbols_};
+    x11::Screens screens_{events_};
+    drawing::SymbolImages symbols_;
+    x11::OverlayWindows overlays_{events_, screens_, symbols_};
 
   private:
     void waitForBlending();

@@ -55,8 +55,9 @@ class RequestSenderTest : public testing::Test {
 
     XClient user_;
     x11::XcbEvents events_{x11::XcbConnection::open().value(), [] {}};
-    const std::shared_ptr<x11::AwaitedMoment> click_ = std::make_shared<x11::AwaitedMoment>();
-    const x11::LinuxClock clock_{};
+    const std::shared_ptr<linux::NextClickDeadline> click_ =
+        std::make_shared<linux::NextClickDeadline>();
+    const linux::Clock clock_{};
     const xcb_atom_t mark_ = events_.connection().atom("_CORVANE_TEST_SENT");
     std::uint32_t number_ = 0;
 };

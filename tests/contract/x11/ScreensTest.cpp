@@ -24,7 +24,7 @@ class LinuxScreensTest : public WindowSystemTest {
         return turnUntil([&] { return screens_.screens() == expected; });
     }
 
-    x11::LinuxScreens screens_{events_};
+    x11::Screens screens_{events_};
 };
 
 TEST_F(LinuxScreensTest, OneScreenStandsAtTheOrigin) {
@@ -79,7 +79,7 @@ class ScreensWithoutMonitorsTest : public WindowSystemTest {
 };
 
 TEST_F(ScreensWithoutMonitorsTest, TheWholeDesktopIsTheScreen) {
-    const x11::LinuxScreens screens(events_);
+    const x11::Screens screens(events_);
     EXPECT_EQ(screens.screens(), (std::vector<Screen>{{{0, 0, 1024, 700}}}));
     EXPECT_EQ(screens.toScreenSpace({0, 0}), (Point{0, 700}));
 }

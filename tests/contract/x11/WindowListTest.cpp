@@ -71,7 +71,7 @@ class LinuxWindowListTest : public EveryWindowManagerTest {
 
     const DisplayConnection &connection() const { return desktop_.connection(); }
 
-    x11::LinuxWindowList list_{events_.connection()};
+    x11::WindowList list_{events_.connection()};
 };
 
 TEST_P(LinuxWindowListTest, TheFrontMostComesFirst) {
@@ -248,7 +248,7 @@ class UnmanagedWindowListTest : public WindowSystemTest {
     Entries entries() { return list_.onScreenWindows().value(); }
     const DisplayConnection &connection() const { return desktop_.connection(); }
 
-    x11::LinuxWindowList list_{events_.connection()};
+    x11::WindowList list_{events_.connection()};
 };
 
 TEST_F(UnmanagedWindowListTest, AnEmptyScreenHasNoWindows) { EXPECT_TRUE(entries().empty()); }
@@ -333,13 +333,13 @@ TEST_F(UnmanagedWindowListTest, AManagerThatHasGoneIsNotBelieved) {
 }
 
 TEST(WindowTitleTest, CompoundTextKeepsWhatItCan) {
-    EXPECT_EQ(x11::compoundText("plain"), "plain");
-    EXPECT_EQ(x11::compoundText("\xE4"), "ä");
-    EXPECT_EQ(x11::compoundText("\x1b-A\xE4"), "ä");
-    EXPECT_EQ(x11::compoundText("\x1b%Gä\x1b%@b"), "äb");
-    EXPECT_EQ(x11::compoundText("end\x1b"), "end");
-    EXPECT_EQ(x11::compoundText("end\x1b%G"), "end");
-    EXPECT_EQ(x11::compoundText(""), "");
+    EXPECT_EQ(linux::compoundText("plain"), "plain");
+    EXPECT_EQ(linux::compoundText("\xE4"), "ä");
+    EXPECT_EQ(linux::compoundText("\x1b-A\xE4"), "ä");
+    EXPECT_EQ(linux::compoundText("\x1b%Gä\x1b%@b"), "äb");
+    EXPECT_EQ(linux::compoundText("end\x1b"), "end");
+    EXPECT_EQ(linux::compoundText("end\x1b%G"), "end");
+    EXPECT_EQ(linux::compoundText(""), "");
 }
 
 } // namespace

@@ -14,7 +14,7 @@
 #include <sstream>
 #include <system_error>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -34,7 +34,7 @@ std::string environment(const char *variable) {
 }
 
 std::vector<fs::path> applicationFolders() {
-    std::vector<fs::path> folders{dataDirectory() / "applications"};
+    std::vector<fs::path> folders{linux::dataDirectory() / "applications"};
     const std::string listed = environment("XDG_DATA_DIRS");
     std::istringstream paths(listed.empty() ? "/usr/local/share:/usr/share" : listed);
     for (std::string path; std::getline(paths, path, ':');) {
@@ -111,7 +111,7 @@ DesktopEntries::DesktopEntries(std::vector<fs::path> folders, std::string_view l
       nameKeys_(nameKeysFor(locale)) {}
 
 DesktopEntries DesktopEntries::ofUser() {
-    const auto locales = userLocales();
+    const auto locales = linux::userLocales();
     return {applicationFolders(), locales.empty() ? std::string_view() : locales.front()};
 }
 
@@ -227,10 +227,10 @@ void DesktopEntries::readFile(const fs::path &file, const std::string &identifie
 std::string DesktopEntries::localisedName(const std::map<std::string, std::string> &values) const {
     for (const std::string &key : nameKeys_) {
         if (const std::string name = valueOf(values, key); !name.empty()) {
-            return utf8Text(name);
+            return linux::utf8Text(name);
         }
     }
     return {};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

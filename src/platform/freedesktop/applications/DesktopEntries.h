@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// The applications installed for the user, by their desktop files. They are read when they are
 /// first asked for, and again when the folders have changed. Main thread.
@@ -60,4 +60,4 @@ class DesktopEntries {
     std::map<std::string, std::map<std::string, std::optional<std::string>>> identifiers_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

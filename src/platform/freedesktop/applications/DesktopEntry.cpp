@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -109,4 +109,4 @@ std::string desktopEntryCommand(std::string_view path) {
     return desktopEntryString(quotedArgument(path));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -16,10 +16,10 @@ constexpr std::string_view accessibilitySettings =
 
 } // namespace
 
-LinuxWorkspace::LinuxWorkspace(std::function<void()> showAccessibilityGuide)
+Workspace::Workspace(std::function<void()> showAccessibilityGuide)
     : showAccessibilityGuide_(std::move(showAccessibilityGuide)) {}
 
-void LinuxWorkspace::openUrl(const std::string &url) {
+void Workspace::openUrl(const std::string &url) {
     if (url == accessibilitySettings) {
         showAccessibilityGuide_();
     } else {
@@ -27,4 +27,4 @@ void LinuxWorkspace::openUrl(const std::string &url) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -4,13 +4,13 @@
 
 #include <functional>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// Opens addresses through the desktop.
-class LinuxWorkspace : public platform::Workspace {
+class Workspace : public platform::Workspace {
   public:
     /// `showAccessibilityGuide` stands in for the settings page this desktop does not have.
-    explicit LinuxWorkspace(std::function<void()> showAccessibilityGuide);
+    explicit Workspace(std::function<void()> showAccessibilityGuide);
 
     void openUrl(const std::string &url) override;
 
@@ -18,4 +18,4 @@ class LinuxWorkspace : public platform::Workspace {
     std::function<void()> showAccessibilityGuide_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

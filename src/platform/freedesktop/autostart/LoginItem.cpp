@@ -8,7 +8,7 @@
 
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -28,14 +28,13 @@ std::string entryFor(const std::filesystem::path &program) {
 
 } // namespace
 
-LinuxLoginItem::LinuxLoginItem(platform::FileSystem &files,
-                               const std::filesystem::path &configDirectory,
-                               std::filesystem::path program)
+LoginItem::LoginItem(platform::FileSystem &files, const std::filesystem::path &configDirectory,
+                     std::filesystem::path program)
     : files_(files),
       entryFile_(configDirectory / "autostart" / "corvane.desktop"),
       program_(std::move(program)) {}
 
-bool LinuxLoginItem::isEnabled() const {
+bool LoginItem::isEnabled() const {
     const auto file = files_.readFile(entryFile_);
     if (!file) {
         return false;
@@ -53,14 +52,14 @@ bool LinuxLoginItem::isEnabled() const {
            !is("X-GNOME-Autostart-enabled", "false") && !is("X-MATE-Autostart-enabled", "false");
 }
 
-Outcome<> LinuxLoginItem::registerItem() {
+Outcome<> LoginItem::registerItem() {
     if (const auto made = files_.createDirectories(entryFile_.parent_path()); !made) {
         return made;
     }
     return files_.replaceFile(entryFile_, entryFor(program_));
 }
 
-Outcome<> LinuxLoginItem::unregisterItem() {
+Outcome<> LoginItem::unregisterItem() {
     std::error_code error;
     std::filesystem::remove(entryFile_, error);
     if (error) {
@@ -69,4 +68,4 @@ Outcome<> LinuxLoginItem::unregisterItem() {
     return {};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

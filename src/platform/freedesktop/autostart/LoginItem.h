@@ -8,14 +8,14 @@ namespace corvane::platform {
 class FileSystem;
 }
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// An entry in the user's autostart directory.
-class LinuxLoginItem : public platform::LoginItem {
+class LoginItem : public platform::LoginItem {
   public:
     /// `program` is the absolute path to start. The files outlive the item.
-    LinuxLoginItem(platform::FileSystem &files, const std::filesystem::path &configDirectory,
-                   std::filesystem::path program);
+    LoginItem(platform::FileSystem &files, const std::filesystem::path &configDirectory,
+              std::filesystem::path program);
 
     /// An entry that is hidden, switched off or whose program is gone is not enabled.
     bool isEnabled() const override;
@@ -28,4 +28,4 @@ class LinuxLoginItem : public platform::LoginItem {
     const std::filesystem::path program_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 DBusObject::DBusObject(QDBusConnection connection, QString path, QString interface)
     : connection_(std::move(connection)),
@@ -67,4 +67,4 @@ std::optional<QVariantList> DBusObject::callProperties(const QString &method,
     return QVariantList{QVariant::fromValue(QDBusVariant(*property))};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// An object of this program that other programs reach over D-Bus: one interface with methods,
 /// properties that only this program changes, and signals. Main thread.
@@ -45,4 +45,4 @@ class DBusObject : public QDBusVirtualObject {
     QString interface_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

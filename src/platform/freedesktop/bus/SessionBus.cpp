@@ -12,7 +12,7 @@
 
 #include <poll.h>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -55,7 +55,7 @@ bool isAnswered(const posix::FileDescriptor &connection) {
 }
 
 std::filesystem::path socketOfUser() {
-    const auto runtime = runtimeDirectory();
+    const auto runtime = linux::runtimeDirectory();
     return runtime ? *runtime / "bus" : std::filesystem::path();
 }
 
@@ -131,4 +131,4 @@ bool SessionBus::isAnotherListening() const {
     return socket && posix::peerOf(*socket) == user_ && isAnswered(*socket);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

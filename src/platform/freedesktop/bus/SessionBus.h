@@ -10,7 +10,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// Where the session's message bus is to be found; empty where the session names none.
 std::string sessionBusAddress();
@@ -51,4 +51,4 @@ class SessionBus : public QObject {
     QTimer search_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -88,4 +88,4 @@ void LoginSignals::propertiesChanged(const QString &interface, const QVariantMap
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -7,7 +7,7 @@
 
 #include <functional>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// The login manager (org.freedesktop.login1): sleep of the system; lock, unlock and change of the
 /// user in front of the screen for the session this program is in. Main thread.
@@ -33,4 +33,4 @@ class LoginSignals : public QObject {
     const std::function<void(const QString &reason, bool isAway)> changed_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -6,7 +6,7 @@
 #include <array>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -78,4 +78,4 @@ void ScreenSaverSignals::gone(const QString &saver) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

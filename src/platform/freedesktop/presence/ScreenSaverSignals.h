@@ -9,7 +9,7 @@
 #include <functional>
 #include <string>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// The desktop's own screen savers and lockers, by what they say on the session bus. Main thread.
 class ScreenSaverSignals : public QObject {
@@ -33,4 +33,4 @@ class ScreenSaverSignals : public QObject {
     QDBusServiceWatcher savers_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

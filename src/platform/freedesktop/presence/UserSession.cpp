@@ -2,11 +2,10 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
-LinuxUserSession::LinuxUserSession(XcbEvents &events, std::string sessionBusAddress,
-                                   const QDBusConnection &systemBus,
-                                   std::function<void(bool isAway)> changed)
+UserSession::UserSession(x11::XcbEvents &events, std::string sessionBusAddress,
+                         const QDBusConnection &systemBus, std::function<void(bool isAway)> changed)
     : changed_(std::move(changed)),
       serverSaver_(events,
                    [this](bool isOn) { note(QStringLiteral("the server's screen saver"), isOn); }),
@@ -19,7 +18,7 @@ LinuxUserSession::LinuxUserSession(XcbEvents &events, std::string sessionBusAddr
       }) {}
 
 /// Several may say so at once; the user is back when none does any more.
-void LinuxUserSession::note(const QString &reason, bool isReasonToBeAway) {
+void UserSession::note(const QString &reason, bool isReasonToBeAway) {
     const bool wasAway = isAway();
     if (isReasonToBeAway) {
         reasons_.insert(reason);
@@ -31,4 +30,4 @@ void LinuxUserSession::note(const QString &reason, bool isReasonToBeAway) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

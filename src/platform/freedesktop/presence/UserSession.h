@@ -16,16 +16,20 @@ namespace corvane::x11 {
 
 class XcbEvents;
 
+} // namespace corvane::x11
+
+namespace corvane::freedesktop {
+
 /// Whether the user is at the screen, by what the X server's screen saver, the desktop's locker and
 /// the login manager say. A locker that tells none of them is noticed while the screen is watched.
 /// Main thread.
-class LinuxUserSession {
+class UserSession {
   public:
     /// Calls `changed` when the user leaves or is back: the screen is locked or its saver comes on,
     /// the system is about to sleep, another user takes the screen over. The events outlive it. A
     /// bus that is not there says nothing.
-    LinuxUserSession(XcbEvents &events, std::string sessionBusAddress,
-                     const QDBusConnection &systemBus, std::function<void(bool isAway)> changed);
+    UserSession(x11::XcbEvents &events, std::string sessionBusAddress,
+                const QDBusConnection &systemBus, std::function<void(bool isAway)> changed);
 
     /// To be asked for while clicks are made: it wakes the program up.
     void watchScreen(bool isWatching) { silentLocker_.watch(isWatching); }
@@ -37,10 +41,10 @@ class LinuxUserSession {
 
     const std::function<void(bool isAway)> changed_;
     std::set<QString> reasons_;
-    ScreenSaverEvents serverSaver_;
+    x11::ScreenSaverEvents serverSaver_;
     ScreenSaverSignals desktopSaver_;
     LoginSignals login_;
-    SilentLocker silentLocker_;
+    x11::SilentLocker silentLocker_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

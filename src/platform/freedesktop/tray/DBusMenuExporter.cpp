@@ -10,7 +10,7 @@
 #include <iterator>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -43,8 +43,9 @@ QVariantMap named(const QVariantMap &properties, const QStringList &names) {
 
 } // namespace
 
-PanelMenu::PanelMenu(const QDBusConnection &connection, SymbolImages &symbols,
-                     std::function<void(const MenuCommand &)> perform)
+DBusMenuExporter::DBusMenuExporter(const QDBusConnection &connection,
+                                   drawing::SymbolImages &symbols,
+                                   std::function<void(const MenuCommand &)> perform)
     : DBusObject(connection, QStringLiteral("/MenuBar"), QStringLiteral("com.canonical.dbusmenu")),
       symbols_(symbols),
       perform_(std::move(perform)) {
@@ -52,13 +53,13 @@ PanelMenu::PanelMenu(const QDBusConnection &connection, SymbolImages &symbols,
     root_.properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
 }
 
-void PanelMenu::setMenu(const Menu &menu) {
+void DBusMenuExporter::setMenu(const Menu &menu) {
     Changes changes;
     patchChildren(root_, shown_.items, menu.items, changes);
     send(changes);
 }
 
-PanelMenu::Node PanelMenu::makeNode(const MenuItem &item) {
+DBusMenuExporter::Node DBusMenuExporter::makeNode(const MenuItem &item) {
     Node node{.id = ++lastId_,
               .command = {item.action, item.representedObject},
               .isEnabled = item.isEnabled,
@@ -69,7 +70,7 @@ PanelMenu::Node PanelMenu::makeNode(const MenuItem &item) {
     return node;
 }
 
-void PanelMenu::patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes) {
+void DBusMenuExporter::patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes) {
     if (from == to) {
         return;
     }
@@ -82,7 +83,8 @@ void PanelMenu::patch(Node &node, MenuItem &from, const MenuItem &to, Changes &c
     from = to;
 }
 
-void PanelMenu::patchProperties(Node &node, const QVariantMap &properties, Changes &changes) {
+void DBusMenuExporter::patchProperties(Node &node, const QVariantMap &properties,
+                                       Changes &changes) {
     const auto before = std::exchange(node.properties, properties);
     PanelItemProperties updated{.id = node.id};
     for (auto property = properties.cbegin(); property != properties.cend(); ++property) {
@@ -104,9 +106,9 @@ void PanelMenu::patchProperties(Node &node, const QVariantMap &properties, Chang
     }
 }
 
-void PanelMenu::patchChildren(Node &node, std::vector<MenuItem> &from,
-                              const std::vector<MenuItem> &to, Changes &changes) {
-    const auto alignment = alignMenu(from, to);
+void DBusMenuExporter::patchChildren(Node &node, std::vector<MenuItem> &from,
+                                     const std::vector<MenuItem> &to, Changes &changes) {
+    const auto alignment = drawing::alignMenu(from, to);
     const auto gapEnd = alignment.leading + alignment.removed;
     for (std::size_t index = 0; index < from.size(); ++index) {
         if (index < alignment.leading) {
@@ -128,7 +130,7 @@ void PanelMenu::patchChildren(Node &node, std::vector<MenuItem> &from,
     from = to;
 }
 
-void PanelMenu::send(const Changes &changes) {
+void DBusMenuExporter::send(const Changes &changes) {
     if (!changes.updated.isEmpty() || !changes.removed.isEmpty()) {
         emitSignal(QStringLiteral("ItemsPropertiesUpdated"),
                    {QVariant::fromValue(changes.updated), QVariant::fromValue(changes.removed)});
@@ -138,16 +140,16 @@ void PanelMenu::send(const Changes &changes) {
     }
 }
 
-QVariantMap PanelMenu::propertiesOf(const MenuItem &item) {
+QVariantMap DBusMenuExporter::propertiesOf(const MenuItem &item) {
     if (item.isSeparator) {
         return {{QStringLiteral("type"), QStringLiteral("separator")}};
     }
-    const auto text = menuText(item);
-    QVariantMap properties{{QStringLiteral("label"), panelLabel(text)},
+    const auto text = drawing::menuText(item);
+    QVariantMap properties{{QStringLiteral("label"), drawing::panelLabel(text)},
                            {QStringLiteral("enabled"), item.isEnabled}};
     if (!text.keys.isEmpty()) {
         properties.insert(QStringLiteral("shortcut"),
-                          QVariant::fromValue(QList<QStringList>{panelKeys(text)}));
+                          QVariant::fromValue(QList<QStringList>{drawing::panelKeys(text)}));
     }
     if (item.isOn) {
         properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
@@ -165,7 +167,7 @@ QVariantMap PanelMenu::propertiesOf(const MenuItem &item) {
     return properties;
 }
 
-QByteArray PanelMenu::imageData(const std::string &symbol) {
+QByteArray DBusMenuExporter::imageData(const std::string &symbol) {
     const auto known = imageData_.find(symbol);
     if (known != imageData_.end()) {
         return known->second;
@@ -174,7 +176,7 @@ QByteArray PanelMenu::imageData(const std::string &symbol) {
     return imageData_.emplace(symbol, image.isNull() ? QByteArray() : png(image)).first->second;
 }
 
-DBusObject::Signatures PanelMenu::methods() const {
+DBusObject::Signatures DBusMenuExporter::methods() const {
     return {{QStringLiteral("GetLayout"), QStringLiteral("iias")},
             {QStringLiteral("GetGroupProperties"), QStringLiteral("aias")},
             {QStringLiteral("GetProperty"), QStringLiteral("is")},
@@ -184,7 +186,8 @@ DBusObject::Signatures PanelMenu::methods() const {
             {QStringLiteral("AboutToShowGroup"), QStringLiteral("ai")}};
 }
 
-std::optional<QVariantList> PanelMenu::call(const QString &method, const QVariantList &arguments) {
+std::optional<QVariantList> DBusMenuExporter::call(const QString &method,
+                                                   const QVariantList &arguments) {
     if (method == QLatin1String("GetLayout")) {
         return getLayout(arguments);
     }
@@ -209,14 +212,14 @@ std::optional<QVariantList> PanelMenu::call(const QString &method, const QVarian
     return std::nullopt;
 }
 
-QVariantMap PanelMenu::properties() const {
+QVariantMap DBusMenuExporter::properties() const {
     return {{QStringLiteral("Version"), 3U},
             {QStringLiteral("Status"), QStringLiteral("normal")},
             {QStringLiteral("TextDirection"), QStringLiteral("ltr")},
             {QStringLiteral("IconThemePath"), QStringList{}}};
 }
 
-std::optional<QVariantList> PanelMenu::getLayout(const QVariantList &arguments) const {
+std::optional<QVariantList> DBusMenuExporter::getLayout(const QVariantList &arguments) const {
     const auto *node = find(root_, arguments.value(0).toInt());
     if (!node) {
         return std::nullopt;
@@ -226,7 +229,8 @@ std::optional<QVariantList> PanelMenu::getLayout(const QVariantList &arguments) 
     return QVariantList{revision_, QVariant::fromValue(layout(*node, depth, names))};
 }
 
-std::optional<QVariantList> PanelMenu::getGroupProperties(const QVariantList &arguments) const {
+std::optional<QVariantList>
+DBusMenuExporter::getGroupProperties(const QVariantList &arguments) const {
     const auto names = arguments.value(1).toStringList();
     QList<PanelItemProperties> answers;
     for (const auto id : qdbus_cast<QList<int>>(arguments.value(0))) {
@@ -237,7 +241,7 @@ std::optional<QVariantList> PanelMenu::getGroupProperties(const QVariantList &ar
     return QVariantList{QVariant::fromValue(answers)};
 }
 
-std::optional<QVariantList> PanelMenu::getProperty(const QVariantList &arguments) const {
+std::optional<QVariantList> DBusMenuExporter::getProperty(const QVariantList &arguments) const {
     const auto *node = find(root_, arguments.value(0).toInt());
     const auto name = arguments.value(1).toString();
     if (!node || !node->properties.contains(name)) {
@@ -246,14 +250,14 @@ std::optional<QVariantList> PanelMenu::getProperty(const QVariantList &arguments
     return QVariantList{QVariant::fromValue(QDBusVariant(node->properties.value(name)))};
 }
 
-std::optional<QVariantList> PanelMenu::event(const QVariantList &arguments) {
+std::optional<QVariantList> DBusMenuExporter::event(const QVariantList &arguments) {
     if (!receive(arguments.value(0).toInt(), arguments.value(1).toString())) {
         return std::nullopt;
     }
     return QVariantList{};
 }
 
-std::optional<QVariantList> PanelMenu::eventGroup(const QVariantList &arguments) {
+std::optional<QVariantList> DBusMenuExporter::eventGroup(const QVariantList &arguments) {
     const auto events = arguments.value(0).value<QDBusArgument>();
     QList<int> unknown;
     events.beginArray();
@@ -273,7 +277,7 @@ std::optional<QVariantList> PanelMenu::eventGroup(const QVariantList &arguments)
     return QVariantList{QVariant::fromValue(unknown)};
 }
 
-bool PanelMenu::receive(int id, const QString &eventName) {
+bool DBusMenuExporter::receive(int id, const QString &eventName) {
     const auto *node = find(root_, id);
     if (!node) {
         return false;
@@ -285,7 +289,7 @@ bool PanelMenu::receive(int id, const QString &eventName) {
     return true;
 }
 
-const PanelMenu::Node *PanelMenu::find(const Node &node, int id) {
+const DBusMenuExporter::Node *DBusMenuExporter::find(const Node &node, int id) {
     if (node.id == id) {
         return &node;
     }
@@ -297,7 +301,7 @@ const PanelMenu::Node *PanelMenu::find(const Node &node, int id) {
     return nullptr;
 }
 
-PanelItemLayout PanelMenu::layout(const Node &node, int depth, const QStringList &names) {
+PanelItemLayout DBusMenuExporter::layout(const Node &node, int depth, const QStringList &names) {
     PanelItemLayout answer{node.id, named(node.properties, names), {}};
     if (depth != 0) {
         for (const auto &child : node.children) {
@@ -307,7 +311,7 @@ PanelItemLayout PanelMenu::layout(const Node &node, int depth, const QStringList
     return answer;
 }
 
-QString PanelMenu::introspect(const QString & /*path*/) const {
+QString DBusMenuExporter::introspect(const QString & /*path*/) const {
     return QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
   <property name="Version" type="u" access="read"/>
   <property name="Status" type="s" access="read"/>
@@ -361,4 +365,4 @@ QString PanelMenu::introspect(const QString & /*path*/) const {
 )xml");
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -10,16 +10,16 @@
 #include <string>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// A menu that the desktop's panel draws, over com.canonical.dbusmenu. An unchanged menu sends
 /// nothing, changed texts and states are sent as such, and only lines that come or go make the
 /// panel read the layout again. Main thread.
-class PanelMenu : public DBusObject {
+class DBusMenuExporter : public DBusObject {
   public:
     /// `perform` receives each command the user chooses, in a later turn of the event loop.
-    PanelMenu(const QDBusConnection &connection, SymbolImages &symbols,
-              std::function<void(const MenuCommand &)> perform);
+    DBusMenuExporter(const QDBusConnection &connection, drawing::SymbolImages &symbols,
+                     std::function<void(const MenuCommand &)> perform);
 
     void setMenu(const Menu &menu);
 
@@ -69,7 +69,7 @@ class PanelMenu : public DBusObject {
     static const Node *find(const Node &node, int id);
     static PanelItemLayout layout(const Node &node, int depth, const QStringList &names);
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
     std::map<std::string, QByteArray> imageData_;
     Menu shown_;
@@ -78,4 +78,4 @@ class PanelMenu : public DBusObject {
     uint revision_ = 1;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

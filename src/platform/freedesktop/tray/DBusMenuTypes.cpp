@@ -3,7 +3,7 @@
 #include <QDBusMetaType>
 #include <QDBusVariant>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 void registerPanelMenuTypes() {
     qDBusRegisterMetaType<PanelItemProperties>();
@@ -73,4 +73,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemLayout &
 
 // NOLINTEND(bugprone-return-const-ref-from-parameter)
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -6,7 +6,7 @@
 #include <QStringList>
 #include <QVariantMap>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// The values of com.canonical.dbusmenu as they travel.
 
@@ -39,8 +39,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemNames &v
 QDBusArgument &operator<<(QDBusArgument &argument, const PanelItemLayout &value);
 const QDBusArgument &operator>>(const QDBusArgument &argument, PanelItemLayout &value);
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop
 
-Q_DECLARE_METATYPE(corvane::x11::PanelItemProperties)
-Q_DECLARE_METATYPE(corvane::x11::PanelItemNames)
-Q_DECLARE_METATYPE(corvane::x11::PanelItemLayout)
+Q_DECLARE_METATYPE(corvane::freedesktop::PanelItemProperties)
+Q_DECLARE_METATYPE(corvane::freedesktop::PanelItemNames)
+Q_DECLARE_METATYPE(corvane::freedesktop::PanelItemLayout)

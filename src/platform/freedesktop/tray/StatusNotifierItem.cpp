@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 StatusNotifierItem::StatusNotifierItem(const QDBusConnection &connection, QString menuPath,
                                        std::function<void(QPoint)> activate)
@@ -125,4 +125,4 @@ QString StatusNotifierItem::introspect(const QString & /*path*/) const {
 )xml");
 }
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// A status item that the desktop's panel shows, over org.kde.StatusNotifierItem. Main thread.
 class StatusNotifierItem : public DBusObject {
@@ -38,4 +38,4 @@ class StatusNotifierItem : public DBusObject {
     QString toolTip_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

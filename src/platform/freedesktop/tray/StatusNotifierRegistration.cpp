@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 namespace {
 
@@ -25,8 +25,9 @@ bool isReply(const QDBusMessage &message) { return message.type() == QDBusMessag
 
 } // namespace
 
-StatusNotifierHost::StatusNotifierHost(QDBusConnection connection, Listener listener,
-                                       std::chrono::milliseconds pace)
+StatusNotifierRegistration::StatusNotifierRegistration(QDBusConnection connection,
+                                                       Listener listener,
+                                                       std::chrono::milliseconds pace)
     : connection_(std::move(connection)),
       listener_(std::move(listener)),
       pace_(pace),
@@ -44,7 +45,7 @@ StatusNotifierHost::StatusNotifierHost(QDBusConnection connection, Listener list
     question_.start();
 }
 
-void StatusNotifierHost::ask() {
+void StatusNotifierRegistration::ask() {
     repetition_.stop();
     if (!connection_.isConnected()) {
         announce(PanelAnswer::none);
@@ -52,17 +53,17 @@ void StatusNotifierHost::ask() {
     }
     send(callOf(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
                 {service, QStringLiteral("IsStatusNotifierHostRegistered")}),
-         &StatusNotifierHost::hasHostAnswered);
+         &StatusNotifierRegistration::hasHostAnswered);
 }
 
-void StatusNotifierHost::registerItem() {
+void StatusNotifierRegistration::registerItem() {
     listener_.willRegister();
     send(callOf(service, QStringLiteral("RegisterStatusNotifierItem"), {connection_.baseService()}),
-         &StatusNotifierHost::registered);
+         &StatusNotifierRegistration::registered);
 }
 
-void StatusNotifierHost::send(const QDBusMessage &call,
-                              void (StatusNotifierHost::*then)(const QDBusMessage &)) {
+void StatusNotifierRegistration::send(
+    const QDBusMessage &call, void (StatusNotifierRegistration::*then)(const QDBusMessage &)) {
     const int patience = static_cast<int>(pace_.count());
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the pointer deletes it in its own way
     pending_.reset(new QDBusPendingCallWatcher(connection_.asyncCall(call, patience)));
@@ -74,7 +75,7 @@ void StatusNotifierHost::send(const QDBusMessage &call,
                      });
 }
 
-void StatusNotifierHost::hasHostAnswered(const QDBusMessage &reply) {
+void StatusNotifierRegistration::hasHostAnswered(const QDBusMessage &reply) {
     if (isReply(reply) && reply.arguments().value(0).value<QDBusVariant>().variant().toBool()) {
         registerItem();
     } else {
@@ -82,11 +83,13 @@ void StatusNotifierHost::hasHostAnswered(const QDBusMessage &reply) {
     }
 }
 
-void StatusNotifierHost::registered(const QDBusMessage &reply) { conclude(reply, isReply(reply)); }
+void StatusNotifierRegistration::registered(const QDBusMessage &reply) {
+    conclude(reply, isReply(reply));
+}
 
 /// The answer of a panel that has gone meanwhile says nothing about the one that has come. A panel
 /// that did not take the item may have been too busy, and need not say when it no longer is.
-void StatusNotifierHost::conclude(const QDBusMessage &reply, bool isRegistered) {
+void StatusNotifierRegistration::conclude(const QDBusMessage &reply, bool isRegistered) {
     const QString panel = owner();
     if (panel.isEmpty()) {
         announce(PanelAnswer::none);
@@ -101,7 +104,7 @@ void StatusNotifierHost::conclude(const QDBusMessage &reply, bool isRegistered) 
     announce(hasAnswered ? PanelAnswer::none : PanelAnswer::silent);
 }
 
-void StatusNotifierHost::announce(PanelAnswer answer) {
+void StatusNotifierRegistration::announce(PanelAnswer answer) {
     if (std::exchange(announced_, answer) != answer || answer == PanelAnswer::shown) {
         listener_.answered(answer);
     }
@@ -109,6 +112,8 @@ void StatusNotifierHost::announce(PanelAnswer answer) {
 
 /// The connection of the panel; empty when there is none. Asked of the bus, because news of a
 /// change may still be on their way.
-QString StatusNotifierHost::owner() const { return connection_.interface()->serviceOwner(service); }
+QString StatusNotifierRegistration::owner() const {
+    return connection_.interface()->serviceOwner(service);
+}
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

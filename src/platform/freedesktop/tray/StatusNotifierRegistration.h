@@ -13,7 +13,7 @@
 #include <memory>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// What has become of showing the item on the desktop's panel.
 enum class PanelAnswer {
@@ -26,7 +26,7 @@ enum class PanelAnswer {
 
 /// Keeps the connection's item registered with the panel, whichever that is at the moment. Main
 /// thread.
-class StatusNotifierHost {
+class StatusNotifierRegistration {
   public:
     struct Listener {
         /// The item is about to be registered; the panel reads it from now on.
@@ -40,13 +40,14 @@ class StatusNotifierHost {
     /// alone.
     static constexpr std::chrono::milliseconds usualPace{3000};
 
-    StatusNotifierHost(QDBusConnection connection, Listener listener,
-                       std::chrono::milliseconds pace = usualPace);
+    StatusNotifierRegistration(QDBusConnection connection, Listener listener,
+                               std::chrono::milliseconds pace = usualPace);
 
   private:
     void ask();
     void registerItem();
-    void send(const QDBusMessage &call, void (StatusNotifierHost::*then)(const QDBusMessage &));
+    void send(const QDBusMessage &call,
+              void (StatusNotifierRegistration::*then)(const QDBusMessage &));
     void hasHostAnswered(const QDBusMessage &reply);
     void registered(const QDBusMessage &reply);
     void conclude(const QDBusMessage &reply, bool isRegistered);
@@ -66,4 +67,4 @@ class StatusNotifierHost {
     std::optional<PanelAnswer> announced_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

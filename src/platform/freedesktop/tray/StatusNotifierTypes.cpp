@@ -3,7 +3,7 @@
 #include <QDBusMetaType>
 #include <QtEndian>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 NotifierPixmap NotifierPixmap::of(const QImage &image) {
     const auto argb = image.convertToFormat(QImage::Format_ARGB32);
@@ -51,4 +51,4 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &
 
 // NOLINTEND(bugprone-return-const-ref-from-parameter)
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop

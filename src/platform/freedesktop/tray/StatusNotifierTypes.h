@@ -7,7 +7,7 @@
 #include <QMetaType>
 #include <QString>
 
-namespace corvane::x11 {
+namespace corvane::freedesktop {
 
 /// (iiay): an image in ARGB, 32 bits a pixel, most significant byte first.
 struct NotifierPixmap {
@@ -34,7 +34,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierPixmap &v
 QDBusArgument &operator<<(QDBusArgument &argument, const NotifierToolTip &value);
 const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &value);
 
-} // namespace corvane::x11
+} // namespace corvane::freedesktop
 
-Q_DECLARE_METATYPE(corvane::x11::NotifierPixmap)
-Q_DECLARE_METATYPE(corvane::x11::NotifierToolTip)
+Q_DECLARE_METATYPE(corvane::freedesktop::NotifierPixmap)
+Q_DECLARE_METATYPE(corvane::freedesktop::NotifierToolTip)

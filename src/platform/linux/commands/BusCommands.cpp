@@ -8,7 +8,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -125,4 +125,4 @@ void BusCommands::obey(const QDBusMessage &message) {
     });
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -12,7 +12,7 @@
 #include <sys/types.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Takes commands on the session bus, also on one that replaces another: an object with the method
 /// Run(words: as) -> (result: i, output: s, error: s). Main thread.
@@ -46,7 +46,7 @@ class BusCommands : public QDBusVirtualObject {
     const std::vector<std::string> names_;
     const platform::CommandEndpoint::Obey obey_;
     const uid_t user_;
-    SessionBus bus_;
+    freedesktop::SessionBus bus_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -82,4 +82,4 @@ std::string commandBusPath() {
 
 std::string commandBusInterface() { return commandBusName(); }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Where the Corvane of a display takes commands. A user may have several displays on one message
 /// bus, each with a Corvane of its own.
@@ -31,4 +31,4 @@ std::string commandBusName();
 std::string commandBusPath();
 std::string commandBusInterface();
 
-} // namespace corvane::x11
+} // namespace corvane::linux

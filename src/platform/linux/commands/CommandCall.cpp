@@ -11,7 +11,7 @@
 
 #include <chrono>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -53,7 +53,7 @@ std::optional<CommandAnswer> callByBus(const std::string &busName, const Command
 } // namespace
 
 std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
-    const bool hasBus = hasSessionBus();
+    const bool hasBus = freedesktop::hasSessionBus();
     for (const CommandAddress &address : commandAddresses()) {
         auto answer =
             hasBus && !address.busName.empty() ? callByBus(address.busName, request) : std::nullopt;
@@ -67,4 +67,4 @@ std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
     return std::nullopt;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -8,15 +8,15 @@
 #include <cstdio>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-LinuxCommandEndpoint::LinuxCommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first)
+CommandEndpoint::CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first)
     : mainQueue_(mainQueue),
       first_(std::move(first)) {}
 
-LinuxCommandEndpoint::~LinuxCommandEndpoint() = default;
+CommandEndpoint::~CommandEndpoint() = default;
 
-void LinuxCommandEndpoint::listen(Obey obey) {
+void CommandEndpoint::listen(Obey obey) {
     if (!first_.empty()) {
         mainQueue_.post([obey, request = first_] {
             obey(request, [](const CommandAnswer &answer) {
@@ -37,7 +37,7 @@ void LinuxCommandEndpoint::listen(Obey obey) {
                                          std::move(obey));
 }
 
-void LinuxCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+void CommandEndpoint::close(const std::function<void()> &sayGoodbye) {
     if (bus_) {
         bus_->releaseNames();
     }
@@ -50,4 +50,4 @@ void LinuxCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
     socket_.reset();
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -9,20 +9,20 @@ namespace corvane::platform {
 class MainQueue;
 }
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 class BusCommands;
 
 /// The session bus where there is one, and always a socket in the user's runtime folder, for those
 /// who cannot reach the bus.
-class LinuxCommandEndpoint : public platform::CommandEndpoint {
+class CommandEndpoint : public platform::CommandEndpoint {
   public:
     /// `first` is obeyed before all others, and its refusal printed; none where there is nothing to
     /// obey. The main queue outlives the endpoint.
-    LinuxCommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first);
-    ~LinuxCommandEndpoint() override;
-    LinuxCommandEndpoint(const LinuxCommandEndpoint &) = delete;
-    LinuxCommandEndpoint &operator=(const LinuxCommandEndpoint &) = delete;
+    CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first);
+    ~CommandEndpoint() override;
+    CommandEndpoint(const CommandEndpoint &) = delete;
+    CommandEndpoint &operator=(const CommandEndpoint &) = delete;
 
     void listen(Obey obey) override;
     void close(const std::function<void()> &sayGoodbye) override;
@@ -34,4 +34,4 @@ class LinuxCommandEndpoint : public platform::CommandEndpoint {
     std::unique_ptr<posix::CommandSocket> socket_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

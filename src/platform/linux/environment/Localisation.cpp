@@ -5,7 +5,7 @@
 #include <QDir>
 #include <QFile>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -31,12 +31,12 @@ StringTable tableNamed(const std::string &name) {
 
 } // namespace
 
-LinuxLocalisation::LinuxLocalisation(const std::vector<std::string> &locales)
+Localisation::Localisation(const std::vector<std::string> &locales)
     : table_(tableNamed(bestTable(locales, tableNames()))) {}
 
-std::string LinuxLocalisation::text(std::string_view english) const {
+std::string Localisation::text(std::string_view english) const {
     const auto found = table_.find(english);
     return found != table_.end() ? found->second : std::string(english);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

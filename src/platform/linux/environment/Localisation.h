@@ -7,13 +7,13 @@
 #include <string_view>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The translation tables compiled into the program.
-class LinuxLocalisation : public platform::Localisation {
+class Localisation : public platform::Localisation {
   public:
     /// In the language of the best of the locales, like "de_AT.UTF-8", that has a table.
-    explicit LinuxLocalisation(const std::vector<std::string> &locales);
+    explicit Localisation(const std::vector<std::string> &locales);
 
     std::string text(std::string_view english) const override;
 
@@ -21,4 +21,4 @@ class LinuxLocalisation : public platform::Localisation {
     StringTable table_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -52,4 +52,4 @@ std::string compoundText(std::string_view bytes) {
     return text;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

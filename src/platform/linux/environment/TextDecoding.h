@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The text as valid UTF-8; what is not becomes the replacement character.
 std::string utf8Text(std::string_view bytes);
@@ -15,4 +15,4 @@ std::string latin1Text(std::string_view bytes);
 /// their letters.
 std::string compoundText(std::string_view bytes);
 
-} // namespace corvane::x11
+} // namespace corvane::linux

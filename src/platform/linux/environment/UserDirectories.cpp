@@ -7,7 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -51,4 +51,4 @@ std::optional<std::filesystem::path> runtimeDirectory() {
     return isOwn ? path : std::nullopt;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The current user's home: what HOME says if that is an absolute path, else what the password
 /// database says. Absolute.
@@ -20,4 +20,4 @@ std::filesystem::path dataDirectory();
 /// Where the session's sockets lie: what XDG_RUNTIME_DIR says, if that is a folder of this user.
 std::optional<std::filesystem::path> runtimeDirectory();
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <string_view>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -77,4 +77,4 @@ std::string bestTable(const std::vector<std::string> &locales,
     return {};
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

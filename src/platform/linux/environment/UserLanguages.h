@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The locales whose texts the user wants, the best first, like "de_AT.UTF-8". As everywhere on the
 /// system, LC_ALL, LC_MESSAGES or LANG names the locale, and LANGUAGE a list that goes before it
@@ -18,4 +18,4 @@ std::vector<std::string> userLocales();
 std::string bestTable(const std::vector<std::string> &locales,
                       const std::vector<std::string> &tables);
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -8,7 +8,7 @@
 
 #include <sys/prctl.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -21,7 +21,7 @@ void endSleepsAtTheirTime() { prctl(PR_SET_TIMERSLACK, 1UL, 0UL, 0UL, 0UL); }
 void beWokenPromptly() {
     thread_local const bool isPrompt = [] {
         endSleepsAtTheirTime();
-        takeShortTurns();
+        requestSchedulerSlice();
         return true;
     }();
     static_cast<void>(isPrompt);
@@ -41,20 +41,20 @@ void sleepUntil(platform::Instant instant) {
 
 } // namespace
 
-platform::Instant LinuxClock::now() const {
+platform::Instant Clock::now() const {
     timespec time{};
     clock_gettime(CLOCK_BOOTTIME, &time);
     return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
 }
 
-void LinuxClock::hold(nanoseconds duration, const std::function<void()> &beforehand) {
+void Clock::hold(nanoseconds duration, const std::function<void()> &beforehand) {
     const platform::Instant end = now() + duration;
     awaited_->set(end);
     holdLead_.waitUntil(*this, end, sleepUntil, beforehand, [] { return false; });
 }
 
-std::unique_ptr<platform::CancellableWait> LinuxClock::makeWait() {
+std::unique_ptr<platform::CancellableWait> Clock::makeWait() {
     return std::make_unique<DescriptorWait>(*this, waitLead_, *awaited_);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -6,10 +6,10 @@
 
 #include <memory>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// The system's boot-time clock.
-class LinuxClock : public platform::ContinuousClock {
+class Clock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
     using ContinuousClock::hold;
@@ -17,12 +17,12 @@ class LinuxClock : public platform::ContinuousClock {
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 
     /// Until when those who use the clock hold or wait.
-    std::shared_ptr<const AwaitedMoment> awaited() const { return awaited_; }
+    std::shared_ptr<const NextClickDeadline> awaited() const { return awaited_; }
 
   private:
-    const std::shared_ptr<AwaitedMoment> awaited_ = std::make_shared<AwaitedMoment>();
-    WakeUpLead holdLead_;
-    WakeUpLead waitLead_;
+    const std::shared_ptr<NextClickDeadline> awaited_ = std::make_shared<NextClickDeadline>();
+    WakeUpLatency holdLead_;
+    WakeUpLatency waitLead_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -7,10 +7,10 @@
 #include <poll.h>
 #include <sys/eventfd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-DescriptorWait::DescriptorWait(platform::ContinuousClock &clock, WakeUpLead &lead,
-                               AwaitedMoment &awaited)
+DescriptorWait::DescriptorWait(platform::ContinuousClock &clock, WakeUpLatency &lead,
+                               NextClickDeadline &awaited)
     : clock_(clock),
       lead_(lead),
       awaited_(awaited),
@@ -55,4 +55,4 @@ void DescriptorWait::sleepInSlices(platform::Instant deadline) const {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

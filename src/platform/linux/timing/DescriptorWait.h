@@ -8,7 +8,7 @@
 
 #include <atomic>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// A wait on a timer descriptor and an event descriptor. Without descriptors to be had it sleeps in
 /// short slices instead.
@@ -16,7 +16,8 @@ class DescriptorWait : public platform::CancellableWait {
   public:
     /// Says by `awaited` until when it waits, and is woken earlier by `lead`, as it learns. All
     /// given outlives the wait.
-    DescriptorWait(platform::ContinuousClock &clock, WakeUpLead &lead, AwaitedMoment &awaited);
+    DescriptorWait(platform::ContinuousClock &clock, WakeUpLatency &lead,
+                   NextClickDeadline &awaited);
 
     using CancellableWait::waitUntil;
     void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override;
@@ -29,11 +30,11 @@ class DescriptorWait : public platform::CancellableWait {
     void sleepInSlices(platform::Instant deadline) const;
 
     platform::ContinuousClock &clock_;
-    WakeUpLead &lead_;
-    AwaitedMoment &awaited_;
+    WakeUpLatency &lead_;
+    NextClickDeadline &awaited_;
     const TimerDescriptor timer_;
     const posix::FileDescriptor wakeUp_;
     std::atomic<bool> isCancelled_ = false;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

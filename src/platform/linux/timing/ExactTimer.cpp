@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 ExactTimer::ExactTimer(std::function<void()> fire)
     : fire_(std::move(fire)),
@@ -34,4 +34,4 @@ void ExactTimer::elapse() {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -8,7 +8,7 @@
 #include <functional>
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Calls a function once, at a moment of the system's boot-time clock, in a turn of Qt's event
 /// loop, whose own timers count whole milliseconds and wake up once too early as often as not. Main
@@ -31,4 +31,4 @@ class ExactTimer {
     QSocketNotifier readable_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -4,9 +4,9 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
-void LinuxMainQueue::post(std::function<void()> work) {
+void MainQueue::post(std::function<void()> work) {
     {
         const std::lock_guard lock(posting_);
         posted_.push_back(std::move(work));
@@ -15,7 +15,7 @@ void LinuxMainQueue::post(std::function<void()> work) {
     QCoreApplication::postEvent(&receiver_, new QEvent(QEvent::User)); // NOLINT: the loop owns it
 }
 
-std::function<void()> LinuxMainQueue::takeFirst() {
+std::function<void()> MainQueue::takeFirst() {
     const std::lock_guard lock(posting_);
     std::function<void()> work = std::move(posted_.front());
     posted_.pop_front();
@@ -23,16 +23,16 @@ std::function<void()> LinuxMainQueue::takeFirst() {
 }
 
 /// One piece for each event, so that a nested event loop goes on with the next.
-void LinuxMainQueue::Receiver::customEvent(QEvent * /*event*/) { queue_.takeFirst()(); }
+void MainQueue::Receiver::customEvent(QEvent * /*event*/) { queue_.takeFirst()(); }
 
-std::unique_ptr<platform::Timer> LinuxMainQueue::after(std::chrono::nanoseconds delay,
-                                                       std::function<void()> work) {
+std::unique_ptr<platform::Timer> MainQueue::after(std::chrono::nanoseconds delay,
+                                                  std::function<void()> work) {
     return timers_.add(delay, std::nullopt, std::move(work));
 }
 
-std::unique_ptr<platform::Timer> LinuxMainQueue::every(std::chrono::nanoseconds period,
-                                                       std::function<void()> work) {
+std::unique_ptr<platform::Timer> MainQueue::every(std::chrono::nanoseconds period,
+                                                  std::function<void()> work) {
     return timers_.add(period, period, std::move(work));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -8,12 +8,12 @@
 #include <deque>
 #include <mutex>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Qt's event loop as the main queue. Made on the main thread.
-class LinuxMainQueue : public platform::MainQueue {
+class MainQueue : public platform::MainQueue {
   public:
-    LinuxMainQueue() : receiver_(*this) {}
+    MainQueue() : receiver_(*this) {}
 
     void post(std::function<void()> work) override;
     std::unique_ptr<platform::Timer> after(std::chrono::nanoseconds delay,
@@ -25,12 +25,12 @@ class LinuxMainQueue : public platform::MainQueue {
     /// Lives on the main thread, which brings it an event for each piece of work.
     class Receiver : public QObject {
       public:
-        explicit Receiver(LinuxMainQueue &queue) : queue_(queue) {}
+        explicit Receiver(MainQueue &queue) : queue_(queue) {}
 
       private:
         void customEvent(QEvent *event) override;
 
-        LinuxMainQueue &queue_;
+        MainQueue &queue_;
     };
 
     std::function<void()> takeFirst();
@@ -41,4 +41,4 @@ class LinuxMainQueue : public platform::MainQueue {
     TimerQueue timers_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -4,10 +4,10 @@
 
 #include <atomic>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Until when the thread that clicks waits: its next press or release is due then. Any thread.
-class AwaitedMoment {
+class NextClickDeadline {
   public:
     void set(platform::Instant moment) { moment_ = moment; }
 
@@ -18,4 +18,4 @@ class AwaitedMoment {
     std::atomic<platform::Instant> moment_{};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

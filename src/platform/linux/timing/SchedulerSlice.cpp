@@ -7,7 +7,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -30,7 +30,7 @@ struct SchedulingAttributes {
 
 } // namespace
 
-void takeShortTurns() {
+void requestSchedulerSlice() {
     if (sched_getscheduler(0) != SCHED_OTHER) {
         return; // Whoever started the program wants it otherwise.
     }
@@ -39,4 +39,4 @@ void takeShortTurns() {
     syscall(SYS_sched_setattr, 0, &attributes, 0);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -6,7 +6,7 @@
 
 #include <sys/timerfd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 TimerDescriptor::TimerDescriptor()
     : descriptor_(timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK)) {}
@@ -26,4 +26,4 @@ void TimerDescriptor::clear() const {
     timerfd_settime(descriptor_.get(), 0, &never, nullptr);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -3,7 +3,7 @@
 #include "platform/ContinuousClock.h"
 #include "platform/posix/FileDescriptor.h"
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// A descriptor that becomes readable at a moment of the system's boot-time clock, and stays so
 /// until it is set again.
@@ -23,4 +23,4 @@ class TimerDescriptor {
     const posix::FileDescriptor descriptor_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// What the receiver of a timer holds.
 class TimerQueue::PendingCall : public platform::Timer {
@@ -67,4 +67,4 @@ void TimerQueue::setTimer() {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

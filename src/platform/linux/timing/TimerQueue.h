@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Calls at their times, in turns of Qt's event loop. Main thread, after the application is made.
 class TimerQueue {
@@ -37,10 +37,10 @@ class TimerQueue {
     /// To the next call.
     void setTimer();
 
-    const LinuxClock clock_{};
+    const Clock clock_{};
     /// Those to come, the next one first.
     std::vector<std::shared_ptr<Call>> calls_;
     ExactTimer timer_{[this] { callAllDue(); }};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

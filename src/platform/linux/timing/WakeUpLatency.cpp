@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// Settles where every second wake-up is in time. The others are hardly later, while waiting awake
 /// for them would cost processor time with each of the early ones.
-void WakeUpLead::learn(std::chrono::nanoseconds taken) {
+void WakeUpLatency::learn(std::chrono::nanoseconds taken) {
     using namespace std::chrono_literals;
     if (taken < 0ns) {
         return; // The sleep was cut short.
@@ -21,4 +21,4 @@ void WakeUpLead::learn(std::chrono::nanoseconds taken) {
     step_ = std::max<std::chrono::nanoseconds>(step * 7 / 8, 1us);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

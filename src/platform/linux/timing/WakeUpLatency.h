@@ -4,12 +4,12 @@
 
 #include <atomic>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 /// How long before its time a thread has itself woken. The system wakes it late, on every machine
 /// by another amount, and it may have something to find out first: how long both take is learnt,
 /// and what is then left is waited for awake. Any thread.
-class WakeUpLead {
+class WakeUpLatency {
   public:
     /// Sleeps by `sleepUntil`, calls `beforehand` and returns at the deadline, or as soon as
     /// `isOver` says so after the sleep.
@@ -44,4 +44,4 @@ class WakeUpLead {
     std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(16)};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

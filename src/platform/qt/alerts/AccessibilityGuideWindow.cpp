@@ -8,7 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -57,7 +57,7 @@ void AccessibilityGuideWindow::show(const AccessibilityGuide &guide) {
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
     fill(*dialog_, guide);
     dialog_->show();
-    activateIgnoringOthers(*dialog_);
+    x11::activateIgnoringOthers(*dialog_);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -6,7 +6,7 @@
 
 class QDialog;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a guide in a window of its own, one at a time. Main thread.
 class AccessibilityGuideWindow {
@@ -24,4 +24,4 @@ class AccessibilityGuideWindow {
     QPointer<QDialog> dialog_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

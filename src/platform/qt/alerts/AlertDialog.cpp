@@ -22,7 +22,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -51,7 +51,8 @@ int roomForTexts(const QScreen &screen) {
 /// As wide as its text on one line where that is neither too narrow nor too wide, else wrapped.
 QLabel *makeLabel(const std::string &source, const QFont &font, int room) {
     const auto text = QString::fromStdString(source);
-    auto *label = new QLabel(breakable(shortened(onOneLine(text), longestText)));
+    auto *label =
+        new QLabel(drawing::breakable(drawing::shortened(drawing::onOneLine(text), longestText)));
     label->setTextFormat(Qt::PlainText);
     label->setFont(font);
     label->setWordWrap(true);
@@ -69,7 +70,7 @@ AlertDialog::AlertDialog(const Alert &alert)
       chosen_(alert.buttons.empty() ? 0 : alert.buttons.size() - 1) {
     installAccessibleRoles();
     setAttribute(Qt::WA_QuitOnClose, false);
-    setWindowTitle(onOneLine(QString::fromStdString(alert.messageText)));
+    setWindowTitle(drawing::onOneLine(QString::fromStdString(alert.messageText)));
     setAccessibleName(QString::fromStdString(alert.messageText));
 
     auto *image = new DecorationLabel;
@@ -127,7 +128,7 @@ QBoxLayout *AlertDialog::makeButtons(const Alert &alert) {
     row->addStretch(1);
     for (std::size_t index = 0; index < alert.buttons.size(); ++index) {
         const auto title = QString::fromStdString(alert.buttons[index]);
-        auto *button = new QPushButton(withoutMnemonic(title));
+        auto *button = new QPushButton(drawing::withoutMnemonic(title));
         button->setAccessibleName(title);
         button->setMinimumWidth(
             std::max(leastButtonWidth, fontMetrics().horizontalAdvance(title) + 2 * buttonPadding));
@@ -154,7 +155,7 @@ void AlertDialog::showOnEveryWorkspace() {
     }
     auto *connection = application->connection();
     constexpr std::string_view name = "_NET_WM_DESKTOP";
-    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
+    const x11::XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
         connection, xcb_intern_atom(connection, 0, name.size(), name.data()), nullptr));
     if (atom) {
         constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
@@ -167,9 +168,9 @@ void AlertDialog::showEvent(QShowEvent *event) {
     showOnEveryWorkspace();
     QDialog::showEvent(event);
     // The window is on the screen when this event has been handled.
-    QTimer::singleShot(0, this, [this] { activateIgnoringOthers(*this); });
+    QTimer::singleShot(0, this, [this] { x11::activateIgnoringOthers(*this); });
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

@@ -9,7 +9,7 @@
 class QBoxLayout;
 class QLineEdit;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The window of one alert. Main thread.
 class AlertDialog : public QDialog {
@@ -32,4 +32,4 @@ class AlertDialog : public QDialog {
     QLineEdit *field_ = nullptr;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

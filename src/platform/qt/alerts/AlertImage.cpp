@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -28,4 +28,4 @@ QPixmap alertImage(const Alert &alert, int size, qreal ratio) {
     return pixmap;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

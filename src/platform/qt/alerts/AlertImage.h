@@ -4,10 +4,10 @@
 
 #include <QPixmap>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The picture beside an alert's text: the application icon, with a warning mark on a warning that
 /// only tells. `size` in points, sharp on a screen with `ratio` pixels to the point.
 QPixmap alertImage(const Alert &alert, int size, qreal ratio);
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -2,12 +2,12 @@
 
 #include "platform/qt/alerts/AlertDialog.h"
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
-AlertResponse LinuxAlerts::runModal(const Alert &alert) {
+AlertResponse Alerts::runModal(const Alert &alert) {
     AlertDialog dialog(alert);
     dialog.exec();
     return dialog.response();
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

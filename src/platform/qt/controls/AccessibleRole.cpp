@@ -8,7 +8,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): the toolkit owns the interfaces it is given
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -134,6 +134,6 @@ void installAccessibleRoles() {
     Q_UNUSED(isInstalled);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

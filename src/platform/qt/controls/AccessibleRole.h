@@ -2,7 +2,7 @@
 
 #include <QAccessible>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// A widget that tells a screen reader itself what it is.
 class AccessibleRole {
@@ -18,4 +18,4 @@ class AccessibleRole {
 /// Lets screen readers see the roles of all widgets that tell theirs. May be called again.
 void installAccessibleRoles();
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -23,7 +23,7 @@ constexpr double cornerRadius = 6;
 
 } // namespace
 
-ButtonWidget::ButtonWidget(SymbolImages &symbols) : symbols_(symbols) {
+ButtonWidget::ButtonWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {
     setAutoDefault(false);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -41,7 +41,7 @@ void ButtonWidget::render(const View &view, Rendering) {
 void ButtonWidget::refresh() {
     const QString title = QString::fromStdString(button().title);
     const bool isSmall = button().controlSize == ControlSize::small;
-    setText(withoutMnemonic(title));
+    setText(drawing::withoutMnemonic(title));
     setAccessibleName(view_.accessibilityLabel.empty()
                           ? title
                           : QString::fromStdString(view_.accessibilityLabel));
@@ -99,4 +99,4 @@ bool ButtonWidget::event(QEvent *event) {
     return QPushButton::event(event);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,14 +4,18 @@
 
 #include <QPushButton>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a button.
 class ButtonWidget : public QPushButton, public ViewWidget {
   public:
-    explicit ButtonWidget(SymbolImages &symbols);
+    explicit ButtonWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -30,8 +34,8 @@ class ButtonWidget : public QPushButton, public ViewWidget {
     void refresh();
     void paintProminent();
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     View view_{Button{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -45,4 +45,4 @@ QPainterPath continuousRoundedRectangle(const QRectF &bounds, qreal radius) {
     return path;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

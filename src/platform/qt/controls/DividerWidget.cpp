@@ -4,7 +4,7 @@
 
 #include <QPainter>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 DividerWidget::DividerWidget() { setFixedHeight(1); }
 
@@ -13,4 +13,4 @@ void DividerWidget::paintEvent(QPaintEvent *) {
     QPainter(this).fillRect(rect(), faded(palette(), strength));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// A faint line from side to side.
 class DividerWidget : public QWidget, public ViewWidget {
@@ -18,4 +18,4 @@ class DividerWidget : public QWidget, public ViewWidget {
     void paintEvent(QPaintEvent *event) override;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 void FileImageWidget::render(const View &view, Rendering) {
     if (view == view_) {
@@ -42,4 +42,4 @@ void FileImageWidget::paintEvent(QPaintEvent *) {
     painter.drawPixmap(0, 0, picture());
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

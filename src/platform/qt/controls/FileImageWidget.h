@@ -5,7 +5,7 @@
 #include <QPixmap>
 #include <QWidget>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a picture from a file; a file that is no picture leaves its place empty.
 class FileImageWidget : public QWidget, public ViewWidget {
@@ -24,4 +24,4 @@ class FileImageWidget : public QWidget, public ViewWidget {
     QPixmap picture_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

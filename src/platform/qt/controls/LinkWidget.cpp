@@ -10,7 +10,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -31,7 +31,7 @@ QString words(const View &view) {
 
 } // namespace
 
-LinkWidget::LinkWidget(SymbolImages &symbols) : symbols_(symbols) {
+LinkWidget::LinkWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {
     auto *frame = new QVBoxLayout(this);
     frame->setContentsMargins(0, 0, 0, 0);
     setFocusPolicy(Qt::StrongFocus);
@@ -93,6 +93,6 @@ void LinkWidget::paintEvent(QPaintEvent *) {
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

@@ -6,14 +6,18 @@
 
 #include <QAbstractButton>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a link: its label as a button.
 class LinkWidget : public QAbstractButton, public ViewWidget, public AccessibleRole {
   public:
-    explicit LinkWidget(SymbolImages &symbols);
+    explicit LinkWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -30,10 +34,10 @@ class LinkWidget : public QAbstractButton, public ViewWidget, public AccessibleR
     void showLabel(Rendering rendering);
     void refreshColours();
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     View view_{Link{}};
     ViewKind labelKind_;
     ViewWidget *label_ = nullptr;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -8,9 +8,9 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
-MenuButtonWidget::MenuButtonWidget(SymbolImages &symbols) : symbols_(symbols) {
+MenuButtonWidget::MenuButtonWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {
     constexpr int iconSide = 20;
     setIconSize({iconSide, iconSide});
     setAutoRaise(true);
@@ -66,7 +66,7 @@ void MenuButtonWidget::addItem(QMenu &menu, const MenuButtonItem &item) {
         menu.addSeparator();
         return;
     }
-    auto *action = menu.addAction(withoutMnemonic(QString::fromStdString(item.title)));
+    auto *action = menu.addAction(drawing::withoutMnemonic(QString::fromStdString(item.title)));
     action->setProperty(WarningMenuStyle::isWarning, item.isDestructive);
     // After the menu has closed, because a dialog may follow.
     connect(
@@ -74,6 +74,6 @@ void MenuButtonWidget::addItem(QMenu &menu, const MenuButtonItem &item) {
         Qt::QueuedConnection);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

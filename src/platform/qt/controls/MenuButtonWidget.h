@@ -7,14 +7,18 @@
 #include <QPointer>
 #include <QToolButton>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a symbol that opens a menu.
 class MenuButtonWidget : public QToolButton, public ViewWidget, public AccessibleRole {
   public:
-    explicit MenuButtonWidget(SymbolImages &symbols);
+    explicit MenuButtonWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -34,10 +38,10 @@ class MenuButtonWidget : public QToolButton, public ViewWidget, public Accessibl
     void openMenu();
     void addItem(QMenu &menu, const MenuButtonItem &item);
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     View view_{MenuButton{}};
     QPointer<QMenu> menu_;
     bool isClickedByMouse_ = false;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -5,7 +5,7 @@
 #include <QPointer>
 #include <QWheelEvent>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 MenuPickerWidget::MenuPickerWidget() {
     setFocusPolicy(Qt::StrongFocus);
@@ -61,4 +61,4 @@ void MenuPickerWidget::wheelEvent(QWheelEvent *event) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

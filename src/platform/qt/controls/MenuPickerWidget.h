@@ -4,7 +4,7 @@
 
 #include <QComboBox>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a picker as a menu that opens from the chosen entry.
 class MenuPickerWidget : public QComboBox, public ViewWidget {
@@ -24,4 +24,4 @@ class MenuPickerWidget : public QComboBox, public ViewWidget {
     View view_{Picker{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

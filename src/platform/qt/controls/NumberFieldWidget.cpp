@@ -7,7 +7,7 @@
 
 #include <cmath>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 NumberFieldWidget::NumberFieldWidget() {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -52,4 +52,4 @@ void NumberFieldWidget::focusOutEvent(QFocusEvent *event) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,7 +4,7 @@
 
 #include <QLineEdit>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a number field.
 class NumberFieldWidget : public QLineEdit, public ViewWidget {
@@ -25,4 +25,4 @@ class NumberFieldWidget : public QLineEdit, public ViewWidget {
     View view_{NumberField{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QPalette>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 void usePlaceholderColourOfFields() {
     constexpr float strength = 0.5F;
@@ -16,4 +16,4 @@ void usePlaceholderColourOfFields() {
     QApplication::setPalette(palette);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

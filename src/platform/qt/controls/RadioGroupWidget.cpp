@@ -10,7 +10,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 RadioGroupWidget::RadioGroupWidget() {
     auto *rows = new QVBoxLayout(this);
@@ -72,13 +72,13 @@ void RadioGroupWidget::refresh() {
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
     for (std::size_t index = 0; index < buttons_.size(); ++index) {
         const QString title = QString::fromStdString(picker().options[index]);
-        buttons_[index]->setText(withoutMnemonic(title));
+        buttons_[index]->setText(drawing::withoutMnemonic(title));
         buttons_[index]->setAccessibleName(title);
         buttons_[index]->setPalette(indicatorPalette());
     }
     check(picker().selected);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

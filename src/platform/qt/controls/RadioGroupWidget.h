@@ -9,7 +9,7 @@
 
 class QRadioButton;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a picker as radio buttons, one below the other.
 class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRole {
@@ -35,4 +35,4 @@ class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRol
     std::vector<QRadioButton *> buttons_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -9,7 +9,7 @@
 #include <QStyle>
 #include <QStyleOptionFocusRect>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -136,4 +136,4 @@ void StepperWidget::drawHalf(QPainter &painter, bool isUp) const {
     painter.drawPath(arrow);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

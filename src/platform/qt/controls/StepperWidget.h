@@ -7,7 +7,7 @@
 
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a stepper: an upper half that counts up and a lower one that counts down.
 class StepperWidget : public QWidget, public ViewWidget {
@@ -45,4 +45,4 @@ class StepperWidget : public QWidget, public ViewWidget {
     std::optional<bool> hovered_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

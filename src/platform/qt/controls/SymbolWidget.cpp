@@ -6,9 +6,9 @@
 #include <QEvent>
 #include <QPainter>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
-SymbolWidget::SymbolWidget(SymbolImages &symbols) : symbols_(symbols) {}
+SymbolWidget::SymbolWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {}
 
 void SymbolWidget::render(const View &view, Rendering) {
     if (view == view_) {
@@ -40,4 +40,4 @@ void SymbolWidget::paintEvent(QPaintEvent *) {
                                        devicePixelRatioF()));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

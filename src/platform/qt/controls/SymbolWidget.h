@@ -4,14 +4,18 @@
 
 #include <QWidget>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a symbol as high as a line of its font.
 class SymbolWidget : public QWidget, public ViewWidget {
   public:
-    explicit SymbolWidget(SymbolImages &symbols);
+    explicit SymbolWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -23,8 +27,8 @@ class SymbolWidget : public QWidget, public ViewWidget {
   private:
     void refresh();
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     View view_{SymbolImage{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -2,7 +2,7 @@
 
 #include "platform/qt/controls/ViewStyling.h"
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 TextFieldWidget::TextFieldWidget() {
     setMinimumHeight(controlHeight);
@@ -21,4 +21,4 @@ void TextFieldWidget::render(const View &view, Rendering) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

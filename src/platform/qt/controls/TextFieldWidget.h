@@ -4,7 +4,7 @@
 
 #include <QLineEdit>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a text field.
 class TextFieldWidget : public QLineEdit, public ViewWidget {
@@ -20,4 +20,4 @@ class TextFieldWidget : public QLineEdit, public ViewWidget {
     View view_{TextField{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -53,7 +53,7 @@ bool TextWidget::isSingleLine() const { return std::get<Text>(view_.content).isS
 void TextWidget::refresh() {
     const Text &text = std::get<Text>(view_.content);
     const QString whole = QString::fromStdString(text.text);
-    shown_ = shortened(isSingleLine() ? onOneLine(whole) : whole, longestText);
+    shown_ = drawing::shortened(isSingleLine() ? drawing::onOneLine(whole) : whole, longestText);
     setFont(viewFont(view_.font));
     setAlignment(lineAlignment(text.lineAlignment) | Qt::AlignVCenter);
     setText(shown_);
@@ -109,4 +109,4 @@ void TextWidget::paintEvent(QPaintEvent *) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,7 +4,7 @@
 
 #include <QLabel>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows a text: wrapped where it must be, or on one line that ends early where it must.
 class TextWidget : public QLabel, public ViewWidget {
@@ -32,4 +32,4 @@ class TextWidget : public QLabel, public ViewWidget {
     QString shown_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

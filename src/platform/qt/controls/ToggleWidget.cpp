@@ -6,9 +6,9 @@
 
 #include <QEvent>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
-ToggleWidget::ToggleWidget(SymbolImages &symbols) : symbols_(symbols) {
+ToggleWidget::ToggleWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QCheckBox::clicked, this, [this](bool isOn) {
         // Only the next view says whether it is on.
@@ -28,7 +28,7 @@ void ToggleWidget::render(const View &view, Rendering) {
 void ToggleWidget::refresh() {
     setPalette(indicatorPalette());
     const QString title = QString::fromStdString(toggle().title);
-    setText(withoutMnemonic(title));
+    setText(drawing::withoutMnemonic(title));
     setAccessibleName(title);
     setFont(viewFont(view_.font));
     const auto &symbol = toggle().symbol;
@@ -45,4 +45,4 @@ bool ToggleWidget::event(QEvent *event) {
     return QCheckBox::event(event);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

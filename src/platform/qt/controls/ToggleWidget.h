@@ -4,14 +4,18 @@
 
 #include <QCheckBox>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a toggle.
 class ToggleWidget : public QCheckBox, public ViewWidget {
   public:
-    explicit ToggleWidget(SymbolImages &symbols);
+    explicit ToggleWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -23,8 +27,8 @@ class ToggleWidget : public QCheckBox, public ViewWidget {
     const Toggle &toggle() const { return std::get<Toggle>(view_.content); }
     void refresh();
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     View view_{Toggle{}};
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

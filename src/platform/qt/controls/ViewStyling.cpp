@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -110,15 +110,15 @@ QColor textColour(const std::optional<ShapeStyle> &style, const QPalette &palett
     if (const auto *level = std::get_if<HierarchicalStyle>(&*style)) {
         return faded(palette, textStrength(*level));
     }
-    return readable(qtColour(std::get<Colour>(*style)), palette);
+    return readable(drawing::qtColour(std::get<Colour>(*style)), palette);
 }
 
 QColor symbolColour(const std::optional<ShapeStyle> &style, const QPalette &palette) {
     const auto *colour = style ? std::get_if<Colour>(&*style) : nullptr;
-    return colour ? qtColour(*colour) : textColour(style, palette);
+    return colour ? drawing::qtColour(*colour) : textColour(style, palette);
 }
 
-QColor accentColour() { return qtColour({ColourName::systemBlue}).darker(118); }
+QColor accentColour() { return drawing::qtColour({ColourName::systemBlue}).darker(118); }
 
 QColor accentTextColour() { return Qt::white; }
 
@@ -127,7 +127,7 @@ QColor fillColour(const ShapeStyle &style, const QPalette &palette) {
     if (std::holds_alternative<HierarchicalStyle>(style)) {
         return faded(palette, fillStrength);
     }
-    return qtColour(std::get<Colour>(style));
+    return drawing::qtColour(std::get<Colour>(style));
 }
 
 QFont viewFont(const Font &font) {
@@ -151,4 +151,4 @@ QFont viewFont(const Font &font) {
     return result;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

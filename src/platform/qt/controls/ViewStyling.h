@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The least height of a control in a row, and the space beside the text in a field; points.
 inline constexpr int controlHeight = 26;
@@ -40,4 +40,4 @@ QPalette indicatorPalette();
 /// A text style as it relates to the desktop's own font.
 QFont viewFont(const Font &font);
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// How a widget takes a view over.
 enum class Rendering {
@@ -26,4 +26,4 @@ class ViewWidget {
     virtual void render(const View &view, Rendering rendering) = 0;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

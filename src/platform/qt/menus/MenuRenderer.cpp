@@ -10,7 +10,7 @@
 
 Q_DECLARE_METATYPE(corvane::MenuItem)
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -93,7 +93,8 @@ class MenuRenderer::PopupMenu : public QMenu {
     MenuRenderer &renderer_;
 };
 
-MenuRenderer::MenuRenderer(SymbolImages &symbols, std::function<void(const MenuCommand &)> perform)
+MenuRenderer::MenuRenderer(drawing::SymbolImages &symbols,
+                           std::function<void(const MenuCommand &)> perform)
     : symbols_(symbols),
       perform_(std::move(perform)),
       style_(std::make_unique<ScrollableMenuStyle>()),
@@ -122,7 +123,7 @@ void MenuRenderer::update() {
 
 void MenuRenderer::patch(QMenu &menu, const std::vector<MenuItem> &from,
                          const std::vector<MenuItem> &to) {
-    const auto alignment = alignMenu(from, to);
+    const auto alignment = drawing::alignMenu(from, to);
     const auto actions = menu.actions();
     const auto gap = static_cast<qsizetype>(alignment.leading);
     const auto gapEnd = gap + static_cast<qsizetype>(alignment.removed);
@@ -155,7 +156,7 @@ void MenuRenderer::patch(QAction &action, const MenuItem *from, const MenuItem &
         return;
     }
     action.setSeparator(to.isSeparator);
-    action.setText(popupText(menuText(to)));
+    action.setText(drawing::popupText(drawing::menuText(to)));
     action.setEnabled(to.isEnabled);
     action.setCheckable(to.isOn);
     action.setChecked(to.isOn);
@@ -209,4 +210,4 @@ void MenuRenderer::choose(QAction &action) {
     });
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

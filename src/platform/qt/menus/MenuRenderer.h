@@ -11,7 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// Shows menu values in one menu of the toolkit, which is kept: only what differs from the value
 /// before is touched, so that an open menu stays open and usable. A menu that nobody sees takes the
@@ -19,7 +19,7 @@ namespace corvane::x11 {
 class MenuRenderer {
   public:
     /// `perform` receives each command the user chooses, in a later turn of the event loop.
-    MenuRenderer(SymbolImages &symbols, std::function<void(const MenuCommand &)> perform);
+    MenuRenderer(drawing::SymbolImages &symbols, std::function<void(const MenuCommand &)> perform);
     ~MenuRenderer();
     MenuRenderer(const MenuRenderer &) = delete;
     MenuRenderer &operator=(const MenuRenderer &) = delete;
@@ -43,7 +43,7 @@ class MenuRenderer {
     void tintImages(QMenu &menu, const std::vector<MenuItem> &items);
     void choose(QAction &action);
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
     Menu newest_;
     /// What the toolkit's menu shows.
@@ -52,4 +52,4 @@ class MenuRenderer {
     std::unique_ptr<PopupMenu> menu_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <QStyleOptionMenuItem>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -34,4 +34,4 @@ void WarningMenuStyle::drawControl(ControlElement element, const QStyleOption *o
     QProxyStyle::drawControl(element, &warning, painter, widget);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -4,7 +4,7 @@
 
 class QMenu;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The style in use, but with some of a menu's items in the colour of a warning.
 class WarningMenuStyle : public QProxyStyle {
@@ -19,4 +19,4 @@ class WarningMenuStyle : public QProxyStyle {
                      const QWidget *widget) const override;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -1,6 +1,6 @@
 #include "platform/qt/settings/FocusKeeper.h"
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 std::vector<QWidget *> tabStops(const QWidget &window) {
     std::vector<QWidget *> stops;
@@ -50,4 +50,4 @@ QWidget *FocusKeeper::neighbour(std::size_t focused) const {
     return nullptr;
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 /// The controls of a window that the Tab key leads to, as they are seen.
 std::vector<QWidget *> tabStops(const QWidget &window);
@@ -31,4 +31,4 @@ class FocusKeeper {
     std::optional<std::size_t> focused_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

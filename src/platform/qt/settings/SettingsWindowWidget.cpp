@@ -19,7 +19,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -34,7 +34,7 @@ int heightFor(QWidget &widget, int width) {
 } // namespace
 
 SettingsWindowWidget::SettingsWindowWidget(
-    const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
+    const SettingsWindow &window, std::shared_ptr<drawing::SymbolImages> symbols,
     const std::function<void(const std::string &)> &toolbarItemSelected)
     : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                            Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint),
@@ -167,6 +167,6 @@ void SettingsWindowWidget::showEvent(QShowEvent *event) {
     fitToContent();
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

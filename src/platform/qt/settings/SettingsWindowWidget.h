@@ -14,7 +14,7 @@
 
 class QScrollArea;
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 class ToolbarWidget;
 
@@ -23,7 +23,7 @@ class ToolbarWidget;
 class SettingsWindowWidget : public QWidget, public AccessibleRole {
   public:
     SettingsWindowWidget(
-        const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
+        const SettingsWindow &window, std::shared_ptr<drawing::SymbolImages> symbols,
         const std::function<void(const std::string &identifier)> &toolbarItemSelected);
 
     ToolbarWidget &toolbar() { return *toolbar_; }
@@ -46,11 +46,11 @@ class SettingsWindowWidget : public QWidget, public AccessibleRole {
     void keepWithin(const QRect &available);
 
     const int width_;
-    std::shared_ptr<SymbolImages> symbols_;
+    std::shared_ptr<drawing::SymbolImages> symbols_;
     ToolbarWidget *toolbar_;
     QScrollArea *scrollArea_;
     ViewWidget *content_ = nullptr;
     ViewKind contentKind_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

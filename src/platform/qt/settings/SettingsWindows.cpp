@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -28,7 +28,8 @@ struct WidgetEnd {
 
 class LinuxSettingsWindow : public platform::NativeSettingsWindow {
   public:
-    LinuxSettingsWindow(const SettingsWindow &window, std::shared_ptr<SymbolImages> symbols,
+    LinuxSettingsWindow(const SettingsWindow &window,
+                        std::shared_ptr<drawing::SymbolImages> symbols,
                         std::function<void(const std::string &)> toolbarItemSelected)
         : alive_(std::make_shared<bool>(true)),
           widget_(new SettingsWindowWidget(
@@ -50,7 +51,7 @@ class LinuxSettingsWindow : public platform::NativeSettingsWindow {
             widget_->toolbar().focusSelectedItem();
             widget_->show();
         }
-        activateIgnoringOthers(*widget_);
+        x11::activateIgnoringOthers(*widget_);
     }
 
     void orderOut() override { widget_->hide(); }
@@ -79,14 +80,14 @@ class LinuxSettingsWindow : public platform::NativeSettingsWindow {
 
 } // namespace
 
-LinuxSettingsWindows::LinuxSettingsWindows() : symbols_(std::make_shared<SymbolImages>()) {
+SettingsWindows::SettingsWindows() : symbols_(std::make_shared<drawing::SymbolImages>()) {
     installAccessibleRoles();
 }
 
-std::unique_ptr<platform::NativeSettingsWindow> LinuxSettingsWindows::create(
-    const SettingsWindow &window,
-    std::function<void(const std::string &identifier)> toolbarItemSelected) {
+std::unique_ptr<platform::NativeSettingsWindow>
+SettingsWindows::create(const SettingsWindow &window,
+                        std::function<void(const std::string &identifier)> toolbarItemSelected) {
     return std::make_unique<LinuxSettingsWindow>(window, symbols_, std::move(toolbarItemSelected));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

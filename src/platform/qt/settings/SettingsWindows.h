@@ -4,21 +4,25 @@
 
 #include <memory>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
 
+} // namespace corvane::drawing
+
+namespace corvane::qt {
+
 /// Settings windows made of the toolkit's widgets.
-class LinuxSettingsWindows : public platform::SettingsWindows {
+class SettingsWindows : public platform::SettingsWindows {
   public:
-    LinuxSettingsWindows();
+    SettingsWindows();
 
     std::unique_ptr<platform::NativeSettingsWindow>
     create(const SettingsWindow &window,
            std::function<void(const std::string &identifier)> toolbarItemSelected) override;
 
   private:
-    std::shared_ptr<SymbolImages> symbols_;
+    std::shared_ptr<drawing::SymbolImages> symbols_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -12,7 +12,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -54,7 +54,7 @@ Stack boxed(const View &view) { return {.children = {bare(view)}}; }
 
 } // namespace
 
-StackWidget::StackWidget(SymbolImages &symbols)
+StackWidget::StackWidget(drawing::SymbolImages &symbols)
     : symbols_(symbols),
       frame_(new QHBoxLayout(this)),
       content_(new QVBoxLayout) {
@@ -204,6 +204,6 @@ void StackWidget::paintEvent(QPaintEvent *) {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

@@ -10,15 +10,19 @@
 #include <optional>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// Shows a stack with its padding, frame and background. A padded or filled view of another kind is
 /// shown as a stack of that view alone.
 class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
   public:
-    explicit StackWidget(SymbolImages &symbols);
+    explicit StackWidget(drawing::SymbolImages &symbols);
 
     QWidget &widget() override { return *this; }
     void render(const View &view, Rendering rendering) override;
@@ -51,7 +55,7 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
     void align(const View &view);
     void orderChildren();
 
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     /// Holds the padding and puts the content where it belongs in a wider frame.
     QBoxLayout *frame_;
     QBoxLayout *content_;
@@ -62,4 +66,4 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
     bool contentFills_ = false;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

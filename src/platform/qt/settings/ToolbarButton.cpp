@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -22,7 +22,7 @@ constexpr double cornerRadius = 8;
 
 } // namespace
 
-ToolbarButton::ToolbarButton(const ToolbarItem &item, SymbolImages &symbols)
+ToolbarButton::ToolbarButton(const ToolbarItem &item, drawing::SymbolImages &symbols)
     : item_(item),
       symbols_(symbols) {
     const QString label = QString::fromStdString(item.label);
@@ -84,4 +84,4 @@ void ToolbarButton::paintEvent(QPaintEvent *) {
                      Qt::AlignHCenter | Qt::AlignTop, text());
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt

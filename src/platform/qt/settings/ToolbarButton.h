@@ -5,15 +5,19 @@
 
 #include <QAbstractButton>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
 
 /// One tab of a toolbar: an icon over a label.
 class ToolbarButton : public QAbstractButton, public AccessibleRole {
   public:
     /// `symbols` outlives the button.
-    ToolbarButton(const ToolbarItem &item, SymbolImages &symbols);
+    ToolbarButton(const ToolbarItem &item, drawing::SymbolImages &symbols);
 
     void setSelected(bool isSelected);
 
@@ -30,10 +34,10 @@ class ToolbarButton : public QAbstractButton, public AccessibleRole {
     QFont labelFont() const;
 
     const ToolbarItem item_;
-    SymbolImages &symbols_;
+    drawing::SymbolImages &symbols_;
     bool isSelected_ = false;
     /// Only who uses the keyboard needs to see where it is.
     bool showsFocus_ = false;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

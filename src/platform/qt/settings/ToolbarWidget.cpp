@@ -12,9 +12,9 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
-ToolbarWidget::ToolbarWidget(const Toolbar &toolbar, SymbolImages &symbols,
+ToolbarWidget::ToolbarWidget(const Toolbar &toolbar, drawing::SymbolImages &symbols,
                              const std::function<void(const std::string &)> &chosen)
     : items_(toolbar.items) {
     auto *row = new QHBoxLayout(this);
@@ -75,6 +75,6 @@ void ToolbarWidget::paintEvent(QPaintEvent *) {
     QPainter(this).fillRect(0, height() - 1, width(), 1, faded(palette(), lineStrength));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

@@ -9,16 +9,21 @@
 #include <string>
 #include <vector>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
+
 class ToolbarButton;
 
 /// Shows a toolbar: its tabs in a centred row.
 class ToolbarWidget : public QWidget, public AccessibleRole {
   public:
     /// `chosen` receives the identifier of each tab the user chooses.
-    ToolbarWidget(const Toolbar &toolbar, SymbolImages &symbols,
+    ToolbarWidget(const Toolbar &toolbar, drawing::SymbolImages &symbols,
                   const std::function<void(const std::string &identifier)> &chosen);
 
     void setSelectedItem(const std::string &identifier);
@@ -40,4 +45,4 @@ class ToolbarWidget : public QWidget, public AccessibleRole {
     std::string selectedItem_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::qt

@@ -19,7 +19,7 @@
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
-namespace corvane::x11 {
+namespace corvane::qt {
 
 namespace {
 
@@ -28,7 +28,7 @@ bool hasFrame(const View &view) {
 }
 
 struct WidgetMaker {
-    SymbolImages &symbols;
+    drawing::SymbolImages &symbols;
 
     ViewWidget *operator()(const Stack &) const { return new StackWidget(symbols); }
     ViewWidget *operator()(const Text &) const { return new TextWidget; }
@@ -60,7 +60,7 @@ ViewKind kindOf(const View &view) {
             .identity = view.identity};
 }
 
-ViewWidget *makeViewWidget(const View &view, SymbolImages &symbols) {
+ViewWidget *makeViewWidget(const View &view, drawing::SymbolImages &symbols) {
     if (kindOf(view).isBoxed) {
         return new StackWidget(symbols);
     }
@@ -77,6 +77,6 @@ bool fillsWidth(const View &view) {
            (stack && std::ranges::any_of(stack->children, fillsWidth));
 }
 
-} // namespace corvane::x11
+} // namespace corvane::qt
 
 // NOLINTEND(cppcoreguidelines-owning-memory)

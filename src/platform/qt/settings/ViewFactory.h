@@ -5,9 +5,14 @@
 #include <cstddef>
 #include <string>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 class SymbolImages;
+
+} // namespace corvane::drawing
+
+namespace corvane::qt {
+
 class ViewWidget;
 
 /// What two views must have in common to be shown, one after the other, by the same widget.
@@ -25,9 +30,9 @@ ViewKind kindOf(const View &view);
 
 /// A widget for views of this kind, which it does not show yet. It belongs to the caller until it
 /// is given a parent; `symbols` outlives it.
-ViewWidget *makeViewWidget(const View &view, SymbolImages &symbols);
+ViewWidget *makeViewWidget(const View &view, drawing::SymbolImages &symbols);
 
 /// Whether the view takes all the width there is.
 bool fillsWidth(const View &view);
 
-} // namespace corvane::x11
+} // namespace corvane::qt

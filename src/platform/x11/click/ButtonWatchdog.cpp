@@ -63,7 +63,7 @@ bool awaitOrderlyEnd(int lifeline) {
 
 } // namespace
 
-ButtonGuard::ButtonGuard() {
+ButtonWatchdog::ButtonWatchdog() {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
@@ -76,7 +76,7 @@ ButtonGuard::ButtonGuard() {
     }
 }
 
-ButtonGuard::~ButtonGuard() {
+ButtonWatchdog::~ButtonWatchdog() {
     constexpr char allIsWell = 1;
     [[maybe_unused]] const ssize_t written = write(lifeline_.get(), &allIsWell, 1);
 }

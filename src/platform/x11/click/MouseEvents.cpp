@@ -4,8 +4,8 @@
 
 namespace corvane::x11 {
 
-std::unique_ptr<platform::MouseSession> LinuxMouseEvents::openSession() {
-    return std::make_unique<LinuxMouseSession>();
+std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
+    return std::make_unique<MouseSession>();
 }
 
 } // namespace corvane::x11

@@ -5,7 +5,7 @@
 namespace corvane::x11 {
 
 /// The pointer of the X server, pressed through its test extension.
-class LinuxMouseEvents : public platform::MouseEvents {
+class MouseEvents : public platform::MouseEvents {
   public:
     std::unique_ptr<platform::MouseSession> openSession() override;
 };

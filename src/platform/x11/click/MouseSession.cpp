@@ -24,7 +24,7 @@ bool isLeftButtonDown(const xcb_query_pointer_reply_t &reply) {
 /// Presses or releases a button wherever the cursor is: the program never moves it.
 class FakeButtonEvent : public platform::MouseEvent {
   public:
-    FakeButtonEvent(LinuxMouseSession &session, platform::MouseEventType type, std::uint8_t button)
+    FakeButtonEvent(MouseSession &session, platform::MouseEventType type, std::uint8_t button)
         : session_(session),
           type_(type),
           button_(button) {}
@@ -47,14 +47,14 @@ class FakeButtonEvent : public platform::MouseEvent {
     }
 
   private:
-    LinuxMouseSession &session_;
+    MouseSession &session_;
     const platform::MouseEventType type_;
     const std::uint8_t button_;
 };
 
 class FakeButtonSource : public platform::MouseEventSource {
   public:
-    FakeButtonSource(LinuxMouseSession &session, std::uint8_t button)
+    FakeButtonSource(MouseSession &session, std::uint8_t button)
         : session_(session),
           button_(button) {}
 
@@ -64,23 +64,23 @@ class FakeButtonSource : public platform::MouseEventSource {
     }
 
   private:
-    LinuxMouseSession &session_;
+    MouseSession &session_;
     const std::uint8_t button_;
 };
 
 } // namespace
 
-LinuxMouseSession::LinuxMouseSession() { connect(); }
+MouseSession::MouseSession() { connect(); }
 
 /// The last release of the button must not be lost with the connection.
-LinuxMouseSession::~LinuxMouseSession() {
+MouseSession::~MouseSession() {
     mark_.reset();
     if (isUsable()) {
         connection_->synchronise();
     }
 }
 
-void LinuxMouseSession::press(std::uint8_t button) {
+void MouseSession::press(std::uint8_t button) {
     if (isUsable() && mark_) {
         mark_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
@@ -88,12 +88,12 @@ void LinuxMouseSession::press(std::uint8_t button) {
     }
 }
 
-bool LinuxMouseSession::hasPressTakenEffect() const {
-    const auto reply = isUsable() ? PointerQuestion(*connection_).answer() : nullptr;
+bool MouseSession::hasPressTakenEffect() const {
+    const auto reply = isUsable() ? PointerRequest(*connection_).answer() : nullptr;
     return !reply || isLeftButtonDown(*reply);
 }
 
-void LinuxMouseSession::release(std::uint8_t button) {
+void MouseSession::release(std::uint8_t button) {
     if (isUsable() && mark_) {
         sendButton(XCB_BUTTON_RELEASE, button);
         mark_->setReleased();
@@ -103,12 +103,12 @@ void LinuxMouseSession::release(std::uint8_t button) {
     ensureUsable();
 }
 
-void LinuxMouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
+void MouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
     xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
-platform::MouseState LinuxMouseSession::state() {
-    const auto reply = ensureUsable() ? PointerQuestion(*connection_).answer() : nullptr;
+platform::MouseState MouseSession::state() {
+    const auto reply = ensureUsable() ? PointerRequest(*connection_).answer() : nullptr;
     if (!reply) {
         return {};
     }
@@ -117,7 +117,7 @@ platform::MouseState LinuxMouseSession::state() {
             .isLeftButtonDown = isLeftButtonDown(*reply)};
 }
 
-std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource() {
+std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
     if (!ensureUsable() || !isPressable_) {
         return nullptr;
     }
@@ -125,9 +125,9 @@ std::unique_ptr<platform::MouseEventSource> LinuxMouseSession::createEventSource
     return leftButton_ ? std::make_unique<FakeButtonSource>(*this, *leftButton_) : nullptr;
 }
 
-bool LinuxMouseSession::isUsable() const { return connection_ && !connection_->isLost(); }
+bool MouseSession::isUsable() const { return connection_ && !connection_->isLost(); }
 
-bool LinuxMouseSession::ensureUsable() {
+bool MouseSession::ensureUsable() {
     if (!isUsable()) {
         connect();
     }
@@ -135,7 +135,7 @@ bool LinuxMouseSession::ensureUsable() {
 }
 
 /// What the connection before it left pressed when it was lost is released first.
-void LinuxMouseSession::connect() {
+void MouseSession::connect() {
     mark_.reset();
     isPressable_ = false;
     leftButton_.reset();
@@ -153,7 +153,7 @@ void LinuxMouseSession::connect() {
 }
 
 /// The server tells every client when the user changes hands.
-void LinuxMouseSession::followMapping() {
+void MouseSession::followMapping() {
     bool isChanged = false;
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_->get())}) {
         isChanged = isChanged || event->response_type == XCB_MAPPING_NOTIFY;
@@ -163,7 +163,7 @@ void LinuxMouseSession::followMapping() {
     }
 }
 
-std::optional<std::uint8_t> LinuxMouseSession::readLeftButton() const {
+std::optional<std::uint8_t> MouseSession::readLeftButton() const {
     const auto cookie = xcb_get_pointer_mapping(connection_->get());
     const XcbReply<xcb_get_pointer_mapping_reply_t> reply(
         xcb_get_pointer_mapping_reply(connection_->get(), cookie, nullptr));

@@ -11,13 +11,13 @@ namespace corvane::x11 {
 
 /// One thread's access to the pointer, over its own connection. A connection that is lost while the
 /// server lives is replaced; without one every operation fails.
-class LinuxMouseSession : public platform::MouseSession {
+class MouseSession : public platform::MouseSession {
   public:
-    LinuxMouseSession();
-    ~LinuxMouseSession() override;
+    MouseSession();
+    ~MouseSession() override;
 
-    LinuxMouseSession(const LinuxMouseSession &) = delete;
-    LinuxMouseSession &operator=(const LinuxMouseSession &) = delete;
+    MouseSession(const MouseSession &) = delete;
+    MouseSession &operator=(const MouseSession &) = delete;
 
     platform::MouseState state() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;

@@ -6,20 +6,20 @@ namespace corvane::x11 {
 
 /// The question where the pointer is and which buttons are down, put with the requests before it;
 /// the answer is waited for when it is read.
-class PointerQuestion {
+class PointerRequest {
   public:
     /// The connection outlives the question.
-    explicit PointerQuestion(const XcbConnection &connection)
+    explicit PointerRequest(const XcbConnection &connection)
         : connection_(connection),
           cookie_(xcb_query_pointer(connection.get(), connection.root())) {}
-    ~PointerQuestion() {
+    ~PointerRequest() {
         if (!isAnswered_) {
             xcb_discard_reply(connection_.get(), cookie_.sequence);
         }
     }
 
-    PointerQuestion(const PointerQuestion &) = delete;
-    PointerQuestion &operator=(const PointerQuestion &) = delete;
+    PointerRequest(const PointerRequest &) = delete;
+    PointerRequest &operator=(const PointerRequest &) = delete;
 
     /// Null when the server does not answer. Once only.
     XcbReply<xcb_query_pointer_reply_t> answer() {

@@ -22,7 +22,9 @@ class RequestSender {
     explicit RequestSender(const XcbConnection &connection) : connection_(connection) {}
 
     /// Has drawing wait for the presses and releases that this moment tells of.
-    void giveWayTo(std::shared_ptr<const AwaitedMoment> click) { click_ = std::move(click); }
+    void giveWayTo(std::shared_ptr<const linux::NextClickDeadline> click) {
+        click_ = std::move(click);
+    }
 
     /// Says that what is put into the buffer now is drawing.
     void draws();
@@ -39,13 +41,14 @@ class RequestSender {
     bool isPaused();
 
     const XcbConnection &connection_;
-    const LinuxClock clock_{};
-    std::shared_ptr<const AwaitedMoment> click_ = std::make_shared<AwaitedMoment>();
+    const linux::Clock clock_{};
+    std::shared_ptr<const linux::NextClickDeadline> click_ =
+        std::make_shared<linux::NextClickDeadline>();
     std::function<void()> prepare_ = [] {};
     /// When the drawing that is in the buffer was begun.
     std::optional<platform::Instant> drawn_;
     /// Turns the event loop when a pause is over.
-    ExactTimer pause_{[] {}};
+    linux::ExactTimer pause_{[] {}};
 };
 
 } // namespace corvane::x11

@@ -19,13 +19,13 @@ class InstalledHandler : public platform::HotKeyReference {
 
 } // namespace
 
-LinuxHotKeys::LinuxHotKeys(XcbEvents &events)
+HotKeys::HotKeys(XcbEvents &events)
     : events_(events),
       keyboardChanges_(events.connection()),
       rawKeys_(events.connection()) {}
 
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-LinuxHotKeys::installHandler(std::function<void()> pressed) {
+HotKeys::installHandler(std::function<void()> pressed) {
     std::erase_if(handlers_, [](const auto &known) { return known.expired(); });
     auto handler = std::make_shared<const Handler>(std::move(pressed));
     handlers_.push_back(handler);
@@ -33,7 +33,7 @@ LinuxHotKeys::installHandler(std::function<void()> pressed) {
 }
 
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-LinuxHotKeys::registerHotKey(const platform::HotKey &hotKey) {
+HotKeys::registerHotKey(const platform::HotKey &hotKey) {
     auto key = std::make_unique<GrabbedHotKey>(events_, keyboardChanges_, rawKeys_, hotKey,
                                                [this] { pressed(); });
     if (const platform::HotKeyStatus status = key->grab(); status != 0) {
@@ -42,12 +42,12 @@ LinuxHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     return key;
 }
 
-void LinuxHotKeys::setUrgent(bool isUrgent) {
+void HotKeys::setUrgent(bool isUrgent) {
     rawKeys_.listen(isUrgent);
     urgent_(isUrgent);
 }
 
-void LinuxHotKeys::pressed() {
+void HotKeys::pressed() {
     // A handler may remove itself or install another.
     const auto handlers = handlers_;
     for (const auto &known : handlers) {

@@ -11,10 +11,10 @@
 namespace corvane::x11 {
 
 /// Key grabs on the root window.
-class LinuxHotKeys : public platform::HotKeys {
+class HotKeys : public platform::HotKeys {
   public:
     /// The events outlive the hot keys; these outlive every reference.
-    explicit LinuxHotKeys(XcbEvents &events);
+    explicit HotKeys(XcbEvents &events);
 
     std::string_view mechanism() const override { return "X11"; }
 

@@ -39,8 +39,8 @@ std::unique_ptr<QTimer> oneShotTimer(std::function<void()> fire) {
 
 } // namespace
 
-LinuxOverlay::LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,
-                           platform::OverlayEvents events)
+Overlay::Overlay(OverlayStage &stage, const BorderlessWindow &window,
+                 platform::OverlayEvents events)
     : stage_(stage),
       traits_(window),
       events_(std::move(events)),
@@ -50,14 +50,14 @@ LinuxOverlay::LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,
     stage_.add(*this);
 }
 
-LinuxOverlay::~LinuxOverlay() {
+Overlay::~Overlay() {
     orderOut();
     playback_.reset();
     stage_.remove(*this);
     stage_.surfaces().giveBack(std::move(surface_));
 }
 
-void LinuxOverlay::orderFront() {
+void Overlay::orderFront() {
     stage_.sender().draws();
     const OverlayStack::Silence silence(stage_.stack());
     stage_.stack().insert(surface_->window(), traits_.level, !isEmpty());
@@ -67,7 +67,7 @@ void LinuxOverlay::orderFront() {
     }
 }
 
-void LinuxOverlay::makeKeyAndOrderFront() {
+void Overlay::makeKeyAndOrderFront() {
     if (!traits_.canBecomeKey) {
         orderFront();
         return;
@@ -82,13 +82,13 @@ void LinuxOverlay::makeKeyAndOrderFront() {
     takeFocus();
 }
 
-void LinuxOverlay::takeFocus() {
+void Overlay::takeFocus() {
     if (hasKeyboard_) {
         stage_.keyboard().giveTo(surface_->window());
     }
 }
 
-void LinuxOverlay::orderOut() {
+void Overlay::orderOut() {
     if (!isShown_) {
         return;
     }
@@ -100,21 +100,21 @@ void LinuxOverlay::orderOut() {
     surface_->unmap();
 }
 
-void LinuxOverlay::map() {
+void Overlay::map() {
     isShown_ = true;
-    backdrop_ = blending() == OverlayScene::Blending::backdrop
+    backdrop_ = blending() == drawing::OverlayScene::Blending::backdrop
                     ? stage_.uncoveredScreen(part_.translated(frame_.topLeft()))
                     : QImage();
     repaint();
     surface_->map();
 }
 
-Rectangle LinuxOverlay::frame() const {
+Rectangle Overlay::frame() const {
     return stage_.screens().fromRoot(
         {double(frame_.x()), double(frame_.y()), double(frame_.width()), double(frame_.height())});
 }
 
-void LinuxOverlay::setFrame(const Rectangle &frame) {
+void Overlay::setFrame(const Rectangle &frame) {
     const QRect former = frame_;
     const QRect formerPart = part_;
     frame_ = pixelsOf(frame);
@@ -133,24 +133,24 @@ void LinuxOverlay::setFrame(const Rectangle &frame) {
     stage_.connection().flush();
 }
 
-void LinuxOverlay::place() {
+void Overlay::place() {
     const QPoint corner = frame_.topLeft() + part_.topLeft();
     surface_->place({{serverPosition(corner.x()), serverPosition(corner.y())}, part_.size()});
 }
 
-void LinuxOverlay::setDrawing(const Drawing &drawing) {
+void Overlay::setDrawing(const Drawing &drawing) {
     drawing_ = drawing;
     if (isShown_) {
         repaintSoon();
     }
 }
 
-void LinuxOverlay::play(const Animation &animation, std::function<void()> completion) {
+void Overlay::play(const Animation &animation, std::function<void()> completion) {
     playback_ = std::make_unique<OverlayPlayback>(
         stage_.animator(), *surface_, stage_.animation(scene(), animation), std::move(completion));
 }
 
-void LinuxOverlay::handleMouse(const xcb_button_press_event_t &event) {
+void Overlay::handleMouse(const xcb_button_press_event_t &event) {
     if (!isShown_) {
         return;
     }
@@ -167,17 +167,17 @@ void LinuxOverlay::handleMouse(const xcb_button_press_event_t &event) {
     }
 }
 
-void LinuxOverlay::uncoverBackdrop() {
-    if (isShown_ && blending() == OverlayScene::Blending::backdrop) {
+void Overlay::uncoverBackdrop() {
+    if (isShown_ && blending() == drawing::OverlayScene::Blending::backdrop) {
         surface_->unmap();
     }
 }
 
-void LinuxOverlay::blendingChanged() {
+void Overlay::blendingChanged() {
     if (!isShown_) {
         return;
     }
-    if (blending() != OverlayScene::Blending::backdrop) {
+    if (blending() != drawing::OverlayScene::Blending::backdrop) {
         backdrop_ = {};
         repaint();
         return;
@@ -186,7 +186,7 @@ void LinuxOverlay::blendingChanged() {
     takeFocus();
 }
 
-QRect LinuxOverlay::pixelsOf(const Rectangle &frame) const {
+QRect Overlay::pixelsOf(const Rectangle &frame) const {
     const Rectangle root = stage_.screens().toRoot(frame);
     const int left = pixelEdge(root.x);
     const int top = pixelEdge(root.y);
@@ -195,7 +195,7 @@ QRect LinuxOverlay::pixelsOf(const Rectangle &frame) const {
             std::max(1, pixelEdge(root.maxY()) - top)};
 }
 
-QRect LinuxOverlay::shownPart() const {
+QRect Overlay::shownPart() const {
     const Rectangle &root = stage_.screens().desktop();
     const QRect desktop(0, 0, static_cast<int>(root.width), static_cast<int>(root.height));
     const QRect whole(QPoint(), frame_.size());
@@ -206,32 +206,32 @@ QRect LinuxOverlay::shownPart() const {
     return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
 }
 
-OverlayScene::Blending LinuxOverlay::blending() const {
+drawing::OverlayScene::Blending Overlay::blending() const {
     if (stage_.blends()) {
-        return OverlayScene::Blending::translucent;
+        return drawing::OverlayScene::Blending::translucent;
     }
-    return isVisible(traits_.background) ? OverlayScene::Blending::backdrop
-                                         : OverlayScene::Blending::cutOut;
+    return isVisible(traits_.background) ? drawing::OverlayScene::Blending::backdrop
+                                         : drawing::OverlayScene::Blending::cutOut;
 }
 
-OverlayScene LinuxOverlay::scene() const {
+drawing::OverlayScene Overlay::scene() const {
     return {frame_.size(), part_, blending(), traits_.background, backdrop_, drawing_};
 }
 
-bool LinuxOverlay::isEmpty() const { return drawing_.empty() && !isVisible(traits_.background); }
+bool Overlay::isEmpty() const { return drawing_.empty() && !isVisible(traits_.background); }
 
-void LinuxOverlay::repaint() {
+void Overlay::repaint() {
     if (playback_) {
         playback_->changeTo(stage_.animation(scene(), playback_->animation()));
         return;
     }
-    const OverlayScene painted = scene();
+    const drawing::OverlayScene painted = scene();
     const QImage image = isEmpty() ? QImage() : stage_.painter().paint(painted, part_);
-    picture_ = std::make_unique<OverlayPicture>(stage_.visual(), part_.size());
+    picture_ = std::make_unique<OverlayImage>(stage_.visual(), part_.size());
     if (!image.isNull()) {
         picture_->put(image, QPoint());
     }
-    if (painted.blending == OverlayScene::Blending::cutOut) {
+    if (painted.blending == drawing::OverlayScene::Blending::cutOut) {
         picture_->cutOut(image);
     }
     surface_->show(*picture_);
@@ -239,19 +239,20 @@ void LinuxOverlay::repaint() {
     lastRepaint_ = Clock::now();
 }
 
-bool LinuxOverlay::canRepaintParts() const {
+bool Overlay::canRepaintParts() const {
     return !playback_ && picture_ && picture_->pixmap() != XCB_PIXMAP_NONE &&
-           blending() != OverlayScene::Blending::cutOut;
+           blending() != drawing::OverlayScene::Blending::cutOut;
 }
 
-void LinuxOverlay::repaintChanges() {
+void Overlay::repaintChanges() {
     if (!canRepaintParts()) {
         repaint();
         return;
     }
     const QRegion changed =
-        OverlayPainter::difference(shownDrawing_, drawing_, frame_.size()).intersected(part_);
-    const OverlayScene painted = scene();
+        drawing::OverlayPainter::difference(shownDrawing_, drawing_, frame_.size())
+            .intersected(part_);
+    const drawing::OverlayScene painted = scene();
     for (const QRect &piece : changed) {
         picture_->put(stage_.painter().paint(painted, piece), piece.topLeft() - part_.topLeft());
     }
@@ -260,7 +261,7 @@ void LinuxOverlay::repaintChanges() {
     lastRepaint_ = Clock::now();
 }
 
-void LinuxOverlay::repaintSoon() {
+void Overlay::repaintSoon() {
     if (repaintTimer_ && repaintTimer_->isActive()) {
         return;
     }

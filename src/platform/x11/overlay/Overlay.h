@@ -20,15 +20,14 @@ class OverlayStage;
 
 /// A window over all others, blended with the screen where a compositing manager runs and cut to
 /// its shape where none does.
-class LinuxOverlay final : public platform::NativeOverlay {
+class Overlay final : public platform::NativeOverlay {
   public:
     /// The stage outlives the overlay.
-    LinuxOverlay(OverlayStage &stage, const BorderlessWindow &window,
-                 platform::OverlayEvents events);
-    ~LinuxOverlay() override;
+    Overlay(OverlayStage &stage, const BorderlessWindow &window, platform::OverlayEvents events);
+    ~Overlay() override;
 
-    LinuxOverlay(const LinuxOverlay &) = delete;
-    LinuxOverlay &operator=(const LinuxOverlay &) = delete;
+    Overlay(const Overlay &) = delete;
+    Overlay &operator=(const Overlay &) = delete;
 
     void orderFront() override;
     void makeKeyAndOrderFront() override;
@@ -56,8 +55,8 @@ class LinuxOverlay final : public platform::NativeOverlay {
     /// Puts the window where that part is, as far as the server can count.
     void place();
     void takeFocus();
-    OverlayScene::Blending blending() const;
-    OverlayScene scene() const;
+    drawing::OverlayScene::Blending blending() const;
+    drawing::OverlayScene scene() const;
     bool isEmpty() const;
     void map();
     /// Shows everything anew.
@@ -82,7 +81,7 @@ class LinuxOverlay final : public platform::NativeOverlay {
     bool isShown_ = false;
     bool hasKeyboard_ = false;
     std::unique_ptr<OverlaySurface> surface_;
-    std::unique_ptr<OverlayPicture> picture_;
+    std::unique_ptr<OverlayImage> picture_;
     std::unique_ptr<OverlayPlayback> playback_;
     Clock::time_point lastRepaint_;
     std::unique_ptr<QTimer> repaintTimer_;

@@ -45,8 +45,9 @@ std::size_t pictureCount(const Animation &animation) {
 
 } // namespace
 
-OverlayAnimation::OverlayAnimation(const OverlayPainter &painter, const OverlayVisual &visual,
-                                   OverlayScene scene, Animation animation)
+OverlayAnimation::OverlayAnimation(const drawing::OverlayPainter &painter,
+                                   const OverlayVisual &visual, drawing::OverlayScene scene,
+                                   Animation animation)
     : painter_(painter),
       visual_(visual),
       scene_(std::move(scene)),
@@ -62,7 +63,7 @@ std::size_t OverlayAnimation::indexAt(Duration elapsed) const {
     return std::min(passed, last - 1);
 }
 
-const OverlayPicture &OverlayAnimation::picture(std::size_t index) {
+const OverlayImage &OverlayAnimation::picture(std::size_t index) {
     auto &picture = pictures_.at(index);
     if (!picture) {
         picture = painted(index);
@@ -70,13 +71,13 @@ const OverlayPicture &OverlayAnimation::picture(std::size_t index) {
     return *picture;
 }
 
-std::unique_ptr<OverlayPicture> OverlayAnimation::painted(std::size_t index) const {
+std::unique_ptr<OverlayImage> OverlayAnimation::painted(std::size_t index) const {
     const double progress = static_cast<double>(index) / static_cast<double>(pictures_.size() - 1);
-    OverlayScene scene = scene_;
+    drawing::OverlayScene scene = scene_;
     scene.drawing.emplace_back(shapeAt(progress));
     const QImage image = painter_.paint(scene, scene.part);
-    auto picture = std::make_unique<OverlayPicture>(visual_, size());
-    if (scene.blending == OverlayScene::Blending::cutOut) {
+    auto picture = std::make_unique<OverlayImage>(visual_, size());
+    if (scene.blending == drawing::OverlayScene::Blending::cutOut) {
         picture->cutOut(image);
     }
     if (const auto colour = onlyColour()) {
@@ -90,12 +91,12 @@ std::unique_ptr<OverlayPicture> OverlayAnimation::painted(std::size_t index) con
 /// The one that all pictures have, of which only the outlines differ.
 std::optional<QRgb> OverlayAnimation::onlyColour() const {
     const Shape &shape = animation_.shape;
-    if (scene_.blending != OverlayScene::Blending::cutOut || !scene_.drawing.empty() ||
+    if (scene_.blending != drawing::OverlayScene::Blending::cutOut || !scene_.drawing.empty() ||
         shape.fill.has_value() == shape.stroke.has_value()) {
         return std::nullopt;
     }
     const Colour &colour = shape.fill ? *shape.fill : *shape.stroke;
-    return qtColour({colour.name, 1}).rgb();
+    return drawing::qtColour({colour.name, 1}).rgb();
 }
 
 Shape OverlayAnimation::shapeAt(double progress) const {
@@ -106,7 +107,7 @@ Shape OverlayAnimation::shapeAt(double progress) const {
     shape.path.cornerRadius =
         std::lerp(shape.path.cornerRadius, animation_.endPath.cornerRadius, moved);
     // What cannot be blended cannot fade either: it stays until it is gone.
-    const bool fades = scene_.blending != OverlayScene::Blending::cutOut || opacity <= 0;
+    const bool fades = scene_.blending != drawing::OverlayScene::Blending::cutOut || opacity <= 0;
     if (fades) {
         fade(shape.fill, opacity);
         fade(shape.stroke, opacity);

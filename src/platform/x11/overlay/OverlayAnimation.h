@@ -22,10 +22,10 @@ class OverlayAnimation {
     static constexpr std::chrono::microseconds pictureInterval{16667};
 
     /// The painter and the visual outlive the animation.
-    OverlayAnimation(const OverlayPainter &painter, const OverlayVisual &visual, OverlayScene scene,
-                     Animation animation);
+    OverlayAnimation(const drawing::OverlayPainter &painter, const OverlayVisual &visual,
+                     drawing::OverlayScene scene, Animation animation);
 
-    bool plays(const OverlayScene &scene, const Animation &animation) const {
+    bool plays(const drawing::OverlayScene &scene, const Animation &animation) const {
         return animation_ == animation && scene_ == scene;
     }
     const Animation &animation() const { return animation_; }
@@ -34,18 +34,18 @@ class OverlayAnimation {
     /// Which picture is shown that long after the start.
     std::size_t indexAt(Duration elapsed) const;
     bool isOverAt(Duration elapsed) const { return elapsed >= animation_.duration; }
-    const OverlayPicture &picture(std::size_t index);
+    const OverlayImage &picture(std::size_t index);
 
   private:
-    std::unique_ptr<OverlayPicture> painted(std::size_t index) const;
+    std::unique_ptr<OverlayImage> painted(std::size_t index) const;
     Shape shapeAt(double progress) const;
     std::optional<QRgb> onlyColour() const;
 
-    const OverlayPainter &painter_;
+    const drawing::OverlayPainter &painter_;
     const OverlayVisual &visual_;
-    const OverlayScene scene_;
+    const drawing::OverlayScene scene_;
     const Animation animation_;
-    std::vector<std::unique_ptr<OverlayPicture>> pictures_;
+    std::vector<std::unique_ptr<OverlayImage>> pictures_;
 };
 
 } // namespace corvane::x11

@@ -33,12 +33,12 @@ class OverlayAnimator {
     void setTimer();
 
     RequestSender &sender_;
-    const LinuxClock clock_{};
+    const linux::Clock clock_{};
     std::vector<OverlayPlayback *> running_;
     /// Over, but not told so yet.
     std::vector<OverlayPlayback *> over_;
     platform::Instant lastAdvance_{};
-    ExactTimer timer_;
+    linux::ExactTimer timer_;
 };
 
 } // namespace corvane::x11

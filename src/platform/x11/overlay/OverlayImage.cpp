@@ -33,17 +33,17 @@ bool coverSameColumns(const std::vector<xcb_rectangle_t> &one,
 
 } // namespace
 
-OverlayPicture::OverlayPicture(const OverlayVisual &visual, QSize size)
+OverlayImage::OverlayImage(const OverlayVisual &visual, QSize size)
     : visual_(visual),
       size_(size) {}
 
-OverlayPicture::~OverlayPicture() {
+OverlayImage::~OverlayImage() {
     if (pixmap_ != XCB_PIXMAP_NONE) {
         xcb_free_pixmap(visual_.connection().get(), pixmap_);
     }
 }
 
-void OverlayPicture::put(const QImage &image, QPoint at) {
+void OverlayImage::put(const QImage &image, QPoint at) {
     xcb_connection_t *const connection = visual_.connection().get();
     if (pixmap_ == XCB_PIXMAP_NONE) {
         pixmap_ = xcb_generate_id(connection);
@@ -65,7 +65,7 @@ void OverlayPicture::put(const QImage &image, QPoint at) {
     }
 }
 
-void OverlayPicture::cutOut(const QImage &image) {
+void OverlayImage::cutOut(const QImage &image) {
     areas_.emplace();
     std::vector<xcb_rectangle_t> band;
     for (int y = 0; y < image.height(); ++y) {

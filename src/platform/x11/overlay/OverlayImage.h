@@ -14,14 +14,14 @@ namespace corvane::x11 {
 
 /// What an overlay's window shows, kept on the server, so that showing it again costs next to
 /// nothing.
-class OverlayPicture {
+class OverlayImage {
   public:
     /// Shows nothing until something is put into it. The visual outlives the picture.
-    OverlayPicture(const OverlayVisual &visual, QSize size);
-    ~OverlayPicture();
+    OverlayImage(const OverlayVisual &visual, QSize size);
+    ~OverlayImage();
 
-    OverlayPicture(const OverlayPicture &) = delete;
-    OverlayPicture &operator=(const OverlayPicture &) = delete;
+    OverlayImage(const OverlayImage &) = delete;
+    OverlayImage &operator=(const OverlayImage &) = delete;
 
     /// Replaces the pixels beneath `image`, premultiplied 32-bit, with its top left corner at `at`.
     void put(const QImage &image, QPoint at);

@@ -24,8 +24,8 @@ bool offers(const XcbConnection &connection, xcb_extension_t &extension) {
 
 } // namespace
 
-std::unique_ptr<OverlayStage> OverlayStage::make(XcbEvents &events, const LinuxScreens &screens,
-                                                 SymbolImages &symbols) {
+std::unique_ptr<OverlayStage> OverlayStage::make(XcbEvents &events, const Screens &screens,
+                                                 drawing::SymbolImages &symbols) {
     const XcbConnection &connection = events.connection();
     auto visual = OverlayVisual::find(connection);
     if (!visual || !offers(connection, xcb_xfixes_id) || !offers(connection, xcb_shape_id)) {
@@ -35,8 +35,8 @@ std::unique_ptr<OverlayStage> OverlayStage::make(XcbEvents &events, const LinuxS
         new OverlayStage(events, screens, symbols, std::move(visual))); // NOLINT
 }
 
-OverlayStage::OverlayStage(XcbEvents &events, const LinuxScreens &screens, SymbolImages &symbols,
-                           std::unique_ptr<OverlayVisual> visual)
+OverlayStage::OverlayStage(XcbEvents &events, const Screens &screens,
+                           drawing::SymbolImages &symbols, std::unique_ptr<OverlayVisual> visual)
     : sender_(events.sender()),
       connection_(events.connection()),
       screens_(screens),
@@ -50,7 +50,7 @@ OverlayStage::OverlayStage(XcbEvents &events, const LinuxScreens &screens, Symbo
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }
 
-std::shared_ptr<OverlayAnimation> OverlayStage::animation(const OverlayScene &scene,
+std::shared_ptr<OverlayAnimation> OverlayStage::animation(const drawing::OverlayScene &scene,
                                                           const Animation &animation) {
     const auto known = std::ranges::find_if(
         animations_, [&](const auto &kept) { return kept->plays(scene, animation); });
@@ -76,7 +76,7 @@ QImage OverlayStage::uncoveredScreen(const QRect &area) {
     return screenGrab(connection_, area);
 }
 
-LinuxOverlay *OverlayStage::overlayOf(xcb_window_t window) const {
+Overlay *OverlayStage::overlayOf(xcb_window_t window) const {
     const auto overlay = std::ranges::find_if(
         overlays_, [window](const auto *known) { return known->window() == window; });
     return overlay == overlays_.end() ? nullptr : *overlay;
@@ -89,7 +89,7 @@ void OverlayStage::handle(const xcb_generic_event_t &event) {
     }
     // Presses, releases and motions have the same layout.
     const auto &mouse = reinterpret_cast<const xcb_button_press_event_t &>(event);
-    if (LinuxOverlay *const overlay = overlayOf(mouse.event)) {
+    if (Overlay *const overlay = overlayOf(mouse.event)) {
         overlay->handleMouse(mouse);
     }
 }
@@ -97,10 +97,10 @@ void OverlayStage::handle(const xcb_generic_event_t &event) {
 void OverlayStage::compositorChanged() {
     animations_.clear();
     // The screen beneath can be seen only while no overlay is over it.
-    for (LinuxOverlay *const overlay : overlays_) {
+    for (Overlay *const overlay : overlays_) {
         overlay->uncoverBackdrop();
     }
-    for (LinuxOverlay *const overlay : overlays_) {
+    for (Overlay *const overlay : overlays_) {
         overlay->blendingChanged();
     }
 }

@@ -21,15 +21,15 @@
 
 namespace corvane::x11 {
 
-class LinuxOverlay;
+class Overlay;
 
 /// What all overlays share. Main thread.
 class OverlayStage {
   public:
     /// Null where the server cannot show overlays that let the mouse through. Everything given
     /// outlives the stage, which outlives every overlay.
-    static std::unique_ptr<OverlayStage> make(XcbEvents &events, const LinuxScreens &screens,
-                                              SymbolImages &symbols);
+    static std::unique_ptr<OverlayStage> make(XcbEvents &events, const Screens &screens,
+                                              drawing::SymbolImages &symbols);
 
     ~OverlayStage() = default;
     OverlayStage(const OverlayStage &) = delete;
@@ -37,9 +37,9 @@ class OverlayStage {
 
     const XcbConnection &connection() const { return connection_; }
     RequestSender &sender() { return sender_; }
-    const LinuxScreens &screens() const { return screens_; }
+    const Screens &screens() const { return screens_; }
     const OverlayVisual &visual() const { return *visual_; }
-    const OverlayPainter &painter() const { return painter_; }
+    const drawing::OverlayPainter &painter() const { return painter_; }
     OverlaySurfaces &surfaces() { return surfaces_; }
     OverlayStack &stack() { return stack_; }
     OverlayKeyboard &keyboard() { return keyboard_; }
@@ -49,7 +49,7 @@ class OverlayStage {
     bool blends() const { return visual_->hasAlpha() && compositor_.isRunning(); }
 
     /// The pictures of an animation over a scene, shared with others that play the same.
-    std::shared_ptr<OverlayAnimation> animation(const OverlayScene &scene,
+    std::shared_ptr<OverlayAnimation> animation(const drawing::OverlayScene &scene,
                                                 const Animation &animation);
 
     /// What the screen shows in an area of the root window. Waits a moment for other programs to
@@ -58,30 +58,30 @@ class OverlayStage {
     QImage uncoveredScreen(const QRect &area);
 
     /// From now on the overlay hears of mouse events and of changes of the screen.
-    void add(LinuxOverlay &overlay) { overlays_.push_back(&overlay); }
-    void remove(LinuxOverlay &overlay) { std::erase(overlays_, &overlay); }
+    void add(Overlay &overlay) { overlays_.push_back(&overlay); }
+    void remove(Overlay &overlay) { std::erase(overlays_, &overlay); }
 
   private:
-    OverlayStage(XcbEvents &events, const LinuxScreens &screens, SymbolImages &symbols,
+    OverlayStage(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols,
                  std::unique_ptr<OverlayVisual> visual);
 
     void handle(const xcb_generic_event_t &event);
-    LinuxOverlay *overlayOf(xcb_window_t window) const;
+    Overlay *overlayOf(xcb_window_t window) const;
     void compositorChanged();
 
     RequestSender &sender_;
     const XcbConnection &connection_;
-    const LinuxScreens &screens_;
+    const Screens &screens_;
     std::unique_ptr<OverlayVisual> visual_;
-    OverlayPainter painter_;
+    drawing::OverlayPainter painter_;
     OverlaySurfaces surfaces_;
     OverlayStack stack_;
     OverlayKeyboard keyboard_;
     OverlayAnimator animator_;
-    Compositor compositor_;
+    CompositorMonitor compositor_;
     /// Those played last.
     std::vector<std::shared_ptr<OverlayAnimation>> animations_;
-    std::vector<LinuxOverlay *> overlays_;
+    std::vector<Overlay *> overlays_;
     std::chrono::steady_clock::time_point lastGrab_;
     XcbEvents::Subscription subscription_;
 };

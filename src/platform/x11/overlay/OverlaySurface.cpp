@@ -107,7 +107,7 @@ void OverlaySurface::map() { xcb_map_window(visual_.connection().get(), window_)
 
 void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), window_); }
 
-void OverlaySurface::show(const OverlayPicture &picture) {
+void OverlaySurface::show(const OverlayImage &picture) {
     // By whatever a window grows the server paints its background by itself. Most pictures of an
     // animation that is cut out need no more than their outline.
     const auto &areas = picture.areas();
@@ -123,7 +123,7 @@ void OverlaySurface::show(const OverlayPicture &picture) {
     xcb_clear_area(visual_.connection().get(), 0, window_, 0, 0, everything, everything);
 }
 
-void OverlaySurface::show(const OverlayPicture &picture, const QRegion &changed) {
+void OverlaySurface::show(const OverlayImage &picture, const QRegion &changed) {
     setBackground(picture);
     limitTo(picture);
     for (const QRect &rectangle : changed) {
@@ -134,7 +134,7 @@ void OverlaySurface::show(const OverlayPicture &picture, const QRegion &changed)
 }
 
 /// The picture becomes the window's background, which the server repaints by itself.
-void OverlaySurface::setBackground(const OverlayPicture &picture) {
+void OverlaySurface::setBackground(const OverlayImage &picture) {
     xcb_connection_t *const connection = visual_.connection().get();
     constexpr QRgb transparent = 0;
     colour_ = picture.colour();
@@ -147,7 +147,7 @@ void OverlaySurface::setBackground(const OverlayPicture &picture) {
     }
 }
 
-void OverlaySurface::limitTo(const OverlayPicture &picture) {
+void OverlaySurface::limitTo(const OverlayImage &picture) {
     xcb_connection_t *const connection = visual_.connection().get();
     const auto &areas = picture.areas();
     if (areas) {

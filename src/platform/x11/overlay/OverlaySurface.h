@@ -50,16 +50,16 @@ class OverlaySurface {
     void unmap();
 
     /// Shows a picture.
-    void show(const OverlayPicture &picture);
+    void show(const OverlayImage &picture);
     /// Shows a picture that was shown before where it has changed.
-    void show(const OverlayPicture &picture, const QRegion &changed);
+    void show(const OverlayImage &picture, const QRegion &changed);
 
   private:
     void create();
     void describe(const OverlayHints &hints) const;
     void passMouseEventsThrough() const;
-    void setBackground(const OverlayPicture &picture);
-    void limitTo(const OverlayPicture &picture);
+    void setBackground(const OverlayImage &picture);
+    void limitTo(const OverlayImage &picture);
 
     const OverlayVisual &visual_;
     const Kind kind_;

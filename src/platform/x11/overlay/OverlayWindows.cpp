@@ -7,12 +7,12 @@
 
 namespace corvane::x11 {
 
-std::unique_ptr<platform::NativeOverlay>
-LinuxOverlayWindows::create(const BorderlessWindow &window, platform::OverlayEvents events) {
+std::unique_ptr<platform::NativeOverlay> OverlayWindows::create(const BorderlessWindow &window,
+                                                                platform::OverlayEvents events) {
     if (!stage_) {
         return std::make_unique<UnshownOverlay>(window.frame);
     }
-    return std::make_unique<LinuxOverlay>(*stage_, window, std::move(events));
+    return std::make_unique<Overlay>(*stage_, window, std::move(events));
 }
 
 } // namespace corvane::x11

@@ -8,10 +8,10 @@
 namespace corvane::x11 {
 
 /// Makes overlays from windows of the X server, without a toolkit in between.
-class LinuxOverlayWindows : public platform::OverlayWindows {
+class OverlayWindows : public platform::OverlayWindows {
   public:
     /// Everything given outlives the overlays, and this outlives every overlay it makes.
-    LinuxOverlayWindows(XcbEvents &events, const LinuxScreens &screens, SymbolImages &symbols)
+    OverlayWindows(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols)
         : stage_(OverlayStage::make(events, screens, symbols)) {}
 
     std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,

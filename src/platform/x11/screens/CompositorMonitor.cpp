@@ -14,7 +14,7 @@ constexpr std::chrono::milliseconds settlingTime(500);
 
 } // namespace
 
-Compositor::Compositor(XcbEvents &events, std::function<void()> changed)
+CompositorMonitor::CompositorMonitor(XcbEvents &events, std::function<void()> changed)
     : connection_(events.connection()),
       changed_(std::move(changed)),
       selection_(connection_.atom("_NET_WM_CM_S" + std::to_string(connection_.screenNumber()))),
@@ -28,7 +28,7 @@ Compositor::Compositor(XcbEvents &events, std::function<void()> changed)
     }
 }
 
-void Compositor::follow(XcbEvents &events) {
+void CompositorMonitor::follow(XcbEvents &events) {
     xcb_discard_reply(connection_.get(),
                       xcb_xfixes_query_version(connection_.get(), 2, 0).sequence);
     xcb_xfixes_select_selection_input(connection_.get(), connection_.root(), selection_,
@@ -46,13 +46,13 @@ void Compositor::follow(XcbEvents &events) {
     isRunning_ = readIsRunning();
 }
 
-bool Compositor::readIsRunning() const {
+bool CompositorMonitor::readIsRunning() const {
     const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
         connection_.get(), xcb_get_selection_owner(connection_.get(), selection_), nullptr));
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
-void Compositor::update() {
+void CompositorMonitor::update() {
     if (readIsRunning()) {
         settling_.start();
     } else {
@@ -61,7 +61,7 @@ void Compositor::update() {
     }
 }
 
-void Compositor::setRunning(bool isRunning) {
+void CompositorMonitor::setRunning(bool isRunning) {
     if (std::exchange(isRunning_, isRunning) != isRunning) {
         changed_();
     }

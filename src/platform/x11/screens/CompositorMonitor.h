@@ -10,10 +10,10 @@ namespace corvane::x11 {
 
 /// Whether a compositing manager blends windows on the screen; it may come and go at any time.
 /// One that comes is believed after a moment, as it announces itself before it begins. Main thread.
-class Compositor {
+class CompositorMonitor {
   public:
     /// Calls `changed` after each change. The events outlive the compositor.
-    Compositor(XcbEvents &events, std::function<void()> changed);
+    CompositorMonitor(XcbEvents &events, std::function<void()> changed);
 
     bool isRunning() const { return isRunning_; }
 

@@ -32,7 +32,7 @@ std::vector<Rectangle> primaryFirst(const xcb_randr_get_monitors_reply_t &reply)
 
 } // namespace
 
-LinuxScreens::LinuxScreens(XcbEvents &events) : connection_(events.connection()) {
+Screens::Screens(XcbEvents &events) : connection_(events.connection()) {
     const auto *extension = xcb_get_extension_data(connection_.get(), &xcb_randr_id);
     if (extension != nullptr && extension->present != 0) {
         hasMonitors_ = reportsMonitors(connection_);
@@ -41,7 +41,7 @@ LinuxScreens::LinuxScreens(XcbEvents &events) : connection_(events.connection())
     read();
 }
 
-void LinuxScreens::follow(XcbEvents &events, std::uint8_t firstEvent) {
+void Screens::follow(XcbEvents &events, std::uint8_t firstEvent) {
     xcb_randr_select_input(connection_.get(), connection_.root(),
                            XCB_RANDR_NOTIFY_MASK_SCREEN_CHANGE | XCB_RANDR_NOTIFY_MASK_CRTC_CHANGE |
                                XCB_RANDR_NOTIFY_MASK_OUTPUT_CHANGE);
@@ -56,13 +56,13 @@ void LinuxScreens::follow(XcbEvents &events, std::uint8_t firstEvent) {
 }
 
 /// All there is to see when monitors are set up by hand.
-bool LinuxScreens::isRootChange(const xcb_generic_event_t &event) const {
+bool Screens::isRootChange(const xcb_generic_event_t &event) const {
     return XcbEvents::typeOf(event) == XCB_CONFIGURE_NOTIFY &&
            reinterpret_cast<const xcb_configure_notify_event_t &>(event).window ==
                connection_.root();
 }
 
-void LinuxScreens::read() {
+void Screens::read() {
     desktop_ = readDesktop();
     const std::vector<Rectangle> frames = hasMonitors_ ? readMonitors() : std::vector{desktop_};
     screens_.clear();
@@ -71,13 +71,13 @@ void LinuxScreens::read() {
     }
 }
 
-Rectangle LinuxScreens::readDesktop() const {
+Rectangle Screens::readDesktop() const {
     const XcbReply<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(
         connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()), nullptr));
     return root ? Rectangle{0, 0, double(root->width), double(root->height)} : Rectangle{};
 }
 
-std::vector<Rectangle> LinuxScreens::readMonitors() const {
+std::vector<Rectangle> Screens::readMonitors() const {
     constexpr std::uint8_t onlyActive = 1;
     const XcbReply<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
         connection_.get(),
@@ -85,16 +85,16 @@ std::vector<Rectangle> LinuxScreens::readMonitors() const {
     return reply ? primaryFirst(*reply) : std::vector<Rectangle>{};
 }
 
-std::optional<double> LinuxScreens::primaryHeight() const {
+std::optional<double> Screens::primaryHeight() const {
     return screens_.empty() ? std::nullopt : std::optional(screens_.front().frame.height);
 }
 
-Rectangle LinuxScreens::toRoot(const Rectangle &rectangle) const {
+Rectangle Screens::toRoot(const Rectangle &rectangle) const {
     const auto height = primaryHeight();
     return height ? flipped(rectangle, *height) : rectangle;
 }
 
-Point LinuxScreens::toScreenSpace(Point point) const {
+Point Screens::toScreenSpace(Point point) const {
     const auto height = primaryHeight();
     return height ? flipped(point, *height) : point;
 }

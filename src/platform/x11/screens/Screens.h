@@ -9,10 +9,10 @@
 namespace corvane::x11 {
 
 /// The monitors RandR reports, in native pixels; the whole X screen where there is no RandR.
-class LinuxScreens : public platform::Screens {
+class Screens : public platform::Screens {
   public:
     /// The events outlive the screens.
-    explicit LinuxScreens(XcbEvents &events);
+    explicit Screens(XcbEvents &events);
 
     /// Monitors that show the same area are one screen.
     std::vector<platform::Screen> screens() const override { return screens_; }

@@ -10,7 +10,7 @@ namespace {
 
 class LinuxAccessibilityWindow : public platform::AccessibilityWindow {
   public:
-    explicit LinuxAccessibilityWindow(std::shared_ptr<const WindowFacts> facts)
+    explicit LinuxAccessibilityWindow(std::shared_ptr<const WindowInfo> facts)
         : facts_(std::move(facts)) {}
 
     std::optional<std::string> title() override { return facts_->title; }
@@ -25,20 +25,20 @@ class LinuxAccessibilityWindow : public platform::AccessibilityWindow {
     }
 
   private:
-    const std::shared_ptr<const WindowFacts> facts_;
+    const std::shared_ptr<const WindowInfo> facts_;
 };
 
 } // namespace
 
 std::shared_ptr<const platform::AccessibilityWindows>
-LinuxAccessibilityWindows::windows(std::int32_t processIdentifier) {
+AccessibilityWindows::windows(std::int32_t processIdentifier) {
     auto known = windows_.windowsOf(processIdentifier);
     if (windows_.connection().isLost()) {
         return nullptr;
     }
     if (known != known_) {
         auto answer = std::make_shared<platform::AccessibilityWindows>();
-        for (const std::shared_ptr<const WindowFacts> &facts : *known) {
+        for (const std::shared_ptr<const WindowInfo> &facts : *known) {
             answer->push_back(std::make_unique<LinuxAccessibilityWindow>(facts));
         }
         known_ = std::move(known);

@@ -9,10 +9,10 @@
 namespace corvane::x11 {
 
 /// The windows of other applications as `platform::Accessibility` gives them. Main thread.
-class LinuxAccessibilityWindows {
+class AccessibilityWindows {
   public:
     /// The windows outlive this.
-    explicit LinuxAccessibilityWindows(ClientWindows &windows) : windows_(windows) {}
+    explicit AccessibilityWindows(ClientWindows &windows) : windows_(windows) {}
 
     /// Front-most first, as they are now. A window that is minimised, hidden or on another
     /// workspace has neither a position nor a size. Null while they cannot be asked for.

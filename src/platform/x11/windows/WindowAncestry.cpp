@@ -8,7 +8,8 @@
 namespace corvane::x11 {
 
 /// Each is watched before it is asked for: what changes after the answer is told.
-FrameChain::FrameChain(const XcbConnection &connection, EventMasks &masks, xcb_window_t window) {
+WindowAncestry::WindowAncestry(const XcbConnection &connection, EventMasks &masks,
+                               xcb_window_t window) {
     xcb_connection_t *const server = connection.get();
     while (!isComplete_) {
         Link link{.window = window,
@@ -34,11 +35,11 @@ FrameChain::FrameChain(const XcbConnection &connection, EventMasks &masks, xcb_w
     }
 }
 
-bool FrameChain::contains(xcb_window_t window) const {
+bool WindowAncestry::contains(xcb_window_t window) const {
     return std::ranges::find(links_, window, &Link::window) != links_.end();
 }
 
-bool FrameChain::takeNote(const xcb_generic_event_t &event) {
+bool WindowAncestry::takeNote(const xcb_generic_event_t &event) {
     if (XcbEvents::typeOf(event) == XCB_GRAVITY_NOTIFY) {
         pushed(reinterpret_cast<const xcb_gravity_notify_event_t &>(event), event.full_sequence);
         return false;
@@ -49,7 +50,7 @@ bool FrameChain::takeNote(const xcb_generic_event_t &event) {
 }
 
 /// Null for one that is not there, and for an event from before the answer, which says more.
-FrameChain::Link *FrameChain::find(xcb_window_t window, std::uint32_t eventSequence) {
+WindowAncestry::Link *WindowAncestry::find(xcb_window_t window, std::uint32_t eventSequence) {
     const auto link = std::ranges::find(links_, window, &Link::window);
     if (link == links_.end()) {
         return nullptr;
@@ -59,7 +60,7 @@ FrameChain::Link *FrameChain::find(xcb_window_t window, std::uint32_t eventSeque
     return isOlder ? nullptr : &*link;
 }
 
-bool FrameChain::configured(const xcb_configure_notify_event_t &event, std::uint32_t sequence) {
+bool WindowAncestry::configured(const xcb_configure_notify_event_t &event, std::uint32_t sequence) {
     Link *const link = find(event.window, sequence);
     if (link == nullptr) {
         return true;
@@ -74,14 +75,14 @@ bool FrameChain::configured(const xcb_configure_notify_event_t &event, std::uint
     return isAsBefore;
 }
 
-void FrameChain::pushed(const xcb_gravity_notify_event_t &event, std::uint32_t sequence) {
+void WindowAncestry::pushed(const xcb_gravity_notify_event_t &event, std::uint32_t sequence) {
     if (Link *const link = find(event.window, sequence)) {
         link->x = event.x;
         link->y = event.y;
     }
 }
 
-std::optional<Point> FrameChain::origin() const {
+std::optional<Point> WindowAncestry::origin() const {
     if (!isComplete_) {
         return std::nullopt;
     }

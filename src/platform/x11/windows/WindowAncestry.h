@@ -13,11 +13,11 @@ namespace corvane::x11 {
 /// A window and the frames that window managers have put around it, and where each of them is in
 /// the next one. Kept up to date by the server's events, it tells without a question where the
 /// window is. Valid until one of them is put into another window. Main thread.
-class FrameChain {
+class WindowAncestry {
   public:
     /// Asks the server, and has it tell what changes from then on. Connection and masks outlive the
     /// chain.
-    FrameChain(const XcbConnection &connection, EventMasks &masks, xcb_window_t window);
+    WindowAncestry(const XcbConnection &connection, EventMasks &masks, xcb_window_t window);
 
     bool contains(xcb_window_t window) const;
 

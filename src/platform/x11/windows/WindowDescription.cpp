@@ -96,8 +96,8 @@ std::optional<std::int32_t> positive(std::uint32_t number) {
 
 } // namespace
 
-WindowFacts WindowDescription::facts(const ServerFacts &server, const WindowAtoms &atoms,
-                                     std::optional<std::uint32_t> currentDesktop) const {
+WindowInfo WindowDescription::facts(const ServerFacts &server, const WindowAtoms &atoms,
+                                    std::optional<std::uint32_t> currentDesktop) const {
     const xcb_atom_t windowType = knownType(type, atoms);
     return {.window = server.window,
             .bounds = bounds(server.client),
@@ -131,16 +131,16 @@ bool WindowDescription::isElsewhere(std::optional<std::uint32_t> currentDesktop)
 
 std::optional<std::string> WindowDescription::title(const WindowAtoms &atoms) const {
     if (name.type != XCB_ATOM_NONE) {
-        return utf8Text(name.text());
+        return linux::utf8Text(name.text());
     }
     if (oldName.type == XCB_ATOM_NONE) {
         return std::nullopt;
     }
     if (oldName.type == atoms.utf8String) {
-        return utf8Text(oldName.text());
+        return linux::utf8Text(oldName.text());
     }
-    return oldName.type == atoms.compoundText ? compoundText(oldName.text())
-                                              : latin1Text(oldName.text());
+    return oldName.type == atoms.compoundText ? linux::compoundText(oldName.text())
+                                              : linux::latin1Text(oldName.text());
 }
 
 WindowOwner OwnerDescription::owner(xcb_window_t window,
@@ -156,8 +156,8 @@ WindowOwner OwnerDescription::owner(xcb_window_t window,
     const std::string_view names = windowClass.bytes();
     const std::string_view instance = names.substr(0, names.find('\0'));
     const std::string_view rest = names.substr(std::min(instance.size() + 1, names.size()));
-    owner.instanceName = latin1Text(instance);
-    owner.className = latin1Text(rest.substr(0, rest.find('\0')));
+    owner.instanceName = linux::latin1Text(instance);
+    owner.className = linux::latin1Text(rest.substr(0, rest.find('\0')));
     return owner;
 }
 

@@ -32,8 +32,8 @@ struct WindowDescription {
     PropertyValue name;
     PropertyValue oldName;
 
-    WindowFacts facts(const ServerFacts &server, const WindowAtoms &atoms,
-                      std::optional<std::uint32_t> currentDesktop) const;
+    WindowInfo facts(const ServerFacts &server, const WindowAtoms &atoms,
+                     std::optional<std::uint32_t> currentDesktop) const;
 
   private:
     Rectangle bounds(const Rectangle &client) const;

@@ -22,7 +22,7 @@ struct WindowOwner {
 };
 
 /// A window as the user sees it at one moment.
-struct WindowFacts {
+struct WindowInfo {
     xcb_window_t window = XCB_WINDOW_NONE;
     /// With its frame and without the shadow it draws itself; the root window's pixels.
     Rectangle bounds{};
@@ -38,15 +38,15 @@ struct WindowFacts {
     std::optional<std::string> title{};
 
     /// The same window with its own corner at another place.
-    WindowFacts at(Point place) const {
-        WindowFacts moved = *this;
+    WindowInfo at(Point place) const {
+        WindowInfo moved = *this;
         moved.bounds.x += place.x - origin.x;
         moved.bounds.y += place.y - origin.y;
         moved.origin = place;
         return moved;
     }
 
-    bool operator==(const WindowFacts &) const = default;
+    bool operator==(const WindowInfo &) const = default;
 };
 
 } // namespace corvane::x11

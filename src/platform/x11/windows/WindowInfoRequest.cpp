@@ -16,8 +16,8 @@ auto answerOf(const XcbConnection &connection, Cookie cookie) {
 
 } // namespace
 
-WindowFactsRequest::WindowFactsRequest(const XcbConnection &connection, const WindowAtoms &atoms,
-                                       xcb_window_t window)
+WindowInfoRequest::WindowInfoRequest(const XcbConnection &connection, const WindowAtoms &atoms,
+                                     xcb_window_t window)
     : connection_(connection),
       atoms_(atoms),
       window_(window),
@@ -33,7 +33,7 @@ WindowFactsRequest::WindowFactsRequest(const XcbConnection &connection, const Wi
       name_(connection, window, atoms.name),
       oldName_(connection, window, XCB_ATOM_WM_NAME) {}
 
-std::optional<WindowFacts> WindowFactsRequest::answer(std::optional<std::uint32_t> currentDesktop) {
+std::optional<WindowInfo> WindowInfoRequest::answer(std::optional<std::uint32_t> currentDesktop) {
     const auto attributes = answerOf<xcb_get_window_attributes_reply>(connection_, attributes_);
     const auto geometry = answerOf<xcb_get_geometry_reply>(connection_, geometry_);
     const auto position = answerOf<xcb_translate_coordinates_reply>(connection_, position_);

@@ -11,13 +11,13 @@
 namespace corvane::x11 {
 
 /// The questions about a window at one moment, sent but not waited for yet.
-class WindowFactsRequest {
+class WindowInfoRequest {
   public:
-    WindowFactsRequest(const XcbConnection &connection, const WindowAtoms &atoms,
-                       xcb_window_t window);
+    WindowInfoRequest(const XcbConnection &connection, const WindowAtoms &atoms,
+                      xcb_window_t window);
 
     /// Waits for the answers; nothing when the window is gone or shows nothing. Once only.
-    std::optional<WindowFacts> answer(std::optional<std::uint32_t> currentDesktop);
+    std::optional<WindowInfo> answer(std::optional<std::uint32_t> currentDesktop);
 
   private:
     const XcbConnection &connection_;

@@ -17,7 +17,7 @@ Owners byWindow(std::vector<WindowOwner> owners) {
     return result;
 }
 
-platform::WindowListEntry entryFor(WindowFacts facts, const Owners &owners) {
+platform::WindowListEntry entryFor(WindowInfo facts, const Owners &owners) {
     return {.bounds = facts.bounds,
             .ownerProcessIdentifier = owners.at(facts.window).processIdentifier,
             .name = std::move(facts.title),
@@ -26,11 +26,11 @@ platform::WindowListEntry entryFor(WindowFacts facts, const Owners &owners) {
 
 } // namespace
 
-std::optional<std::vector<platform::WindowListEntry>> LinuxWindowList::onScreenWindows() {
+std::optional<std::vector<platform::WindowListEntry>> WindowList::onScreenWindows() {
     const std::vector<xcb_window_t> windows = reader_.windows();
     const Owners owners = byWindow(reader_.owners(windows));
     std::vector<platform::WindowListEntry> entries;
-    for (WindowFacts &facts : reader_.facts(windows)) {
+    for (WindowInfo &facts : reader_.facts(windows)) {
         if (facts.isOnScreen && !facts.isDesktop) {
             entries.push_back(entryFor(std::move(facts), owners));
         }

@@ -6,10 +6,10 @@
 namespace corvane::x11 {
 
 /// The windows the window manager lists; without one, the mapped windows of the root.
-class LinuxWindowList : public platform::WindowList {
+class WindowList : public platform::WindowList {
   public:
     /// The connection outlives the list.
-    explicit LinuxWindowList(const XcbConnection &connection)
+    explicit WindowList(const XcbConnection &connection)
         : connection_(connection),
           reader_(connection) {}
 

@@ -75,14 +75,14 @@ std::vector<WindowOwner> WindowReader::owners(std::span<const xcb_window_t> wind
     return owners;
 }
 
-std::vector<WindowFacts> WindowReader::facts(std::span<const xcb_window_t> windows) const {
+std::vector<WindowInfo> WindowReader::facts(std::span<const xcb_window_t> windows) const {
     WindowProperty desktop(connection_, connection_.root(), atoms_.currentDesktop);
-    std::deque<WindowFactsRequest> requests;
+    std::deque<WindowInfoRequest> requests;
     for (const xcb_window_t window : windows) {
         requests.emplace_back(connection_, atoms_, window);
     }
-    std::vector<WindowFacts> facts;
-    for (WindowFactsRequest &request : requests) {
+    std::vector<WindowInfo> facts;
+    for (WindowInfoRequest &request : requests) {
         if (auto answer = request.answer(desktop.number())) {
             facts.push_back(std::move(*answer));
         }

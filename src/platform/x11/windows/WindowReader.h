@@ -23,7 +23,7 @@ class WindowReader {
     std::vector<xcb_window_t> windows() const;
 
     std::vector<WindowOwner> owners(std::span<const xcb_window_t> windows) const;
-    std::vector<WindowFacts> facts(std::span<const xcb_window_t> windows) const;
+    std::vector<WindowInfo> facts(std::span<const xcb_window_t> windows) const;
 
   private:
     bool isManaged() const;

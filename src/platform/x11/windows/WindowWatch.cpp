@@ -107,7 +107,7 @@ void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
         if (watched.isStale) {
             stale.push_back(window);
         } else if (const auto place = watched.newPlace()) {
-            watched.facts = std::make_shared<const WindowFacts>(watched.facts->at(*place));
+            watched.facts = std::make_shared<const WindowInfo>(watched.facts->at(*place));
         }
     }
     if (!stale.empty()) {
@@ -118,13 +118,13 @@ void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
 void WindowWatch::readAgain(const std::vector<xcb_window_t> &stale) {
     auto facts = reader_.facts(stale);
     for (const xcb_window_t window : stale) {
-        const auto found = std::ranges::find(facts, window, &WindowFacts::window);
+        const auto found = std::ranges::find(facts, window, &WindowInfo::window);
         if (found == facts.end()) {
             watched_.erase(window);
             continue;
         }
         Watched &watched = watched_.at(window);
-        watched.facts = std::make_shared<const WindowFacts>(std::move(*found));
+        watched.facts = std::make_shared<const WindowInfo>(std::move(*found));
         watched.isStale = false;
     }
 }

@@ -19,7 +19,7 @@ namespace corvane::x11 {
 class WindowWatch {
   public:
     using Owners = std::vector<WindowOwner>;
-    using Windows = std::vector<std::shared_ptr<const WindowFacts>>;
+    using Windows = std::vector<std::shared_ptr<const WindowInfo>>;
 
     /// The connection is for nothing else; it outlives the watch.
     explicit WindowWatch(const XcbConnection &connection);
@@ -39,11 +39,11 @@ class WindowWatch {
 
     struct Watched {
         /// Shared with whoever asked for them; null until they have been read.
-        std::shared_ptr<const WindowFacts> facts{};
+        std::shared_ptr<const WindowInfo> facts{};
         bool isStale = true;
         EventMasks::Selection events{};
         /// The windows it moves and disappears with; nothing until they are known.
-        std::optional<FrameChain> chain{};
+        std::optional<WindowAncestry> chain{};
 
         /// Whether it is that window or in that frame.
         bool isIn(xcb_window_t window) const { return chain && chain->contains(window); }

@@ -5,7 +5,7 @@
 
 int main() {
     // Its clicks are timed.
-    corvane::x11::takeShortTurns();
+    corvane::linux::requestSchedulerSlice();
     const std::unique_ptr<xcb_connection_t, decltype([](xcb_connection_t *connection) {
                               xcb_disconnect(connection);
                           })>
