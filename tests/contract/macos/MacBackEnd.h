@@ -2,7 +2,7 @@
 
 #include "BackEnd.h"
 #include "TemporaryFolder.h"
-#include "platform/macos/app/MacPlatform.h"
+#include "platform/macos/app/Platform.h"
 
 namespace corvane::contract {
 
@@ -17,7 +17,7 @@ class MacBackEnd : public BackEnd {
 
   private:
     desktop::TemporaryFolder directory_;
-    macos::MacPlatform platform_;
+    macos::Platform platform_;
 };
 
 } // namespace corvane::contract

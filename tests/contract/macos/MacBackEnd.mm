@@ -6,10 +6,6 @@
 
 #include <chrono>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::contract {
 
 bool MacBackEnd::turnUntil(const std::function<bool()> &condition) {

@@ -9,10 +9,6 @@
 #include <memory>
 #include <string>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// The application object's delegate: passes the events of the program's life, the commands of its

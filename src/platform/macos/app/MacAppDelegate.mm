@@ -1,15 +1,11 @@
 #import "platform/macos/app/MacAppDelegate.h"
 
 #include "platform/Platform.h"
-#import "platform/macos/app/MacUserSession.h"
+#import "platform/macos/app/UserSession.h"
 #import "platform/macos/support/Text.h"
 
 #include <utility>
 #include <vector>
-
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
 
 namespace macos = corvane::macos;
 
@@ -32,7 +28,7 @@ std::string representedObject(id sender) {
 @implementation MacAppDelegate {
     std::unique_ptr<corvane::platform::Platform> _platform;
     std::unique_ptr<corvane::CorvaneApp> _application;
-    std::unique_ptr<macos::MacUserSession> _userSession;
+    std::unique_ptr<macos::UserSession> _userSession;
     std::vector<std::string> _earlyUrls;
 }
 
@@ -54,7 +50,7 @@ std::string representedObject(id sender) {
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
     corvane::AppDelegate &delegate = _application->appDelegate();
     delegate.applicationDidFinishLaunching();
-    _userSession = std::make_unique<macos::MacUserSession>(
+    _userSession = std::make_unique<macos::UserSession>(
         [&delegate](bool isAway) { isAway ? delegate.userLeft() : delegate.userReturned(); });
 }
 

@@ -4,10 +4,6 @@
 
 #include <functional>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// Hears notifications of the workspace and of the login window for as long as it exists. Main

@@ -4,10 +4,6 @@
 
 #include <utility>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 @implementation MacSessionObserver {
     std::function<void(NSNotificationName)> _receiver;
 }

@@ -2,10 +2,10 @@
 #include "app/CorvaneApp.h"
 #include "app/Doctor.h"
 #include "app/HotkeyService.h"
+#import "platform/macos/app/CommandEndpoint.h"
+#import "platform/macos/app/DesktopReading.h"
 #import "platform/macos/app/MacAppDelegate.h"
-#import "platform/macos/app/MacCommandEndpoint.h"
-#import "platform/macos/app/MacDesktopReading.h"
-#import "platform/macos/app/MacPlatform.h"
+#import "platform/macos/app/Platform.h"
 #import "platform/macos/app/TerminationSignals.h"
 #import "platform/macos/support/EditingKeys.h"
 #import "platform/macos/support/Text.h"
@@ -16,10 +16,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
 
 namespace {
 
@@ -34,7 +30,7 @@ bool isForTheSystem(const CommandRequest &words) {
 
 CommandLine readCommandLine(int argc, char **argv) {
     const CommandRequest words(argv + std::min(argc, 1), argv + argc);
-    const macos::MacApplication application;
+    const macos::Application application;
     return CommandLine::parse(isForTheSystem(words) ? CommandRequest{} : words,
                               {.version = application.shortVersion().value_or("") + " (" +
                                           application.buildVersion().value_or("") + ")",
@@ -60,7 +56,7 @@ int runLaunch(const CommandRequest &words) {
 
 int runDoctor() {
     posix::PosixFileSystem files;
-    const macos::MacApplication application;
+    const macos::Application application;
     return print(diagnose(macos::readDesktopFacts(startStopKey),
                           posix::readFileFacts(filesOfCorvane(files, application.homeDirectory())),
                           macos::callRunning({"status", "--json"})));
@@ -72,7 +68,7 @@ int runProgram() {
         return print({.output = "Corvane is running already.\n"});
     }
     NSApplication *application = NSApplication.sharedApplication;
-    auto platform = std::make_unique<macos::MacPlatform>();
+    auto platform = std::make_unique<macos::Platform>();
     auto app = std::make_unique<CorvaneApp>(*platform);
     // Held to the end: the application object holds its delegate weakly.
     NS_VALID_UNTIL_END_OF_SCOPE MacAppDelegate *delegate =

@@ -5,10 +5,6 @@
 
 #import <AppKit/AppKit.h>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 /// Draws into the current graphics context, back to front.

@@ -6,10 +6,6 @@
 
 #include <functional>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// The content of an overlay window: shows a drawing, plays animations over it and reports what the

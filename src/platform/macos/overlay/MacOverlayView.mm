@@ -9,10 +9,6 @@
 #include <chrono>
 #include <utility>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 using corvane::platform::Key;
 using corvane::platform::OverlayEvents;
 namespace macos = corvane::macos;

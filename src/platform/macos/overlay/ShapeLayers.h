@@ -5,10 +5,6 @@
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {

@@ -4,10 +4,6 @@
 
 #include <functional>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// Receives a control's action. The control holds it weakly.

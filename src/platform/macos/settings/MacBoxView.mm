@@ -4,10 +4,6 @@
 
 #import <QuartzCore/QuartzCore.h>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace macos = corvane::macos;
 
 @implementation MacBoxView {

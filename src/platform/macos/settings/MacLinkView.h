@@ -4,10 +4,6 @@
 
 #include <functional>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// An area that opens something when it is clicked or, with the keyboard, pressed.

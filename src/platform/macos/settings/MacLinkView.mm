@@ -2,10 +2,6 @@
 
 #include <utility>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 @implementation MacLinkView {
     std::function<void()> _action;
 }

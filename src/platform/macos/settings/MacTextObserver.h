@@ -4,10 +4,6 @@
 
 #include <functional>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// Hears what is typed into a text field. The field holds it weakly.

@@ -7,10 +7,6 @@
 #include <functional>
 #include <string>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 /// Gives a toolbar its items and hears which one the user chooses.

@@ -6,10 +6,6 @@
 #include <algorithm>
 #include <utility>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace macos = corvane::macos;
 
 @implementation MacToolbarDelegate {

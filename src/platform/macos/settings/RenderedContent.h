@@ -6,10 +6,6 @@
 
 #include <memory>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {

@@ -3,10 +3,6 @@
 #import "platform/macos/support/Text.h"
 #include "presentation/WholeNumber.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

@@ -4,10 +4,6 @@
 
 #include <vector>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

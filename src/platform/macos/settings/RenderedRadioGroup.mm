@@ -5,10 +5,6 @@
 #include <utility>
 #include <vector>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

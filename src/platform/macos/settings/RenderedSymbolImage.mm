@@ -2,10 +2,6 @@
 #import "platform/macos/settings/Styles.h"
 #import "platform/macos/support/Symbols.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

@@ -4,10 +4,6 @@
 #import "platform/macos/support/Symbols.h"
 #import "platform/macos/support/Text.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

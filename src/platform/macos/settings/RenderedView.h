@@ -3,10 +3,6 @@
 #import "platform/macos/settings/MacBoxView.h"
 #import "platform/macos/settings/RenderedContent.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {

@@ -3,10 +3,6 @@
 #import "platform/macos/support/Colours.h"
 #import "platform/macos/support/Symbols.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

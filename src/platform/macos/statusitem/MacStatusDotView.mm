@@ -5,10 +5,6 @@
 
 #import <QuartzCore/QuartzCore.h>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace macos = corvane::macos;
 
 @implementation MacStatusDotView {

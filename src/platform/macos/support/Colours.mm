@@ -1,9 +1,5 @@
 #import "platform/macos/support/Colours.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 namespace {

@@ -2,10 +2,6 @@
 
 #import <AppKit/AppKit.h>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {

@@ -2,10 +2,6 @@
 
 #import "platform/macos/support/Text.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 NSFontWeight systemWeight(FontWeight weight) {

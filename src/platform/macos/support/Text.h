@@ -5,10 +5,6 @@
 #include <string>
 #include <string_view>
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {

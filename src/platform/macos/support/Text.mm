@@ -1,9 +1,5 @@
 #import "platform/macos/support/Text.h"
 
-#if !__has_feature(objc_arc)
-#error "Compile this file with -fobjc-arc"
-#endif
-
 namespace corvane::macos {
 
 NSString *systemText(std::string_view text) {

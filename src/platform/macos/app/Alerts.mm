@@ -1,0 +1,67 @@
+#import "platform/macos/app/Alerts.h"
+
+#import "platform/macos/support/Text.h"
+
+#import <AppKit/AppKit.h>
+
+namespace corvane::macos {
+
+namespace {
+
+NSAlertStyle systemStyle(AlertStyle style) {
+    switch (style) {
+    case AlertStyle::warning:
+        return NSAlertStyleWarning;
+    case AlertStyle::informational:
+        return NSAlertStyleInformational;
+    }
+}
+
+NSString *const escapeKey = @"\x1b";
+
+NSAlert *makeAlert(const Alert &alert) {
+    NSAlert *panel = [[NSAlert alloc] init];
+    panel.alertStyle = systemStyle(alert.style);
+    panel.messageText = systemText(alert.messageText);
+    panel.informativeText = systemText(alert.informativeText);
+    for (const std::string &button : alert.buttons) {
+        [panel addButtonWithTitle:systemText(button)];
+    }
+    if (panel.buttons.count > 1) {
+        // The system does so only where it knows the title, such as "Cancel".
+        panel.buttons.lastObject.keyEquivalent = escapeKey;
+    }
+    return panel;
+}
+
+NSTextField *addField(const AlertField &field, NSAlert *panel) {
+    NSTextField *view =
+        [[NSTextField alloc] initWithFrame:NSMakeRect(0, 0, field.size.width, field.size.height)];
+    view.stringValue = systemText(field.text);
+    view.placeholderString = systemText(field.placeholder);
+    panel.accessoryView = view;
+    [panel layout];
+    panel.window.initialFirstResponder = view;
+    return view;
+}
+
+/// An alert that ended in another way than by a button counts as its last one.
+std::size_t buttonIndex(NSModalResponse response, std::size_t buttonCount) {
+    const NSInteger index = response - NSAlertFirstButtonReturn;
+    const auto count = static_cast<NSInteger>(buttonCount);
+    return static_cast<std::size_t>(index >= 0 && index < count ? index : MAX(count - 1, 0));
+}
+
+} // namespace
+
+AlertResponse Alerts::runModal(const Alert &alert) {
+    NSAlert *panel = makeAlert(alert);
+    NSTextField *field = alert.field ? addField(*alert.field, panel) : nil;
+    // A program without a Dock icon is rarely the active one; its alert would lie behind others.
+    [NSApp activateIgnoringOtherApps:YES];
+    const NSModalResponse response = [panel runModal];
+    return {.button = buttonIndex(response, alert.buttons.size()),
+            .fieldText = field == nil ? std::string() : utf8(field.stringValue)};
+}
+
+} // namespace corvane::macos

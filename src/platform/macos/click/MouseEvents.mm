@@ -1,0 +1,98 @@
+#import "platform/macos/click/MouseEvents.h"
+
+#import "platform/macos/app/Activity.h"
+#import "platform/macos/support/CFReference.h"
+#import "platform/macos/support/Geometry.h"
+
+#import <ApplicationServices/ApplicationServices.h>
+#import <Foundation/Foundation.h>
+
+#include <utility>
+
+namespace corvane::macos {
+
+namespace {
+
+// A click thread has no run loop that would empty an autorelease pool: each operation has its own.
+
+CGEventType systemType(platform::MouseEventType type) {
+    switch (type) {
+    case platform::MouseEventType::leftMouseDown:
+        return kCGEventLeftMouseDown;
+    case platform::MouseEventType::leftMouseUp:
+        return kCGEventLeftMouseUp;
+    }
+}
+
+class MouseEvent : public platform::MouseEvent {
+  public:
+    explicit MouseEvent(CFReference<CGEventRef> event) : event_(std::move(event)) {}
+
+    void setClickState(std::int64_t state) override {
+        @autoreleasepool {
+            CGEventSetIntegerValueField(event_.get(), kCGMouseEventClickState, state);
+        }
+    }
+
+    void post() override {
+        @autoreleasepool {
+            CGEventPost(kCGHIDEventTap, event_.get());
+        }
+    }
+
+    /// No program here can hold up the events of another.
+    bool hasTakenEffect() override { return true; }
+
+  private:
+    CFReference<CGEventRef> event_;
+};
+
+class MouseEventSource : public platform::MouseEventSource {
+  public:
+    explicit MouseEventSource(CFReference<CGEventSourceRef> source) : source_(std::move(source)) {}
+
+    std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
+                                                           Point location) override {
+        @autoreleasepool {
+            CFReference event(CGEventCreateMouseEvent(source_.get(), systemType(type),
+                                                      systemPoint(location), kCGMouseButtonLeft));
+            return event ? std::make_unique<MouseEvent>(std::move(event)) : nullptr;
+        }
+    }
+
+  private:
+    CFReference<CGEventSourceRef> source_;
+};
+
+class MouseSession : public platform::MouseSession {
+  public:
+    /// Without an account of the button, which nothing here can hold up.
+    platform::MouseState state() override {
+        @autoreleasepool {
+            const CFReference event(CGEventCreate(nullptr));
+            if (!event) {
+                return {};
+            }
+            return {.cursorLocation = portablePoint(CGEventGetLocation(event.get()))};
+        }
+    }
+
+    std::unique_ptr<platform::MouseEventSource> createEventSource() override {
+        @autoreleasepool {
+            CFReference source(CGEventSourceCreate(kCGEventSourceStateHIDSystemState));
+            return source ? std::make_unique<MouseEventSource>(std::move(source)) : nullptr;
+        }
+    }
+
+  private:
+    /// Clicks are to come exactly in time, and the system is not to fall asleep between them.
+    Activity activity_{NSActivityUserInitiated | NSActivityLatencyCritical, @"Clicking"};
+};
+
+} // namespace
+
+std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
+    return std::make_unique<MouseSession>();
+}
+
+} // namespace corvane::macos

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/HotKeys.h"
+
+namespace corvane::macos {
+
+/// Hot keys of the Carbon Event Manager, which reach this program whichever one is in front.
+class HotKeys : public platform::HotKeys {
+  public:
+    std::string_view mechanism() const override { return "Carbon"; }
+    std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
+    installHandler(std::function<void()> pressed) override;
+    std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
+    registerHotKey(const platform::HotKey &hotKey) override;
+    /// No program can keep a hot key from the system.
+    void setUrgent(bool /*isUrgent*/) override {}
+};
+
+} // namespace corvane::macos

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/ContinuousClock.h"
+
+namespace corvane::macos {
+
+/// The machine's continuous time.
+class Clock : public platform::ContinuousClock {
+  public:
+    platform::Instant now() const override;
+    using ContinuousClock::hold;
+    void hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) override;
+    std::unique_ptr<platform::CancellableWait> makeWait() override;
+};
+
+} // namespace corvane::macos

@@ -1,0 +1,97 @@
+#import "platform/macos/support/MainQueue.h"
+
+#import "platform/macos/app/Activity.h"
+
+#import <Foundation/Foundation.h>
+
+#include <optional>
+#include <utility>
+
+namespace corvane::macos {
+
+namespace {
+
+class Timer : public platform::Timer {
+  public:
+    Timer(std::chrono::nanoseconds interval, bool repeats, std::function<void()> work) {
+        const auto shared = std::make_shared<std::function<void()>>(std::move(work));
+        timer_ =
+            [NSTimer scheduledTimerWithTimeInterval:std::chrono::duration<double>(interval).count()
+                                            repeats:repeats
+                                              block:^(NSTimer *) {
+                                                // The work may destroy its own timer, and the block
+                                                // too.
+                                                const auto held = shared; // NOLINT(performance-*)
+                                                (*held)();
+                                              }];
+        if (repeats) {
+            // A napping program's timers come late; this one is asked for something every period.
+            activity_.emplace(NSActivityUserInitiatedAllowingIdleSystemSleep, @"Repeated check");
+        }
+        // Beside the default mode, in which it is now: while a menu or an alert is open too.
+        [NSRunLoop.mainRunLoop addTimer:timer_ forMode:NSRunLoopCommonModes];
+    }
+    Timer(const Timer &) = delete;
+    Timer &operator=(const Timer &) = delete;
+    ~Timer() override { [timer_ invalidate]; }
+
+  private:
+    std::optional<Activity> activity_;
+    NSTimer *timer_;
+};
+
+} // namespace
+
+MainQueue::MainQueue() {
+    CFRunLoopSourceContext context{};
+    context.info = this;
+    context.perform = [](void *queue) { static_cast<MainQueue *>(queue)->performNext(); };
+    source_ = CFReference(CFRunLoopSourceCreate(kCFAllocatorDefault, 0, &context));
+    CFRunLoopAddSource(CFRunLoopGetMain(), source_.get(), kCFRunLoopCommonModes);
+}
+
+MainQueue::~MainQueue() { CFRunLoopSourceInvalidate(source_.get()); }
+
+void MainQueue::post(std::function<void()> work) {
+    {
+        const std::scoped_lock lock(mutex_);
+        work_.push_back(std::move(work));
+    }
+    wakeUp();
+}
+
+std::unique_ptr<platform::Timer> MainQueue::after(std::chrono::nanoseconds delay,
+                                                  std::function<void()> work) {
+    return std::make_unique<Timer>(delay, false, std::move(work));
+}
+
+std::unique_ptr<platform::Timer> MainQueue::every(std::chrono::nanoseconds period,
+                                                  std::function<void()> work) {
+    return std::make_unique<Timer>(period, true, std::move(work));
+}
+
+void MainQueue::performNext() {
+    std::function<void()> next;
+    {
+        const std::scoped_lock lock(mutex_);
+        if (work_.empty()) {
+            return;
+        }
+        next = std::move(work_.front());
+        work_.pop_front();
+        if (!work_.empty()) {
+            // Before the work, which may turn the run loop itself.
+            wakeUp();
+        }
+    }
+    @autoreleasepool {
+        next();
+    }
+}
+
+void MainQueue::wakeUp() {
+    CFRunLoopSourceSignal(source_.get());
+    CFRunLoopWakeUp(CFRunLoopGetMain());
+}
+
+} // namespace corvane::macos
