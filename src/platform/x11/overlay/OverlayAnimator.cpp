@@ -1,7 +1,7 @@
 #include "platform/x11/overlay/OverlayAnimator.h"
 
+#include "platform/drawing/AnimationFrames.h"
 #include "platform/x11/connection/RequestSender.h"
-#include "platform/x11/overlay/OverlayAnimation.h"
 #include "platform/x11/overlay/OverlayPlayback.h"
 
 #include <algorithm>
@@ -69,7 +69,7 @@ void OverlayAnimator::setTimer() {
     if (running_.empty()) {
         timer_.clear();
     } else {
-        timer_.set(sender_.clearOfClick(lastAdvance_ + OverlayAnimation::pictureInterval));
+        timer_.set(sender_.clearOfClick(lastAdvance_ + drawing::AnimationFrames::interval));
     }
 }
 

@@ -24,16 +24,16 @@ void OverlayPlayback::changeTo(std::shared_ptr<OverlayAnimation> animation) {
 }
 
 bool OverlayPlayback::showAt(platform::Instant now) {
-    const std::size_t index = animation_->indexAt(now - start_);
+    const std::size_t index = animation_->frames().indexAt(now - start_);
     if (index != index_) {
         show(index);
     }
-    return !animation_->isOverAt(now - start_);
+    return !animation_->frames().isOverAt(now - start_);
 }
 
 void OverlayPlayback::show(std::size_t index) {
     index_ = index;
-    surface_.show(animation_->picture(index));
+    surface_.show(animation_->image(index));
 }
 
 void OverlayPlayback::complete() {

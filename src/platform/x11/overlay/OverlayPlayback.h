@@ -22,7 +22,7 @@ class OverlayPlayback {
     OverlayPlayback(const OverlayPlayback &) = delete;
     OverlayPlayback &operator=(const OverlayPlayback &) = delete;
 
-    const Animation &animation() const { return animation_->animation(); }
+    const Animation &animation() const { return animation_->frames().animation(); }
 
     /// Goes on with the same animation over another scene.
     void changeTo(std::shared_ptr<OverlayAnimation> animation);

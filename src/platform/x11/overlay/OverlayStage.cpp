@@ -53,7 +53,7 @@ OverlayStage::OverlayStage(XcbEvents &events, const Screens &screens,
 std::shared_ptr<OverlayAnimation> OverlayStage::animation(const drawing::OverlayScene &scene,
                                                           const Animation &animation) {
     const auto known = std::ranges::find_if(
-        animations_, [&](const auto &kept) { return kept->plays(scene, animation); });
+        animations_, [&](const auto &kept) { return kept->frames().show(scene, animation); });
     if (known != animations_.end()) {
         return *known;
     }
@@ -61,7 +61,8 @@ std::shared_ptr<OverlayAnimation> OverlayStage::animation(const drawing::Overlay
     if (animations_.size() == mostKept) {
         animations_.erase(animations_.begin());
     }
-    animations_.push_back(std::make_shared<OverlayAnimation>(painter_, *visual_, scene, animation));
+    animations_.push_back(std::make_shared<OverlayAnimation>(
+        *visual_, drawing::AnimationFrames(painter_, scene, animation)));
     return animations_.back();
 }
 

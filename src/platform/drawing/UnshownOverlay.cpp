@@ -1,8 +1,8 @@
-#include "platform/x11/overlay/UnshownOverlay.h"
+#include "platform/drawing/UnshownOverlay.h"
 
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
 UnshownOverlay::UnshownOverlay(const Rectangle &frame) : frame_(frame) {
     end_.setSingleShot(true);
@@ -18,4 +18,4 @@ void UnshownOverlay::play(const Animation &animation, std::function<void()> comp
     end_.start(animation.duration);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -6,10 +6,10 @@
 
 #include <functional>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
-/// Stands in where the server cannot show overlays: shows nothing and hears nothing, but animations
-/// take their time and end.
+/// Stands in where the desktop cannot show overlays: it shows nothing and reports no input, but its
+/// animations last as long as others and end.
 class UnshownOverlay : public platform::NativeOverlay {
   public:
     explicit UnshownOverlay(const Rectangle &frame);
@@ -28,4 +28,4 @@ class UnshownOverlay : public platform::NativeOverlay {
     std::function<void()> completion_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::drawing
