@@ -1,7 +1,7 @@
 #include "platform/freedesktop/tray/DBusMenuExporter.h"
 
-#include "platform/drawing/MenuAlignment.h"
 #include "platform/drawing/MenuText.h"
+#include "presentation/MenuAlignment.h"
 
 #include <QBuffer>
 #include <QDBusVariant>
@@ -108,7 +108,7 @@ void DBusMenuExporter::patchProperties(Node &node, const QVariantMap &properties
 
 void DBusMenuExporter::patchChildren(Node &node, std::vector<MenuItem> &from,
                                      const std::vector<MenuItem> &to, Changes &changes) {
-    const auto alignment = drawing::alignMenu(from, to);
+    const auto alignment = alignMenu(from, to);
     const auto gapEnd = alignment.leading + alignment.removed;
     for (std::size_t index = 0; index < from.size(); ++index) {
         if (index < alignment.leading) {

@@ -1,7 +1,7 @@
 #include "platform/qt/menus/MenuRenderer.h"
 
-#include "platform/drawing/MenuAlignment.h"
 #include "platform/drawing/MenuText.h"
+#include "presentation/MenuAlignment.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -123,7 +123,7 @@ void MenuRenderer::update() {
 
 void MenuRenderer::patch(QMenu &menu, const std::vector<MenuItem> &from,
                          const std::vector<MenuItem> &to) {
-    const auto alignment = drawing::alignMenu(from, to);
+    const auto alignment = alignMenu(from, to);
     const auto actions = menu.actions();
     const auto gap = static_cast<qsizetype>(alignment.leading);
     const auto gapEnd = gap + static_cast<qsizetype>(alignment.removed);

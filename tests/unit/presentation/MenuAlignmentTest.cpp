@@ -1,17 +1,27 @@
-#include "platform/drawing/MenuAlignment.h"
-
-#include "SampleMenu.h"
+#include "presentation/MenuAlignment.h"
 
 #include <gtest/gtest.h>
 
-namespace corvane::contract {
+#include <utility>
+#include <vector>
+
+namespace corvane::testing {
 
 namespace {
 
-using drawing::alignMenu;
+/// With one of every kind of line.
+std::vector<MenuItem> sampleItems() {
+    return {{.title = "Running", .isEnabled = false},
+            MenuItem::separator(),
+            {.title = "Stop", .action = "stopClicking:"},
+            {.title = "Free Cursor", .action = "setModeCursor:", .isEnabled = false, .isOn = true},
+            {.title = "Defined Zone", .action = "setModeZone:"},
+            {.title = "Profiles", .submenu = std::vector<MenuItem>{MenuItem::separator()}},
+            {.title = "Quit", .action = "terminate:", .commandKey = "q"}};
+}
 
 TEST(MenuAlignmentTest, KeepsAllLinesWhenOnlyTextsAndStatesChange) {
-    const auto before = sampleMenu().items;
+    const auto before = sampleItems();
     auto after = before;
     after[0].title = "Running (1)";
     after[4].isEnabled = false;
@@ -19,14 +29,14 @@ TEST(MenuAlignmentTest, KeepsAllLinesWhenOnlyTextsAndStatesChange) {
 }
 
 TEST(MenuAlignmentTest, KeepsALineThatTakesAnotherCommand) {
-    const auto before = sampleMenu().items;
+    const auto before = sampleItems();
     auto after = before;
     after[2] = {.title = "Start", .action = "startClicking:"};
     EXPECT_TRUE(alignMenu(before, after).isSameLayout());
 }
 
 TEST(MenuAlignmentTest, FindsTheLinesThatCome) {
-    const auto before = sampleMenu().items;
+    const auto before = sampleItems();
     auto after = before;
     after.insert(after.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
     const auto alignment = alignMenu(before, after);
@@ -36,7 +46,7 @@ TEST(MenuAlignmentTest, FindsTheLinesThatCome) {
 }
 
 TEST(MenuAlignmentTest, FindsTheLinesThatGo) {
-    const auto before = sampleMenu().items;
+    const auto before = sampleItems();
     auto after = before;
     after.erase(after.begin() + 1, after.begin() + 3);
     const auto alignment = alignMenu(before, after);
@@ -46,7 +56,7 @@ TEST(MenuAlignmentTest, FindsTheLinesThatGo) {
 }
 
 TEST(MenuAlignmentTest, ReplacesLinesOfAnotherKind) {
-    const auto before = sampleMenu().items;
+    const auto before = sampleItems();
     auto after = before;
     std::swap(after[3].isOn, after[4].isOn);
     const auto alignment = alignMenu(before, after);
@@ -56,7 +66,7 @@ TEST(MenuAlignmentTest, ReplacesLinesOfAnotherKind) {
 }
 
 TEST(MenuAlignmentTest, TakesEmptyMenus) {
-    const auto menu = sampleMenu().items;
+    const auto menu = sampleItems();
     EXPECT_TRUE(alignMenu({}, {}).isSameLayout());
     EXPECT_EQ(alignMenu({}, menu).inserted, menu.size());
     EXPECT_EQ(alignMenu(menu, {}).removed, menu.size());
@@ -73,4 +83,4 @@ TEST(MenuAlignmentTest, TakesEqualNeighbours) {
 
 } // namespace
 
-} // namespace corvane::contract
+} // namespace corvane::testing

@@ -1,9 +1,9 @@
-#include "platform/drawing/MenuAlignment.h"
+#include "presentation/MenuAlignment.h"
 
 #include <algorithm>
 #include <iterator>
 
-namespace corvane::drawing {
+namespace corvane {
 
 namespace {
 
@@ -39,4 +39,4 @@ MenuAlignment alignMenu(const std::vector<MenuItem> &from, const std::vector<Men
     return {.leading = leading, .removed = removed, .inserted = inserted};
 }
 
-} // namespace corvane::drawing
+} // namespace corvane

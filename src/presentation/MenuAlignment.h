@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <vector>
 
-namespace corvane::drawing {
+namespace corvane {
 
 /// How the lines of a menu become those of another with as little change as possible: the first
 /// `leading` lines and all lines behind the gap stay and take new texts and states; in the gap
@@ -20,4 +20,4 @@ struct MenuAlignment {
 
 MenuAlignment alignMenu(const std::vector<MenuItem> &from, const std::vector<MenuItem> &to);
 
-} // namespace corvane::drawing
+} // namespace corvane
