@@ -26,7 +26,7 @@ class AnimationFrames {
     AnimationFrames(const OverlayPainter &painter, OverlayScene scene, Animation animation);
 
     /// Whether these are the frames of that animation over that scene.
-    bool show(const OverlayScene &scene, const Animation &animation) const {
+    bool match(const OverlayScene &scene, const Animation &animation) const {
         return animation_ == animation && scene_ == scene;
     }
     const OverlayScene &scene() const { return scene_; }

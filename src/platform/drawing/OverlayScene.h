@@ -9,18 +9,19 @@
 
 namespace corvane::drawing {
 
-/// Everything that makes up the picture of an overlay.
+/// Everything that an overlay shows.
 struct OverlayScene {
-    /// How the picture meets the screen beneath.
+    /// How the overlay is combined with the screen beneath.
     enum class Blending {
-        /// The compositing manager blends them.
+        /// The desktop's compositor blends them.
         translucent,
-        /// The picture carries a copy of the screen and lies over it.
+        /// The overlay is opaque and paints an image of the screen first.
         backdrop,
-        /// Only what is opaque enough is shown, in full colour; the rest of the window is left out.
+        /// Pixels are opaque or left out of the window; faint colours are left out.
         cutOut
     };
 
+    /// Pixels.
     QSize size{};
     /// What the window shows of it, in pixels from the top left corner: all, unless it is larger
     /// than the desktop.
@@ -31,6 +32,11 @@ struct OverlayScene {
     QImage backdrop{};
     /// In the window's coordinates, origin bottom left.
     Drawing drawing{};
+
+    bool hasBackground() const {
+        return background.name != ColourName::clear && background.alpha > 0;
+    }
+    bool isEmpty() const { return drawing.empty() && !hasBackground(); }
 
     bool operator==(const OverlayScene &other) const {
         return size == other.size && part == other.part && blending == other.blending &&

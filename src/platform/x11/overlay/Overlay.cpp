@@ -1,6 +1,8 @@
 #include "platform/x11/overlay/Overlay.h"
 
-#include "platform/x11/overlay/OverlayStage.h"
+#include "platform/x11/overlay/OverlayKeyboard.h"
+#include "platform/x11/overlay/ScreenBeneath.h"
+#include "platform/x11/screens/Screens.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,63 +10,79 @@
 
 namespace corvane::x11 {
 
+using Blending = drawing::OverlayScene::Blending;
+
 namespace {
 
-/// Nobody sees more pictures than this, however often the mouse reports.
-constexpr std::chrono::milliseconds shortestRepaintInterval(8);
-
-/// The nearest pixel edge, of those whose distances can still be counted.
+/// The nearest pixel edge, within what an integer can count.
 int pixelEdge(double position) {
     constexpr double farthest = 1e9;
     const double within = position > -farthest ? std::min(position, farthest) : -farthest;
     return static_cast<int>(std::lround(within));
 }
 
-/// The server counts to little more and begins anew beyond; no desktop reaches that far.
+/// The server's positions have 16 bits and wrap around; no desktop reaches that far.
 int serverPosition(int position) {
     constexpr int farthest = 20000;
     return std::clamp(position, -farthest, farthest);
 }
 
-bool isVisible(const Colour &colour) {
-    return colour.name != ColourName::clear && colour.alpha > 0;
+QRect pixelsOf(const Rectangle &root) {
+    const int left = pixelEdge(root.x);
+    const int top = pixelEdge(root.y);
+    // The server has no windows without an area.
+    return {left, top, std::max(1, pixelEdge(root.maxX()) - left),
+            std::max(1, pixelEdge(root.maxY()) - top)};
 }
 
-std::unique_ptr<QTimer> oneShotTimer(std::function<void()> fire) {
-    auto timer = std::make_unique<QTimer>();
-    timer->setSingleShot(true);
-    QObject::connect(timer.get(), &QTimer::timeout, std::move(fire));
-    return timer;
+/// The part of a frame that a window of the server shows: all of it, unless it is larger than the
+/// desktop. From the frame's top left corner.
+QRect shownPart(const QRect &frame, const Rectangle &root) {
+    const QRect desktop(0, 0, static_cast<int>(root.width), static_cast<int>(root.height));
+    const QRect whole(QPoint(), frame.size());
+    if (whole.width() <= desktop.width() && whole.height() <= desktop.height()) {
+        return whole;
+    }
+    const QRect part = whole.intersected(desktop.translated(-frame.topLeft()));
+    return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
 }
 
 } // namespace
 
-Overlay::Overlay(OverlayStage &stage, const BorderlessWindow &window,
-                 platform::OverlayEvents events)
-    : stage_(stage),
-      traits_(window),
+Overlay::Overlay(const BorderlessWindow &window, platform::OverlayEvents events,
+                 std::unique_ptr<OverlayContent> content, XcbEvents &server, const Screens &screens,
+                 ScreenBeneath &beneath, OverlayKeyboard &keyboard)
+    : traits_(window),
       events_(std::move(events)),
-      frame_(pixelsOf(window.frame)),
-      part_(shownPart()),
-      surface_(stage.surfaces().take({window.ignoresMouseEvents, window.cursor})) {
-    stage_.add(*this);
+      server_(server),
+      screens_(screens),
+      beneath_(beneath),
+      keyboard_(keyboard),
+      content_(std::move(content)),
+      surface_(content_->surface()),
+      scene_{.background = window.background} {
+    moveTo(window.frame);
+    beneath_.add(*this);
+    if (!window.ignoresMouseEvents) {
+        mouse_ = server_.subscribe([this](const xcb_generic_event_t &event) { handle(event); });
+    }
 }
 
 Overlay::~Overlay() {
     orderOut();
-    playback_.reset();
-    stage_.remove(*this);
-    stage_.surfaces().giveBack(std::move(surface_));
+    beneath_.remove(*this);
 }
 
 void Overlay::orderFront() {
-    stage_.sender().draws();
-    const OverlayStack::Silence silence(stage_.stack());
-    stage_.stack().insert(surface_->window(), traits_.level, !isEmpty());
-    if (!isShown_) {
-        place();
-        map();
+    server_.sender().draws();
+    const bool staysOnTop = !scene_.isEmpty();
+    if (isShown_) {
+        surface_.raise(traits_.level, staysOnTop);
+        return;
     }
+    isShown_ = true;
+    paint();
+    surface_.show(windowFrame(), traits_.level, staysOnTop);
 }
 
 void Overlay::makeKeyAndOrderFront() {
@@ -72,7 +90,8 @@ void Overlay::makeKeyAndOrderFront() {
         orderFront();
         return;
     }
-    stage_.keyboard().prepareFor(surface_->window(), [this](platform::Key key) {
+    keyboard_.prepareFor(surface_.window(), [this](platform::Key key) {
+        // A copy, because the receiver may destroy the overlay.
         if (const auto handler = events_.keyDown) {
             handler(key);
         }
@@ -84,7 +103,7 @@ void Overlay::makeKeyAndOrderFront() {
 
 void Overlay::takeFocus() {
     if (hasKeyboard_) {
-        stage_.keyboard().giveTo(surface_->window());
+        keyboard_.giveTo(surface_.window());
     }
 }
 
@@ -94,66 +113,98 @@ void Overlay::orderOut() {
     }
     isShown_ = false;
     hasKeyboard_ = false;
-    stage_.keyboard().takeFrom(surface_->window());
-    const OverlayStack::Silence silence(stage_.stack());
-    stage_.stack().remove(surface_->window());
-    surface_->unmap();
-}
-
-void Overlay::map() {
-    isShown_ = true;
-    backdrop_ = blending() == drawing::OverlayScene::Blending::backdrop
-                    ? stage_.uncoveredScreen(part_.translated(frame_.topLeft()))
-                    : QImage();
-    repaint();
-    surface_->map();
+    keyboard_.takeFrom(surface_.window());
+    surface_.hide();
 }
 
 Rectangle Overlay::frame() const {
-    return stage_.screens().fromRoot(
+    return screens_.fromRoot(
         {double(frame_.x()), double(frame_.y()), double(frame_.width()), double(frame_.height())});
 }
 
 void Overlay::setFrame(const Rectangle &frame) {
-    const QRect former = frame_;
-    const QRect formerPart = part_;
-    frame_ = pixelsOf(frame);
-    part_ = shownPart();
+    const QSize formerSize = scene_.size;
+    const QRect formerPart = scene_.part;
+    moveTo(frame);
     if (!isShown_) {
         return;
     }
-    if (frame_.size() != former.size() || part_ != formerPart) {
-        repaint();
+    if (scene_.size != formerSize || scene_.part != formerPart) {
+        content_->show(scene_);
     }
-    {
-        const OverlayStack::Silence silence(stage_.stack());
-        place();
-    }
-    // What follows another program's window must not wait for the end of the turn.
-    stage_.connection().flush();
+    surface_.place(windowFrame());
+    // A zone that follows another program's window is sent before the event loop ends its turn.
+    server_.connection().flush();
 }
 
-void Overlay::place() {
-    const QPoint corner = frame_.topLeft() + part_.topLeft();
-    surface_->place({{serverPosition(corner.x()), serverPosition(corner.y())}, part_.size()});
+void Overlay::moveTo(const Rectangle &frame) {
+    frame_ = pixelsOf(screens_.toRoot(frame));
+    scene_.size = frame_.size();
+    scene_.part = shownPart(frame_, screens_.desktop());
+}
+
+QRect Overlay::windowFrame() const {
+    const QPoint position = frame_.topLeft() + scene_.part.topLeft();
+    return {{serverPosition(position.x()), serverPosition(position.y())}, scene_.part.size()};
 }
 
 void Overlay::setDrawing(const Drawing &drawing) {
-    drawing_ = drawing;
+    scene_.drawing = drawing;
     if (isShown_) {
-        repaintSoon();
+        content_->show(drawing);
     }
 }
 
 void Overlay::play(const Animation &animation, std::function<void()> completion) {
-    playback_ = std::make_unique<OverlayPlayback>(
-        stage_.animator(), *surface_, stage_.animation(scene(), animation), std::move(completion));
+    content_->play(scene_, animation, std::move(completion));
 }
 
-void Overlay::handleMouse(const xcb_button_press_event_t &event) {
+Blending Overlay::blending() const {
+    if (beneath_.showsThrough()) {
+        return Blending::translucent;
+    }
+    return scene_.hasBackground() ? Blending::backdrop : Blending::cutOut;
+}
+
+void Overlay::paint() {
+    scene_.blending = blending();
+    scene_.backdrop = scene_.blending == Blending::backdrop
+                          ? beneath_.image(scene_.part.translated(frame_.topLeft()))
+                          : QImage();
+    content_->show(scene_);
+}
+
+void Overlay::uncoverScreen() {
+    if (isShown_ && blending() == Blending::backdrop) {
+        surface_.unmap();
+    }
+}
+
+void Overlay::showAnew() {
     if (!isShown_) {
         return;
     }
+    paint();
+    if (scene_.blending == Blending::backdrop) {
+        surface_.map();
+        takeFocus();
+    }
+}
+
+void Overlay::handle(const xcb_generic_event_t &event) {
+    const int type = XcbEvents::typeOf(event);
+    if (type != XCB_BUTTON_PRESS && type != XCB_BUTTON_RELEASE && type != XCB_MOTION_NOTIFY) {
+        return;
+    }
+    // Presses, releases and motions have the same layout.
+    const auto &mouse = reinterpret_cast<const xcb_button_press_event_t &>(event);
+    // What was on its way when the overlay was ordered out is dropped.
+    if (isShown_ && mouse.event == surface_.window()) {
+        handleMouse(mouse);
+    }
+}
+
+void Overlay::handleMouse(const xcb_button_press_event_t &event) {
     const int type = event.response_type & ~0x80;
     const bool isLeftButton = event.detail == XCB_BUTTON_INDEX_1;
     std::function<void(Point)> handler;
@@ -163,118 +214,8 @@ void Overlay::handleMouse(const xcb_button_press_event_t &event) {
         handler = type == XCB_BUTTON_PRESS ? events_.mouseDown : events_.mouseUp;
     }
     if (handler) {
-        handler(stage_.screens().toScreenSpace({double(event.root_x), double(event.root_y)}));
+        handler(screens_.toScreenSpace({double(event.root_x), double(event.root_y)}));
     }
-}
-
-void Overlay::uncoverBackdrop() {
-    if (isShown_ && blending() == drawing::OverlayScene::Blending::backdrop) {
-        surface_->unmap();
-    }
-}
-
-void Overlay::blendingChanged() {
-    if (!isShown_) {
-        return;
-    }
-    if (blending() != drawing::OverlayScene::Blending::backdrop) {
-        backdrop_ = {};
-        repaint();
-        return;
-    }
-    map();
-    takeFocus();
-}
-
-QRect Overlay::pixelsOf(const Rectangle &frame) const {
-    const Rectangle root = stage_.screens().toRoot(frame);
-    const int left = pixelEdge(root.x);
-    const int top = pixelEdge(root.y);
-    // The server has no windows without an area.
-    return {left, top, std::max(1, pixelEdge(root.maxX()) - left),
-            std::max(1, pixelEdge(root.maxY()) - top)};
-}
-
-QRect Overlay::shownPart() const {
-    const Rectangle &root = stage_.screens().desktop();
-    const QRect desktop(0, 0, static_cast<int>(root.width), static_cast<int>(root.height));
-    const QRect whole(QPoint(), frame_.size());
-    if (whole.width() <= desktop.width() && whole.height() <= desktop.height()) {
-        return whole;
-    }
-    const QRect part = whole.intersected(desktop.translated(-frame_.topLeft()));
-    return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
-}
-
-drawing::OverlayScene::Blending Overlay::blending() const {
-    if (stage_.blends()) {
-        return drawing::OverlayScene::Blending::translucent;
-    }
-    return isVisible(traits_.background) ? drawing::OverlayScene::Blending::backdrop
-                                         : drawing::OverlayScene::Blending::cutOut;
-}
-
-drawing::OverlayScene Overlay::scene() const {
-    return {frame_.size(), part_, blending(), traits_.background, backdrop_, drawing_};
-}
-
-bool Overlay::isEmpty() const { return drawing_.empty() && !isVisible(traits_.background); }
-
-void Overlay::repaint() {
-    if (playback_) {
-        playback_->changeTo(stage_.animation(scene(), playback_->animation()));
-        return;
-    }
-    const drawing::OverlayScene painted = scene();
-    const QImage image = isEmpty() ? QImage() : stage_.painter().paint(painted, part_);
-    picture_ = std::make_unique<OverlayImage>(stage_.visual(), part_.size());
-    if (!image.isNull()) {
-        picture_->put(image, QPoint());
-    }
-    if (painted.blending == drawing::OverlayScene::Blending::cutOut) {
-        picture_->cutOut(image);
-    }
-    surface_->show(*picture_);
-    shownDrawing_ = drawing_;
-    lastRepaint_ = Clock::now();
-}
-
-bool Overlay::canRepaintParts() const {
-    return !playback_ && picture_ && picture_->pixmap() != XCB_PIXMAP_NONE &&
-           blending() != drawing::OverlayScene::Blending::cutOut;
-}
-
-void Overlay::repaintChanges() {
-    if (!canRepaintParts()) {
-        repaint();
-        return;
-    }
-    const QRegion changed =
-        drawing::OverlayPainter::difference(shownDrawing_, drawing_, frame_.size())
-            .intersected(part_);
-    const drawing::OverlayScene painted = scene();
-    for (const QRect &piece : changed) {
-        picture_->put(stage_.painter().paint(painted, piece), piece.topLeft() - part_.topLeft());
-    }
-    surface_->show(*picture_, changed.translated(-part_.topLeft()));
-    shownDrawing_ = drawing_;
-    lastRepaint_ = Clock::now();
-}
-
-void Overlay::repaintSoon() {
-    if (repaintTimer_ && repaintTimer_->isActive()) {
-        return;
-    }
-    const auto elapsed =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastRepaint_);
-    if (elapsed >= shortestRepaintInterval) {
-        repaintChanges();
-        return;
-    }
-    if (!repaintTimer_) {
-        repaintTimer_ = oneShotTimer([this] { repaintChanges(); });
-    }
-    repaintTimer_->start(shortestRepaintInterval - elapsed);
 }
 
 } // namespace corvane::x11

@@ -2,28 +2,28 @@
 
 #include "platform/OverlayWindows.h"
 #include "platform/drawing/OverlayScene.h"
-#include "platform/x11/overlay/OverlayImage.h"
-#include "platform/x11/overlay/OverlayPlayback.h"
-#include "platform/x11/overlay/OverlaySurface.h"
+#include "platform/x11/connection/XcbEvents.h"
+#include "platform/x11/overlay/OverlayContent.h"
 
-#include <QImage>
 #include <QRect>
-#include <QRegion>
-#include <QTimer>
 
-#include <chrono>
 #include <memory>
 
 namespace corvane::x11 {
 
-class OverlayStage;
+class OverlayKeyboard;
+class ScreenBeneath;
+class Screens;
 
-/// A window over all others, blended with the screen where a compositing manager runs and cut to
-/// its shape where none does.
+/// A window over all others, blended with the screen where a compositing manager runs. Without one,
+/// a window with a background shows an image of the screen beneath, and any other is cut to its
+/// shape.
 class Overlay final : public platform::NativeOverlay {
   public:
-    /// The stage outlives the overlay.
-    Overlay(OverlayStage &stage, const BorderlessWindow &window, platform::OverlayEvents events);
+    /// All that is given by reference outlives the overlay.
+    Overlay(const BorderlessWindow &window, platform::OverlayEvents events,
+            std::unique_ptr<OverlayContent> content, XcbEvents &server, const Screens &screens,
+            ScreenBeneath &beneath, OverlayKeyboard &keyboard);
     ~Overlay() override;
 
     Overlay(const Overlay &) = delete;
@@ -37,54 +37,38 @@ class Overlay final : public platform::NativeOverlay {
     void setDrawing(const Drawing &drawing) override;
     void play(const Animation &animation, std::function<void()> completion) override;
 
-    xcb_window_t window() const { return surface_->window(); }
-
-    /// A press, a release or a motion on its window. May destroy the overlay.
-    void handleMouse(const xcb_button_press_event_t &event);
-
-    /// A compositing manager has come or gone: first every overlay that needs to see what lies
-    /// beneath goes off the screen, then each shows itself in the new way.
-    void uncoverBackdrop();
-    void blendingChanged();
+    /// When a compositing manager has started or ended: goes off the screen where it needs an image
+    /// of the screen beneath.
+    void uncoverScreen();
+    /// Then: shows itself as the screen is blended now.
+    void showAnew();
 
   private:
-    using Clock = std::chrono::steady_clock;
-
-    QRect pixelsOf(const Rectangle &frame) const;
-    QRect shownPart() const;
-    /// Puts the window where that part is, as far as the server can count.
-    void place();
-    void takeFocus();
     drawing::OverlayScene::Blending blending() const;
-    drawing::OverlayScene scene() const;
-    bool isEmpty() const;
-    void map();
-    /// Shows everything anew.
-    void repaint();
-    /// Shows what has changed since the drawing was shown last.
-    void repaintChanges();
-    bool canRepaintParts() const;
-    void repaintSoon();
+    void moveTo(const Rectangle &frame);
+    /// Where the window is on the screen, which is the scene's part.
+    QRect windowFrame() const;
+    /// Paints everything over the screen as it is now.
+    void paint();
+    void takeFocus();
+    void handle(const xcb_generic_event_t &event);
+    /// May destroy the overlay.
+    void handleMouse(const xcb_button_press_event_t &event);
 
-    OverlayStage &stage_;
     const BorderlessWindow traits_;
     const platform::OverlayEvents events_;
+    XcbEvents &server_;
+    const Screens &screens_;
+    ScreenBeneath &beneath_;
+    OverlayKeyboard &keyboard_;
+    const std::unique_ptr<OverlayContent> content_;
+    OverlaySurface &surface_;
     /// In the root window's pixels.
     QRect frame_;
-    /// What the window shows of it, from its top left corner.
-    QRect part_;
-    Drawing drawing_;
-    /// What the picture holds.
-    Drawing shownDrawing_;
-    /// The screen beneath, where it cannot be seen through the window.
-    QImage backdrop_;
+    drawing::OverlayScene scene_;
     bool isShown_ = false;
     bool hasKeyboard_ = false;
-    std::unique_ptr<OverlaySurface> surface_;
-    std::unique_ptr<OverlayImage> picture_;
-    std::unique_ptr<OverlayPlayback> playback_;
-    Clock::time_point lastRepaint_;
-    std::unique_ptr<QTimer> repaintTimer_;
+    XcbEvents::Subscription mouse_;
 };
 
 } // namespace corvane::x11

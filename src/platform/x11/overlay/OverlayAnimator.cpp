@@ -1,11 +1,10 @@
 #include "platform/x11/overlay/OverlayAnimator.h"
 
-#include "platform/drawing/AnimationFrames.h"
 #include "platform/x11/connection/RequestSender.h"
-#include "platform/x11/overlay/OverlayPlayback.h"
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace corvane::x11 {
 
@@ -32,15 +31,15 @@ void OverlayAnimator::remove(OverlayPlayback &playback) {
     std::erase(over_, &playback);
 }
 
-/// A click, or a look at the window that is followed, has woken the program anyway: the pictures
-/// that are due soon are shown now, and need not wake it again.
+/// Shows frames that are due within 5 ms while a click or an anchor pass keeps the program awake,
+/// which saves a wake-up of their own.
 void OverlayAnimator::advanceWhileAwake() {
-    constexpr std::chrono::milliseconds soonest(12);
+    constexpr std::chrono::milliseconds earliest(12);
     if (running_.empty()) {
         return;
     }
     const platform::Instant now = clock_.now();
-    if (now - lastAdvance_ >= soonest && sender_.clearOfClick(now) == now) {
+    if (now - lastAdvance_ >= earliest && sender_.clearOfClick(now) == now) {
         advance(now);
     }
 }
@@ -49,15 +48,15 @@ void OverlayAnimator::advance(platform::Instant now) {
     sender_.draws();
     lastAdvance_ = now;
     const auto firstOver = std::ranges::stable_partition(
-        running_, [now](OverlayPlayback *playback) { return playback->showAt(now); });
+        running_, [now](OverlayPlayback *playback) { return playback->advanceTo(now); });
     over_.insert(over_.end(), firstOver.begin(), firstOver.end());
     running_.erase(firstOver.begin(), firstOver.end());
-    finish();
+    callCompletions();
     setTimer();
 }
 
-/// What is told may destroy any playback or start another.
-void OverlayAnimator::finish() {
+/// A completion may destroy any playback or start another.
+void OverlayAnimator::callCompletions() {
     while (!over_.empty()) {
         OverlayPlayback &playback = *over_.front();
         over_.erase(over_.begin());
@@ -70,6 +69,44 @@ void OverlayAnimator::setTimer() {
         timer_.clear();
     } else {
         timer_.set(sender_.clearOfClick(lastAdvance_ + drawing::AnimationFrames::interval));
+    }
+}
+
+OverlayPlayback::OverlayPlayback(OverlayAnimator &animator, OverlaySurface &surface,
+                                 std::shared_ptr<OverlayFrames> frames,
+                                 std::function<void()> completion)
+    : animator_(animator),
+      surface_(surface),
+      frames_(std::move(frames)),
+      completion_(std::move(completion)),
+      start_(animator.now()) {
+    animator_.add(*this);
+    show(0);
+}
+
+OverlayPlayback::~OverlayPlayback() { animator_.remove(*this); }
+
+void OverlayPlayback::changeTo(std::shared_ptr<OverlayFrames> frames) {
+    frames_ = std::move(frames);
+    show(index_);
+}
+
+bool OverlayPlayback::advanceTo(platform::Instant now) {
+    const std::size_t index = frames_->frames().indexAt(now - start_);
+    if (index != index_) {
+        show(index);
+    }
+    return !frames_->frames().isOverAt(now - start_);
+}
+
+void OverlayPlayback::show(std::size_t index) {
+    index_ = index;
+    surface_.paint(frames_->image(index));
+}
+
+void OverlayPlayback::complete() {
+    if (const auto completion = std::exchange(completion_, {})) {
+        completion();
     }
 }
 

@@ -38,7 +38,7 @@ void OverlayKeyboard::takeFrom(xcb_window_t window) {
     }
 }
 
-/// Where another program has the key, the focus alone has to do.
+/// Where another program has grabbed Escape, it works while an overlay has the focus.
 void OverlayKeyboard::grabEscape() {
     escapeGrab_.reset();
     const KeyboardLayout layout(connection_);

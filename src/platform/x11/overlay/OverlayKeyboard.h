@@ -11,9 +11,9 @@
 
 namespace corvane::x11 {
 
-/// Gives overlays the keyboard, which no window manager does for them. The keys go to the overlay
-/// that asked last; Escape also when another program has taken the keyboard meanwhile. The keyboard
-/// as a whole is not grabbed, so that hot keys go on working. Main thread.
+/// Gives overlays the keyboard focus, which no window manager does for them. Key presses go to the
+/// overlay that took the focus last; Escape, which is grabbed, also while another program has the
+/// focus. The keyboard as a whole is not grabbed, so that the hot key keeps working. Main thread.
 class OverlayKeyboard {
   public:
     using Handler = std::function<void(platform::Key)>;
@@ -21,14 +21,14 @@ class OverlayKeyboard {
     /// The events outlive the keyboard.
     explicit OverlayKeyboard(XcbEvents &events);
 
-    /// Before a window is mapped, so that Escape is heard from the moment the user sees it.
+    /// To be called before the window is mapped, so that Escape works as soon as it can be seen.
     void prepareFor(xcb_window_t window, Handler handler);
 
-    /// Once it is mapped.
+    /// To be called once it is mapped: the server refuses the focus to others.
     void giveTo(xcb_window_t window) const { setFocus(window); }
 
-    /// Gives the keyboard to the overlay that had it before, or back to the window that had it
-    /// before all overlays.
+    /// Gives the focus to the overlay that had it before, or to the window that had it before all
+    /// overlays.
     void takeFrom(xcb_window_t window);
 
   private:

@@ -3,50 +3,63 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cstdint>
 
 namespace corvane::x11 {
 
 namespace {
 
-/// Another program may insist on being above everything too, and neither side must keep the server
-/// busy with that. A window that is dragged moves a hundred times a second, which is nothing to be
-/// woken for.
-constexpr std::chrono::milliseconds restTime(100);
+/// Limits the wake-ups while a window is dragged, which changes a hundred times a second, and the
+/// load on the server where another program restores its own window's place above everything.
+constexpr std::chrono::milliseconds debounceTime(100);
 
 } // namespace
 
-OverlayStack::Silence::Silence(OverlayStack &stack) : stack_(stack) {
-    ++stack_.silences_;
-    stack_.followRoot();
+OverlayStack::EventMaskGuard::EventMaskGuard(OverlayStack &stack) : stack_(stack) {
+    ++stack_.guards_;
+    stack_.updateEventMask();
 }
 
-OverlayStack::Silence::~Silence() {
-    --stack_.silences_;
-    stack_.followRoot();
+OverlayStack::EventMaskGuard::~EventMaskGuard() {
+    --stack_.guards_;
+    stack_.updateEventMask();
 }
 
 OverlayStack::OverlayStack(XcbEvents &events)
     : events_(events),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
-    restTimer_.setSingleShot(true);
-    QObject::connect(&restTimer_, &QTimer::timeout, [this] { listenAgain(); });
+    debounceTimer_.setSingleShot(true);
+    QObject::connect(&debounceTimer_, &QTimer::timeout, [this] {
+        updateEventMask();
+        restack();
+    });
 }
 
-void OverlayStack::insert(xcb_window_t window, int level, bool stays) {
-    std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
+void OverlayStack::insert(xcb_window_t window, int level, bool staysOnTop) {
+    erase(window);
     const auto place =
         std::ranges::find_if(entries_, [level](const Entry &entry) { return entry.level > level; });
-    putInPlace(entries_.insert(place, Entry{window, level, stays}));
-    followRoot();
+    stackBelowNext(entries_.insert(place, Entry{window, level, staysOnTop}));
+    updateEventMask();
 }
 
 void OverlayStack::remove(xcb_window_t window) {
-    std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
-    followRoot();
+    erase(window);
+    updateEventMask();
 }
 
-void OverlayStack::followRoot() {
-    if (silences_ > 0 || restTimer_.isActive() || std::ranges::none_of(entries_, &Entry::stays)) {
+bool OverlayStack::contains(xcb_window_t window) const {
+    return std::ranges::find(entries_, window, &Entry::window) != entries_.end();
+}
+
+void OverlayStack::erase(xcb_window_t window) {
+    std::erase_if(entries_, [window](const Entry &entry) { return entry.window == window; });
+}
+
+void OverlayStack::updateEventMask() {
+    const bool isWanted = guards_ == 0 && !debounceTimer_.isActive() &&
+                          std::ranges::any_of(entries_, &Entry::staysOnTop);
+    if (!isWanted) {
         rootEvents_.reset();
     } else if (!rootEvents_) {
         rootEvents_.emplace(events_.masks().select(events_.connection().root(),
@@ -54,20 +67,16 @@ void OverlayStack::followRoot() {
     }
 }
 
-OverlayStack::Entries::iterator OverlayStack::find(xcb_window_t window) {
-    return std::ranges::find(entries_, window, &Entry::window);
-}
-
 /// Directly below the next higher overlay, the highest above everything.
-void OverlayStack::putInPlace(Entries::const_iterator entry) const {
+void OverlayStack::stackBelowNext(Entries::const_iterator entry) const {
     xcb_connection_t *const connection = events_.connection().get();
-    const auto above = entry + 1;
-    if (above == entries_.end()) {
+    const auto next = entry + 1;
+    if (next == entries_.end()) {
         constexpr std::uint32_t mode = XCB_STACK_MODE_ABOVE;
         xcb_configure_window(connection, entry->window, XCB_CONFIG_WINDOW_STACK_MODE, &mode);
         return;
     }
-    const std::array<std::uint32_t, 2> values{above->window, XCB_STACK_MODE_BELOW};
+    const std::array<std::uint32_t, 2> values{next->window, XCB_STACK_MODE_BELOW};
     xcb_configure_window(connection, entry->window,
                          XCB_CONFIG_WINDOW_SIBLING | XCB_CONFIG_WINDOW_STACK_MODE, values.data());
 }
@@ -84,33 +93,27 @@ void OverlayStack::handle(const xcb_generic_event_t &event) {
             if (contains(change.above_sibling)) {
                 restack();
             }
-            rest();
+            debounce();
         }
     } else if (type == XCB_MAP_NOTIFY) {
         const auto &shown = reinterpret_cast<const xcb_map_notify_event_t &>(event);
         if (shown.event == root && !contains(shown.window)) {
             restack();
-            rest();
+            debounce();
         }
     }
 }
 
 void OverlayStack::restack() {
-    const Silence silence(*this);
+    const EventMaskGuard guard(*this);
     for (auto entry = entries_.cend(); entry != entries_.cbegin();) {
-        putInPlace(--entry);
+        stackBelowNext(--entry);
     }
 }
 
-void OverlayStack::rest() {
-    restTimer_.start(restTime);
-    followRoot();
-}
-
-/// Whatever has happened meanwhile is made good at once.
-void OverlayStack::listenAgain() {
-    followRoot();
-    restack();
+void OverlayStack::debounce() {
+    debounceTimer_.start(debounceTime);
+    updateEventMask();
 }
 
 } // namespace corvane::x11

@@ -4,25 +4,24 @@
 
 #include <QTimer>
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
 namespace corvane::x11 {
 
-/// The order of the overlays on the screen: higher levels above lower ones, and all of them above
-/// the windows of other programs, also of those that are raised later. Main thread.
+/// Keeps the overlays in the order of their levels and above the windows of other programs, also
+/// above those that are raised later. Main thread.
 class OverlayStack {
   public:
-    /// While it exists, nothing is heard of what happens in the stack: a program that changes its
-    /// own windows would else be woken for each change. What others do in that moment shows with
-    /// their next change.
-    class Silence {
+    /// Deselects the root window's events while it exists, so that changes of this program's own
+    /// windows do not wake it. A change that another program makes meanwhile is noticed with the
+    /// next one.
+    class EventMaskGuard {
       public:
-        explicit Silence(OverlayStack &stack);
-        ~Silence();
-        Silence(const Silence &) = delete;
-        Silence &operator=(const Silence &) = delete;
+        explicit EventMaskGuard(OverlayStack &stack);
+        ~EventMaskGuard();
+        EventMaskGuard(const EventMaskGuard &) = delete;
+        EventMaskGuard &operator=(const EventMaskGuard &) = delete;
 
       private:
         OverlayStack &stack_;
@@ -31,36 +30,37 @@ class OverlayStack {
     /// The events outlive the stack.
     explicit OverlayStack(XcbEvents &events);
 
-    /// Puts a window above those of its level. One that stays is kept above other programs' windows
-    /// too; for one that is gone in a moment that would not be worth its while.
-    void insert(xcb_window_t window, int level, bool stays);
+    /// Puts a window above those of its level, again where it is in the stack already. While a
+    /// window is there that `staysOnTop`, the stack follows changes by other programs; a window
+    /// that is shown for a moment is not worth the wake-ups.
+    void insert(xcb_window_t window, int level, bool staysOnTop);
     void remove(xcb_window_t window);
 
   private:
     struct Entry {
         xcb_window_t window;
         int level;
-        bool stays;
+        bool staysOnTop;
     };
     using Entries = std::vector<Entry>;
 
-    Entries::iterator find(xcb_window_t window);
-    bool contains(xcb_window_t window) { return find(window) != entries_.end(); }
-    void followRoot();
-    void putInPlace(Entries::const_iterator entry) const;
+    bool contains(xcb_window_t window) const;
+    void erase(xcb_window_t window);
+    /// Selects or deselects the root window's events, as the members say.
+    void updateEventMask();
+    void stackBelowNext(Entries::const_iterator entry) const;
     void handle(const xcb_generic_event_t &event);
     void restack();
-    void rest();
-    void listenAgain();
+    /// Ignores further changes for a moment, then restores the order once.
+    void debounce();
 
     XcbEvents &events_;
     /// From the lowest to the highest.
     Entries entries_;
-    /// Held while there are windows that stay, except in silence and while resting.
     std::optional<EventMasks::Selection> rootEvents_;
-    int silences_ = 0;
+    int guards_ = 0;
     XcbEvents::Subscription subscription_;
-    QTimer restTimer_;
+    QTimer debounceTimer_;
 };
 
 } // namespace corvane::x11

@@ -4,9 +4,11 @@
 #include <xcb/xcb_cursor.h>
 #include <xcb/xfixes.h>
 
+#include <algorithm>
 #include <array>
-#include <memory>
+#include <cstdint>
 #include <string_view>
+#include <utility>
 
 namespace corvane::x11 {
 
@@ -18,7 +20,7 @@ struct FreeCursorContext {
     void operator()(xcb_cursor_context_t *context) const { xcb_cursor_context_free(context); }
 };
 
-/// The user's own crosshair; none where there is not even the server's.
+/// The crosshair of the user's cursor theme; none where the server has none either.
 xcb_cursor_t crosshairCursor(const XcbConnection &connection) {
     xcb_cursor_context_t *made = nullptr;
     auto *screen = const_cast<xcb_screen_t *>(&connection.screen()); // NOLINT: reads it only
@@ -37,20 +39,21 @@ xcb_rectangle_t serverRectangle(const QRect &rectangle) {
 
 } // namespace
 
-OverlayHints::OverlayHints(const XcbConnection &connection)
+OverlaySurface::Hints::Hints(const XcbConnection &connection)
     : type(connection.atom("_NET_WM_WINDOW_TYPE")),
       dragged(connection.atom("_NET_WM_WINDOW_TYPE_DND")),
       shadow(connection.atom("_COMPTON_SHADOW")) {}
 
-OverlaySurface::OverlaySurface(const OverlayVisual &visual, const OverlayHints &hints,
+OverlaySurface::OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Hints &hints,
                                const Kind &kind)
     : visual_(visual),
+      stack_(stack),
       kind_(kind),
       window_(xcb_generate_id(visual.connection().get())) {
     create();
-    describe(hints);
+    setProperties(hints);
     if (kind.ignoresMouseEvents) {
-        passMouseEventsThrough();
+        letMouseEventsThrough();
     }
 }
 
@@ -73,7 +76,7 @@ void OverlaySurface::create() {
     }
 }
 
-void OverlaySurface::describe(const OverlayHints &hints) const {
+void OverlaySurface::setProperties(const Hints &hints) const {
     xcb_connection_t *const connection = visual_.connection().get();
     constexpr auto instanceAndClass = "corvane\0Corvane\0"sv;
     constexpr std::uint32_t none = 0;
@@ -85,7 +88,7 @@ void OverlaySurface::describe(const OverlayHints &hints) const {
                         32, 1, &none);
 }
 
-void OverlaySurface::passMouseEventsThrough() const {
+void OverlaySurface::letMouseEventsThrough() const {
     xcb_connection_t *const connection = visual_.connection().get();
     const xcb_xfixes_region_t nothing = xcb_generate_id(connection);
     xcb_xfixes_create_region(connection, nothing, 0, nullptr);
@@ -93,7 +96,34 @@ void OverlaySurface::passMouseEventsThrough() const {
     xcb_xfixes_destroy_region(connection, nothing);
 }
 
+void OverlaySurface::show(const QRect &frame, int level, bool staysOnTop) {
+    const OverlayStack::EventMaskGuard guard(stack_);
+    stack_.insert(window_, level, staysOnTop);
+    configure(frame);
+    map();
+}
+
+void OverlaySurface::raise(int level, bool staysOnTop) {
+    const OverlayStack::EventMaskGuard guard(stack_);
+    stack_.insert(window_, level, staysOnTop);
+}
+
+void OverlaySurface::hide() {
+    const OverlayStack::EventMaskGuard guard(stack_);
+    stack_.remove(window_);
+    unmap();
+}
+
 void OverlaySurface::place(const QRect &frame) {
+    const OverlayStack::EventMaskGuard guard(stack_);
+    configure(frame);
+}
+
+void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), window_); }
+
+void OverlaySurface::map() { xcb_map_window(visual_.connection().get(), window_); }
+
+void OverlaySurface::configure(const QRect &frame) const {
     const std::array<std::uint32_t, 4> values{
         static_cast<std::uint32_t>(frame.x()), static_cast<std::uint32_t>(frame.y()),
         static_cast<std::uint32_t>(frame.width()), static_cast<std::uint32_t>(frame.height())};
@@ -103,29 +133,25 @@ void OverlaySurface::place(const QRect &frame) {
                          values.data());
 }
 
-void OverlaySurface::map() { xcb_map_window(visual_.connection().get(), window_); }
-
-void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), window_); }
-
-void OverlaySurface::show(const OverlayImage &picture) {
-    // By whatever a window grows the server paints its background by itself. Most pictures of an
-    // animation that is cut out need no more than their outline.
-    const auto &areas = picture.areas();
-    const bool showsNothing = areas && areas->empty();
-    const bool isPainted = picture.colour() && picture.colour() == colour_;
-    if (showsNothing || isPainted) {
-        limitTo(picture);
+void OverlaySurface::paint(const OverlayImage &image) {
+    // The server paints the background of areas that a larger shape uncovers, so most frames of an
+    // animation that is cut out send their shape only.
+    const auto &shape = image.shape();
+    const bool showsNothing = shape && shape->empty();
+    const bool hasColour = image.colour() && image.colour() == colour_;
+    if (showsNothing || hasColour) {
+        setShape(image);
         return;
     }
     constexpr std::uint16_t everything = 0;
-    setBackground(picture);
-    limitTo(picture);
+    setBackground(image);
+    setShape(image);
     xcb_clear_area(visual_.connection().get(), 0, window_, 0, 0, everything, everything);
 }
 
-void OverlaySurface::show(const OverlayImage &picture, const QRegion &changed) {
-    setBackground(picture);
-    limitTo(picture);
+void OverlaySurface::paint(const OverlayImage &image, const QRegion &changed) {
+    setBackground(image);
+    setShape(image);
     for (const QRect &rectangle : changed) {
         const xcb_rectangle_t area = serverRectangle(rectangle);
         xcb_clear_area(visual_.connection().get(), 0, window_, area.x, area.y, area.width,
@@ -133,13 +159,13 @@ void OverlaySurface::show(const OverlayImage &picture, const QRegion &changed) {
     }
 }
 
-/// The picture becomes the window's background, which the server repaints by itself.
-void OverlaySurface::setBackground(const OverlayImage &picture) {
+/// The image becomes the window's background, which the server repaints by itself.
+void OverlaySurface::setBackground(const OverlayImage &image) {
     xcb_connection_t *const connection = visual_.connection().get();
     constexpr QRgb transparent = 0;
-    colour_ = picture.colour();
-    if (picture.pixmap() != XCB_PIXMAP_NONE) {
-        const std::uint32_t pixmap = picture.pixmap();
+    colour_ = image.colour();
+    if (image.pixmap() != XCB_PIXMAP_NONE) {
+        const std::uint32_t pixmap = image.pixmap();
         xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXMAP, &pixmap);
     } else {
         const std::uint32_t pixel = colour_.value_or(transparent);
@@ -147,18 +173,43 @@ void OverlaySurface::setBackground(const OverlayImage &picture) {
     }
 }
 
-void OverlaySurface::limitTo(const OverlayImage &picture) {
+void OverlaySurface::setShape(const OverlayImage &image) {
     xcb_connection_t *const connection = visual_.connection().get();
-    const auto &areas = picture.areas();
-    if (areas) {
+    const auto &shape = image.shape();
+    if (shape) {
         xcb_shape_rectangles(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING,
                              XCB_CLIP_ORDERING_YX_BANDED, window_, 0, 0,
-                             static_cast<std::uint32_t>(areas->size()), areas->data());
-    } else if (isLimited_) {
+                             static_cast<std::uint32_t>(shape->size()), shape->data());
+    } else if (hasShape_) {
         xcb_shape_mask(connection, XCB_SHAPE_SO_SET, XCB_SHAPE_SK_BOUNDING, window_, 0, 0,
                        XCB_PIXMAP_NONE);
     }
-    isLimited_ = areas.has_value();
+    hasShape_ = shape.has_value();
+}
+
+OverlaySurfaces::OverlaySurfaces(const OverlayVisual &visual, XcbEvents &events)
+    : visual_(visual),
+      stack_(events),
+      hints_(visual.connection()) {}
+
+OverlaySurfaces::Lease OverlaySurfaces::take(const OverlaySurface::Kind &kind) {
+    const auto match =
+        std::ranges::find_if(kept_, [&kind](const auto &kept) { return kept->kind() == kind; });
+    if (match == kept_.end()) {
+        auto surface = std::make_unique<OverlaySurface>(visual_, stack_, hints_, kind);
+        return {surface.release(), GiveBack{this}};
+    }
+    std::unique_ptr<OverlaySurface> surface = std::move(*match);
+    kept_.erase(match);
+    return {surface.release(), GiveBack{this}};
+}
+
+void OverlaySurfaces::GiveBack::operator()(OverlaySurface *surface) const {
+    constexpr std::size_t mostKept = 8;
+    std::unique_ptr<OverlaySurface> hidden(surface);
+    if (owner->kept_.size() < mostKept) {
+        owner->kept_.push_back(std::move(hidden));
+    }
 }
 
 } // namespace corvane::x11

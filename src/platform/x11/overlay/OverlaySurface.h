@@ -1,30 +1,22 @@
 #pragma once
 
 #include "platform/x11/overlay/OverlayImage.h"
-#include "platform/x11/overlay/OverlayVisual.h"
+#include "platform/x11/overlay/OverlayStack.h"
 #include "presentation/BorderlessWindow.h"
 
 #include <QRect>
 #include <QRegion>
 #include <QRgb>
 
-#include <cstdint>
+#include <cstddef>
+#include <memory>
 #include <optional>
+#include <vector>
 
 namespace corvane::x11 {
 
-/// Names for what compositing managers are told about overlays, which they would else put a shadow
-/// beneath or fade in. A picture that is dragged is the one type that all of them leave alone.
-struct OverlayHints {
-    explicit OverlayHints(const XcbConnection &connection);
-
-    xcb_atom_t type;
-    xcb_atom_t dragged;
-    xcb_atom_t shadow;
-};
-
-/// A window of the X server that no window manager touches: above other programs' windows, on every
-/// workspace and in no list of windows.
+/// A window of the X server that no window manager manages: above other programs' windows, on every
+/// workspace and in no list of windows. Frames are in the root window's pixels. Main thread.
 class OverlaySurface {
   public:
     struct Kind {
@@ -34,8 +26,19 @@ class OverlaySurface {
         bool operator==(const Kind &) const = default;
     };
 
-    /// Off screen and empty. The visual outlives the surface.
-    OverlaySurface(const OverlayVisual &visual, const OverlayHints &hints, const Kind &kind);
+    /// The atoms of the properties that keep compositing managers from adding a shadow or an
+    /// animation. The type of a dragged picture is the one that all of them leave alone.
+    struct Hints {
+        explicit Hints(const XcbConnection &connection);
+
+        xcb_atom_t type;
+        xcb_atom_t dragged;
+        xcb_atom_t shadow;
+    };
+
+    /// Off screen and transparent. The visual and the stack outlive the surface.
+    OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Hints &hints,
+                   const Kind &kind);
     ~OverlaySurface();
 
     OverlaySurface(const OverlaySurface &) = delete;
@@ -44,29 +47,60 @@ class OverlaySurface {
     xcb_window_t window() const { return window_; }
     const Kind &kind() const { return kind_; }
 
-    /// In the root window's pixels.
+    /// Puts it on the screen, above the overlays of its level.
+    void show(const QRect &frame, int level, bool staysOnTop);
+    /// The same for one that is on the screen.
+    void raise(int level, bool staysOnTop);
+    void hide();
     void place(const QRect &frame);
-    void map();
-    void unmap();
 
-    /// Shows a picture.
-    void show(const OverlayImage &picture);
-    /// Shows a picture that was shown before where it has changed.
-    void show(const OverlayImage &picture, const QRegion &changed);
+    /// Takes it off the screen for a moment; it keeps its place among the overlays.
+    void unmap();
+    void map();
+
+    /// Shows an image.
+    void paint(const OverlayImage &image);
+    /// Shows an image that it shows already where that has changed.
+    void paint(const OverlayImage &image, const QRegion &changed);
 
   private:
     void create();
-    void describe(const OverlayHints &hints) const;
-    void passMouseEventsThrough() const;
-    void setBackground(const OverlayImage &picture);
-    void limitTo(const OverlayImage &picture);
+    void setProperties(const Hints &hints) const;
+    void letMouseEventsThrough() const;
+    void configure(const QRect &frame) const;
+    void setBackground(const OverlayImage &image);
+    void setShape(const OverlayImage &image);
 
     const OverlayVisual &visual_;
+    OverlayStack &stack_;
     const Kind kind_;
     const xcb_window_t window_;
     /// The background where it is one colour.
     std::optional<QRgb> colour_;
-    bool isLimited_ = false;
+    bool hasShape_ = false;
+};
+
+/// Creates surfaces and keeps up to eight hidden ones for reuse: a compositing manager does much
+/// more work for a new window than for one that is shown again. Main thread.
+class OverlaySurfaces {
+  public:
+    /// Gives a surface back, which must be hidden.
+    struct GiveBack {
+        OverlaySurfaces *owner;
+        void operator()(OverlaySurface *surface) const;
+    };
+    using Lease = std::unique_ptr<OverlaySurface, GiveBack>;
+
+    /// The visual and the events outlive the surfaces, which outlive every lease.
+    OverlaySurfaces(const OverlayVisual &visual, XcbEvents &events);
+
+    Lease take(const OverlaySurface::Kind &kind);
+
+  private:
+    const OverlayVisual &visual_;
+    OverlayStack stack_;
+    const OverlaySurface::Hints hints_;
+    std::vector<std::unique_ptr<OverlaySurface>> kept_;
 };
 
 } // namespace corvane::x11

@@ -2,17 +2,71 @@
 
 #include "platform/drawing/UnshownOverlay.h"
 #include "platform/x11/overlay/Overlay.h"
+#include "platform/x11/overlay/OverlayAnimator.h"
+#include "platform/x11/overlay/OverlayImage.h"
+#include "platform/x11/overlay/OverlayKeyboard.h"
+#include "platform/x11/overlay/OverlayRenderer.h"
+#include "platform/x11/overlay/OverlaySurface.h"
+#include "platform/x11/overlay/ScreenBeneath.h"
+
+#include <xcb/shape.h>
+#include <xcb/xfixes.h>
 
 #include <utility>
 
 namespace corvane::x11 {
 
+/// What all overlays use.
+struct OverlayWindows::Shared {
+    Shared(XcbEvents &events, drawing::SymbolImages &symbols,
+           std::unique_ptr<OverlayVisual> foundVisual)
+        : visual(std::move(foundVisual)),
+          beneath(events, *visual),
+          surfaces(*visual, events),
+          keyboard(events),
+          renderer(*visual, symbols),
+          animator(events.sender()) {}
+
+    std::unique_ptr<OverlayVisual> visual;
+    ScreenBeneath beneath;
+    OverlaySurfaces surfaces;
+    OverlayKeyboard keyboard;
+    OverlayRenderer renderer;
+    OverlayAnimator animator;
+};
+
+namespace {
+
+bool offers(const XcbConnection &connection, xcb_extension_t &extension) {
+    const auto *data = xcb_get_extension_data(connection.get(), &extension);
+    return data != nullptr && data->present != 0;
+}
+
+} // namespace
+
+OverlayWindows::OverlayWindows(XcbEvents &events, const Screens &screens,
+                               drawing::SymbolImages &symbols)
+    : events_(events),
+      screens_(screens) {
+    const XcbConnection &connection = events.connection();
+    auto visual = OverlayVisual::find(connection);
+    if (visual && offers(connection, xcb_xfixes_id) && offers(connection, xcb_shape_id)) {
+        shared_ = std::make_unique<Shared>(events, symbols, std::move(visual));
+    }
+}
+
+OverlayWindows::~OverlayWindows() = default;
+
 std::unique_ptr<platform::NativeOverlay> OverlayWindows::create(const BorderlessWindow &window,
                                                                 platform::OverlayEvents events) {
-    if (!stage_) {
+    if (!shared_) {
         return std::make_unique<drawing::UnshownOverlay>(window.frame);
     }
-    return std::make_unique<Overlay>(*stage_, window, std::move(events));
+    auto content = std::make_unique<OverlayContent>(
+        shared_->surfaces.take({window.ignoresMouseEvents, window.cursor}), shared_->renderer,
+        shared_->animator);
+    return std::make_unique<Overlay>(window, std::move(events), std::move(content), events_,
+                                     screens_, shared_->beneath, shared_->keyboard);
 }
 
 } // namespace corvane::x11

