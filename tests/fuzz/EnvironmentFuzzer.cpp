@@ -1,7 +1,7 @@
 // What stands in environment variables, on its way to names, paths and languages.
 
 #include "Fuzzing.h"
-#include "platform/linux/commands/CommandAddress.h"
+#include "platform/linux/commands/CommandSockets.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
 
@@ -28,19 +28,17 @@ void setVariables(std::string_view input) {
     }
 }
 
-bool isNameOfBus(std::string_view text) {
-    return std::ranges::all_of(text, [](char letter) {
-        return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
-               (letter >= '0' && letter <= '9') || letter == '_' || letter == '.';
-    });
-}
-
 void findCommands() {
-    const CommandAddress address = CommandAddress::ofDisplay();
-    require(isNameOfBus(address.busName), "a display has a name on the bus");
-    require(address.socket.filename() ==
-                address.busName.substr(commandBusName().size() + 1) + ".socket",
-            "a display has one socket, in the folder for sockets");
+    const auto socket = commandSocket();
+    require(socket.parent_path().filename().string().starts_with("corvane"),
+            "a display's socket is in the folder for sockets");
+    require(std::ranges::all_of(socket.stem().string(),
+                                [](char letter) {
+                                    return (letter >= 'a' && letter <= 'z') ||
+                                           (letter >= 'A' && letter <= 'Z') ||
+                                           (letter >= '0' && letter <= '9') || letter == '_';
+                                }),
+            "a socket has a plain name");
 }
 
 void findFolders() {

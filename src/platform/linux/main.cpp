@@ -9,7 +9,7 @@
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/UnixSignals.h"
-#include "platform/linux/commands/CommandCall.h"
+#include "platform/linux/commands/CommandEndpoint.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/timing/SchedulerSlice.h"
 #include "platform/posix/FileFacts.h"
@@ -39,9 +39,6 @@
 #include <optional>
 #include <thread>
 #include <utility>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -175,26 +172,9 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     return runApp(events, std::move(*windowConnection), commandLine);
 }
 
-/// Nothing where no Corvane is running.
-std::optional<CommandAnswer> command(int argc, char **argv, const CommandRequest &words) {
-    const QCoreApplication application(argc, argv);
-    return callRunning(words);
-}
-
-/// A process of its own asks the running Corvane: the program has to begin with one thread.
 int runLaunch(int argc, char **argv, const CommandLine &commandLine) {
-    constexpr int nothingRuns = static_cast<int>(CommandResult::nothingRunning);
-    const pid_t asking = fork();
-    if (asking == 0) {
-        const auto answer = command(argc, argv, commandLine.words);
-        endAtOnce(answer ? print(*answer) : nothingRuns);
-    }
-    int status = 0;
-    if (asking < 0 || waitpid(asking, &status, 0) != asking || !WIFEXITED(status)) {
-        return print(noAnswer());
-    }
-    return WEXITSTATUS(status) == nothingRuns ? runProgram(argc, argv, commandLine)
-                                              : WEXITSTATUS(status);
+    const auto answer = callRunning(commandLine.words);
+    return answer ? print(*answer) : runProgram(argc, argv, commandLine);
 }
 
 CommandAnswer examine(int argc, char **argv) {
@@ -216,7 +196,7 @@ int main(int argc, char **argv) {
     case CommandLine::Request::answer:
         return print(commandLine.answer);
     case CommandLine::Request::command:
-        endAtOnce(print(command(argc, argv, commandLine.words).value_or(nothingRunning())));
+        return print(callRunning(commandLine.words).value_or(nothingRunning()));
     case CommandLine::Request::launch:
         return runLaunch(argc, argv, commandLine);
     case CommandLine::Request::diagnose:

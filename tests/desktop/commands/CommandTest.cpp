@@ -14,7 +14,7 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-/// How commands reach the program.
+/// Where the socket for commands lies.
 struct Route {
     const char *name;
     /// Taken away from the environment of the program and of the commands.
@@ -150,13 +150,11 @@ TEST_P(CommandTest, saysWhatItDoesNotUnderstand) {
     EXPECT_EQ(result.error, "corvane: 'profile' needs 'list' or 'load NAME'; try --help\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Routes, CommandTest,
-    testing::Values(Route{.name = "bus", .withoutVariables = {}},
-                    Route{.name = "socket", .withoutVariables = {"DBUS_SESSION_BUS_ADDRESS"}},
-                    Route{.name = "socketOutsideRuntimeFolder",
-                          .withoutVariables = {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}}),
-    [](const auto &each) { return std::string(each.param.name); });
+INSTANTIATE_TEST_SUITE_P(Routes, CommandTest,
+                         testing::Values(Route{.name = "runtimeFolder", .withoutVariables = {}},
+                                         Route{.name = "temporaryFolder",
+                                               .withoutVariables = {"XDG_RUNTIME_DIR"}}),
+                         [](const auto &each) { return std::string(each.param.name); });
 
 } // namespace
 

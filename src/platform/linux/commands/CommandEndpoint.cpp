@@ -1,10 +1,11 @@
 #include "platform/linux/commands/CommandEndpoint.h"
 
 #include "platform/MainQueue.h"
-#include "platform/linux/commands/BusCommands.h"
-#include "platform/linux/commands/CommandAddress.h"
+#include "platform/linux/commands/CommandSockets.h"
+#include "platform/posix/CommandSender.h"
 #include "support/Log.h"
 
+#include <chrono>
 #include <cstdio>
 #include <utility>
 
@@ -13,8 +14,6 @@ namespace corvane::linux {
 CommandEndpoint::CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first)
     : mainQueue_(mainQueue),
       first_(std::move(first)) {}
-
-CommandEndpoint::~CommandEndpoint() = default;
 
 void CommandEndpoint::listen(Obey obey) {
     if (!first_.empty()) {
@@ -26,28 +25,32 @@ void CommandEndpoint::listen(Obey obey) {
             });
         });
     }
-    const auto address = CommandAddress::ofDisplay();
-    auto socket = posix::CommandSocket::open(address.socket, mainQueue_, obey, {});
+    auto socket = posix::CommandSocket::open(commandSocket(), mainQueue_, std::move(obey), {});
     if (socket) {
         socket_ = std::move(*socket);
     } else {
         log("Cannot take commands at " + socket.error().description);
     }
-    bus_ = std::make_unique<BusCommands>(std::vector{address.busName, commandBusName()},
-                                         std::move(obey));
 }
 
 void CommandEndpoint::close(const std::function<void()> &sayGoodbye) {
-    if (bus_) {
-        bus_->releaseNames();
-    }
     if (socket_) {
         socket_->close(sayGoodbye);
     } else {
         sayGoodbye();
     }
-    bus_.reset();
     socket_.reset();
+}
+
+std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
+    // The program answers at once, also where a command opens a question on the screen.
+    constexpr std::chrono::milliseconds timeout{15000};
+    for (const auto &socket : commandSockets()) {
+        if (auto answer = posix::sendCommand(socket, request, timeout)) {
+            return answer;
+        }
+    }
+    return std::nullopt;
 }
 
 } // namespace corvane::linux

@@ -4,6 +4,7 @@
 #include "platform/posix/CommandSocket.h"
 
 #include <memory>
+#include <optional>
 
 namespace corvane::platform {
 class MainQueue;
@@ -11,18 +12,12 @@ class MainQueue;
 
 namespace corvane::linux {
 
-class BusCommands;
-
-/// The session bus where there is one, and always a socket in the user's runtime folder, for those
-/// who cannot reach the bus.
+/// Takes commands at a socket in the user's runtime folder. Main thread.
 class CommandEndpoint : public platform::CommandEndpoint {
   public:
-    /// `first` is obeyed before all others, and its refusal printed; none where there is nothing to
-    /// obey. The main queue outlives the endpoint.
+    /// `first` is carried out before all others, and its refusal printed; nothing where it is
+    /// empty. The main queue outlives the endpoint.
     CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first);
-    ~CommandEndpoint() override;
-    CommandEndpoint(const CommandEndpoint &) = delete;
-    CommandEndpoint &operator=(const CommandEndpoint &) = delete;
 
     void listen(Obey obey) override;
     void close(const std::function<void()> &sayGoodbye) override;
@@ -30,8 +25,11 @@ class CommandEndpoint : public platform::CommandEndpoint {
   private:
     platform::MainQueue &mainQueue_;
     const CommandRequest first_;
-    std::unique_ptr<BusCommands> bus_;
     std::unique_ptr<posix::CommandSocket> socket_;
 };
+
+/// Sends the request to the running Corvane of this user, on the display that DISPLAY names where
+/// it names one, and waits for the answer. Nothing when none is running. Any thread.
+std::optional<CommandAnswer> callRunning(const CommandRequest &request);
 
 } // namespace corvane::linux
