@@ -1,7 +1,6 @@
 #include "platform/linux/DesktopReading.h"
 
 #include "platform/drawing/MenuText.h"
-#include "platform/freedesktop/bus/SessionBus.h"
 #include "platform/linux/environment/TextDecoding.h"
 #include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/WindowProperty.h"
@@ -56,9 +55,6 @@ HotKeyState stateOf(const platform::HotKey &hotKey, x11::XcbEvents &events) {
 
 bool hasPanelOnBus() {
     constexpr int patienceMilliseconds = 3000;
-    if (!freedesktop::hasSessionBus()) {
-        return false;
-    }
     const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
     const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
                                                    QStringLiteral("desktop-reading"));

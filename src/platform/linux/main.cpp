@@ -188,6 +188,7 @@ CommandAnswer examine(int argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
+    freedesktop::preventBusLaunch();
     const auto commandLine =
         CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
                            {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",

@@ -27,15 +27,22 @@ struct BuslessDesktop {
 
 class NoBusTest : public DesktopTest, public testing::WithParamInterface<BuslessDesktop> {
   protected:
-    NoBusTest() { keepWindowManagerOut(); }
+    NoBusTest() {
+        keepWindowManagerOut();
+        writeFile(launcher_, "#!/bin/sh\necho \"$@\" >> " + launches_.string() + "\n");
+        std::filesystem::permissions(launcher_, std::filesystem::perms::owner_all);
+    }
+
+    void TearDown() override {
+        EXPECT_FALSE(std::filesystem::exists(launches_)) << "dbus-launch " << readFile(launches_);
+    }
 
     CorvaneProcess::Options options(const std::vector<std::string> &arguments = {}) {
         CorvaneProcess::Options options{.arguments = arguments,
                                         .environment = GetParam().environment,
                                         .withoutVariables = GetParam().withoutVariables};
         options.environment["SESSION_MANAGER"] = session_.address();
-        // Nobody can start a bus either.
-        options.mounts.replace("/usr/bin/dbus-launch", "/bin/false");
+        options.mounts.replace("/usr/bin/dbus-launch", launcher_);
         return options;
     }
 
@@ -45,6 +52,9 @@ class NoBusTest : public DesktopTest, public testing::WithParamInterface<Busless
         return call.standardOutput();
     }
 
+    /// Takes the place of dbus-launch and notes that it was executed.
+    const std::filesystem::path launcher_ = desktop_.folder() / "dbus-launch";
+    const std::filesystem::path launches_ = desktop_.folder() / "launches";
     SessionManager session_{desktop_};
 };
 
@@ -78,6 +88,12 @@ TEST_P(NoBusTest, commandsReachIt) {
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickRate\" : 9"));
 }
 
+TEST_P(NoBusTest, theDoctorReports) {
+    CorvaneProcess doctor(desktop_, options({"doctor"}));
+    EXPECT_TRUE(doctor.process().waitForEnd().has_value()) << doctor.story();
+    EXPECT_THAT(doctor.standardOutput(), HasSubstr("  Menu: "));
+}
+
 TEST_P(NoBusTest, aLogoutEndsTheRun) {
     const auto corvane = start({.clickRate = 100}, options());
     ASSERT_TRUE(session_.waitForSaves(1)) << corvane->story();
@@ -94,13 +110,16 @@ TEST_P(NoBusTest, aLogoutEndsTheRun) {
 
 INSTANTIATE_TEST_SUITE_P(
     Desktops, NoBusTest,
-    testing::Values(BuslessDesktop{.name = "noAddress",
-                                   .environment = {},
-                                   .withoutVariables = {"DBUS_SESSION_BUS_ADDRESS"}},
-                    BuslessDesktop{
-                        .name = "addressOfNobody",
-                        .environment = {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/bus"}},
-                        .withoutVariables = {}}),
+    testing::Values(
+        BuslessDesktop{.name = "noAddress",
+                       .environment = {},
+                       .withoutVariables = {"DBUS_SESSION_BUS_ADDRESS"}},
+        BuslessDesktop{.name = "noAddressNorRuntimeFolder",
+                       .environment = {},
+                       .withoutVariables = {"DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR"}},
+        BuslessDesktop{.name = "addressOfNobody",
+                       .environment = {{"DBUS_SESSION_BUS_ADDRESS", "unix:path=/nowhere/bus"}},
+                       .withoutVariables = {}}),
     [](const auto &each) { return std::string(each.param.name); });
 
 } // namespace

@@ -14,26 +14,32 @@
 
 namespace corvane::freedesktop {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// A session without a bus costs next to nothing.
-constexpr std::chrono::seconds searchPeriod{3};
+constexpr std::chrono::seconds reconnectInterval{3};
 
-/// Every connection has a name of its own in the process, also those that are gone.
-QString nextName() {
+constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
+/// libdbus knows no such transport and fails to connect, at once and without launching a bus.
+constexpr const char *noBus = "disabled:";
+
+/// Qt keeps connections by name, lost ones included.
+QString nextConnectionName() {
     static int connections = 0;
-    return QStringLiteral("session-bus-%1").arg(++connections);
+    return u"session-bus-%1"_s.arg(++connections);
 }
 
-/// Where a bus listens in the file system; empty for one that listens elsewhere.
+/// The socket of an address such as "unix:path=/run/user/1000/bus,guid=..."; empty for a bus that
+/// listens elsewhere than in the file system.
 std::filesystem::path socketOf(const std::string &address) {
-    const QString first = QString::fromStdString(address).section(QLatin1Char(';'), 0, 0);
-    const QString scheme = QStringLiteral("unix:");
-    if (!first.startsWith(scheme)) {
+    const QString first = QString::fromStdString(address).section(u';', 0, 0);
+    const QString transport = u"unix:"_s;
+    if (!first.startsWith(transport)) {
         return {};
     }
-    const QString key = QStringLiteral("path=");
-    for (const QString &part : first.mid(scheme.size()).split(QLatin1Char(','))) {
+    const QString key = u"path="_s;
+    for (const QString &part : first.mid(transport.size()).split(u',')) {
         if (part.startsWith(key)) {
             return QByteArray::fromPercentEncoding(part.mid(key.size()).toUtf8()).toStdString();
         }
@@ -41,94 +47,89 @@ std::filesystem::path socketOf(const std::string &address) {
     return {};
 }
 
-/// Whether a bus answers there at once. The toolkit would wait for one that does not, and the main
-/// thread with it.
-bool isAnswered(const posix::FileDescriptor &connection) {
-    constexpr std::chrono::milliseconds patience{100};
+/// Whether a bus accepts the first line of the D-Bus authentication within a short timeout. Qt
+/// would block the main thread on a socket that accepts connections and never replies.
+bool authenticates(const posix::FileDescriptor &connection) {
+    constexpr std::chrono::milliseconds timeout{100};
     const std::string user = QByteArray::number(geteuid()).toHex().toStdString();
     posix::sendSome(connection, std::string(1, '\0') + "AUTH EXTERNAL " + user + "\r\n");
-    pollfd answer{.fd = connection.get(), .events = POLLIN, .revents = 0};
+    pollfd reply{.fd = connection.get(), .events = POLLIN, .revents = 0};
     std::array<char, 64> bytes{};
-    return poll(&answer, 1, static_cast<int>(patience.count())) == 1 &&
+    return poll(&reply, 1, static_cast<int>(timeout.count())) == 1 &&
            read(connection.get(), bytes.data(), bytes.size()) > 0 &&
            std::string_view(bytes.data(), bytes.size()).starts_with("OK");
-}
-
-std::filesystem::path socketOfUser() {
-    const auto runtime = linux::runtimeDirectory();
-    return runtime ? *runtime / "bus" : std::filesystem::path();
-}
-
-std::string namedAddress() {
-    const char *address = std::getenv("DBUS_SESSION_BUS_ADDRESS"); // NOLINT(concurrency-mt-unsafe)
-    return address != nullptr ? address : "";
 }
 
 } // namespace
 
 std::string sessionBusAddress() {
-    const std::string named = namedAddress();
-    const auto socket = socketOfUser();
-    return named.empty() && !socket.empty() ? "unix:path=" + socket.string() : named;
+    const char *value = std::getenv(addressVariable); // NOLINT(concurrency-mt-unsafe)
+    const std::string address = value != nullptr ? value : "";
+    if (address == noBus) {
+        return {};
+    }
+    const auto runtime = linux::runtimeDirectory();
+    return address.empty() && runtime ? "unix:path=" + (*runtime / "bus").string() : address;
 }
 
-bool hasSessionBus() {
-    std::error_code error;
-    return !namedAddress().empty() || std::filesystem::exists(socketOfUser(), error);
+void preventBusLaunch() {
+    const std::string address = sessionBusAddress();
+    // NOLINTNEXTLINE(concurrency-mt-unsafe)
+    setenv(addressVariable, address.empty() ? noBus : address.c_str(), 1);
 }
 
 SessionBus::SessionBus(std::function<void()> changed, std::string address, uid_t user)
     : changed_(std::move(changed)),
       address_(std::move(address)),
       user_(user) {
-    search_.setInterval(searchPeriod);
-    connect(&search_, &QTimer::timeout, this, &SessionBus::lookForAnother);
-    connectNow();
+    reconnectTimer_.setInterval(reconnectInterval);
+    connect(&reconnectTimer_, &QTimer::timeout, this, &SessionBus::reconnect);
+    connectToBus();
 }
 
-SessionBus::~SessionBus() { disconnectNow(); }
+SessionBus::~SessionBus() { disconnectFromBus(); }
 
-void SessionBus::connectNow() {
+void SessionBus::connectToBus() {
     if (address_.empty()) {
         return;
     }
-    connection_ = QDBusConnection::connectToBus(QString::fromStdString(address_), nextName());
+    connection_ =
+        QDBusConnection::connectToBus(QString::fromStdString(address_), nextConnectionName());
     if (!connection_.isConnected()) {
-        disconnectNow();
-        search_.start();
+        disconnectFromBus();
+        reconnectTimer_.start();
         return;
     }
-    search_.stop();
-    connection_.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
-                        QStringLiteral("org.freedesktop.DBus.Local"),
-                        QStringLiteral("Disconnected"), this, SLOT(lost()));
+    reconnectTimer_.stop();
+    connection_.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+                        u"Disconnected"_s, this, SLOT(handleDisconnect()));
 }
 
-void SessionBus::disconnectNow() {
+void SessionBus::disconnectFromBus() {
     QDBusConnection::disconnectFromBus(connection_.name());
     connection_ = QDBusConnection(QString());
 }
 
-void SessionBus::lost() {
-    disconnectNow();
-    search_.start();
+void SessionBus::handleDisconnect() {
+    disconnectFromBus();
+    reconnectTimer_.start();
     changed_();
 }
 
-void SessionBus::lookForAnother() {
-    if (!isAnotherListening()) {
+void SessionBus::reconnect() {
+    if (!isBusListening()) {
         return;
     }
-    connectNow();
+    connectToBus();
     if (connection_.isConnected()) {
         changed_();
     }
 }
 
-/// Where the bus was, another user could have come to listen, and what comes from a bus is obeyed.
-bool SessionBus::isAnotherListening() const {
+/// Another user may have taken the path of a bus that is gone, and what a bus delivers is trusted.
+bool SessionBus::isBusListening() const {
     const auto socket = posix::connectTo(socketOf(address_));
-    return socket && posix::peerOf(*socket) == user_ && isAnswered(*socket);
+    return socket && posix::peerOf(*socket) == user_ && authenticates(*socket);
 }
 
 } // namespace corvane::freedesktop

@@ -12,43 +12,43 @@
 
 namespace corvane::freedesktop {
 
-/// Where the session's message bus is to be found; empty where the session names none.
+/// The address of the session's message bus; empty where the session has none.
 std::string sessionBusAddress();
 
-/// Whether programs of this session can talk by a bus. One that would first have to be started does
-/// not count.
-bool hasSessionBus();
+/// Keeps every library of this process from launching a message bus where the session has none, as
+/// libdbus would. Called before there are other threads.
+void preventBusLaunch();
 
-/// A connection to the session's message bus that is made again where the bus has gone and another
-/// listens in its place. Main thread.
+/// A connection to the session's message bus that is made anew when the bus has gone and another
+/// listens at the same address. Main thread.
 class SessionBus : public QObject {
     Q_OBJECT
 
   public:
-    /// Connects at once where there is a bus. `changed` is called when it is lost, and when another
-    /// one has been found. Only a bus of `user` takes the place of one that is gone.
+    /// Connects at once where there is a bus. `changed` is called when the connection is lost and
+    /// when it has been made anew, which happens only with a bus that runs as `user`.
     explicit SessionBus(std::function<void()> changed, std::string address = sessionBusAddress(),
                         uid_t user = geteuid());
     ~SessionBus() override;
     SessionBus(const SessionBus &) = delete;
     SessionBus &operator=(const SessionBus &) = delete;
 
-    /// The present one; not connected while there is no bus.
+    /// The present connection; not connected while there is no bus.
     const QDBusConnection &connection() const { return connection_; }
 
   private:
-    Q_SLOT void lost();
+    Q_SLOT void handleDisconnect();
 
-    void connectNow();
-    void disconnectNow();
-    void lookForAnother();
-    bool isAnotherListening() const;
+    void connectToBus();
+    void disconnectFromBus();
+    void reconnect();
+    bool isBusListening() const;
 
     const std::function<void()> changed_;
     const std::string address_;
     const uid_t user_;
     QDBusConnection connection_{QString()};
-    QTimer search_;
+    QTimer reconnectTimer_;
 };
 
 } // namespace corvane::freedesktop
