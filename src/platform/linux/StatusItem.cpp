@@ -1,11 +1,11 @@
 #include "platform/linux/StatusItem.h"
 
 #include "platform/drawing/StatusIconImages.h"
-#include "platform/linux/PanelColour.h"
 
 #include <QCursor>
 #include <QGuiApplication>
 #include <QMenu>
+#include <QPalette>
 #include <QScreen>
 
 #include <algorithm>
@@ -15,42 +15,49 @@ namespace corvane::linux {
 
 namespace {
 
-/// Where the menu opens at `place` with all its lines on the screen: below it, else above. Left to
-/// itself the menu would stay between the place and the panel, and scroll.
-QPoint cornerWithRoom(QMenu &menu, QPoint place) {
-    const QScreen *screen = QGuiApplication::screenAt(place);
+/// The origin at which the whole menu fits on the screen: below `position`, else above it. QMenu by
+/// itself would stay between the position and the panel, and scroll.
+QPoint originThatFits(QMenu &menu, QPoint position) {
+    const QScreen *screen = QGuiApplication::screenAt(position);
     if (screen == nullptr) {
-        return place;
+        return position;
     }
     menu.ensurePolished();
-    const QRect room = screen->availableGeometry();
+    const QRect available = screen->availableGeometry();
     const QSize size = menu.sizeHint();
-    const int bottom = std::min(place.y(), room.bottom() + 1);
-    const bool fitsBelow = place.y() + size.height() <= room.bottom() + 1;
-    return {std::min(place.x(), room.right() + 1 - size.width()),
-            fitsBelow ? place.y() : std::max(room.top(), bottom - size.height())};
+    const int bottom = std::min(position.y(), available.bottom() + 1);
+    const bool fitsBelow = position.y() + size.height() <= available.bottom() + 1;
+    return {std::min(position.x(), available.right() + 1 - size.width()),
+            fitsBelow ? position.y() : std::max(available.top(), bottom - size.height())};
+}
+
+bool isDesktop(QLatin1String name) {
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").contains(name);
 }
 
 } // namespace
 
 StatusItem::BusItem::BusItem(StatusItem &owner, const QDBusConnection &bus)
     : menu(bus, owner.symbols_, owner.perform_),
-      item(bus, menu.path(), [&owner](QPoint place) { owner.openMenuFor(place); }),
-      host(bus, {.willRegister = [&owner] { owner.panelWillRead(); },
-                 .answered =
-                     [&owner](freedesktop::PanelAnswer answer) { owner.panelAnswered(answer); }}) {}
+      item(bus, menu.path(), [&owner](QPoint position) { owner.handleClick(position); }),
+      registration(bus, {.willRegister = [&owner] { owner.prepareRegistration(); },
+                         .changed =
+                             [&owner](freedesktop::RegistrationState state) {
+                                 owner.handleRegistration(state);
+                             }}) {}
 
 StatusItem::StatusItem(x11::XcbEvents &events, std::function<void(const MenuCommand &)> perform)
     : tray_(
-          events, [this] { paintIcon(); }, [this] { trayVanished(); }),
+          events, [this] { paintIcon(); }, [this] { handleTrayEnd(); }),
       perform_(std::move(perform)),
       popup_(symbols_, perform_),
-      bus_([this] { busChanged(); }) {
+      bus_([this] { handleBusChange(); }) {
     busItem_ = std::make_unique<BusItem>(*this, bus_.connection());
 }
 
-/// On another bus the item is a new one; without any, it learns that there is no panel.
-void StatusItem::busChanged() {
+/// A new connection to the bus needs new objects. Without a bus, their registration finds that
+/// there is no panel.
+void StatusItem::handleBusChange() {
     busItem_ = std::make_unique<BusItem>(*this, bus_.connection());
     busItem_->item.setToolTip(toolTip_);
     isOnPanel_ = false;
@@ -86,38 +93,38 @@ void StatusItem::setToolTip(const std::string &text) {
 }
 
 void StatusItem::openMenu() {
-    const auto place = trayIcon_ ? trayIcon_->geometry() : QRect();
-    openMenuAt(place.isValid() ? place.center() : QCursor::pos());
+    const QRect icon = trayIcon_ ? trayIcon_->geometry() : QRect();
+    openMenuAt(icon.isValid() ? icon.center() : QCursor::pos());
 }
 
-/// Panels that do not say where they were clicked, such as MATE's, name the screen's corner.
-void StatusItem::openMenuFor(QPoint click) {
-    if (click.isNull()) {
+/// Panels that do not report where they were clicked, such as MATE's, send (0, 0).
+void StatusItem::handleClick(QPoint position) {
+    if (position.isNull()) {
         openMenu();
     } else {
-        openMenuAt(click);
+        openMenuAt(position);
     }
 }
 
-void StatusItem::openMenuAt(QPoint place) {
+void StatusItem::openMenuAt(QPoint position) {
     QMenu &menu = popup_.menu();
-    menu.popup(cornerWithRoom(menu, place));
+    menu.popup(originThatFits(menu, position));
     menu.activateWindow();
 }
 
-void StatusItem::panelWillRead() {
+void StatusItem::prepareRegistration() {
     paintIcon();
     busItem_->menu.setMenu(popup_.newest());
 }
 
-/// Where a panel is silent there is no icon in the system tray either: to make one, the toolkit
-/// would ask that panel itself, and wait half a minute for the answer.
-void StatusItem::panelAnswered(freedesktop::PanelAnswer answer) {
-    isOnPanel_ = answer == freedesktop::PanelAnswer::shown;
-    if (answer == freedesktop::PanelAnswer::shown) {
+/// Beside an unresponsive panel there is no icon in the system tray either: QSystemTrayIcon would
+/// call that panel itself and block for half a minute.
+void StatusItem::handleRegistration(freedesktop::RegistrationState state) {
+    isOnPanel_ = state == freedesktop::RegistrationState::registered;
+    if (isOnPanel_) {
         trayIcon_.reset();
         busItem_->menu.setMenu(popup_.newest());
-    } else if (answer == freedesktop::PanelAnswer::none) {
+    } else if (state == freedesktop::RegistrationState::unavailable) {
         paintIcon();
         showInSystemTray();
     }
@@ -139,9 +146,9 @@ void StatusItem::showInSystemTray() {
     trayIcon_->show();
 }
 
-void StatusItem::trayVanished() {
+void StatusItem::handleTrayEnd() {
     if (trayIcon_) {
-        // The tray may have taken the icon's window with it.
+        // The tray may have destroyed the icon's window with its own.
         trayIcon_.reset();
         showInSystemTray();
     }
@@ -151,8 +158,7 @@ void StatusItem::paintIcon() {
     if (!icon_) {
         return;
     }
-    const auto colour = panelColour(tray_);
-    const auto images = drawing::statusIconImages(*icon_, colour, symbols_);
+    const auto images = drawing::statusIconImages(*icon_, panelColour(), symbols_);
     if (images.isEmpty()) {
         return;
     }
@@ -164,6 +170,21 @@ void StatusItem::paintIcon() {
     if (trayIcon_) {
         trayIcon_->setIcon(painted_);
     }
+}
+
+/// The foreground colour of the panel: as the tray publishes it, else as the desktop is known to
+/// have it, else one that is visible on light and on dark.
+QColor StatusItem::panelColour() const {
+    if (const auto foreground = tray_.foreground()) {
+        return *foreground;
+    }
+    if (isDesktop(QLatin1String("GNOME")) || isDesktop(QLatin1String("Unity"))) {
+        return Qt::white;
+    }
+    if (isDesktop(QLatin1String("KDE"))) {
+        return QGuiApplication::palette().color(QPalette::WindowText);
+    }
+    return {0x3d, 0x84, 0xf5};
 }
 
 } // namespace corvane::linux

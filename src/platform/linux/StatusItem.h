@@ -19,8 +19,8 @@ namespace corvane::linux {
 
 /// The status item on whatever panel the desktop has: by preference as a status notifier item,
 /// whose menu the panel draws, else in the X server's system tray with a menu of our own. A panel
-/// and the message bus may come, go or restart at any time. Panels show no text beside an item: the
-/// icon's title is not drawn.
+/// and the message bus may appear, end or restart at any time. Panels show no text beside an item:
+/// the icon's title is not drawn. Main thread.
 class StatusItem : public platform::StatusItem {
   public:
     /// `events` outlives the item.
@@ -34,23 +34,24 @@ class StatusItem : public platform::StatusItem {
     void openMenu() override;
 
   private:
-    /// What panels find on the message bus: a panel knows an item by its connection.
+    /// The item's objects on one connection to the message bus, by which a panel identifies it.
     struct BusItem {
         BusItem(StatusItem &owner, const QDBusConnection &bus);
 
         freedesktop::DBusMenuExporter menu;
         freedesktop::StatusNotifierItem item;
-        freedesktop::StatusNotifierRegistration host;
+        freedesktop::StatusNotifierRegistration registration;
     };
 
-    void busChanged();
-    void panelWillRead();
-    void panelAnswered(freedesktop::PanelAnswer answer);
+    void handleBusChange();
+    void prepareRegistration();
+    void handleRegistration(freedesktop::RegistrationState state);
     void showInSystemTray();
-    void trayVanished();
+    void handleTrayEnd();
     void paintIcon();
-    void openMenuFor(QPoint click);
-    void openMenuAt(QPoint place);
+    QColor panelColour() const;
+    void handleClick(QPoint position);
+    void openMenuAt(QPoint position);
 
     x11::SystemTray tray_;
     drawing::SymbolImages symbols_;

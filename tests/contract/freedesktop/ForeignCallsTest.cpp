@@ -36,19 +36,18 @@ class ForeignCallsTest : public testing::TestWithParam<unsigned> {
 };
 
 TEST_P(ForeignCallsTest, ChooseOnlyWhatCanBeChosenAndChangeNothing) {
-    FakePanel panel;
+    desktop::FakePanel panel;
     ASSERT_TRUE(turnUntil([&panel] { return !panel.items().isEmpty(); }));
-    const auto before = panel.layout();
+    const auto before = panel.menu();
     for (int round = 0; round < 300; ++round) {
         const auto call = calls_.next();
         panel.callMenu(call.method, call.arguments);
     }
-    const auto after = panel.layout();
+    const auto after = panel.menu();
     ASSERT_EQ(after.children.size(), before.children.size());
-    for (qsizetype line = 0; line < after.children.size(); ++line) {
+    for (std::size_t line = 0; line < after.children.size(); ++line) {
         EXPECT_EQ(after.children[line].id, before.children[line].id);
-        EXPECT_EQ(after.children[line].properties.value(u"label"_s),
-                  before.children[line].properties.value(u"label"_s));
+        EXPECT_EQ(after.children[line].label(), before.children[line].label());
     }
     EXPECT_FALSE(actions_.empty());
     EXPECT_THAT(actions_,

@@ -1,7 +1,7 @@
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
 
 #include "EventLoop.h"
-#include "ScriptedPanel.h"
+#include "FakePanel.h"
 
 #include <QDBusConnection>
 #include <gtest/gtest.h>
@@ -16,118 +16,119 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using freedesktop::PanelAnswer;
+using desktop::FakePanel;
+using freedesktop::RegistrationState;
 
-/// A client of the bus of its own that wants its item on the panel, and what it was told.
-class Host {
+/// An item on a bus connection of its own, and the states its registration has had.
+class Item {
   public:
-    explicit Host(QDBusConnection bus)
+    explicit Item(QDBusConnection bus)
         : bus_(std::move(bus)),
-          host_(bus_,
-                {.willRegister = [this] { ++announcements_; },
-                 .answered = [this](PanelAnswer answer) { answers_.push_back(answer); }},
-                pace) {}
-    explicit Host(const QString &name)
-        : Host(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)) {}
-    ~Host() { QDBusConnection::disconnectFromBus(bus_.name()); }
-    Host(const Host &) = delete;
-    Host &operator=(const Host &) = delete;
+          registration_(bus_,
+                        {.willRegister = [this] { ++announcements_; },
+                         .changed = [this](RegistrationState state) { states_.push_back(state); }},
+                        interval) {}
+    explicit Item(const QString &name)
+        : Item(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)) {}
+    ~Item() { QDBusConnection::disconnectFromBus(bus_.name()); }
+    Item(const Item &) = delete;
+    Item &operator=(const Item &) = delete;
 
     QString client() const { return bus_.baseService(); }
     int announcements() const { return announcements_; }
-    const std::vector<PanelAnswer> &answers() const { return answers_; }
+    const std::vector<RegistrationState> &states() const { return states_; }
 
-    bool isTold(PanelAnswer answer) const {
-        return turnUntil([this, answer] { return !answers_.empty() && answers_.back() == answer; });
+    bool waitFor(RegistrationState state) const {
+        return turnUntil([this, state] { return !states_.empty() && states_.back() == state; });
     }
 
-    static constexpr std::chrono::milliseconds pace{50};
+    static constexpr std::chrono::milliseconds interval{50};
 
   private:
     QDBusConnection bus_;
     int announcements_ = 0;
-    std::vector<PanelAnswer> answers_;
-    freedesktop::StatusNotifierRegistration host_;
+    std::vector<RegistrationState> states_;
+    freedesktop::StatusNotifierRegistration registration_;
 };
 
-TEST(StatusNotifierHostTest, SaysThatThereIsNoPanelWithoutABus) {
-    const Host host(QDBusConnection(u"no such connection"_s));
-    EXPECT_TRUE(host.isTold(PanelAnswer::none));
+TEST(StatusNotifierRegistrationTest, IsUnavailableWithoutABus) {
+    const Item item(QDBusConnection(u"no such connection"_s));
+    EXPECT_TRUE(item.waitFor(RegistrationState::unavailable));
 }
 
-TEST(StatusNotifierHostTest, SaysThatThereIsNoPanelWhereNobodyHasTheName) {
-    const Host host(u"one"_s);
-    EXPECT_TRUE(host.isTold(PanelAnswer::none));
+TEST(StatusNotifierRegistrationTest, IsUnavailableWithoutAWatcher) {
+    const Item item(u"one"_s);
+    EXPECT_TRUE(item.waitFor(RegistrationState::unavailable));
 }
 
-TEST(StatusNotifierHostTest, RegistersBeforeItSaysSo) {
-    const ScriptedPanel panel(ScriptedPanel::Answer::yes);
-    const Host host(u"one"_s);
-    ASSERT_TRUE(host.isTold(PanelAnswer::shown));
+TEST(StatusNotifierRegistrationTest, RegistersBeforeItReportsSo) {
+    const FakePanel panel(FakePanel::Reply::yes);
+    const Item item(u"one"_s);
+    ASSERT_TRUE(item.waitFor(RegistrationState::registered));
     EXPECT_GE(panel.registrations(), 1);
-    EXPECT_EQ(host.announcements(), panel.registrations());
+    EXPECT_EQ(item.announcements(), panel.registrations());
 }
 
-TEST(StatusNotifierHostTest, FindsAPanelThatComesLater) {
-    const Host host(u"one"_s);
-    ASSERT_TRUE(host.isTold(PanelAnswer::none));
-    const ScriptedPanel panel(ScriptedPanel::Answer::yes);
-    EXPECT_TRUE(host.isTold(PanelAnswer::shown));
+TEST(StatusNotifierRegistrationTest, FindsAPanelThatComesLater) {
+    const Item item(u"one"_s);
+    ASSERT_TRUE(item.waitFor(RegistrationState::unavailable));
+    const FakePanel panel(FakePanel::Reply::yes);
+    EXPECT_TRUE(item.waitFor(RegistrationState::registered));
 }
 
-class StatusNotifierHostAnswerTest
-    : public testing::TestWithParam<std::pair<ScriptedPanel::Answer, PanelAnswer>> {};
+class StatusNotifierReplyTest
+    : public testing::TestWithParam<std::pair<FakePanel::Reply, RegistrationState>> {};
 
-TEST_P(StatusNotifierHostAnswerTest, AsksAgainUntilThePanelShowsItems) {
-    ScriptedPanel panel(GetParam().first);
-    const Host host(u"one"_s);
-    ASSERT_TRUE(host.isTold(GetParam().second));
-    const int before = panel.questions();
-    ASSERT_TRUE(turnUntil([&] { return panel.questions() >= before + 3; }));
+TEST_P(StatusNotifierReplyTest, RetriesUntilThePanelShowsItems) {
+    FakePanel panel(GetParam().first);
+    const Item item(u"one"_s);
+    ASSERT_TRUE(item.waitFor(GetParam().second));
+    const int before = panel.requests();
+    ASSERT_TRUE(turnUntil([&] { return panel.requests() >= before + 3; }));
     EXPECT_EQ(panel.registrations(), 0);
-    panel.setAnswer(ScriptedPanel::Answer::yes);
-    EXPECT_TRUE(host.isTold(PanelAnswer::shown));
+    panel.setReply(FakePanel::Reply::yes);
+    EXPECT_TRUE(item.waitFor(RegistrationState::registered));
 }
 
-INSTANTIATE_TEST_SUITE_P(Answers, StatusNotifierHostAnswerTest,
-                         testing::Values(std::pair(ScriptedPanel::Answer::nothing,
-                                                   PanelAnswer::silent),
-                                         std::pair(ScriptedPanel::Answer::error, PanelAnswer::none),
-                                         std::pair(ScriptedPanel::Answer::no, PanelAnswer::none)));
+INSTANTIATE_TEST_SUITE_P(
+    Answers, StatusNotifierReplyTest,
+    testing::Values(std::pair(FakePanel::Reply::none, RegistrationState::unresponsive),
+                    std::pair(FakePanel::Reply::error, RegistrationState::unavailable),
+                    std::pair(FakePanel::Reply::no, RegistrationState::unavailable)));
 
-TEST(StatusNotifierHostTest, RegistersAgainUntilThePanelTakesTheItem) {
-    ScriptedPanel panel(ScriptedPanel::Answer::yes);
+TEST(StatusNotifierRegistrationTest, RegistersAgainUntilThePanelTakesTheItem) {
+    FakePanel panel(FakePanel::Reply::yes);
     panel.setTakesItems(false);
-    const Host host(u"one"_s);
-    ASSERT_TRUE(host.isTold(PanelAnswer::none));
+    const Item item(u"one"_s);
+    ASSERT_TRUE(item.waitFor(RegistrationState::unavailable));
     const int before = panel.registrations();
     ASSERT_TRUE(turnUntil([&] { return panel.registrations() >= before + 3; }));
     panel.setTakesItems(true);
-    EXPECT_TRUE(host.isTold(PanelAnswer::shown));
+    EXPECT_TRUE(item.waitFor(RegistrationState::registered));
 }
 
-TEST(StatusNotifierHostTest, LeavesThePanelAloneThatShowsTheItem) {
-    ScriptedPanel panel(ScriptedPanel::Answer::yes);
-    const Host shown(u"one"_s);
-    ASSERT_TRUE(shown.isTold(PanelAnswer::shown));
-    const Host other(u"other"_s);
-    panel.setAnswerFor(other.client(), ScriptedPanel::Answer::no);
-    const int before = panel.questionsOf(shown.client());
-    ASSERT_TRUE(turnUntil([&] { return panel.questionsOf(other.client()) >= 5; }));
-    EXPECT_EQ(panel.questionsOf(shown.client()), before);
+TEST(StatusNotifierRegistrationTest, StopsCallingAPanelThatShowsTheItem) {
+    FakePanel panel(FakePanel::Reply::yes);
+    const Item shown(u"one"_s);
+    ASSERT_TRUE(shown.waitFor(RegistrationState::registered));
+    const Item other(u"other"_s);
+    panel.setReplyTo(other.client(), FakePanel::Reply::no);
+    const int before = panel.requestsOf(shown.client());
+    ASSERT_TRUE(turnUntil([&] { return panel.requestsOf(other.client()) >= 5; }));
+    EXPECT_EQ(panel.requestsOf(shown.client()), before);
 }
 
-TEST(StatusNotifierHostTest, DoesNotTakeAnOldPanelsAnswerForTheNewOnes) {
-    ScriptedPanel old(ScriptedPanel::Answer::no);
+TEST(StatusNotifierRegistrationTest, IgnoresTheReplyOfAPanelThatHasGone) {
+    FakePanel old(FakePanel::Reply::no);
     auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"next"_s);
-    old.setAnswered([&] {
+    old.afterReply([&] {
         old.resign();
         bus.registerService(u"org.kde.StatusNotifierWatcher"_s);
     });
-    const Host host(u"one"_s);
-    // The new one has no such object and says so in the end; what the old one said came first.
-    EXPECT_TRUE(turnUntil([&] { return !host.answers().empty(); }));
-    EXPECT_EQ(host.answers().front(), PanelAnswer::silent);
+    const Item item(u"one"_s);
+    // The new owner has no such object, so its error arrives after the reply of the old one.
+    EXPECT_TRUE(turnUntil([&] { return !item.states().empty(); }));
+    EXPECT_EQ(item.states().front(), RegistrationState::unresponsive);
     QDBusConnection::disconnectFromBus(bus.name());
 }
 

@@ -4,7 +4,6 @@
 #include "FakePanel.h"
 #include "FakeTray.h"
 #include "SampleMenu.h"
-#include "ScriptedPanel.h"
 #include "XClient.h"
 
 #include <QApplication>
@@ -25,6 +24,8 @@ namespace corvane::contract {
 using namespace Qt::StringLiterals;
 
 namespace {
+
+using desktop::FakePanel;
 
 class StatusBarTest : public testing::Test {
   protected:
@@ -111,20 +112,20 @@ TEST_F(StatusBarTest, GivesThePanelItsIconInSizesItTakes) {
 TEST_F(StatusBarTest, ShowsANewIconOnlyWhenItDiffers) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
-    panel.layout();
-    const auto before = panel.newIcons();
+    panel.menu();
+    const auto before = panel.signalCount(u"NewIcon"_s);
     StatusIcon icon{.image = {.name = "cursorarrow.click.2", .description = "Corvane"},
                     .title = ""};
     item_->setIcon(icon);
-    panel.layout();
-    EXPECT_EQ(panel.newIcons(), before);
+    panel.menu();
+    EXPECT_EQ(panel.signalCount(u"NewIcon"_s), before);
 
     const auto idle = panel.iconPixmaps().last().bytes;
     icon.dot =
         StatusDot{.frame = {14, 2, 7, 7}, .cornerRadius = 3.5, .colour = {ColourName::systemGreen}};
     item_->setIcon(icon);
     EXPECT_NE(panel.iconPixmaps().last().bytes, idle);
-    EXPECT_EQ(panel.newIcons(), before + 1);
+    EXPECT_EQ(panel.signalCount(u"NewIcon"_s), before + 1);
 }
 
 TEST_F(StatusBarTest, KeepsTheIconWhenASymbolIsMissing) {
@@ -139,8 +140,7 @@ TEST_F(StatusBarTest, GivesThePanelItsToolTip) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
     item_->setToolTip("Corvane is idle");
-    const auto toolTip = qdbus_cast<freedesktop::NotifierToolTip>(panel.itemProperty(u"ToolTip"_s));
-    EXPECT_EQ(toolTip.title, u"Corvane is idle"_s);
+    EXPECT_EQ(panel.toolTipTitle(), u"Corvane is idle"_s);
 }
 
 TEST_F(StatusBarTest, SendsNothingForAnUnchangedToolTip) {
@@ -148,23 +148,23 @@ TEST_F(StatusBarTest, SendsNothingForAnUnchangedToolTip) {
     ASSERT_TRUE(registers(panel));
     item_->setToolTip("Corvane is idle");
     panel.itemProperty(u"ToolTip"_s);
-    const int before = panel.newToolTips();
+    const int before = panel.signalCount(u"NewToolTip"_s);
     EXPECT_GT(before, 0);
     for (int count = 0; count < 50; ++count) {
         item_->setToolTip("Corvane is idle");
     }
     panel.itemProperty(u"ToolTip"_s);
-    EXPECT_EQ(panel.newToolTips(), before);
+    EXPECT_EQ(panel.signalCount(u"NewToolTip"_s), before);
     item_->setToolTip("");
-    EXPECT_TRUE(turnUntil([&] { return panel.newToolTips() == before + 1; }));
+    EXPECT_TRUE(turnUntil([&] { return panel.signalCount(u"NewToolTip"_s) == before + 1; }));
 }
 
 TEST_F(StatusBarTest, GivesThePanelTheWholeMenu) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
-    const auto layout = panel.layout();
+    const auto layout = panel.menu();
     ASSERT_EQ(layout.children.size(), 8);
-    const auto property = [&](qsizetype line, const QString &name) {
+    const auto property = [&](std::size_t line, const QString &name) {
         return layout.children.at(line).properties.value(name);
     };
     EXPECT_EQ(property(0, u"label"_s).toString(), u"Running"_s);
@@ -188,53 +188,53 @@ TEST_F(StatusBarTest, ShowsNamesLiterallyOnThePanel) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
     item_->setMenu(sampleMenu({"A & B & C", "snake_case", "two\nlines"}));
-    const auto names = panel.layout().children.at(5).children;
-    EXPECT_EQ(names.at(0).properties.value(u"label"_s).toString(), u"A & B & C"_s);
-    EXPECT_EQ(names.at(1).properties.value(u"label"_s).toString(), u"snake__case"_s);
-    EXPECT_EQ(names.at(2).properties.value(u"label"_s).toString(), u"two lines"_s);
+    const auto names = panel.menu().children.at(5).children;
+    EXPECT_EQ(names.at(0).label(), u"A & B & C"_s);
+    EXPECT_EQ(names.at(1).label(), u"snake__case"_s);
+    EXPECT_EQ(names.at(2).label(), u"two lines"_s);
 }
 
 TEST_F(StatusBarTest, SendsNothingForAnUnchangedMenu) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
-    panel.layout();
-    const auto layoutsBefore = panel.layoutUpdates();
+    panel.menu();
+    const auto layoutsBefore = panel.signalCount(u"LayoutUpdated"_s);
     const auto updatesBefore = panel.updates().size();
     for (int count = 0; count < 50; ++count) {
         item_->setMenu(sampleMenu());
     }
-    panel.layout();
-    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore);
+    panel.menu();
+    EXPECT_EQ(panel.signalCount(u"LayoutUpdated"_s), layoutsBefore);
     EXPECT_EQ(panel.updates().size(), updatesBefore);
 }
 
 TEST_F(StatusBarTest, SendsOneChangedTitleWithoutANewLayout) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
-    const auto before = panel.layout();
-    const auto layoutsBefore = panel.layoutUpdates();
+    const auto before = panel.menu();
+    const auto layoutsBefore = panel.signalCount(u"LayoutUpdated"_s);
     const auto updatesBefore = panel.updates().size();
     auto menu = sampleMenu();
     menu.items[0].title = "Running (1)";
     item_->setMenu(menu);
-    const auto after = panel.layout();
-    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore);
+    const auto after = panel.menu();
+    EXPECT_EQ(panel.signalCount(u"LayoutUpdated"_s), layoutsBefore);
     ASSERT_EQ(panel.updates().size(), updatesBefore + 1);
     EXPECT_EQ(panel.updates().last().id, before.children.at(0).id);
     EXPECT_EQ(panel.updates().last().properties, (QVariantMap{{u"label"_s, u"Running (1)"_s}}));
-    EXPECT_EQ(after.children.at(0).properties.value(u"label"_s).toString(), u"Running (1)"_s);
+    EXPECT_EQ(after.children.at(0).label(), u"Running (1)"_s);
 }
 
 TEST_F(StatusBarTest, SendsOneNewLayoutForALineThatComes) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
-    const auto before = panel.layout();
-    const auto layoutsBefore = panel.layoutUpdates();
+    const auto before = panel.menu();
+    const auto layoutsBefore = panel.signalCount(u"LayoutUpdated"_s);
     auto menu = sampleMenu();
     menu.items.insert(menu.items.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
     item_->setMenu(menu);
-    const auto after = panel.layout();
-    EXPECT_EQ(panel.layoutUpdates(), layoutsBefore + 1);
+    const auto after = panel.menu();
+    EXPECT_EQ(panel.signalCount(u"LayoutUpdated"_s), layoutsBefore + 1);
     ASSERT_EQ(after.children.size(), before.children.size() + 1);
     EXPECT_EQ(after.children.at(4).id, before.children.at(4).id);
     EXPECT_EQ(after.children.at(6).id, before.children.at(5).id);
@@ -266,8 +266,7 @@ TEST_F(StatusBarTest, RefusesArgumentsOfOtherTypes) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));
     const QVariant numbers = QVariant::fromValue(QList<int>{1, 2});
-    const QVariant items =
-        QVariant::fromValue(QList<freedesktop::PanelItemProperties>{{.id = 1}, {}});
+    const QVariant items = QVariantMap{{u"id"_s, 1}};
     for (const auto &method :
          {u"GetLayout"_s, u"GetGroupProperties"_s, u"GetProperty"_s, u"Event"_s, u"EventGroup"_s,
           u"AboutToShow"_s, u"AboutToShowGroup"_s, u"Unheard"_s}) {
@@ -307,13 +306,13 @@ TEST_F(StatusBarTest, RegistersAgainWithAPanelThatRestarts) {
     panel.reset();
     panel = std::make_unique<FakePanel>();
     ASSERT_TRUE(registers(*panel));
-    EXPECT_EQ(panel->layout().children.size(), 8);
+    EXPECT_EQ(panel->menu().children.size(), 8);
 }
 
 TEST_F(StatusBarTest, RegistersWithAPanelThatTakesThePlaceOfOneJustRefusing) {
-    ScriptedPanel old(ScriptedPanel::Answer::error);
+    FakePanel old(FakePanel::Reply::error);
     std::unique_ptr<FakePanel> panel;
-    old.setAnswered([&] {
+    old.afterReply([&] {
         old.resign();
         panel = std::make_unique<FakePanel>();
     });
@@ -321,16 +320,16 @@ TEST_F(StatusBarTest, RegistersWithAPanelThatTakesThePlaceOfOneJustRefusing) {
 }
 
 TEST_F(StatusBarTest, IsNotHeldUpByAPanelThatDoesNotAnswer) {
-    ScriptedPanel panel(ScriptedPanel::Answer::nothing);
-    ASSERT_TRUE(turnUntil([&] { return panel.questions() > 0; }));
-    panel.setAnswer(ScriptedPanel::Answer::yes);
+    FakePanel panel(FakePanel::Reply::none);
+    ASSERT_TRUE(turnUntil([&] { return panel.requests() > 0; }));
+    panel.setReply(FakePanel::Reply::yes);
     EXPECT_TRUE(turnUntil([&] { return panel.registrations() > 0; }));
 }
 
 TEST_F(StatusBarTest, WaitsForThePanelsHost) {
     FakeTray tray;
     ASSERT_TRUE(docks(tray));
-    FakePanel panel(false);
+    FakePanel panel(FakePanel::Reply::no);
     panel.addHost();
     ASSERT_TRUE(registers(panel));
     EXPECT_TRUE(turnUntil([&] { return tray.icons() == 0; }));

@@ -12,9 +12,66 @@
 
 namespace corvane::freedesktop {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// The panel draws the menu in colours that nobody tells us: a grey that shows on light and dark.
+/// (ia{sv}): an item and some of its properties.
+struct ItemProperties {
+    int id = 0;
+    QVariantMap properties;
+};
+
+/// (ias): an item and the names of properties that have their default value again.
+struct RemovedProperties {
+    int id = 0;
+    QStringList names;
+};
+
+/// (ia{sv}av): an item with its submenu.
+struct ItemLayout {
+    int id = 0;
+    QVariantMap properties;
+    QList<ItemLayout> children;
+};
+
+QDBusArgument &operator<<(QDBusArgument &argument, const ItemProperties &value) {
+    argument.beginStructure();
+    argument << value.id << value.properties;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument &operator<<(QDBusArgument &argument, const RemovedProperties &value) {
+    argument.beginStructure();
+    argument << value.id << value.names;
+    argument.endStructure();
+    return argument;
+}
+
+QDBusArgument &operator<<(QDBusArgument &argument, const ItemLayout &value) {
+    argument.beginStructure();
+    argument << value.id << value.properties;
+    argument.beginArray(QMetaType::fromType<QDBusVariant>());
+    for (const auto &child : value.children) {
+        argument << QDBusVariant(QVariant::fromValue(child));
+    }
+    argument.endArray();
+    argument.endStructure();
+    return argument;
+}
+
+void registerTypes() {
+    registerSentType<ItemProperties>();
+    registerSentType<RemovedProperties>();
+    registerSentType<ItemLayout>();
+    registerSentType<QList<ItemProperties>>();
+    registerSentType<QList<RemovedProperties>>();
+    qDBusRegisterMetaType<QList<QStringList>>();
+    qDBusRegisterMetaType<QList<int>>();
+}
+
+/// The colours of the panel's menu are unknown: this grey is visible on light and on dark.
 const QColor imageColour(0x82, 0x82, 0x86);
 constexpr int imagePixels = 32;
 
@@ -22,9 +79,9 @@ QByteArray png(const QImage &image) {
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
-    // A drawing of a few lines is small however little time is spent on it.
-    constexpr int quickly = 80;
-    image.save(&buffer, "PNG", quickly);
+    // Little compression is enough for a drawing of a few lines.
+    constexpr int fast = 80;
+    image.save(&buffer, "PNG", fast);
     return data;
 }
 
@@ -41,16 +98,51 @@ QVariantMap named(const QVariantMap &properties, const QStringList &names) {
     return wanted;
 }
 
+template <typename Node>
+ItemLayout layoutOf(const Node &node, int depth, const QStringList &names) {
+    ItemLayout layout{node.id, named(node.properties, names), {}};
+    if (depth != 0) {
+        for (const auto &child : node.children) {
+            layout.children << layoutOf(child, depth < 0 ? depth : depth - 1, names);
+        }
+    }
+    return layout;
+}
+
 } // namespace
+
+struct DBusMenuExporter::Changes {
+    QList<ItemProperties> updated;
+    QList<RemovedProperties> removed;
+    /// Ids of the nodes with new children.
+    QList<int> layouts;
+};
 
 DBusMenuExporter::DBusMenuExporter(const QDBusConnection &connection,
                                    drawing::SymbolImages &symbols,
                                    std::function<void(const MenuCommand &)> perform)
-    : DBusObject(connection, QStringLiteral("/MenuBar"), QStringLiteral("com.canonical.dbusmenu")),
+    : DBusObject(connection, u"/MenuBar"_s, u"com.canonical.dbusmenu"_s),
       symbols_(symbols),
       perform_(std::move(perform)) {
-    registerPanelMenuTypes();
-    root_.properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
+    registerTypes();
+    root_.properties.insert(u"children-display"_s, u"submenu"_s);
+    const auto with = [this](auto handle) {
+        return [this, handle](const QVariantList &arguments) { return (this->*handle)(arguments); };
+    };
+    const auto isUpToDate = [](const QVariantList &) { return Reply(QVariantList{false}); };
+    const auto areUpToDate = [](const QVariantList &) {
+        const auto none = QVariant::fromValue(QList<int>{});
+        return Reply(QVariantList{none, none});
+    };
+    offer({{u"GetLayout"_s, u"iias"_s, u"u(ia{sv}av)"_s, with(&DBusMenuExporter::getLayout)},
+           {u"GetGroupProperties"_s, u"aias"_s, u"a(ia{sv})"_s,
+            with(&DBusMenuExporter::getGroupProperties)},
+           {u"GetProperty"_s, u"is"_s, u"v"_s, with(&DBusMenuExporter::getProperty)},
+           {u"Event"_s, u"isvu"_s, {}, with(&DBusMenuExporter::event)},
+           {u"EventGroup"_s, u"a(isvu)"_s, u"ai"_s, with(&DBusMenuExporter::eventGroup)},
+           {u"AboutToShow"_s, u"i"_s, u"b"_s, isUpToDate},
+           {u"AboutToShowGroup"_s, u"ai"_s, u"aiai"_s, areUpToDate}},
+          {{u"ItemsPropertiesUpdated"_s, u"a(ia{sv})a(ias)"_s}, {u"LayoutUpdated"_s, u"ui"_s}});
 }
 
 void DBusMenuExporter::setMenu(const Menu &menu) {
@@ -86,7 +178,7 @@ void DBusMenuExporter::patch(Node &node, MenuItem &from, const MenuItem &to, Cha
 void DBusMenuExporter::patchProperties(Node &node, const QVariantMap &properties,
                                        Changes &changes) {
     const auto before = std::exchange(node.properties, properties);
-    PanelItemProperties updated{.id = node.id};
+    ItemProperties updated{.id = node.id};
     for (auto property = properties.cbegin(); property != properties.cend(); ++property) {
         if (before.value(property.key()) != property.value()) {
             updated.properties.insert(property.key(), property.value());
@@ -95,7 +187,7 @@ void DBusMenuExporter::patchProperties(Node &node, const QVariantMap &properties
     if (!updated.properties.isEmpty()) {
         changes.updated << updated;
     }
-    PanelItemNames removed{.id = node.id};
+    RemovedProperties removed{.id = node.id};
     for (auto property = before.cbegin(); property != before.cend(); ++property) {
         if (!properties.contains(property.key())) {
             removed.names << property.key();
@@ -132,37 +224,36 @@ void DBusMenuExporter::patchChildren(Node &node, std::vector<MenuItem> &from,
 
 void DBusMenuExporter::send(const Changes &changes) {
     if (!changes.updated.isEmpty() || !changes.removed.isEmpty()) {
-        emitSignal(QStringLiteral("ItemsPropertiesUpdated"),
+        emitSignal(u"ItemsPropertiesUpdated"_s,
                    {QVariant::fromValue(changes.updated), QVariant::fromValue(changes.removed)});
     }
     for (const auto id : changes.layouts) {
-        emitSignal(QStringLiteral("LayoutUpdated"), {++revision_, id});
+        emitSignal(u"LayoutUpdated"_s, {++revision_, id});
     }
 }
 
 QVariantMap DBusMenuExporter::propertiesOf(const MenuItem &item) {
     if (item.isSeparator) {
-        return {{QStringLiteral("type"), QStringLiteral("separator")}};
+        return {{u"type"_s, u"separator"_s}};
     }
     const auto text = drawing::menuText(item);
-    QVariantMap properties{{QStringLiteral("label"), drawing::panelLabel(text)},
-                           {QStringLiteral("enabled"), item.isEnabled}};
+    QVariantMap properties{{u"label"_s, drawing::panelLabel(text)}, {u"enabled"_s, item.isEnabled}};
     if (!text.keys.isEmpty()) {
-        properties.insert(QStringLiteral("shortcut"),
+        properties.insert(u"shortcut"_s,
                           QVariant::fromValue(QList<QStringList>{drawing::panelKeys(text)}));
     }
     if (item.isOn) {
-        properties.insert(QStringLiteral("toggle-type"), QStringLiteral("checkmark"));
-        properties.insert(QStringLiteral("toggle-state"), 1);
+        properties.insert(u"toggle-type"_s, u"checkmark"_s);
+        properties.insert(u"toggle-state"_s, 1);
     }
     if (item.image) {
         const QByteArray image = imageData(item.image->name);
         if (!image.isEmpty()) {
-            properties.insert(QStringLiteral("icon-data"), image);
+            properties.insert(u"icon-data"_s, image);
         }
     }
     if (item.submenu) {
-        properties.insert(QStringLiteral("children-display"), QStringLiteral("submenu"));
+        properties.insert(u"children-display"_s, u"submenu"_s);
     }
     return properties;
 }
@@ -176,72 +267,35 @@ QByteArray DBusMenuExporter::imageData(const std::string &symbol) {
     return imageData_.emplace(symbol, image.isNull() ? QByteArray() : png(image)).first->second;
 }
 
-DBusObject::Signatures DBusMenuExporter::methods() const {
-    return {{QStringLiteral("GetLayout"), QStringLiteral("iias")},
-            {QStringLiteral("GetGroupProperties"), QStringLiteral("aias")},
-            {QStringLiteral("GetProperty"), QStringLiteral("is")},
-            {QStringLiteral("Event"), QStringLiteral("isvu")},
-            {QStringLiteral("EventGroup"), QStringLiteral("a(isvu)")},
-            {QStringLiteral("AboutToShow"), QStringLiteral("i")},
-            {QStringLiteral("AboutToShowGroup"), QStringLiteral("ai")}};
-}
-
-std::optional<QVariantList> DBusMenuExporter::call(const QString &method,
-                                                   const QVariantList &arguments) {
-    if (method == QLatin1String("GetLayout")) {
-        return getLayout(arguments);
-    }
-    if (method == QLatin1String("GetGroupProperties")) {
-        return getGroupProperties(arguments);
-    }
-    if (method == QLatin1String("GetProperty")) {
-        return getProperty(arguments);
-    }
-    if (method == QLatin1String("Event")) {
-        return event(arguments);
-    }
-    if (method == QLatin1String("EventGroup")) {
-        return eventGroup(arguments);
-    }
-    if (method == QLatin1String("AboutToShow")) {
-        return QVariantList{false};
-    }
-    if (method == QLatin1String("AboutToShowGroup")) {
-        return QVariantList{QVariant::fromValue(QList<int>{}), QVariant::fromValue(QList<int>{})};
-    }
-    return std::nullopt;
-}
-
 QVariantMap DBusMenuExporter::properties() const {
-    return {{QStringLiteral("Version"), 3U},
-            {QStringLiteral("Status"), QStringLiteral("normal")},
-            {QStringLiteral("TextDirection"), QStringLiteral("ltr")},
-            {QStringLiteral("IconThemePath"), QStringList{}}};
+    return {{u"Version"_s, 3U},
+            {u"Status"_s, u"normal"_s},
+            {u"TextDirection"_s, u"ltr"_s},
+            {u"IconThemePath"_s, QStringList{}}};
 }
 
-std::optional<QVariantList> DBusMenuExporter::getLayout(const QVariantList &arguments) const {
+DBusObject::Reply DBusMenuExporter::getLayout(const QVariantList &arguments) const {
     const auto *node = find(root_, arguments.value(0).toInt());
     if (!node) {
         return std::nullopt;
     }
     const auto depth = arguments.value(1, -1).toInt();
     const auto names = arguments.value(2).toStringList();
-    return QVariantList{revision_, QVariant::fromValue(layout(*node, depth, names))};
+    return QVariantList{revision_, QVariant::fromValue(layoutOf(*node, depth, names))};
 }
 
-std::optional<QVariantList>
-DBusMenuExporter::getGroupProperties(const QVariantList &arguments) const {
+DBusObject::Reply DBusMenuExporter::getGroupProperties(const QVariantList &arguments) const {
     const auto names = arguments.value(1).toStringList();
-    QList<PanelItemProperties> answers;
+    QList<ItemProperties> answers;
     for (const auto id : qdbus_cast<QList<int>>(arguments.value(0))) {
         if (const auto *node = find(root_, id)) {
-            answers << PanelItemProperties{id, named(node->properties, names)};
+            answers << ItemProperties{id, named(node->properties, names)};
         }
     }
     return QVariantList{QVariant::fromValue(answers)};
 }
 
-std::optional<QVariantList> DBusMenuExporter::getProperty(const QVariantList &arguments) const {
+DBusObject::Reply DBusMenuExporter::getProperty(const QVariantList &arguments) const {
     const auto *node = find(root_, arguments.value(0).toInt());
     const auto name = arguments.value(1).toString();
     if (!node || !node->properties.contains(name)) {
@@ -250,14 +304,14 @@ std::optional<QVariantList> DBusMenuExporter::getProperty(const QVariantList &ar
     return QVariantList{QVariant::fromValue(QDBusVariant(node->properties.value(name)))};
 }
 
-std::optional<QVariantList> DBusMenuExporter::event(const QVariantList &arguments) {
-    if (!receive(arguments.value(0).toInt(), arguments.value(1).toString())) {
+DBusObject::Reply DBusMenuExporter::event(const QVariantList &arguments) {
+    if (!handleEvent(arguments.value(0).toInt(), arguments.value(1).toString())) {
         return std::nullopt;
     }
     return QVariantList{};
 }
 
-std::optional<QVariantList> DBusMenuExporter::eventGroup(const QVariantList &arguments) {
+DBusObject::Reply DBusMenuExporter::eventGroup(const QVariantList &arguments) {
     const auto events = arguments.value(0).value<QDBusArgument>();
     QList<int> unknown;
     events.beginArray();
@@ -269,7 +323,7 @@ std::optional<QVariantList> DBusMenuExporter::eventGroup(const QVariantList &arg
         events.beginStructure();
         events >> id >> eventName >> data >> timestamp;
         events.endStructure();
-        if (!receive(id, eventName)) {
+        if (!handleEvent(id, eventName)) {
             unknown << id;
         }
     }
@@ -277,12 +331,12 @@ std::optional<QVariantList> DBusMenuExporter::eventGroup(const QVariantList &arg
     return QVariantList{QVariant::fromValue(unknown)};
 }
 
-bool DBusMenuExporter::receive(int id, const QString &eventName) {
+bool DBusMenuExporter::handleEvent(int id, const QString &name) {
     const auto *node = find(root_, id);
     if (!node) {
         return false;
     }
-    if (eventName == QLatin1String("clicked") && node->isEnabled && !node->command.action.empty()) {
+    if (name == u"clicked" && node->isEnabled && !node->command.action.empty()) {
         QTimer::singleShot(0, this,
                            [perform = perform_, command = node->command] { perform(command); });
     }
@@ -299,70 +353,6 @@ const DBusMenuExporter::Node *DBusMenuExporter::find(const Node &node, int id) {
         }
     }
     return nullptr;
-}
-
-PanelItemLayout DBusMenuExporter::layout(const Node &node, int depth, const QStringList &names) {
-    PanelItemLayout answer{node.id, named(node.properties, names), {}};
-    if (depth != 0) {
-        for (const auto &child : node.children) {
-            answer.children << layout(child, depth < 0 ? depth : depth - 1, names);
-        }
-    }
-    return answer;
-}
-
-QString DBusMenuExporter::introspect(const QString & /*path*/) const {
-    return QStringLiteral(R"xml(<interface name="com.canonical.dbusmenu">
-  <property name="Version" type="u" access="read"/>
-  <property name="Status" type="s" access="read"/>
-  <property name="TextDirection" type="s" access="read"/>
-  <property name="IconThemePath" type="as" access="read"/>
-  <method name="GetLayout">
-    <arg name="parentId" type="i" direction="in"/>
-    <arg name="recursionDepth" type="i" direction="in"/>
-    <arg name="propertyNames" type="as" direction="in"/>
-    <arg name="revision" type="u" direction="out"/>
-    <arg name="layout" type="(ia{sv}av)" direction="out"/>
-  </method>
-  <method name="GetGroupProperties">
-    <arg name="ids" type="ai" direction="in"/>
-    <arg name="propertyNames" type="as" direction="in"/>
-    <arg name="properties" type="a(ia{sv})" direction="out"/>
-  </method>
-  <method name="GetProperty">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="name" type="s" direction="in"/>
-    <arg name="value" type="v" direction="out"/>
-  </method>
-  <method name="Event">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="eventId" type="s" direction="in"/>
-    <arg name="data" type="v" direction="in"/>
-    <arg name="timestamp" type="u" direction="in"/>
-  </method>
-  <method name="EventGroup">
-    <arg name="events" type="a(isvu)" direction="in"/>
-    <arg name="idErrors" type="ai" direction="out"/>
-  </method>
-  <method name="AboutToShow">
-    <arg name="id" type="i" direction="in"/>
-    <arg name="needUpdate" type="b" direction="out"/>
-  </method>
-  <method name="AboutToShowGroup">
-    <arg name="ids" type="ai" direction="in"/>
-    <arg name="updatesNeeded" type="ai" direction="out"/>
-    <arg name="idErrors" type="ai" direction="out"/>
-  </method>
-  <signal name="ItemsPropertiesUpdated">
-    <arg name="updatedProps" type="a(ia{sv})"/>
-    <arg name="removedProps" type="a(ias)"/>
-  </signal>
-  <signal name="LayoutUpdated">
-    <arg name="revision" type="u"/>
-    <arg name="parent" type="i"/>
-  </signal>
-</interface>
-)xml");
 }
 
 } // namespace corvane::freedesktop

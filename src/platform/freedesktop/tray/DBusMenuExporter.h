@@ -2,7 +2,6 @@
 
 #include "platform/drawing/SymbolImages.h"
 #include "platform/freedesktop/bus/DBusObject.h"
-#include "platform/freedesktop/tray/DBusMenuTypes.h"
 #include "presentation/Menu.h"
 
 #include <functional>
@@ -12,26 +11,22 @@
 
 namespace corvane::freedesktop {
 
-/// A menu that the desktop's panel draws, over com.canonical.dbusmenu. An unchanged menu sends
-/// nothing, changed texts and states are sent as such, and only lines that come or go make the
+/// Exports a menu over com.canonical.dbusmenu for the desktop's panel to draw. An unchanged menu
+/// sends nothing, changed texts and states are sent alone; only inserted and removed items make the
 /// panel read the layout again. Main thread.
 class DBusMenuExporter : public DBusObject {
   public:
-    /// `perform` receives each command the user chooses, in a later turn of the event loop.
+    /// `perform` receives each command the user chooses, in a later event-loop iteration.
     DBusMenuExporter(const QDBusConnection &connection, drawing::SymbolImages &symbols,
                      std::function<void(const MenuCommand &)> perform);
 
     void setMenu(const Menu &menu);
 
-    QString introspect(const QString &path) const override;
-
   protected:
-    Signatures methods() const override;
-    std::optional<QVariantList> call(const QString &method, const QVariantList &arguments) override;
     QVariantMap properties() const override;
 
   private:
-    /// A line of the menu under the number by which the panel knows it; 0 is the menu itself.
+    /// An item under the id that the panel knows it by; 0 is the menu itself.
     struct Node {
         int id = 0;
         MenuCommand command;
@@ -39,35 +34,29 @@ class DBusMenuExporter : public DBusObject {
         QVariantMap properties;
         std::vector<Node> children;
     };
-
-    /// What a new menu changed, collected to be sent together.
-    struct Changes {
-        QList<PanelItemProperties> updated;
-        QList<PanelItemNames> removed;
-        QList<int> layouts;
-    };
+    /// What a new menu changed.
+    struct Changes;
 
     Node makeNode(const MenuItem &item);
-    /// Both make what stands for `from` stand for `to`, `from` itself included.
+    /// Both change the nodes of `from` into those of `to`, and `from` itself too.
     void patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes);
-    void patchProperties(Node &node, const QVariantMap &properties, Changes &changes);
     void patchChildren(Node &node, std::vector<MenuItem> &from, const std::vector<MenuItem> &to,
                        Changes &changes);
+    static void patchProperties(Node &node, const QVariantMap &properties, Changes &changes);
     void send(const Changes &changes);
     QVariantMap propertiesOf(const MenuItem &item);
-    /// The symbol as a picture file; empty when there is no such symbol.
+    /// The symbol as a PNG file; empty for an unknown symbol.
     QByteArray imageData(const std::string &symbol);
 
-    std::optional<QVariantList> getLayout(const QVariantList &arguments) const;
-    std::optional<QVariantList> getGroupProperties(const QVariantList &arguments) const;
-    std::optional<QVariantList> getProperty(const QVariantList &arguments) const;
-    std::optional<QVariantList> event(const QVariantList &arguments);
-    std::optional<QVariantList> eventGroup(const QVariantList &arguments);
-    /// False for a line that does not exist.
-    bool receive(int id, const QString &eventName);
+    Reply getLayout(const QVariantList &arguments) const;
+    Reply getGroupProperties(const QVariantList &arguments) const;
+    Reply getProperty(const QVariantList &arguments) const;
+    Reply event(const QVariantList &arguments);
+    Reply eventGroup(const QVariantList &arguments);
+    /// False for an unknown id.
+    bool handleEvent(int id, const QString &name);
 
     static const Node *find(const Node &node, int id);
-    static PanelItemLayout layout(const Node &node, int depth, const QStringList &names);
 
     drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;

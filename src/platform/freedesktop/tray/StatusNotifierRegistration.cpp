@@ -8,17 +8,19 @@
 
 namespace corvane::freedesktop {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-const QString service = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString path = QStringLiteral("/StatusNotifierWatcher");
+const QString service = u"org.kde.StatusNotifierWatcher"_s;
+const QString path = u"/StatusNotifierWatcher"_s;
 
 QDBusMessage callOf(const QString &interface, const QString &method,
                     const QVariantList &arguments) {
-    auto call = QDBusMessage::createMethodCall(service, path, interface, method);
-    call.setArguments(arguments);
-    call.setAutoStartService(false);
-    return call;
+    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
+    message.setArguments(arguments);
+    message.setAutoStartService(false);
+    return message;
 }
 
 bool isReply(const QDBusMessage &message) { return message.type() == QDBusMessage::ReplyMessage; }
@@ -27,92 +29,93 @@ bool isReply(const QDBusMessage &message) { return message.type() == QDBusMessag
 
 StatusNotifierRegistration::StatusNotifierRegistration(QDBusConnection connection,
                                                        Listener listener,
-                                                       std::chrono::milliseconds pace)
+                                                       std::chrono::milliseconds interval)
     : connection_(std::move(connection)),
       listener_(std::move(listener)),
-      pace_(pace),
-      watcher_(service, connection_) {
-    question_.setSingleShot(true);
-    repetition_.setSingleShot(true);
-    QObject::connect(&question_, &QTimer::timeout, &question_, [this] { ask(); });
-    QObject::connect(&repetition_, &QTimer::timeout, &question_, [this] { ask(); });
-    QObject::connect(&watcher_, &QDBusServiceWatcher::serviceOwnerChanged, &question_,
-                     [this] { question_.start(); });
-    for (const auto *event : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-        connection_.connect(service, path, service, QString::fromLatin1(event), &question_,
-                            SLOT(start()));
+      interval_(interval),
+      ownerChanges_(service, connection_) {
+    attempt_.setSingleShot(true);
+    retry_.setSingleShot(true);
+    QObject::connect(&attempt_, &QTimer::timeout, &attempt_, [this] { start(); });
+    QObject::connect(&retry_, &QTimer::timeout, &attempt_, [this] { start(); });
+    QObject::connect(&ownerChanges_, &QDBusServiceWatcher::serviceOwnerChanged, &attempt_,
+                     [this] { attempt_.start(); });
+    for (const auto &signal :
+         {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
+        connection_.connect(service, path, service, signal, &attempt_, SLOT(start()));
     }
-    question_.start();
+    attempt_.start();
 }
 
-void StatusNotifierRegistration::ask() {
-    repetition_.stop();
+void StatusNotifierRegistration::start() {
+    retry_.stop();
     if (!connection_.isConnected()) {
-        announce(PanelAnswer::none);
+        setState(RegistrationState::unavailable);
         return;
     }
-    send(callOf(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                {service, QStringLiteral("IsStatusNotifierHostRegistered")}),
-         &StatusNotifierRegistration::hasHostAnswered);
+    call(callOf(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                {service, u"IsStatusNotifierHostRegistered"_s}),
+         &StatusNotifierRegistration::handleHostReply);
 }
 
 void StatusNotifierRegistration::registerItem() {
     listener_.willRegister();
-    send(callOf(service, QStringLiteral("RegisterStatusNotifierItem"), {connection_.baseService()}),
-         &StatusNotifierRegistration::registered);
+    call(callOf(service, u"RegisterStatusNotifierItem"_s, {connection_.baseService()}),
+         &StatusNotifierRegistration::handleRegistrationReply);
 }
 
-void StatusNotifierRegistration::send(
-    const QDBusMessage &call, void (StatusNotifierRegistration::*then)(const QDBusMessage &)) {
-    const int patience = static_cast<int>(pace_.count());
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the pointer deletes it in its own way
-    pending_.reset(new QDBusPendingCallWatcher(connection_.asyncCall(call, patience)));
-    QObject::connect(pending_.get(), &QDBusPendingCallWatcher::finished, &question_,
-                     [this, then](const QDBusPendingCallWatcher *finished) {
+void StatusNotifierRegistration::call(
+    const QDBusMessage &message,
+    void (StatusNotifierRegistration::*handleReply)(const QDBusMessage &)) {
+    const int timeout = static_cast<int>(interval_.count());
+    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the pointer's deleter is deleteLater
+    pending_.reset(new QDBusPendingCallWatcher(connection_.asyncCall(message, timeout)));
+    QObject::connect(pending_.get(), &QDBusPendingCallWatcher::finished, &attempt_,
+                     [this, handleReply](const QDBusPendingCallWatcher *finished) {
                          if (finished == pending_.get()) {
-                             (this->*then)(finished->reply());
+                             (this->*handleReply)(finished->reply());
                          }
                      });
 }
 
-void StatusNotifierRegistration::hasHostAnswered(const QDBusMessage &reply) {
+void StatusNotifierRegistration::handleHostReply(const QDBusMessage &reply) {
     if (isReply(reply) && reply.arguments().value(0).value<QDBusVariant>().variant().toBool()) {
         registerItem();
     } else {
-        conclude(reply, false);
+        finish(reply, false);
     }
 }
 
-void StatusNotifierRegistration::registered(const QDBusMessage &reply) {
-    conclude(reply, isReply(reply));
+void StatusNotifierRegistration::handleRegistrationReply(const QDBusMessage &reply) {
+    finish(reply, isReply(reply));
 }
 
-/// The answer of a panel that has gone meanwhile says nothing about the one that has come. A panel
-/// that did not take the item may have been too busy, and need not say when it no longer is.
-void StatusNotifierRegistration::conclude(const QDBusMessage &reply, bool isRegistered) {
-    const QString panel = owner();
-    if (panel.isEmpty()) {
-        announce(PanelAnswer::none);
+/// A reply counts only if the present watcher sent it. A watcher that did not take the item is
+/// called again: it may have been busy starting, and none announces that it is ready.
+void StatusNotifierRegistration::finish(const QDBusMessage &reply, bool isRegistered) {
+    const QString watcher = watcherOwner();
+    if (watcher.isEmpty()) {
+        setState(RegistrationState::unavailable);
         return;
     }
-    const bool hasAnswered = reply.service() == panel;
-    if (hasAnswered && isRegistered) {
-        announce(PanelAnswer::shown);
+    const bool hasReplied = reply.service() == watcher;
+    if (hasReplied && isRegistered) {
+        setState(RegistrationState::registered);
         return;
     }
-    repetition_.start(pace_);
-    announce(hasAnswered ? PanelAnswer::none : PanelAnswer::silent);
+    retry_.start(interval_);
+    setState(hasReplied ? RegistrationState::unavailable : RegistrationState::unresponsive);
 }
 
-void StatusNotifierRegistration::announce(PanelAnswer answer) {
-    if (std::exchange(announced_, answer) != answer || answer == PanelAnswer::shown) {
-        listener_.answered(answer);
+void StatusNotifierRegistration::setState(RegistrationState state) {
+    if (std::exchange(state_, state) != state || state == RegistrationState::registered) {
+        listener_.changed(state);
     }
 }
 
-/// The connection of the panel; empty when there is none. Asked of the bus, because news of a
-/// change may still be on their way.
-QString StatusNotifierRegistration::owner() const {
+/// Empty without a watcher. A call to the bus, because the signal of a change may still be in
+/// flight.
+QString StatusNotifierRegistration::watcherOwner() const {
     return connection_.interface()->serviceOwner(service);
 }
 

@@ -15,56 +15,56 @@
 
 namespace corvane::freedesktop {
 
-/// What has become of showing the item on the desktop's panel.
-enum class PanelAnswer {
-    shown,
-    /// There is no panel, or it shows no status notifier items.
-    none,
-    /// There is a panel that does not answer.
-    silent,
+enum class RegistrationState {
+    /// The panel shows the item.
+    registered,
+    /// There is no StatusNotifierWatcher, or it has no host to show items, or it refused the item.
+    unavailable,
+    /// There is a StatusNotifierWatcher that does not reply.
+    unresponsive,
 };
 
-/// Keeps the connection's item registered with the panel, whichever that is at the moment. Main
-/// thread.
+/// Keeps the connection's item registered with the StatusNotifierWatcher, the panel's registry of
+/// items, across restarts of the panel. Main thread.
 class StatusNotifierRegistration {
   public:
     struct Listener {
         /// The item is about to be registered; the panel reads it from now on.
         std::function<void()> willRegister;
-        /// Called once soon after the start and then whenever the answer is another one. A panel
-        /// that restarts is announced again.
-        std::function<void(PanelAnswer answer)> answered;
+        /// Called once soon after the start, then on every change of the state, and again with
+        /// `registered` whenever the item has been registered with a restarted panel.
+        std::function<void(RegistrationState state)> changed;
     };
 
-    /// What a panel may take for an answer, and how long one that did not take the item is left
-    /// alone.
-    static constexpr std::chrono::milliseconds usualPace{3000};
+    static constexpr std::chrono::milliseconds defaultInterval{3000};
 
+    /// `interval` is the timeout of a call and the pause before a watcher that refused the item or
+    /// did not reply is called again.
     StatusNotifierRegistration(QDBusConnection connection, Listener listener,
-                               std::chrono::milliseconds pace = usualPace);
+                               std::chrono::milliseconds interval = defaultInterval);
 
   private:
-    void ask();
+    void start();
     void registerItem();
-    void send(const QDBusMessage &call,
-              void (StatusNotifierRegistration::*then)(const QDBusMessage &));
-    void hasHostAnswered(const QDBusMessage &reply);
-    void registered(const QDBusMessage &reply);
-    void conclude(const QDBusMessage &reply, bool isRegistered);
-    void announce(PanelAnswer answer);
-    QString owner() const;
+    void call(const QDBusMessage &message,
+              void (StatusNotifierRegistration::*handleReply)(const QDBusMessage &));
+    void handleHostReply(const QDBusMessage &reply);
+    void handleRegistrationReply(const QDBusMessage &reply);
+    void finish(const QDBusMessage &reply, bool isRegistered);
+    void setState(RegistrationState state);
+    QString watcherOwner() const;
 
     QDBusConnection connection_;
     const Listener listener_;
-    const std::chrono::milliseconds pace_;
-    /// Collects what happens in one turn of the event loop, and is the receiver of every reply.
-    QTimer question_;
-    /// Runs while a panel has not taken the item.
-    QTimer repetition_;
-    QDBusServiceWatcher watcher_;
-    /// Answers to questions before this one count no more.
+    const std::chrono::milliseconds interval_;
+    /// Merges the events of one event-loop iteration into one attempt. The context of every
+    /// connection made here.
+    QTimer attempt_;
+    QTimer retry_;
+    QDBusServiceWatcher ownerChanges_;
+    /// The call in flight; replies to earlier calls are dropped.
     std::unique_ptr<QDBusPendingCallWatcher, QScopedPointerDeleteLater> pending_;
-    std::optional<PanelAnswer> announced_;
+    std::optional<RegistrationState> state_;
 };
 
 } // namespace corvane::freedesktop
