@@ -6,6 +6,7 @@
 #include "platform/MainQueue.h"
 #include "platform/Platform.h"
 #include "platform/StatusBar.h"
+#include "platform/UserSession.h"
 #include "platform/Workspace.h"
 #include "support/Log.h"
 
@@ -26,6 +27,7 @@ void AppDelegate::applicationDidFinishLaunching(LaunchCause cause) {
     statusBarController_.statusItem = platform_.statusBar().createItem(
         weakly([](AppDelegate &self, const MenuCommand &command) { self.perform(command); }));
     refreshStatusBar();
+    platform_.userSession().whenChanged(weakly([](AppDelegate &self) { self.sessionChanged(); }));
     platform_.mainQueue().post(weakly([cause](AppDelegate &self) {
         self.appState_.loadConfig(self.weakly([cause](AppDelegate &loading) {
             loading.appState_.loadProfiles(
@@ -47,7 +49,8 @@ void AppDelegate::finishLaunching(LaunchCause cause) {
 }
 
 void AppDelegate::listenForCommands() {
-    commandService_ = std::make_shared<CommandService>(*this, appState_, platform_.mainQueue());
+    commandService_ = std::make_shared<CommandService>(*this, appState_, platform_.userSession(),
+                                                       platform_.mainQueue());
     platform_.commandEndpoint().listen(
         weakly([](AppDelegate &self, const CommandRequest &request, const CommandReply &reply) {
             self.commandService_->obey(request, reply);

@@ -8,8 +8,10 @@
 #include "platform/MainQueue.h"
 #include "platform/Platform.h"
 #include "platform/Screens.h"
+#include "platform/UserSession.h"
 #include "services/ClickBacklog.h"
 #include "services/DynamicZoneRect.h"
+#include "state/Availability.h"
 #include "support/Localised.h"
 #include "support/Log.h"
 #include "support/NumberText.h"
@@ -42,7 +44,7 @@ void AppDelegate::setMode(ClickMode mode) {
 
 void AppDelegate::startRun() {
     // The alert of a start under way keeps the main queue turning: the hot key may come again.
-    if (isAskingToStart_ || !checkPresence() || !checkPermissionToStart()) {
+    if (isAskingToStart_ || !checkSession() || !checkPermissionToStart()) {
         return;
     }
     if (const auto plan = planRun()) {
@@ -50,22 +52,22 @@ void AppDelegate::startRun() {
     }
 }
 
-/// Nothing may be clicked on a locked screen.
-bool AppDelegate::checkPresence() const {
-    if (isUserAway_) {
-        log("Cannot start: the user is away from the screen");
+/// Clicks must not reach the login screen or another user's desktop.
+bool AppDelegate::checkSession() const {
+    const auto obstacle = sessionObstacle(platform_.userSession().state());
+    if (obstacle) {
+        log("Cannot start: " + reasonFor(*obstacle));
     }
-    return !isUserAway_;
+    return !obstacle;
 }
 
-void AppDelegate::userLeft() {
-    isUserAway_ = true;
-    if (appState_.status == ClickStatus::running) {
+void AppDelegate::sessionChanged() {
+    const auto obstacle = sessionObstacle(platform_.userSession().state());
+    if (obstacle && appState_.status == ClickStatus::running) {
+        log("Ending the run: " + reasonFor(*obstacle));
         stopRun();
     }
 }
-
-void AppDelegate::userReturned() { isUserAway_ = false; }
 
 bool AppDelegate::checkPermissionToStart() {
     appState_.isAccessibilityGranted = platform_.accessibility().isProcessTrusted();

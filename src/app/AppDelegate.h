@@ -61,11 +61,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
 
     bool isHotkeyRegistered() const;
 
-    /// The screen is locked or its saver comes on, the system is about to sleep, or another user
-    /// takes the screen over: ends a run, and no other begins before `userReturned`.
-    void userLeft();
-    void userReturned();
-
     /// Carries out a menu command by its name; an unknown one does nothing.
     void perform(const MenuCommand &command);
 
@@ -118,7 +113,8 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     void startRun();
     void stopRun();
     void setRunning(bool isRunning);
-    bool checkPresence() const;
+    bool checkSession() const;
+    void sessionChanged();
     bool checkPermissionToStart();
     std::optional<RunPlan> planRun();
     bool continueAtLastPosition(const WindowAnchor &anchor);
@@ -158,7 +154,6 @@ class AppDelegate : public std::enable_shared_from_this<AppDelegate> {
     /// Tells the callbacks of the present run from late ones of the runs before it.
     std::uint64_t runNumber_ = 0;
     bool isAskingToStart_ = false;
-    bool isUserAway_ = false;
     bool isConfigHiddenForPick_ = false;
 };
 

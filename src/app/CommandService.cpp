@@ -3,7 +3,9 @@
 #include "app/AppDelegate.h"
 #include "app/StatusReport.h"
 #include "platform/MainQueue.h"
+#include "platform/UserSession.h"
 #include "state/AppState.h"
+#include "state/Availability.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,9 +44,10 @@ const MenuItem *find(const std::vector<MenuItem> &items, const MenuCommand &comm
 } // namespace
 
 CommandService::CommandService(AppDelegate &delegate, const AppState &appState,
-                               platform::MainQueue &mainQueue)
+                               platform::UserSession &userSession, platform::MainQueue &mainQueue)
     : delegate_(delegate),
       appState_(appState),
+      userSession_(userSession),
       mainQueue_(mainQueue) {}
 
 void CommandService::obey(const CommandRequest &request, const CommandReply &reply) {
@@ -104,8 +107,11 @@ CommandAnswer CommandService::outcomeOfStart() const {
     if (appState_.status == ClickStatus::running) {
         return done("Clicking started.");
     }
-    return refused(appState_.isAccessibilityGranted ? "the start was cancelled"
-                                                    : *refusal({"startClicking:"}));
+    if (auto reason = refusal({"startClicking:"})) {
+        return refused(std::move(*reason));
+    }
+    const auto obstacle = sessionObstacle(userSession_.state());
+    return refused(obstacle ? reasonFor(*obstacle) : "the start was cancelled");
 }
 
 void CommandService::stop(const CommandReply &reply) {

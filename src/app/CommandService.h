@@ -12,7 +12,8 @@ namespace corvane {
 
 namespace platform {
 class MainQueue;
-}
+class UserSession;
+} // namespace platform
 class AppDelegate;
 class AppState;
 
@@ -21,7 +22,8 @@ class AppState;
 class CommandService : public std::enable_shared_from_this<CommandService> {
   public:
     /// All outlive the service.
-    CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue);
+    CommandService(AppDelegate &delegate, const AppState &appState,
+                   platform::UserSession &userSession, platform::MainQueue &mainQueue);
 
     /// Answers once: when what was asked for has happened, in a later turn of the main queue at the
     /// latest; `quit` by `sayGoodbye`.
@@ -51,6 +53,7 @@ class CommandService : public std::enable_shared_from_this<CommandService> {
 
     AppDelegate &delegate_;
     const AppState &appState_;
+    platform::UserSession &userSession_;
     platform::MainQueue &mainQueue_;
     std::vector<CommandReply> awaitingEnd_;
 };

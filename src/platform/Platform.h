@@ -18,6 +18,7 @@ class OverlayWindows;
 class Screens;
 class SettingsWindows;
 class StatusBar;
+class UserSession;
 class WindowList;
 class Workspace;
 
@@ -47,6 +48,7 @@ class Platform {
     virtual Screens &screens() = 0;
     virtual SettingsWindows &settingsWindows() = 0;
     virtual StatusBar &statusBar() = 0;
+    virtual UserSession &userSession() = 0;
     virtual WindowList &windowList() = 0;
     virtual Workspace &workspace() = 0;
 };

@@ -27,6 +27,9 @@ class BackEnd {
     /// within a generous time.
     [[nodiscard]] virtual bool turnUntil(const std::function<bool()> &condition) = 0;
 
+    /// Announces that the screen is locked or unlocked, as the system's locker does.
+    virtual void announceLock(bool isLocked) = 0;
+
     /// An existing, empty directory for the test's own files.
     virtual std::filesystem::path directory() = 0;
 };

@@ -16,6 +16,10 @@ class RecorderBackEnd : public BackEnd {
 
     platform::Platform &platform() override { return platform_; }
     bool turnUntil(const std::function<bool()> &condition) override;
+    void announceLock(bool isLocked) override {
+        platform_.userSession().become(isLocked ? platform::SessionState::locked
+                                                : platform::SessionState::active);
+    }
     std::filesystem::path directory() override { return "/contract"; }
 
   private:

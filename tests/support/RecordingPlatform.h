@@ -18,6 +18,7 @@
 #include "support/RecordingOverlayWindows.h"
 #include "support/RecordingSettingsWindows.h"
 #include "support/RecordingStatusBar.h"
+#include "support/RecordingUserSession.h"
 #include "support/RecordingWorkspace.h"
 
 namespace corvane::testing {
@@ -42,6 +43,7 @@ class RecordingPlatform : public platform::Platform {
     FakeScreens &screens() override { return screens_; }
     RecordingSettingsWindows &settingsWindows() override { return settingsWindows_; }
     RecordingStatusBar &statusBar() override { return statusBar_; }
+    RecordingUserSession &userSession() override { return userSession_; }
     FakeWindowList &windowList() override { return windowList_; }
     RecordingWorkspace &workspace() override { return workspace_; }
 
@@ -66,6 +68,7 @@ class RecordingPlatform : public platform::Platform {
     FakeScreens screens_;
     RecordingSettingsWindows settingsWindows_;
     RecordingStatusBar statusBar_;
+    RecordingUserSession userSession_;
     FakeWindowList windowList_;
     RecordingWorkspace workspace_;
 };

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxPlatform.h"
 
+#include "platform/freedesktop/bus/SessionBus.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
 #include "platform/x11/connection/XcbEvents.h"
@@ -25,7 +26,8 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
       workspace_([this] { accessibility_.showGuide(); }),
-      statusBar_(events) {
+      statusBar_(events),
+      userSession_(freedesktop::sessionBusAddress(), QDBusConnection::systemBus()) {
     events.sender().giveWayTo(clock_.awaited());
 }
 

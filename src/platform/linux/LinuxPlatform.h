@@ -4,6 +4,7 @@
 #include "platform/drawing/SymbolImages.h"
 #include "platform/freedesktop/applications/Workspace.h"
 #include "platform/freedesktop/autostart/LoginItem.h"
+#include "platform/freedesktop/presence/UserSession.h"
 #include "platform/linux/Accessibility.h"
 #include "platform/linux/Applications.h"
 #include "platform/linux/StatusBar.h"
@@ -22,9 +23,7 @@
 #include "platform/x11/windows/ClientWindows.h"
 #include "platform/x11/windows/WindowList.h"
 
-#include <functional>
 #include <memory>
-#include <utility>
 
 namespace corvane::x11 {
 
@@ -58,14 +57,9 @@ class LinuxPlatform : public platform::Platform {
     platform::Screens &screens() override { return screens_; }
     platform::SettingsWindows &settingsWindows() override { return settingsWindows_; }
     platform::StatusBar &statusBar() override { return statusBar_; }
+    platform::UserSession &userSession() override { return userSession_; }
     platform::WindowList &windowList() override { return windowList_; }
     platform::Workspace &workspace() override { return workspace_; }
-
-    /// Calls `changed` when a run begins and when it ends.
-    void whenRunning(std::function<void(bool isRunning)> changed) {
-        // While clicks are made, and only then, the hot key is urgent.
-        hotKeys_.whenUrgent(std::move(changed));
-    }
 
   private:
     posix::PosixFileSystem fileSystem_;
@@ -88,6 +82,7 @@ class LinuxPlatform : public platform::Platform {
     qt::Alerts alerts_;
     StatusBar statusBar_;
     qt::SettingsWindows settingsWindows_;
+    freedesktop::UserSession userSession_;
 };
 
 } // namespace corvane::linux

@@ -4,8 +4,6 @@
 #include "app/Doctor.h"
 #include "app/HotkeyService.h"
 #include "platform/drawing/MenuText.h"
-#include "platform/freedesktop/bus/SessionBus.h"
-#include "platform/freedesktop/presence/UserSession.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/UnixSignals.h"
@@ -80,13 +78,6 @@ void useUserLanguage(QTranslator &toolkitTexts) {
     std::setlocale(LC_MESSAGES, "C"); // NOLINT(concurrency-mt-unsafe)
 }
 
-void userPresenceChanged(bool isAway) {
-    if (runningApp != nullptr) {
-        AppDelegate &delegate = runningApp->appDelegate();
-        isAway ? delegate.userLeft() : delegate.userReturned();
-    }
-}
-
 /// Ends a process that has talked on the message bus. The toolkit's thread for it may still be at
 /// work, and must not meet the end of what it works with.
 [[noreturn]] void endAtOnce(int status) {
@@ -124,9 +115,6 @@ claimInstance(const x11::XcbConnection &connection, const CommandLine &commandLi
 int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
            const CommandLine &commandLine) {
     LinuxPlatform platform(events, std::move(windowConnection), commandLine.words);
-    freedesktop::UserSession userSession(events, freedesktop::sessionBusAddress(),
-                                         QDBusConnection::systemBus(), userPresenceChanged);
-    platform.whenRunning([&userSession](bool isRunning) { userSession.watchScreen(isRunning); });
     CorvaneApp app(platform);
     runningApp = &app;
     app.appDelegate().applicationDidFinishLaunching(commandLine.cause);

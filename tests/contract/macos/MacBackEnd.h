@@ -13,6 +13,7 @@ class MacBackEnd : public BackEnd {
 
     platform::Platform &platform() override { return platform_; }
     bool turnUntil(const std::function<bool()> &condition) override;
+    void announceLock(bool isLocked) override;
     std::filesystem::path directory() override { return directory_.path(); }
 
   private:

@@ -3,6 +3,7 @@
 #import "RecorderBackEnd.h"
 
 #import <CoreFoundation/CoreFoundation.h>
+#import <Foundation/Foundation.h>
 
 #include <chrono>
 
@@ -21,6 +22,14 @@ bool MacBackEnd::turnUntil(const std::function<bool()> &condition) {
         }
     }
     return true;
+}
+
+void MacBackEnd::announceLock(bool isLocked) {
+    [NSDistributedNotificationCenter.defaultCenter
+        postNotificationName:isLocked ? @"com.apple.screenIsLocked" : @"com.apple.screenIsUnlocked"
+                      object:nil
+                    userInfo:nil
+          deliverImmediately:YES];
 }
 
 std::vector<BackEndKind> backEndKinds() {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane::desktop {
@@ -14,7 +15,9 @@ namespace corvane::desktop {
 class HelperProgram {
   public:
     HelperProgram(const VirtualDesktop &desktop, const std::string &program)
-        : process_(desktop.start({program})) {}
+        : HelperProgram(desktop, std::vector{program}) {}
+    HelperProgram(const VirtualDesktop &desktop, std::vector<std::string> arguments)
+        : process_(desktop.start(std::move(arguments))) {}
 
     /// The lines of the answer; the last one is "done" or "refused". Lines that say
     /// `notice` come unasked and are left out. Throws when no answer comes.

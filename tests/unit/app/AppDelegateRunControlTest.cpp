@@ -326,27 +326,57 @@ TEST_F(AppDelegateRunControlTest, AMainThreadThatIsBusyIsWaitedFor) {
     EXPECT_EQ(platform.mouseEvents().posted().size(), before);
 }
 
-TEST_F(AppDelegateRunControlTest, AUserWhoLeavesEndsTheRun) {
+/// A session that cannot be clicked in, and how the log and the command line say so.
+struct UnusableSession {
+    platform::SessionState state;
+    const char *reason;
+};
+
+class UnusableSessionTest : public AppDelegateRunControlTest,
+                            public ::testing::WithParamInterface<UnusableSession> {};
+
+TEST_P(UnusableSessionTest, EndsTheRunAndTheLogSaysWhy) {
     startRunning();
-    delegate->userLeft();
+    platform.userSession().become(GetParam().state);
+    EXPECT_EQ(logged(std::string("Ending the run: ") + GetParam().reason), 1);
     awaitIdle();
     EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 1);
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
 }
 
-TEST_F(AppDelegateRunControlTest, NoRunBeginsBeforeTheUserIsBack) {
-    delegate->userLeft();
+TEST_P(UnusableSessionTest, RefusesEveryStartUntilItIsActiveAgain) {
+    platform.userSession().become(GetParam().state);
     delegate->startClicking();
     delegate->toggleClicking();
     settle();
     EXPECT_EQ(state().status, ClickStatus::idle);
-    EXPECT_EQ(logged("Cannot start: the user is away from the screen"), 2);
+    EXPECT_EQ(logged(std::string("Cannot start: ") + GetParam().reason), 2);
+    EXPECT_EQ(logged(std::string("Ending the run: ") + GetParam().reason), 0);
     EXPECT_TRUE(platform.mouseEvents().posted().empty());
 
-    delegate->userReturned();
+    platform.userSession().become(platform::SessionState::active);
+    EXPECT_EQ(state().status, ClickStatus::idle);
     startRunning();
     EXPECT_EQ(state().status, ClickStatus::running);
 }
+
+TEST_P(UnusableSessionTest, IsTheReasonThatACommandGetsForARefusedStart) {
+    platform.userSession().become(GetParam().state);
+    platform.commandEndpoint().send({"start"});
+    settle();
+    EXPECT_EQ(
+        platform.commandEndpoint().answers,
+        (std::vector{CommandAnswer{.result = CommandResult::refused, .error = GetParam().reason}}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    States, UnusableSessionTest,
+    ::testing::Values(UnusableSession{platform::SessionState::locked, "the session is locked"},
+                      UnusableSession{platform::SessionState::otherUser,
+                                      "another user's session has the screen"}),
+    [](const auto &each) {
+        return each.param.state == platform::SessionState::locked ? "locked" : "otherUser";
+    });
 
 } // namespace
 } // namespace corvane

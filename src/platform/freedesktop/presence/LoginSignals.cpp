@@ -18,40 +18,32 @@ const QString managerPath = QStringLiteral("/org/freedesktop/login1");
 const QString managerInterface = QStringLiteral("org.freedesktop.login1.Manager");
 const QString sessionInterface = QStringLiteral("org.freedesktop.login1.Session");
 
-const QString asleep = QStringLiteral("sleep");
-const QString lockedScreen = QStringLiteral("lock");
-const QString otherUser = QStringLiteral("another user");
-
-/// A program that the session's own manager has started is told its session; one that the session
-/// has started itself can be asked for.
-QDBusMessage questionForSession() {
+/// A call for the object path of this program's session. Only a process inside the session's own
+/// control group can be looked up by its number; a user service has the variable instead.
+QDBusMessage sessionRequest() {
     const QString session = qEnvironmentVariable("XDG_SESSION_ID");
-    auto question = QDBusMessage::createMethodCall(
+    auto request = QDBusMessage::createMethodCall(
         service, managerPath, managerInterface,
         session.isEmpty() ? QStringLiteral("GetSessionByPID") : QStringLiteral("GetSession"));
-    question << (session.isEmpty() ? QVariant::fromValue(static_cast<uint>(getpid()))
-                                   : QVariant(session));
-    question.setAutoStartService(false);
-    return question;
+    request << (session.isEmpty() ? QVariant::fromValue(static_cast<uint>(getpid()))
+                                  : QVariant(session));
+    request.setAutoStartService(false);
+    return request;
 }
 
 } // namespace
 
-LoginSignals::LoginSignals(QDBusConnection bus,
-                           std::function<void(const QString &reason, bool isAway)> changed)
+LoginSignals::LoginSignals(QDBusConnection bus, Callbacks callbacks)
     : bus_(std::move(bus)),
-      changed_(std::move(changed)) {
-    if (!bus_.isConnected()) {
-        return;
+      callbacks_(std::move(callbacks)) {
+    if (bus_.isConnected()) {
+        findSession();
     }
-    bus_.connect(service, managerPath, managerInterface, QStringLiteral("PrepareForSleep"), this,
-                 SLOT(prepareForSleep(bool)));
-    findSession();
 }
 
 void LoginSignals::findSession() {
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
-    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(questionForSession()), this);
+    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(sessionRequest()), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
         pending->deleteLater();
         const QDBusPendingReply<QDBusObjectPath> session = *pending;
@@ -69,11 +61,9 @@ void LoginSignals::watchSession(const QString &path) {
                  SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
 }
 
-void LoginSignals::prepareForSleep(bool isAboutToSleep) { changed_(asleep, isAboutToSleep); }
+void LoginSignals::locked() { callbacks_.lockChanged(true); }
 
-void LoginSignals::locked() { changed_(lockedScreen, true); }
-
-void LoginSignals::unlocked() { changed_(lockedScreen, false); }
+void LoginSignals::unlocked() { callbacks_.lockChanged(false); }
 
 void LoginSignals::propertiesChanged(const QString &interface, const QVariantMap &changed,
                                      const QStringList & /*invalidated*/) {
@@ -81,10 +71,10 @@ void LoginSignals::propertiesChanged(const QString &interface, const QVariantMap
         return;
     }
     if (const auto hint = changed.constFind(QStringLiteral("LockedHint")); hint != changed.cend()) {
-        changed_(lockedScreen, hint->toBool());
+        callbacks_.lockChanged(hint->toBool());
     }
     if (const auto active = changed.constFind(QStringLiteral("Active")); active != changed.cend()) {
-        changed_(otherUser, !active->toBool());
+        callbacks_.activeChanged(active->toBool());
     }
 }
 

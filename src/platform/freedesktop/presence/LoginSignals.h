@@ -9,18 +9,21 @@
 
 namespace corvane::freedesktop {
 
-/// The login manager (org.freedesktop.login1): sleep of the system; lock, unlock and change of the
-/// user in front of the screen for the session this program is in. Main thread.
+/// Signals of the login manager (org.freedesktop.login1) about the session this program is in. Main
+/// thread.
 class LoginSignals : public QObject {
     Q_OBJECT
 
   public:
-    /// Calls `changed` with why the user is away, or no longer.
-    LoginSignals(QDBusConnection bus,
-                 std::function<void(const QString &reason, bool isAway)> changed);
+    struct Callbacks {
+        std::function<void(bool isLocked)> lockChanged;
+        /// Whether the session has the screen, or another user's session.
+        std::function<void(bool isActive)> activeChanged;
+    };
+
+    LoginSignals(QDBusConnection bus, Callbacks callbacks);
 
   private:
-    Q_SLOT void prepareForSleep(bool isAboutToSleep);
     Q_SLOT void locked();
     Q_SLOT void unlocked();
     Q_SLOT void propertiesChanged(const QString &interface, const QVariantMap &changed,
@@ -30,7 +33,7 @@ class LoginSignals : public QObject {
     void watchSession(const QString &path);
 
     QDBusConnection bus_;
-    const std::function<void(const QString &reason, bool isAway)> changed_;
+    const Callbacks callbacks_;
 };
 
 } // namespace corvane::freedesktop

@@ -10,15 +10,16 @@ namespace corvane::freedesktop {
 
 namespace {
 
-/// Every desktop has an interface of its own with the same signal.
-constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.gnome.ScreenSaver",
-                                   "org.mate.ScreenSaver", "org.cinnamon.ScreenSaver",
-                                   "org.xfce.ScreenSaver"};
+/// KDE's locker, and the desktops whose saver locks by default and announces both by one signal.
+/// GNOME Shell also announces a saver without a lock this way; its lock is known from the login
+/// manager's LockedHint.
+constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.mate.ScreenSaver",
+                                   "org.cinnamon.ScreenSaver", "org.xfce.ScreenSaver"};
 
 } // namespace
 
 ScreenSaverSignals::ScreenSaverSignals(std::string busAddress,
-                                       std::function<void(bool isOn)> changed)
+                                       std::function<void(bool isLocked)> changed)
     : changed_(std::move(changed)),
       bus_([this] { busChanged(); }, std::move(busAddress)) {
     savers_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
@@ -45,24 +46,24 @@ void ScreenSaverSignals::listen() {
     }
 }
 
-void ScreenSaverSignals::activeChanged(bool isOn, const QDBusMessage &message) {
-    changed_(isOn);
-    if (isOn) {
+void ScreenSaverSignals::activeChanged(bool isLocked, const QDBusMessage &message) {
+    changed_(isLocked);
+    if (isLocked) {
         watch(message.service());
     } else {
         savers_.setWatchedServices({});
     }
 }
 
-/// One that ends while it is on cannot say that it is off; it may have ended already.
+/// A locker that crashes sends no signal, and it may have crashed before it is watched.
 void ScreenSaverSignals::watch(const QString &saver) {
     savers_.addWatchedService(saver);
-    auto question = QDBusMessage::createMethodCall(
+    auto request = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
         QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    question << saver;
+    request << saver;
     // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
-    auto *pending = new QDBusPendingCallWatcher(bus_.connection().asyncCall(question), this);
+    auto *pending = new QDBusPendingCallWatcher(bus_.connection().asyncCall(request), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, saver] {
         pending->deleteLater();
         const QDBusPendingReply<bool> isThere = *pending;

@@ -11,24 +11,24 @@
 
 namespace corvane::freedesktop {
 
-/// The desktop's own screen savers and lockers, by what they say on the session bus. Main thread.
+/// The desktop's screen locker as it announces itself on the session bus. Main thread.
 class ScreenSaverSignals : public QObject {
     Q_OBJECT
 
   public:
-    /// Calls `changed` when a saver comes on or goes off, or the program that showed it ends, or
-    /// nobody can tell because the bus is gone.
-    ScreenSaverSignals(std::string busAddress, std::function<void(bool isOn)> changed);
+    /// Calls `changed` when the screen is locked or unlocked. It counts as unlocked when the
+    /// locker's process ends or the bus is lost.
+    ScreenSaverSignals(std::string busAddress, std::function<void(bool isLocked)> changed);
 
   private:
-    Q_SLOT void activeChanged(bool isOn, const QDBusMessage &message);
+    Q_SLOT void activeChanged(bool isLocked, const QDBusMessage &message);
 
     void listen();
     void busChanged();
     void watch(const QString &saver);
     void gone(const QString &saver);
 
-    const std::function<void(bool isOn)> changed_;
+    const std::function<void(bool isLocked)> changed_;
     SessionBus bus_;
     QDBusServiceWatcher savers_;
 };

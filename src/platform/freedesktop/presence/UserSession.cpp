@@ -4,29 +4,26 @@
 
 namespace corvane::freedesktop {
 
-UserSession::UserSession(x11::XcbEvents &events, std::string sessionBusAddress,
-                         const QDBusConnection &systemBus, std::function<void(bool isAway)> changed)
-    : changed_(std::move(changed)),
-      serverSaver_(events,
-                   [this](bool isOn) { note(QStringLiteral("the server's screen saver"), isOn); }),
-      desktopSaver_(
-          std::move(sessionBusAddress),
-          [this](bool isOn) { note(QStringLiteral("the desktop's screen saver"), isOn); }),
-      login_(systemBus, [this](const QString &reason, bool isAway) { note(reason, isAway); }),
-      silentLocker_(events.connection(), [this](bool isLocked) {
-          note(QStringLiteral("a locker that announces nothing"), isLocked);
-      }) {}
+UserSession::UserSession(std::string sessionBusAddress, const QDBusConnection &systemBus)
+    : desktop_(std::move(sessionBusAddress),
+               [this](bool isLocked) { set(isLockedByDesktop_, isLocked); }),
+      login_(systemBus,
+             {.lockChanged = [this](bool isLocked) { set(isLockedByLoginManager_, isLocked); },
+              .activeChanged = [this](bool isActive) { set(isOtherUserActive_, !isActive); }}) {}
 
-/// Several may say so at once; the user is back when none does any more.
-void UserSession::note(const QString &reason, bool isReasonToBeAway) {
-    const bool wasAway = isAway();
-    if (isReasonToBeAway) {
-        reasons_.insert(reason);
-    } else {
-        reasons_.erase(reason);
+platform::SessionState UserSession::state() const {
+    if (isOtherUserActive_) {
+        return platform::SessionState::otherUser;
     }
-    if (isAway() != wasAway) {
-        changed_(isAway());
+    return isLockedByLoginManager_ || isLockedByDesktop_ ? platform::SessionState::locked
+                                                         : platform::SessionState::active;
+}
+
+void UserSession::set(bool &announcement, bool isSo) {
+    const platform::SessionState before = state();
+    announcement = isSo;
+    if (state() != before && changed_) {
+        changed_();
     }
 }
 

@@ -1,7 +1,6 @@
 #import "platform/macos/app/MacAppDelegate.h"
 
 #include "platform/Platform.h"
-#import "platform/macos/app/UserSession.h"
 #import "platform/macos/support/Text.h"
 
 #include <utility>
@@ -28,7 +27,6 @@ std::string representedObject(id sender) {
 @implementation MacAppDelegate {
     std::unique_ptr<corvane::platform::Platform> _platform;
     std::unique_ptr<corvane::CorvaneApp> _application;
-    std::unique_ptr<macos::UserSession> _userSession;
     std::vector<std::string> _earlyUrls;
 }
 
@@ -48,15 +46,11 @@ std::string representedObject(id sender) {
 }
 
 - (void)applicationDidFinishLaunching:(NSNotification *)notification {
-    corvane::AppDelegate &delegate = _application->appDelegate();
-    delegate.applicationDidFinishLaunching();
-    _userSession = std::make_unique<macos::UserSession>(
-        [&delegate](bool isAway) { isAway ? delegate.userLeft() : delegate.userReturned(); });
+    _application->appDelegate().applicationDidFinishLaunching();
 }
 
 - (void)applicationWillTerminate:(NSNotification *)notification {
     _application->appDelegate().applicationWillTerminate();
-    _userSession.reset();
     // The process exits without coming back to main: here runs end, saves finish and the last
     // answers go out.
     _application.reset();

@@ -6,6 +6,7 @@
 #include "platform/macos/app/CommandEndpoint.h"
 #include "platform/macos/app/Localisation.h"
 #include "platform/macos/app/LoginItem.h"
+#include "platform/macos/app/UserSession.h"
 #include "platform/macos/app/Workspace.h"
 #include "platform/macos/click/MouseEvents.h"
 #include "platform/macos/hotkey/HotKeys.h"
@@ -41,6 +42,7 @@ class Platform : public platform::Platform {
     platform::Screens &screens() override { return screens_; }
     platform::SettingsWindows &settingsWindows() override { return settingsWindows_; }
     platform::StatusBar &statusBar() override { return statusBar_; }
+    platform::UserSession &userSession() override { return userSession_; }
     platform::WindowList &windowList() override { return windowList_; }
     platform::Workspace &workspace() override { return workspace_; }
 
@@ -61,6 +63,7 @@ class Platform : public platform::Platform {
     Screens screens_;
     SettingsWindows settingsWindows_;
     StatusBar statusBar_;
+    UserSession userSession_;
     WindowList windowList_;
     Workspace workspace_;
 };

@@ -1,8 +1,8 @@
 #pragma once
 
-#import <Foundation/Foundation.h>
+#include "platform/UserSession.h"
 
-#include <functional>
+#import <Foundation/Foundation.h>
 
 @class MacSessionObserver;
 
@@ -10,24 +10,24 @@ NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {
 
-/// Whether the user is at the screen, by the notifications of the workspace and of the login
-/// window. Main thread.
-class UserSession {
+/// The session's state by the notifications of the workspace (fast user switching) and of the login
+/// window (lock). Main thread.
+class UserSession : public platform::UserSession {
   public:
-    /// Calls `changed` when the user leaves or is back: the screen is locked or its saver comes on,
-    /// the system is about to sleep, another user takes the screen over.
-    explicit UserSession(std::function<void(bool isAway)> changed);
-    ~UserSession();
+    UserSession();
+    ~UserSession() override;
     UserSession(const UserSession &) = delete;
     UserSession &operator=(const UserSession &) = delete;
 
-  private:
-    void note(NSNotificationName notification);
-    void note(NSNotificationName notification, NSNotificationName begin, NSNotificationName end);
+    platform::SessionState state() const override;
+    void whenChanged(std::function<void()> changed) override { changed_ = std::move(changed); }
 
-    const std::function<void(bool isAway)> changed_;
-    /// The beginnings of all absences that have not ended.
-    NSMutableSet<NSNotificationName> *reasons_ = [NSMutableSet set];
+  private:
+    void received(NSNotificationName notification);
+
+    std::function<void()> changed_;
+    bool isLocked_ = false;
+    bool isOtherUserActive_ = false;
     MacSessionObserver *observer_;
 };
 

@@ -42,11 +42,6 @@ HotKeys::registerHotKey(const platform::HotKey &hotKey) {
     return key;
 }
 
-void HotKeys::setUrgent(bool isUrgent) {
-    rawKeys_.listen(isUrgent);
-    urgent_(isUrgent);
-}
-
 void HotKeys::pressed() {
     // A handler may remove itself or install another.
     const auto handlers = handlers_;

@@ -27,10 +27,7 @@ class HotKeys : public platform::HotKeys {
     registerHotKey(const platform::HotKey &hotKey) override;
 
     /// Listens to the keys themselves while urgent, which no grab can hide.
-    void setUrgent(bool isUrgent) override;
-
-    /// Calls `changed` when the hot keys become urgent and when they no longer are.
-    void whenUrgent(std::function<void(bool isUrgent)> changed) { urgent_ = std::move(changed); }
+    void setUrgent(bool isUrgent) override { rawKeys_.listen(isUrgent); }
 
   private:
     using Handler = std::function<void()>;
@@ -40,7 +37,6 @@ class HotKeys : public platform::HotKeys {
     XcbEvents &events_;
     const KeyboardChanges keyboardChanges_;
     RawKeys rawKeys_;
-    std::function<void(bool isUrgent)> urgent_ = [](bool) {};
     std::vector<std::weak_ptr<const Handler>> handlers_;
 };
 

@@ -1,0 +1,16 @@
+#include "LoginManager.h"
+
+#include "WaitUntil.h"
+
+namespace corvane::desktop {
+
+LoginManager::LoginManager(const VirtualDesktop &desktop)
+    : environment_("DBUS_SYSTEM_BUS_ADDRESS", desktop.environment().at("DBUS_SESSION_BUS_ADDRESS")),
+      program_(desktop,
+               {"env", environment_.first + "=" + environment_.second, CORVANE_LOGIN_MANAGER}) {}
+
+bool LoginManager::waitForProgram() {
+    return waitUntil([this] { return program_.ask("is known").back() == "done"; });
+}
+
+} // namespace corvane::desktop

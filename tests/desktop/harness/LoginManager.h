@@ -1,0 +1,33 @@
+#pragma once
+
+#include "HelperProgram.h"
+
+#include <utility>
+
+namespace corvane::desktop {
+
+/// A login manager (org.freedesktop.login1) on the desktop's message bus.
+class LoginManager {
+  public:
+    explicit LoginManager(const VirtualDesktop &desktop);
+
+    /// The variable by which a program finds it.
+    const std::pair<const std::string, std::string> &environment() const { return environment_; }
+
+    /// Waits until a program has looked its session up; false when time runs out.
+    bool waitForProgram();
+
+    /// As `loginctl lock-session` does.
+    void lock() { program_.ask("lock"); }
+    void unlock() { program_.ask("unlock"); }
+    /// Another user's session gets the screen.
+    void switchAway() { program_.ask("switch away"); }
+    /// The system is about to sleep.
+    void prepareForSleep() { program_.ask("sleep"); }
+
+  private:
+    std::pair<const std::string, std::string> environment_;
+    HelperProgram program_;
+};
+
+} // namespace corvane::desktop
