@@ -28,7 +28,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       workspace_([this] { accessibility_.showGuide(); }),
       statusBar_(events),
       userSession_(freedesktop::sessionBusAddress(), QDBusConnection::systemBus()) {
-    events.sender().giveWayTo(clock_.awaited());
+    events.sender().setNextClick(clock_.awaited());
 }
 
 } // namespace corvane::linux

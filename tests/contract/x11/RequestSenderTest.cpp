@@ -19,7 +19,7 @@ using platform::Instant;
 
 class RequestSenderTest : public testing::Test {
   protected:
-    RequestSenderTest() { sender().giveWayTo(click_); }
+    RequestSenderTest() { sender().setNextClick(click_); }
 
     x11::RequestSender &sender() { return events_.sender(); }
 
@@ -48,7 +48,7 @@ class RequestSenderTest : public testing::Test {
     /// Leaves drawing in the buffer and asks for it to be sent so long before a click.
     void drawBefore(std::chrono::nanoseconds distance) {
         leaveRequest();
-        sender().draws();
+        sender().markDrawing();
         click_->set(clock_.now() + distance);
         sender().send();
     }
@@ -64,13 +64,13 @@ class RequestSenderTest : public testing::Test {
 
 TEST_F(RequestSenderTest, OnlyTheMomentsBeforeAClickAreNotClear) {
     click_->set(1s);
-    const Instant after = sender().clearOfClick(1s);
+    const Instant after = sender().deferPastClick(1s);
     EXPECT_GT(after, 1s);
     EXPECT_LT(after, 1s + 1ms);
-    EXPECT_EQ(sender().clearOfClick(1s - 2ms), after);
-    EXPECT_EQ(sender().clearOfClick(1s - 20ms), 1s - 20ms);
-    EXPECT_EQ(sender().clearOfClick(after), after);
-    EXPECT_EQ(sender().clearOfClick(2s), 2s);
+    EXPECT_EQ(sender().deferPastClick(1s - 2ms), after);
+    EXPECT_EQ(sender().deferPastClick(1s - 20ms), 1s - 20ms);
+    EXPECT_EQ(sender().deferPastClick(after), after);
+    EXPECT_EQ(sender().deferPastClick(2s), 2s);
 }
 
 TEST_F(RequestSenderTest, WhatIsNoDrawingIsSentAtOnce) {

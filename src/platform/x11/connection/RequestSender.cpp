@@ -5,15 +5,15 @@
 
 namespace corvane::x11 {
 
-void RequestSender::draws() {
-    if (!drawn_) {
-        drawn_ = clock_.now();
+void RequestSender::markDrawing() {
+    if (!drawingSince_) {
+        drawingSince_ = clock_.now();
     }
 }
 
-platform::Instant RequestSender::clearOfClick(platform::Instant moment) const {
+platform::Instant RequestSender::deferPastClick(platform::Instant moment) const {
     using namespace std::chrono_literals;
-    // What the server needs for the pictures of some forty ripples.
+    // The server takes that long for the frames of some forty ripples.
     constexpr auto timeToDraw = 4ms;
     constexpr auto timeToClick = 150us;
     const platform::Instant click = click_->get();
@@ -23,21 +23,21 @@ platform::Instant RequestSender::clearOfClick(platform::Instant moment) const {
 
 void RequestSender::send() {
     prepare_();
-    if (!isPaused()) {
-        drawn_.reset();
+    if (!isDeferred()) {
+        drawingSince_.reset();
         connection_.flush();
     }
 }
 
-bool RequestSender::isPaused() {
-    if (!drawn_) {
+bool RequestSender::isDeferred() {
+    if (!drawingSince_) {
         return false;
     }
-    // One click after the other may be near, such as while they fall beside a zone.
+    // While clicks are skipped beside a zone, the next one is always near.
     constexpr std::chrono::milliseconds longest(6);
     const platform::Instant now = clock_.now();
-    const platform::Instant end = std::min(clearOfClick(now), *drawn_ + longest);
-    return end > now && pause_.set(end);
+    const platform::Instant end = std::min(deferPastClick(now), *drawingSince_ + longest);
+    return end > now && deferral_.set(end);
 }
 
 } // namespace corvane::x11

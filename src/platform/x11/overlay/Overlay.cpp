@@ -74,7 +74,7 @@ Overlay::~Overlay() {
 }
 
 void Overlay::orderFront() {
-    server_.sender().draws();
+    server_.sender().markDrawing();
     const bool staysOnTop = !scene_.isEmpty();
     if (isShown_) {
         surface_.raise(traits_.level, staysOnTop);

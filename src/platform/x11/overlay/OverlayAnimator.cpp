@@ -39,13 +39,13 @@ void OverlayAnimator::advanceWhileAwake() {
         return;
     }
     const platform::Instant now = clock_.now();
-    if (now - lastAdvance_ >= earliest && sender_.clearOfClick(now) == now) {
+    if (now - lastAdvance_ >= earliest && sender_.deferPastClick(now) == now) {
         advance(now);
     }
 }
 
 void OverlayAnimator::advance(platform::Instant now) {
-    sender_.draws();
+    sender_.markDrawing();
     lastAdvance_ = now;
     const auto firstOver = std::ranges::stable_partition(
         running_, [now](OverlayPlayback *playback) { return playback->advanceTo(now); });
@@ -68,7 +68,7 @@ void OverlayAnimator::setTimer() {
     if (running_.empty()) {
         timer_.clear();
     } else {
-        timer_.set(sender_.clearOfClick(lastAdvance_ + drawing::AnimationFrames::interval));
+        timer_.set(sender_.deferPastClick(lastAdvance_ + drawing::AnimationFrames::interval));
     }
 }
 
