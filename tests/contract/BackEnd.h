@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/Geometry.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -29,6 +31,10 @@ class BackEnd {
 
     /// Announces that the screen is locked or unlocked, as the system's locker does.
     virtual void announceLock(bool isLocked) = 0;
+
+    /// The user clicks on an overlay with the left button; screen space. Press and release are
+    /// reported to the overlay that is there now, but only while `turnUntil` runs.
+    virtual void click(Point point) = 0;
 
     /// An existing, empty directory for the test's own files.
     virtual std::filesystem::path directory() = 0;

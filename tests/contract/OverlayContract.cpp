@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 
 #include <chrono>
+#include <vector>
 
 namespace corvane::contract {
 
@@ -98,6 +99,33 @@ TEST_P(OverlayContract, AnOverlayMayEndInsideItsCompletion) {
     });
     EXPECT_TRUE(backEnd().turnUntil([&isCompleted] { return isCompleted; }));
     wait(milliseconds(20));
+}
+
+TEST_P(OverlayContract, MouseEventsOnTheirWayToAnOverlayThatIsOrderedOutAreDropped) {
+    std::vector<Point> reported;
+    const auto report = [&reported](Point point) { reported.push_back(point); };
+    const auto createPicker = [&](const Rectangle &frame) {
+        return platform().overlayWindows().create({.frame = frame,
+                                                   .level = window_level::screenSaver,
+                                                   .background = {ColourName::black, 0.3},
+                                                   .ignoresMouseEvents = false},
+                                                  {.mouseDown = report, .mouseUp = report});
+    };
+    const auto overlay = createPicker({100, 100, 40, 40});
+    const auto other = createPicker({200, 100, 40, 40});
+    overlay->orderFront();
+    other->orderFront();
+    backEnd().click({110, 120});
+    EXPECT_TRUE(backEnd().turnUntil([&reported] { return reported.size() == 2; }));
+    EXPECT_EQ(reported, std::vector<Point>(2, {110, 120}));
+
+    reported.clear();
+    backEnd().click({110, 120});
+    overlay->orderOut();
+    // Events come in order: whatever there was for the first overlay has come before this.
+    backEnd().click({210, 120});
+    EXPECT_TRUE(backEnd().turnUntil([&reported] { return reported.size() >= 2; }));
+    EXPECT_EQ(reported, std::vector<Point>(2, {210, 120}));
 }
 
 CORVANE_CONTRACT(OverlayContract);

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <vector>
+
 namespace corvane::contract {
 
 /// The back end in memory that the unit tests run on.
@@ -20,10 +23,13 @@ class RecorderBackEnd : public BackEnd {
         platform_.userSession().become(isLocked ? platform::SessionState::locked
                                                 : platform::SessionState::active);
     }
+    void click(Point point) override;
     std::filesystem::path directory() override { return "/contract"; }
 
   private:
     corvane::testing::RecordingPlatform platform_;
+    /// Mouse events that have not been reported yet.
+    std::vector<std::function<void()>> events_;
 };
 
 } // namespace corvane::contract

@@ -1,10 +1,12 @@
 #include "LinuxBackEnd.h"
 
 #include "EventLoop.h"
+#include "Pointer.h"
 #include "RecorderBackEnd.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QtGlobal>
 
 namespace corvane::contract {
 
@@ -18,6 +20,17 @@ void LinuxBackEnd::announceLock(bool isLocked) {
                                              QStringLiteral("ActiveChanged"));
     signal << isLocked;
     QDBusConnection::sessionBus().send(signal);
+}
+
+void LinuxBackEnd::click(Point point) {
+    // The server has the overlay before the click, and has sent the events when the click returns.
+    events_.connection().synchronise();
+    const desktop::DisplayConnection user(qEnvironmentVariable("DISPLAY").toStdString());
+    const desktop::Pointer pointer(user);
+    const auto screens = platform_.screens().screens();
+    const Point position = flipped(point, screens.front().frame.height);
+    pointer.moveTo({static_cast<int>(position.x), static_cast<int>(position.y)});
+    pointer.click();
 }
 
 std::vector<BackEndKind> backEndKinds() {

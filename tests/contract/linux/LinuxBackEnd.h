@@ -16,6 +16,7 @@ class LinuxBackEnd : public BackEnd {
     platform::Platform &platform() override { return platform_; }
     bool turnUntil(const std::function<bool()> &condition) override;
     void announceLock(bool isLocked) override;
+    void click(Point point) override;
     std::filesystem::path directory() override { return directory_.path(); }
 
   private:

@@ -2,10 +2,12 @@
 
 #import "RecorderBackEnd.h"
 
+#import <AppKit/AppKit.h>
 #import <CoreFoundation/CoreFoundation.h>
 #import <Foundation/Foundation.h>
 
 #include <chrono>
+#include <utility>
 
 namespace corvane::contract {
 
@@ -18,6 +20,9 @@ bool MacBackEnd::turnUntil(const std::function<bool()> &condition) {
             return false;
         }
         @autoreleasepool {
+            for (const auto &event : std::exchange(events_, {})) {
+                event();
+            }
             CFRunLoopRunInMode(kCFRunLoopDefaultMode, pause, true);
         }
     }
@@ -30,6 +35,28 @@ void MacBackEnd::announceLock(bool isLocked) {
                       object:nil
                     userInfo:nil
           deliverImmediately:YES];
+}
+
+void MacBackEnd::click(Point point) {
+    for (NSWindow *window in NSApplication.sharedApplication.windows) {
+        const NSPoint position = NSMakePoint(point.x, point.y);
+        if (!window.visible || window.ignoresMouseEvents ||
+            !NSPointInRect(position, window.frame)) {
+            continue;
+        }
+        for (const NSEventType type : {NSEventTypeLeftMouseDown, NSEventTypeLeftMouseUp}) {
+            NSEvent *event = [NSEvent mouseEventWithType:type
+                                                location:[window convertPointFromScreen:position]
+                                           modifierFlags:0
+                                               timestamp:NSProcessInfo.processInfo.systemUptime
+                                            windowNumber:window.windowNumber
+                                                 context:nil
+                                             eventNumber:0
+                                              clickCount:1
+                                                pressure:1];
+            events_.emplace_back([window, event] { [window sendEvent:event]; });
+        }
+    }
 }
 
 std::vector<BackEndKind> backEndKinds() {

@@ -154,10 +154,11 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
     }
 }
 
-/// The receiver comes as a copy, because it may destroy this overlay.
+/// Drops what was on its way when the window was ordered out. The receiver comes as a copy, because
+/// it may destroy this overlay.
 - (void)report:(NSEvent *)event to:(std::function<void(corvane::Point)>)receiver {
     NSWindow *window = self.window;
-    if (receiver && window != nil) {
+    if (receiver && window.visible) {
         receiver(macos::portablePoint([window convertPointToScreen:event.locationInWindow]));
     }
 }
