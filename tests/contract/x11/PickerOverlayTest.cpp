@@ -21,7 +21,7 @@ constexpr Pixel dimmed{154, 140, 126};
 
 bool isDimmed(Pixel pixel) { return isNearly(pixel, dimmed); }
 
-class LinuxPickerOverlayTest : public EveryOverlayTest {
+class PickerOverlayTest : public EveryOverlayTest {
   protected:
     OverlayCallbacks callbacks() {
         return {.onMouseDown = [this](Point point) { downs_.push_back(point); },
@@ -54,7 +54,7 @@ class LinuxPickerOverlayTest : public EveryOverlayTest {
     OverlayWindow picker_{overlays_, {0, 0, 800, screenHeight}, callbacks()};
 };
 
-TEST_P(LinuxPickerOverlayTest, TheScreenIsDimmed) {
+TEST_P(PickerOverlayTest, TheScreenIsDimmed) {
     show();
     const Screenshot screen = screenshot();
     for (const Position corner :
@@ -65,7 +65,7 @@ TEST_P(LinuxPickerOverlayTest, TheScreenIsDimmed) {
     EXPECT_TRUE(turnUntilPixel({400, 300}, isBackground));
 }
 
-TEST_P(LinuxPickerOverlayTest, TheSelectionIsDashedAndTinted) {
+TEST_P(PickerOverlayTest, TheSelectionIsDashedAndTinted) {
     show();
     picker_.showSelection({200, 300, 300, 120});
     ASSERT_TRUE(turnUntilPixel({350, 240}, [](Pixel pixel) { return !isDimmed(pixel); }));
@@ -79,7 +79,7 @@ TEST_P(LinuxPickerOverlayTest, TheSelectionIsDashedAndTinted) {
     EXPECT_FALSE(isBlue(screen.at({218, 300})));
 }
 
-TEST_P(LinuxPickerOverlayTest, ADragLeavesNoTrace) {
+TEST_P(PickerOverlayTest, ADragLeavesNoTrace) {
     show();
     const Screenshot before = screenshot();
     for (const double size : {20.0, 250.0, 90.0, 400.0, 10.0, 180.0}) {
@@ -103,7 +103,7 @@ TEST_P(LinuxPickerOverlayTest, ADragLeavesNoTrace) {
     EXPECT_TRUE(sees(repainted));
 }
 
-TEST_P(LinuxPickerOverlayTest, TheMouseIsReportedInScreenSpace) {
+TEST_P(PickerOverlayTest, TheMouseIsReportedInScreenSpace) {
     show();
     pointer_.moveTo({120, 50});
     pointer_.press();
@@ -115,7 +115,7 @@ TEST_P(LinuxPickerOverlayTest, TheMouseIsReportedInScreenSpace) {
     EXPECT_EQ(ups_, (std::vector<Point>{{300, 400}}));
 }
 
-TEST_P(LinuxPickerOverlayTest, OtherButtonsDoNothing) {
+TEST_P(PickerOverlayTest, OtherButtonsDoNothing) {
     show();
     pointer_.moveTo({120, 50});
     pointer_.click(3);
@@ -127,7 +127,7 @@ TEST_P(LinuxPickerOverlayTest, OtherButtonsDoNothing) {
     EXPECT_TRUE(drags_.empty());
 }
 
-TEST_P(LinuxPickerOverlayTest, APressRightAfterItIsShownCounts) {
+TEST_P(PickerOverlayTest, APressRightAfterItIsShownCounts) {
     pointer_.moveTo({10, 590});
     picker_.makeKeyAndOrderFront();
     events_.connection().synchronise();
@@ -137,7 +137,7 @@ TEST_P(LinuxPickerOverlayTest, APressRightAfterItIsShownCounts) {
     EXPECT_EQ(downs_, (std::vector<Point>{{10, 10}}));
 }
 
-TEST_P(LinuxPickerOverlayTest, EscapeCancelsAndOtherKeysDoNothing) {
+TEST_P(PickerOverlayTest, EscapeCancelsAndOtherKeysDoNothing) {
     show();
     tap(spaceSymbol);
     tap(escapeSymbol);
@@ -146,7 +146,7 @@ TEST_P(LinuxPickerOverlayTest, EscapeCancelsAndOtherKeysDoNothing) {
     EXPECT_EQ(cancels_, 1);
 }
 
-TEST_P(LinuxPickerOverlayTest, EscapeComesAlsoWhenAnotherWindowHasTheKeyboard) {
+TEST_P(PickerOverlayTest, EscapeComesAlsoWhenAnotherWindowHasTheKeyboard) {
     show();
     xcb_set_input_focus(desktop_.connection().get(), XCB_INPUT_FOCUS_PARENT, backdrop_.id(),
                         XCB_TIME_CURRENT_TIME);
@@ -155,7 +155,7 @@ TEST_P(LinuxPickerOverlayTest, EscapeComesAlsoWhenAnotherWindowHasTheKeyboard) {
     EXPECT_TRUE(turnUntil([this] { return cancels_ == 1; }));
 }
 
-TEST_P(LinuxPickerOverlayTest, WithSeveralScreensOneKeyIsOneCancel) {
+TEST_P(PickerOverlayTest, WithSeveralScreensOneKeyIsOneCancel) {
     OverlayWindow other(overlays_, {800, 0, 200, 600}, callbacks());
     show();
     other.makeKeyAndOrderFront();
@@ -165,7 +165,7 @@ TEST_P(LinuxPickerOverlayTest, WithSeveralScreensOneKeyIsOneCancel) {
     EXPECT_EQ(cancels_, 1);
 }
 
-TEST_P(LinuxPickerOverlayTest, AnotherProgramMayHoldTheKeyboardAndTheMouse) {
+TEST_P(PickerOverlayTest, AnotherProgramMayHoldTheKeyboardAndTheMouse) {
     xcb_connection_t *const user = desktop_.connection().get();
     xcb_discard_reply(user, xcb_grab_keyboard(user, 0, desktop_.connection().root(),
                                               XCB_TIME_CURRENT_TIME, XCB_GRAB_MODE_ASYNC,
@@ -182,7 +182,7 @@ TEST_P(LinuxPickerOverlayTest, AnotherProgramMayHoldTheKeyboardAndTheMouse) {
     EXPECT_TRUE(turnUntil([this] { return cancels_ == 1; }));
 }
 
-TEST_P(LinuxPickerOverlayTest, TheKeyboardGoesBackToWhoHadIt) {
+TEST_P(PickerOverlayTest, TheKeyboardGoesBackToWhoHadIt) {
     xcb_set_input_focus(desktop_.connection().get(), XCB_INPUT_FOCUS_PARENT, backdrop_.id(),
                         XCB_TIME_CURRENT_TIME);
     desktop_.connection().synchronize();
@@ -195,7 +195,7 @@ TEST_P(LinuxPickerOverlayTest, TheKeyboardGoesBackToWhoHadIt) {
     EXPECT_EQ(cancels_, 0);
 }
 
-TEST_P(LinuxPickerOverlayTest, ItMayEndInsideItsOwnEvents) {
+TEST_P(PickerOverlayTest, ItMayEndInsideItsOwnEvents) {
     int events = 0;
     std::unique_ptr<OverlayWindow> brief;
     const auto end = [&](Point) {
@@ -220,7 +220,7 @@ TEST_P(LinuxPickerOverlayTest, ItMayEndInsideItsOwnEvents) {
     EXPECT_TRUE(shownOverlays().empty());
 }
 
-TEST_P(LinuxPickerOverlayTest, ItFollowsTheCompositor) {
+TEST_P(PickerOverlayTest, ItFollowsTheCompositor) {
     show();
     picker_.showSelection({200, 300, 300, 120});
     const auto showsAll = [](const Screenshot &screen) {
@@ -245,7 +245,7 @@ TEST_P(LinuxPickerOverlayTest, ItFollowsTheCompositor) {
     EXPECT_TRUE(turnUntil([this] { return cancels_ == 1; }));
 }
 
-INSTANTIATE_TEST_SUITE_P(With, LinuxPickerOverlayTest, testing::Bool(), compositing);
+INSTANTIATE_TEST_SUITE_P(With, PickerOverlayTest, testing::Bool(), compositing);
 
 } // namespace
 

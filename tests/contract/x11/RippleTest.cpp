@@ -16,7 +16,7 @@ constexpr Position center{400, 300};
 
 int bluePixels(const Screenshot &screen) { return screen.count(center, 24, isBlue); }
 
-class LinuxRippleTest : public EveryOverlayTest {
+class RippleTest : public EveryOverlayTest {
   protected:
     void ripple(Point point = click) {
         const int number = ++shown_;
@@ -39,7 +39,7 @@ class LinuxRippleTest : public EveryOverlayTest {
     std::map<int, std::unique_ptr<RippleWindow>> ripples_;
 };
 
-TEST_P(LinuxRippleTest, ARingGrowsAroundTheClickAndIsGone) {
+TEST_P(RippleTest, ARippleGrowsAroundTheClickAndIsGone) {
     ripple();
     bool wasSmall = false;
     bool wasLarge = false;
@@ -47,7 +47,7 @@ TEST_P(LinuxRippleTest, ARingGrowsAroundTheClickAndIsGone) {
         if (ended_ == 0 && wasLarge) {
             return true;
         }
-        // Another turn for a machine that was too busy to show the ring.
+        // Another turn for a machine that was too busy to show the ripple.
         if (ended_ == shown_) {
             ripple();
         }
@@ -63,7 +63,7 @@ TEST_P(LinuxRippleTest, ARingGrowsAroundTheClickAndIsGone) {
     EXPECT_TRUE(shownOverlays().empty());
 }
 
-TEST_P(LinuxRippleTest, TheRingIsBlue) {
+TEST_P(RippleTest, TheRippleIsBlue) {
     ripple();
     EXPECT_TRUE(turnUntilScreen([this](const Screenshot &screen) {
         if (ended_ == shown_) {
@@ -73,7 +73,7 @@ TEST_P(LinuxRippleTest, TheRingIsBlue) {
     }));
 }
 
-TEST_P(LinuxRippleTest, EachEndsByItself) {
+TEST_P(RippleTest, EachEndsByItself) {
     ripple({100, 100});
     ripple();
     ripple({700, 500});
@@ -82,7 +82,7 @@ TEST_P(LinuxRippleTest, EachEndsByItself) {
     EXPECT_TRUE(shownOverlays().empty());
 }
 
-TEST_P(LinuxRippleTest, TheRingGrowsWheneverTheProgramIsAwakeAnyway) {
+TEST_P(RippleTest, TheRippleGrowsWheneverTheProgramIsAwakeAnyway) {
     ripple();
     EXPECT_TRUE(desktop::waitUntil([this] {
         events_.sender().send();
@@ -91,7 +91,7 @@ TEST_P(LinuxRippleTest, TheRingGrowsWheneverTheProgramIsAwakeAnyway) {
     EXPECT_TRUE(shownOverlays().empty());
 }
 
-TEST_P(LinuxRippleTest, ClicksOnTheRingReachTheWindowBeneath) {
+TEST_P(RippleTest, ClicksOnTheRippleReachTheWindowBeneath) {
     desktop::ClickClient client(desktop_);
     client.open({.x = 0, .y = 0, .width = 800, .height = 600, .isOverride = true});
     const desktop::Pointer pointer(desktop_.connection());
@@ -104,7 +104,7 @@ TEST_P(LinuxRippleTest, ClicksOnTheRingReachTheWindowBeneath) {
     EXPECT_TRUE(client.waitForClicks(2));
 }
 
-TEST_P(LinuxRippleTest, ManyRipplesLeaveNoWindowBehind) {
+TEST_P(RippleTest, ManyRipplesLeaveNoWindowBehind) {
     for (int round = 0; round < 10; ++round) {
         for (int count = 0; count < 50; ++count) {
             ripple({10.0 * count, 20.0 * round});
@@ -117,7 +117,7 @@ TEST_P(LinuxRippleTest, ManyRipplesLeaveNoWindowBehind) {
     EXPECT_LE(windowCount(), 8U);
 }
 
-TEST_P(LinuxRippleTest, RipplesLieAboveTheZone) {
+TEST_P(RippleTest, RipplesLieAboveTheZone) {
     ripple();
     ZoneOverlayWindow zone(overlays_, {300, 200, 200, 200}, screenHeight);
     zone.orderFront();
@@ -131,7 +131,7 @@ TEST_P(LinuxRippleTest, RipplesLieAboveTheZone) {
     EXPECT_EQ(after.at(1), before.back());
 }
 
-TEST_P(LinuxRippleTest, TheCompositorMayGoWhileARingIsShown) {
+TEST_P(RippleTest, TheCompositorMayGoWhileARippleIsShown) {
     ripple();
     if (GetParam()) {
         desktop_.stopCompositor();
@@ -148,7 +148,7 @@ TEST_P(LinuxRippleTest, TheCompositorMayGoWhileARingIsShown) {
     }));
 }
 
-INSTANTIATE_TEST_SUITE_P(With, LinuxRippleTest, testing::Bool(), compositing);
+INSTANTIATE_TEST_SUITE_P(With, RippleTest, testing::Bool(), compositing);
 
 } // namespace
 

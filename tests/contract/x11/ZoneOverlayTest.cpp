@@ -19,7 +19,7 @@ constexpr Position badge{203, 145};
 bool isWhite(Pixel pixel) { return isNearly(pixel, {255, 255, 255}, 10); }
 
 /// Lays the overlay of a zone over the desktop.
-class LinuxZoneOverlayTest : public EveryOverlayTest {
+class ZoneOverlayTest : public EveryOverlayTest {
   protected:
     void show() {
         overlay_.orderFront();
@@ -29,7 +29,7 @@ class LinuxZoneOverlayTest : public EveryOverlayTest {
     ZoneOverlayWindow overlay_{overlays_, zone, screenHeight};
 };
 
-TEST_P(LinuxZoneOverlayTest, TheOutlineLiesInsideTheZone) {
+TEST_P(ZoneOverlayTest, TheOutlineLiesInsideTheZone) {
     show();
     const Screenshot screen = screenshot();
     for (const Position corner :
@@ -42,7 +42,7 @@ TEST_P(LinuxZoneOverlayTest, TheOutlineLiesInsideTheZone) {
     }
 }
 
-TEST_P(LinuxZoneOverlayTest, TheBadgeStandsAboveTheTopLeftCorner) {
+TEST_P(ZoneOverlayTest, TheBadgeStandsAboveTheTopLeftCorner) {
     show();
     const Screenshot screen = screenshot();
     EXPECT_TRUE(isGreen(screen.at(badge)));
@@ -55,7 +55,7 @@ TEST_P(LinuxZoneOverlayTest, TheBadgeStandsAboveTheTopLeftCorner) {
     EXPECT_EQ(screen.at({221, 128}), background);
 }
 
-TEST_P(LinuxZoneOverlayTest, TheZoneStaysVisible) {
+TEST_P(ZoneOverlayTest, TheZoneStaysVisible) {
     show();
     const Pixel pixel = screenshot().at(inside);
     if (GetParam()) {
@@ -65,14 +65,14 @@ TEST_P(LinuxZoneOverlayTest, TheZoneStaysVisible) {
     }
 }
 
-TEST_P(LinuxZoneOverlayTest, AZoneNarrowerThanTheBadgeCutsItOff) {
+TEST_P(ZoneOverlayTest, AZoneNarrowerThanTheBadgeCutsItOff) {
     ZoneOverlayWindow narrow(overlays_, {600, 300, 10, 40}, screenHeight);
     narrow.orderFront();
     ASSERT_TRUE(turnUntilPixel({603, 295}, isGreen));
     EXPECT_EQ(screenshot().at({612, 290}), background);
 }
 
-TEST_P(LinuxZoneOverlayTest, AZoneLargerThanTheDesktopIsOutlinedWhereItIsSeen) {
+TEST_P(ZoneOverlayTest, AZoneLargerThanTheDesktopIsOutlinedWhereItIsSeen) {
     overlay_.moveTo({200, 150, 1e6, 1e6}, screenHeight);
     overlay_.orderFront();
     EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
@@ -88,7 +88,7 @@ TEST_P(LinuxZoneOverlayTest, AZoneLargerThanTheDesktopIsOutlinedWhereItIsSeen) {
     }));
 }
 
-TEST_P(LinuxZoneOverlayTest, AZoneBeyondAllCountingIsNotSeen) {
+TEST_P(ZoneOverlayTest, AZoneBeyondAllCountingIsNotSeen) {
     show();
     for (const Rectangle &far :
          {Rectangle{65536 + 200, 150, 300, 200}, Rectangle{200, -65536 + 150, 300, 200},
@@ -103,7 +103,7 @@ TEST_P(LinuxZoneOverlayTest, AZoneBeyondAllCountingIsNotSeen) {
     EXPECT_TRUE(turnUntilPixel({200, 250}, isGreen));
 }
 
-TEST_P(LinuxZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
+TEST_P(ZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
     desktop::ClickClient client(desktop_);
     client.open({.x = 0, .y = 0, .width = 800, .height = 600, .isOverride = true});
     overlay_.orderFront();
@@ -117,7 +117,7 @@ TEST_P(LinuxZoneOverlayTest, EveryClickReachesTheWindowBeneath) {
     }
 }
 
-TEST_P(LinuxZoneOverlayTest, AMoveLeavesBeforeTheEventLoopTurns) {
+TEST_P(ZoneOverlayTest, AMoveLeavesBeforeTheEventLoopTurns) {
     show();
     const auto shown = shownOverlays();
     ASSERT_EQ(shown.size(), 1U);
@@ -130,7 +130,7 @@ TEST_P(LinuxZoneOverlayTest, AMoveLeavesBeforeTheEventLoopTurns) {
     }));
 }
 
-TEST_P(LinuxZoneOverlayTest, ItMovesAtOnceAndLeavesNothingBehind) {
+TEST_P(ZoneOverlayTest, ItMovesAtOnceAndLeavesNothingBehind) {
     show();
     overlay_.moveTo({400, 300, 300, 200}, screenHeight);
     EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
@@ -139,7 +139,7 @@ TEST_P(LinuxZoneOverlayTest, ItMovesAtOnceAndLeavesNothingBehind) {
     }));
 }
 
-TEST_P(LinuxZoneOverlayTest, ItTakesANewSize) {
+TEST_P(ZoneOverlayTest, ItTakesANewSize) {
     show();
     overlay_.moveTo({200, 150, 120, 90}, screenHeight);
     EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
@@ -148,7 +148,7 @@ TEST_P(LinuxZoneOverlayTest, ItTakesANewSize) {
     }));
 }
 
-TEST_P(LinuxZoneOverlayTest, OrderedOutItIsGone) {
+TEST_P(ZoneOverlayTest, OrderedOutItIsGone) {
     show();
     overlay_.orderOut();
     EXPECT_TRUE(turnUntilScreen([](const Screenshot &screen) {
@@ -158,7 +158,7 @@ TEST_P(LinuxZoneOverlayTest, OrderedOutItIsGone) {
     show();
 }
 
-TEST_P(LinuxZoneOverlayTest, ALaterWindowDoesNotCoverIt) {
+TEST_P(ZoneOverlayTest, ALaterWindowDoesNotCoverIt) {
     show();
     const SampleWindow later(desktop_.connection(), {.x = 0, .y = 0, .width = 800, .height = 600});
     later.setColour(250, 250, 210);
@@ -175,7 +175,7 @@ TEST_P(LinuxZoneOverlayTest, ALaterWindowDoesNotCoverIt) {
     EXPECT_TRUE(turnUntilScreen(showsBoth));
 }
 
-TEST_P(LinuxZoneOverlayTest, ItsProgramIsNotWokenByItsOwnWindows) {
+TEST_P(ZoneOverlayTest, ItsProgramIsNotWokenByItsOwnWindows) {
     show();
     // Windows are made once and kept.
     RippleWindow(overlays_, {60, 60}, screenHeight).orderFront();
@@ -199,7 +199,7 @@ TEST_P(LinuxZoneOverlayTest, ItsProgramIsNotWokenByItsOwnWindows) {
     EXPECT_TRUE(turnUntil([&changes] { return changes > 0; }));
 }
 
-TEST_P(LinuxZoneOverlayTest, ItFollowsTheCompositor) {
+TEST_P(ZoneOverlayTest, ItFollowsTheCompositor) {
     show();
     for (int count = 0; count < 2; ++count) {
         if (!GetParam()) {
@@ -216,7 +216,7 @@ TEST_P(LinuxZoneOverlayTest, ItFollowsTheCompositor) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(With, LinuxZoneOverlayTest, testing::Bool(), compositing);
+INSTANTIATE_TEST_SUITE_P(With, ZoneOverlayTest, testing::Bool(), compositing);
 
 } // namespace
 
