@@ -2,7 +2,6 @@
 
 #include "platform/drawing/DisplayText.h"
 #include "platform/drawing/SymbolImages.h"
-#include "platform/qt/controls/ContinuousCorners.h"
 #include "platform/qt/controls/ViewStyling.h"
 
 #include <QEvent>
@@ -75,18 +74,20 @@ void ButtonWidget::paintEvent(QPaintEvent *event) {
 void ButtonWidget::paintProminent() {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF bounds = rect();
     QColor fill = isEnabled() ? accentColour() : faded(palette(), 0.1);
     if (isDown()) {
         fill = fill.darker(120);
     } else if (isEnabled() && underMouse()) {
         fill = fill.lighter(108);
     }
-    painter.fillPath(continuousRoundedRectangle(bounds, cornerRadius), fill);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fill);
+    painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
     if (hasFocus()) {
         painter.setPen(QPen(accentTextColour(), 1.5));
-        painter.drawPath(
-            continuousRoundedRectangle(bounds.adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius - 2));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(2.5, 2.5, -2.5, -2.5), cornerRadius - 2,
+                                cornerRadius - 2);
     }
     painter.setPen(isEnabled() ? accentTextColour() : faded(palette(), 0.45));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());

@@ -1,9 +1,8 @@
 #include "platform/qt/controls/FileImageWidget.h"
 
-#include "platform/qt/controls/ContinuousCorners.h"
-
 #include <QImageReader>
 #include <QPainter>
+#include <QPainterPath>
 
 #include <cmath>
 
@@ -37,8 +36,10 @@ const QPixmap &FileImageWidget::picture() {
 void FileImageWidget::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipPath(
-        continuousRoundedRectangle(rect(), std::get<FileImage>(view_.content).cornerRadius));
+    const double radius = std::get<FileImage>(view_.content).cornerRadius;
+    QPainterPath outline;
+    outline.addRoundedRect(rect(), radius, radius);
+    painter.setClipPath(outline);
     painter.drawPixmap(0, 0, picture());
 }
 

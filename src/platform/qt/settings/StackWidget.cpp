@@ -1,7 +1,6 @@
 #include "platform/qt/settings/StackWidget.h"
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/qt/controls/ContinuousCorners.h"
 #include "platform/qt/controls/ViewStyling.h"
 
 #include <QPainter>
@@ -193,15 +192,11 @@ void StackWidget::paintEvent(QPaintEvent *) {
     }
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QRectF bounds = rect();
-    if (background_->shape == BackgroundShape::capsule) {
-        QPainterPath capsule;
-        capsule.addRoundedRect(bounds, bounds.height() / 2, bounds.height() / 2);
-        painter.fillPath(capsule, fillColour(background_->fill, palette()));
-    } else {
-        painter.fillPath(continuousRoundedRectangle(bounds, background_->cornerRadius),
-                         fillColour(background_->fill, palette()));
-    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fillColour(background_->fill, palette()));
+    const bool isCapsule = background_->shape == BackgroundShape::capsule;
+    const double radius = isCapsule ? height() / 2.0 : background_->cornerRadius;
+    painter.drawRoundedRect(rect(), radius, radius);
 }
 
 } // namespace corvane::qt

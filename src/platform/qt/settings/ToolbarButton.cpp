@@ -1,7 +1,6 @@
 #include "platform/qt/settings/ToolbarButton.h"
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/qt/controls/ContinuousCorners.h"
 #include "platform/qt/controls/ViewStyling.h"
 
 #include <QFocusEvent>
@@ -63,17 +62,11 @@ void ToolbarButton::focusInEvent(QFocusEvent *event) {
 void ToolbarButton::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QPainterPath shape =
-        continuousRoundedRectangle(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius);
-    if (isSelected_ || isDown()) {
-        painter.fillPath(shape, faded(palette(), 0.1));
-    } else if (underMouse()) {
-        painter.fillPath(shape, faded(palette(), 0.05));
-    }
-    if (hasFocus() && showsFocus_) {
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
-        painter.drawPath(shape);
-    }
+    const bool isPressed = isSelected_ || isDown();
+    const bool hasFrame = hasFocus() && showsFocus_;
+    painter.setBrush(faded(palette(), isPressed ? 0.1 : underMouse() ? 0.05 : 0));
+    painter.setPen(hasFrame ? QPen(palette().color(QPalette::Highlight), 1.5) : Qt::NoPen);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), cornerRadius, cornerRadius);
     const QColor colour = isSelected_ ? textColour(Colour{ColourName::systemBlue}, palette())
                                       : textColour(HierarchicalStyle::secondary, palette());
     painter.drawPixmap((width() - iconSide) / 2, verticalPadding,
