@@ -12,7 +12,7 @@
 #include "platform/linux/timing/SchedulerSlice.h"
 #include "platform/posix/FileFacts.h"
 #include "platform/posix/PosixFileSystem.h"
-#include "platform/qt/controls/PlaceholderColour.h"
+#include "platform/qt/controls/ViewStyling.h"
 #include "platform/x11/click/ButtonReports.h"
 #include "platform/x11/click/ButtonWatchdog.h"
 #include "platform/x11/click/PressedButtonRecord.h"

@@ -1,7 +1,6 @@
 #include "platform/qt/alerts/AlertDialog.h"
 
 #include "platform/drawing/DisplayText.h"
-#include "platform/qt/alerts/AlertImage.h"
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/x11/connection/XcbReply.h"
 #include "platform/x11/windows/WindowActivation.h"
@@ -10,8 +9,10 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
 #include <QScreen>
+#include <QSvgRenderer>
 #include <QTimer>
 #include <xcb/xcb.h>
 
@@ -33,10 +34,31 @@ constexpr int shortestLine = 280;
 constexpr int longestLine = 400;
 constexpr int leastButtonWidth = 88;
 constexpr int buttonPadding = 14;
-/// More than that no reader needs, and no screen has room for.
+/// In characters; a longer text is cut, because a screen has no room for it.
 constexpr qsizetype longestText = 600;
 
-/// A picture of which a screen reader has nothing to say.
+void paint(QPainter &painter, const QString &drawing, const QRectF &frame) {
+    QSvgRenderer renderer(drawing);
+    renderer.render(&painter, frame);
+}
+
+/// The application icon, with a warning badge on a warning that needs no input. `size` in points,
+/// sharp on a screen with `ratio` pixels to the point.
+QPixmap alertImage(const Alert &alert, int size, qreal ratio) {
+    QPixmap pixmap(QSize(size, size) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    paint(painter, QStringLiteral(":/AppIcon.svg"), QRectF(0, 0, size, size));
+    if (alert.style == AlertStyle::warning && !alert.field) {
+        const auto badge = size * 0.46;
+        paint(painter, QStringLiteral(":/Warning.svg"),
+              QRectF(size - badge, size - badge, badge, badge));
+    }
+    return pixmap;
+}
+
+/// A picture that screen readers leave out.
 class DecorationLabel : public QLabel, public AccessibleRole {
   public:
     QAccessible::Role accessibleRole() const override { return QAccessible::LayeredPane; }

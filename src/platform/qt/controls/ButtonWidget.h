@@ -4,12 +4,6 @@
 
 #include <QPushButton>
 
-namespace corvane::drawing {
-
-class SymbolImages;
-
-} // namespace corvane::drawing
-
 namespace corvane::qt {
 
 /// Shows a button.

@@ -2,15 +2,8 @@
 
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/qt/controls/ViewWidget.h"
-#include "platform/qt/settings/ViewFactory.h"
 
 #include <QAbstractButton>
-
-namespace corvane::drawing {
-
-class SymbolImages;
-
-} // namespace corvane::drawing
 
 namespace corvane::qt {
 

@@ -7,12 +7,6 @@
 #include <QPointer>
 #include <QToolButton>
 
-namespace corvane::drawing {
-
-class SymbolImages;
-
-} // namespace corvane::drawing
-
 namespace corvane::qt {
 
 /// Shows a symbol that opens a menu.

@@ -76,6 +76,13 @@ QColor readable(const QColor &colour, const QPalette &palette) {
     return QColor::fromHslF(hue, saturation, lightness, alpha);
 }
 
+/// A palette whose roles all follow the desktop, until they are set.
+QPalette withoutRoles() {
+    QPalette palette;
+    palette.setResolveMask(0);
+    return palette;
+}
+
 } // namespace
 
 bool isDark(const QPalette &palette) {
@@ -86,15 +93,22 @@ bool isDark(const QPalette &palette) {
 QPalette indicatorPalette() {
     constexpr int windowLightness = 185;
     const QPalette desktop = QGuiApplication::palette();
-    // Only this role: the others go on following the desktop.
-    QPalette palette;
-    palette.setResolveMask(0);
+    QPalette palette = withoutRoles();
     if (isDark(desktop)) {
         const QColor window = desktop.color(QPalette::Window);
         palette.setColor(QPalette::Window,
                          QColor::fromHsl(window.hslHue(), window.hslSaturation(), windowLightness));
     }
     return palette;
+}
+
+void usePlaceholderColourOfFields() {
+    constexpr float strength = 0.5F;
+    QColor colour = QApplication::palette().color(QPalette::Text);
+    colour.setAlphaF(strength);
+    QPalette palette = withoutRoles();
+    palette.setColor(QPalette::PlaceholderText, colour);
+    QApplication::setPalette(palette);
 }
 
 QColor faded(const QPalette &palette, double strength) {

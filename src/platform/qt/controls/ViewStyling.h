@@ -37,6 +37,10 @@ bool isDark(const QPalette &palette);
 /// which on a dark one cannot be seen: there they take the window for a light one.
 QPalette indicatorPalette();
 
+/// Draws the placeholders of empty fields in a paler shade of the fields' own text; desktop themes
+/// with dark fields tend to leave them black. After the application is made.
+void usePlaceholderColourOfFields();
+
 /// A text style as it relates to the desktop's own font.
 QFont viewFont(const Font &font);
 

@@ -2,19 +2,23 @@
 
 #include "presentation/View.h"
 
+#include <cstddef>
+#include <string>
+
 class QWidget;
+
+namespace corvane::drawing {
+
+class SymbolImages;
+
+} // namespace corvane::drawing
 
 namespace corvane::qt {
 
-/// How a widget takes a view over.
-enum class Rendering {
-    /// What the user was typing is dropped.
-    fresh,
-    /// What the user was typing stays.
-    update
-};
+/// What happens to text that the user has typed when a widget shows a new view.
+enum class Rendering { discardsTyping, keepsTyping };
 
-/// A widget that shows one view and goes on to show others of the same kind. Main thread.
+/// A widget that shows one view after another, all of the same kind. Main thread.
 class ViewWidget {
   public:
     virtual ~ViewWidget() = default;
@@ -25,5 +29,25 @@ class ViewWidget {
     /// now on. Calls none of them itself.
     virtual void render(const View &view, Rendering rendering) = 0;
 };
+
+/// What two views must have in common to be shown, one after the other, by the same widget.
+struct ViewKind {
+    std::size_t content = 0;
+    std::size_t variety = 0;
+    /// Inside a box, because the content's own widget has no padding or background.
+    bool isBoxed = false;
+    std::string identity{};
+
+    bool operator==(const ViewKind &) const = default;
+};
+
+ViewKind kindOf(const View &view);
+
+/// A widget for views of this kind, which does not show this one yet. The caller owns it until it
+/// has a parent. `symbols` outlives it.
+ViewWidget *makeViewWidget(const View &view, drawing::SymbolImages &symbols);
+
+/// Whether the view takes all the width there is.
+bool fillsWidth(const View &view);
 
 } // namespace corvane::qt

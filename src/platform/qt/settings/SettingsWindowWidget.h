@@ -3,7 +3,6 @@
 #include "platform/drawing/SymbolImages.h"
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/qt/controls/ViewWidget.h"
-#include "platform/qt/settings/ViewFactory.h"
 #include "presentation/SettingsWindow.h"
 
 #include <QWidget>

@@ -66,11 +66,11 @@ class LinuxSettingsWindow : public platform::NativeSettingsWindow {
     }
 
     void setContent(const View &content) override {
-        widget_->renderContent(content, Rendering::fresh);
+        widget_->renderContent(content, Rendering::discardsTyping);
     }
 
     void updateContent(const View &content) override {
-        widget_->renderContent(content, Rendering::update);
+        widget_->renderContent(content, Rendering::keepsTyping);
     }
 
   private:

@@ -17,8 +17,6 @@ class SymbolImages;
 
 namespace corvane::qt {
 
-class ToolbarButton;
-
 /// Shows a toolbar: its tabs in a centred row.
 class ToolbarWidget : public QWidget, public AccessibleRole {
   public:
@@ -38,10 +36,12 @@ class ToolbarWidget : public QWidget, public AccessibleRole {
     void paintEvent(QPaintEvent *event) override;
 
   private:
+    class Button;
+
     bool moveFrom(const QObject *button, int key);
 
     std::vector<ToolbarItem> items_;
-    std::vector<ToolbarButton *> buttons_;
+    std::vector<Button *> buttons_;
     std::string selectedItem_;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/qt/controls/ViewWidget.h"
 
+#include <QComboBox>
 #include <QWidget>
 
 #include <vector>
@@ -33,6 +34,24 @@ class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRol
 
     View view_{Picker{}};
     std::vector<QRadioButton *> buttons_;
+};
+
+/// Shows a picker as a menu that opens from the chosen entry.
+class MenuPickerWidget : public QComboBox, public ViewWidget {
+  public:
+    MenuPickerWidget();
+
+    QWidget &widget() override { return *this; }
+    void render(const View &view, Rendering rendering) override;
+
+  protected:
+    void wheelEvent(QWheelEvent *event) override;
+
+  private:
+    const Picker &picker() const { return std::get<Picker>(view_.content); }
+    void refresh();
+
+    View view_{Picker{}};
 };
 
 } // namespace corvane::qt

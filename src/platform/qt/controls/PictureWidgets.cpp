@@ -1,5 +1,9 @@
-#include "platform/qt/controls/FileImageWidget.h"
+#include "platform/qt/controls/PictureWidgets.h"
 
+#include "platform/drawing/SymbolImages.h"
+#include "platform/qt/controls/ViewStyling.h"
+
+#include <QEvent>
 #include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
@@ -41,6 +45,45 @@ void FileImageWidget::paintEvent(QPaintEvent *) {
     outline.addRoundedRect(rect(), radius, radius);
     painter.setClipPath(outline);
     painter.drawPixmap(0, 0, picture());
+}
+
+SymbolWidget::SymbolWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {}
+
+void SymbolWidget::render(const View &view, Rendering) {
+    if (view == view_) {
+        return;
+    }
+    view_ = view;
+    refresh();
+}
+
+void SymbolWidget::refresh() {
+    const int side = QFontMetrics(viewFont(view_.font)).height();
+    setFixedSize(side, side);
+    setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
+    update();
+}
+
+bool SymbolWidget::event(QEvent *event) {
+    if (event->type() == QEvent::ApplicationFontChange) {
+        refresh();
+    }
+    return QWidget::event(event);
+}
+
+void SymbolWidget::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.drawPixmap(0, 0,
+                       symbols_.pixmap(std::get<SymbolImage>(view_.content).name,
+                                       symbolColour(view_.foreground, palette()), width(),
+                                       devicePixelRatioF()));
+}
+
+DividerWidget::DividerWidget() { setFixedHeight(1); }
+
+void DividerWidget::paintEvent(QPaintEvent *) {
+    constexpr double strength = 0.12;
+    QPainter(this).fillRect(rect(), faded(palette(), strength));
 }
 
 } // namespace corvane::qt

@@ -1,19 +1,15 @@
-#include "platform/qt/settings/ViewFactory.h"
+#include "platform/qt/controls/ViewWidget.h"
 
 #include "platform/qt/controls/ButtonWidget.h"
-#include "platform/qt/controls/DividerWidget.h"
-#include "platform/qt/controls/FileImageWidget.h"
+#include "platform/qt/controls/FieldWidgets.h"
 #include "platform/qt/controls/LinkWidget.h"
 #include "platform/qt/controls/MenuButtonWidget.h"
-#include "platform/qt/controls/MenuPickerWidget.h"
-#include "platform/qt/controls/NumberFieldWidget.h"
-#include "platform/qt/controls/RadioGroupWidget.h"
+#include "platform/qt/controls/PickerWidgets.h"
+#include "platform/qt/controls/PictureWidgets.h"
+#include "platform/qt/controls/StackWidget.h"
 #include "platform/qt/controls/StepperWidget.h"
-#include "platform/qt/controls/SymbolWidget.h"
-#include "platform/qt/controls/TextFieldWidget.h"
 #include "platform/qt/controls/TextWidget.h"
 #include "platform/qt/controls/ToggleWidget.h"
-#include "platform/qt/settings/StackWidget.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/qt/controls/NumberFieldWidget.h"
+#include "platform/qt/controls/FieldWidgets.h"
 
 #include "platform/qt/controls/ViewStyling.h"
 #include "presentation/WholeNumber.h"
@@ -25,7 +25,7 @@ void NumberFieldWidget::render(const View &view, Rendering rendering) {
     }
     setAccessibleName(QString::fromStdString(view.accessibilityLabel));
     const bool isTyped = wholeNumber(text().toStdString()) == field().value;
-    if (rendering == Rendering::fresh || (field().value != former && !isTyped)) {
+    if (rendering == Rendering::discardsTyping || (field().value != former && !isTyped)) {
         showValue();
     }
 }
@@ -49,6 +49,23 @@ void NumberFieldWidget::focusOutEvent(QFocusEvent *event) {
     // A menu of the field's own does not end the typing.
     if (event->reason() != Qt::PopupFocusReason) {
         showValue();
+    }
+}
+
+TextFieldWidget::TextFieldWidget() {
+    setMinimumHeight(controlHeight);
+    setTextMargins(fieldMargin, 0, fieldMargin, 0);
+    connect(this, &QLineEdit::textEdited, this,
+            [this](const QString &text) { field().changed(text.toStdString()); });
+}
+
+void TextFieldWidget::render(const View &view, Rendering) {
+    view_ = view;
+    setAccessibleName(QString::fromStdString(view.accessibilityLabel));
+    setPlaceholderText(QString::fromStdString(field().placeholder));
+    const QString text = QString::fromStdString(field().text);
+    if (this->text() != text) {
+        setText(text);
     }
 }
 

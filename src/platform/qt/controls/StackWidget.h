@@ -2,19 +2,12 @@
 
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/qt/controls/ViewWidget.h"
-#include "platform/qt/settings/ViewFactory.h"
 
 #include <QBoxLayout>
 #include <QWidget>
 
 #include <optional>
 #include <vector>
-
-namespace corvane::drawing {
-
-class SymbolImages;
-
-} // namespace corvane::drawing
 
 namespace corvane::qt {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/settings/StackWidget.h"
+#include "platform/qt/controls/StackWidget.h"
 
 #include "platform/drawing/SymbolImages.h"
 #include "platform/qt/controls/ViewStyling.h"
