@@ -67,6 +67,11 @@ QString breakable(const QString &text) {
     return wrapped;
 }
 
+/// Qt shows plain text with a '<' in it as HTML, so that all text is sent as HTML.
+QString toolTipText(const QString &text) {
+    return text.isEmpty() ? text : QStringLiteral("<span>%1</span>").arg(text.toHtmlEscaped());
+}
+
 QString withoutMnemonic(QString text) { return text.replace(u'&', QStringLiteral("&&")); }
 
 } // namespace corvane::drawing

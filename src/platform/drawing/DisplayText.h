@@ -14,6 +14,9 @@ QString shortened(const QString &text, qsizetype longest);
 /// The text with places to wrap in words too long for a line.
 QString breakable(const QString &text);
 
+/// The text as a tool tip shows it literally.
+QString toolTipText(const QString &text);
+
 /// The text as a label that gives '&' a meaning shows it literally.
 QString withoutMnemonic(QString text);
 

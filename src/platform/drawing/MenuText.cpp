@@ -3,15 +3,18 @@
 #include "platform/drawing/DisplayText.h"
 #include "presentation/KeyHint.h"
 
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
 #include <array>
+#include <limits>
 #include <optional>
 
 namespace corvane::drawing {
 
 namespace {
-
-/// What a title may take of a menu's width, in characters as a reader counts them.
-constexpr qsizetype longestLabel = 64;
 
 struct Modifier {
     char16_t sign;
@@ -58,7 +61,25 @@ MenuText menuText(const MenuItem &item) {
     if (!item.commandKey.empty()) {
         keys = {QStringLiteral("Control"), QString::fromStdString(item.commandKey).toUpper()};
     }
-    return {shortened(onOneLine(title), longestLabel), keys};
+    return {onOneLine(title), keys};
+}
+
+MenuText fittedToScreens(MenuText text) {
+    // Short enough for any screen, and most titles are: measuring them would cost more than the
+    // rest of an update.
+    constexpr qsizetype shortLabel = 64;
+    // The rest of a screen is left to the menu's images and keys and to the menu it opens from.
+    constexpr double share = 0.75;
+    if (text.label.size() > shortLabel) {
+        int width = std::numeric_limits<int>::max();
+        for (const QScreen *screen : QGuiApplication::screens()) {
+            width = std::min(width, screen->availableGeometry().width());
+        }
+        const QFontMetrics metrics(QGuiApplication::font());
+        text.label =
+            metrics.elidedText(text.label, Qt::ElideRight, static_cast<int>(share * width));
+    }
+    return text;
 }
 
 QString popupText(const MenuText &text) {

@@ -11,7 +11,7 @@ namespace corvane::drawing {
 
 /// A menu item's text as this desktop shows it.
 struct MenuText {
-    /// One line without control characters, shortened in the middle where it is very long.
+    /// The whole title on one line, without control characters.
     QString label;
     /// The keys to press together, modifiers first: "Super", "Shift", "Y". Empty for none.
     QStringList keys;
@@ -22,6 +22,10 @@ std::string startStopKeyName();
 
 /// The item's title, and as keys either its hint or its own key together with Control.
 MenuText menuText(const MenuItem &item);
+
+/// The same with a label that fits a menu on any of the screens: one that is wider is cut at its
+/// end. Needs the GUI application.
+MenuText fittedToScreens(MenuText text);
 
 /// For a menu drawn by the toolkit: '&' is doubled, the keys follow a tab.
 QString popupText(const MenuText &text);

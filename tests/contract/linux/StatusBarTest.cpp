@@ -194,6 +194,17 @@ TEST_F(StatusBarTest, ShowsNamesLiterallyOnThePanel) {
     EXPECT_EQ(names.at(2).label(), u"two lines"_s);
 }
 
+TEST_F(StatusBarTest, GivesThePanelLongNamesAsWideAsTheScreenAllows) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const std::string whole = std::string(80, 'i') + "1" + std::string(40, 'i');
+    item_->setMenu(sampleMenu({whole, std::string(2000, 'x')}));
+    const auto names = panel.line(u"Profiles"_s).children;
+    EXPECT_EQ(names.at(0).label().toStdString(), whole);
+    EXPECT_TRUE(names.at(1).label().endsWith(QChar(0x2026)));
+    EXPECT_LT(names.at(1).label().size(), 1000);
+}
+
 TEST_F(StatusBarTest, SendsNothingForAnUnchangedMenu) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));

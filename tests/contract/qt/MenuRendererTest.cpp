@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTextDocument>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -259,6 +260,23 @@ TEST_F(MenuRendererTest, ScrollsAMenuThatIsTallerThanTheScreen) {
     EXPECT_EQ(profiles().activeAction()->text(), u"Save current config..."_s);
     EXPECT_TRUE(
         profiles().rect().contains(profiles().actionGeometry(profiles().activeAction()).center()));
+    profiles().close();
+}
+
+TEST_F(MenuRendererTest, ShowsTheWholeNameAsToolTipOfALineThatIsCut) {
+    const std::string name = "Tom & <b>Jerry</b> " + std::string(2000, 'x');
+    renderer_.setMenu(sampleMenu({name, "Work"}));
+    const QAction &cut = *profiles().actions().at(0);
+    EXPECT_LT(cut.text().size(), 1000);
+    QTextDocument shown;
+    shown.setHtml(cut.toolTip());
+    EXPECT_EQ(shown.toPlainText().toStdString(), name);
+    EXPECT_TRUE(profiles().toolTipsVisible());
+    // Without a tool tip of its own, an action offers its text.
+    EXPECT_EQ(profiles().actions().at(1)->toolTip(), u"Work"_s);
+    profiles().popup(QPoint(0, 0));
+    ASSERT_TRUE(turnUntil([this] { return profiles().isVisible(); }));
+    EXPECT_LE(profiles().width(), QApplication::primaryScreen()->geometry().width());
     profiles().close();
 }
 

@@ -1,5 +1,8 @@
 #include "platform/drawing/MenuText.h"
 
+#include <QFontMetrics>
+#include <QGuiApplication>
+#include <QScreen>
 #include <gtest/gtest.h>
 
 namespace corvane::contract {
@@ -52,25 +55,32 @@ TEST(MenuTextTest, ReplacesWhatIsNotText) {
     EXPECT_EQ(popup({.title = "a\xFF"}), QString(u'a') + QChar(QChar::ReplacementCharacter));
 }
 
-TEST(MenuTextTest, ShortensVeryLongTitlesInTheMiddle) {
-    const auto shown = popup({.title = "first " + std::string(300, 'x') + " last"});
-    EXPECT_EQ(shown.size(), 64);
-    EXPECT_TRUE(shown.startsWith(u"first "_s));
-    EXPECT_TRUE(shown.contains(QChar(0x2026)));
-    EXPECT_TRUE(shown.endsWith(u" last"_s));
+/// A title that no screen has room for.
+std::string endlessTitle(const std::string &end) { return std::string(2000, 'x') + end; }
+
+int widthOf(const QString &text) {
+    return QFontMetrics(QGuiApplication::font()).horizontalAdvance(text);
 }
 
-TEST(MenuTextTest, CountsCharactersAsAReaderDoes) {
-    const std::string family = "👩‍👩‍👧";
-    std::string title;
-    for (int count = 0; count < 64; ++count) {
-        title += family;
-    }
-    EXPECT_EQ(popup({.title = title}), QString::fromStdString(title));
-    const auto shown = popup({.title = title + family});
-    EXPECT_TRUE(shown.startsWith(QString::fromStdString(family)));
-    EXPECT_TRUE(shown.endsWith(QString::fromStdString(family)));
-    EXPECT_LT(shown.size(), QString::fromStdString(title).size());
+TEST(MenuTextTest, ShowsTitlesThatDifferInTheMiddleApart) {
+    const std::string one = std::string(60, 'i') + "1" + std::string(30, 'i');
+    EXPECT_EQ(drawing::fittedToScreens(drawing::menuText({.title = one})).label,
+              QString::fromStdString(one));
+}
+
+TEST(MenuTextTest, CutsATitleAtItsEndWhereTheScreenEnds) {
+    const auto fitted = drawing::fittedToScreens(drawing::menuText({.title = endlessTitle("end")}));
+    const int screen = QGuiApplication::primaryScreen()->availableGeometry().width();
+    EXPECT_TRUE(fitted.label.startsWith(u"xxx"_s));
+    EXPECT_TRUE(fitted.label.endsWith(QChar(0x2026)));
+    EXPECT_LT(widthOf(fitted.label), screen);
+    EXPECT_GT(widthOf(fitted.label), screen / 2);
+}
+
+TEST(MenuTextTest, KeepsTheKeysOfATitleThatIsCut) {
+    const auto fitted =
+        drawing::fittedToScreens(drawing::menuText({.title = endlessTitle("\t⇧⌘Y")}));
+    EXPECT_EQ(fitted.keys, (QStringList{u"Super"_s, u"Shift"_s, u"Y"_s}));
 }
 
 } // namespace

@@ -236,7 +236,7 @@ QVariantMap DBusMenuExporter::propertiesOf(const MenuItem &item) {
     if (item.isSeparator) {
         return {{u"type"_s, u"separator"_s}};
     }
-    const auto text = drawing::menuText(item);
+    const auto text = drawing::fittedToScreens(drawing::menuText(item));
     QVariantMap properties{{u"label"_s, drawing::panelLabel(text)}, {u"enabled"_s, item.isEnabled}};
     if (!text.keys.isEmpty()) {
         properties.insert(u"shortcut"_s,

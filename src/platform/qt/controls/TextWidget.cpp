@@ -95,7 +95,7 @@ bool TextWidget::event(QEvent *event) {
 void TextWidget::resizeEvent(QResizeEvent *event) {
     QLabel::resizeEvent(event);
     const bool isCut = isSingleLine() && naturalWidth() > width();
-    setToolTip(isCut ? shown_.toHtmlEscaped() : QString());
+    setToolTip(isCut ? drawing::toolTipText(shown_) : QString());
 }
 
 void TextWidget::paintEvent(QPaintEvent *) {

@@ -1,5 +1,6 @@
 #include "platform/qt/menus/MenuRenderer.h"
 
+#include "platform/drawing/DisplayText.h"
 #include "platform/drawing/MenuText.h"
 #include "presentation/MenuAlignment.h"
 
@@ -55,6 +56,7 @@ class MenuRenderer::PopupMenu : public QMenu {
   public:
     PopupMenu(MenuRenderer &renderer, QWidget *parent) : QMenu(parent), renderer_(renderer) {
         setStyle(renderer.style_.get());
+        setToolTipsVisible(true);
     }
 
   protected:
@@ -156,7 +158,10 @@ void MenuRenderer::patch(QAction &action, const MenuItem *from, const MenuItem &
         return;
     }
     action.setSeparator(to.isSeparator);
-    action.setText(drawing::popupText(drawing::menuText(to)));
+    const auto whole = drawing::menuText(to);
+    const auto fitted = drawing::fittedToScreens(whole);
+    action.setText(drawing::popupText(fitted));
+    action.setToolTip(fitted.label == whole.label ? QString() : drawing::toolTipText(whole.label));
     action.setEnabled(to.isEnabled);
     action.setCheckable(to.isOn);
     action.setChecked(to.isOn);
