@@ -45,33 +45,10 @@ class GeneralTabOnScreen : public SettingsWindowTest {
     void retype(QLineEdit &field, const std::string &text) const {
         focus(field);
         field.selectAll();
+        strike(XK_Delete);
         type(text);
     }
 };
-
-TEST_F(GeneralTabOnScreen, saysWhatTheCursorModeShows) {
-    open();
-    EXPECT_EQ(spokenText(screenWindow()), lines("tab 'General' selected\n"
-                                                "tab 'Profiles'\n"
-                                                "tab 'About'\n"
-                                                "text 'Mode'\n"
-                                                "group 'Mode'\n"
-                                                "radio button 'Free Cursor' checked\n"
-                                                "radio button 'Defined Zone'\n"
-                                                "text 'Rate'\n"
-                                                "field 'Rate' = '1'\n"
-                                                "stepper 'Rate' = 1\n"
-                                                "text 'clicks per'\n"
-                                                "picker 'second' = 'second'\n"
-                                                "text '= 1 click every 1.00s'\n"
-                                                "text 'Limit'\n"
-                                                "field 'Limit' = '0'\n"
-                                                "stepper 'Limit' = 0\n"
-                                                "text 'clicks'\n"
-                                                "text '(unlimited)'\n"
-                                                "check box 'Start at Login'\n"
-                                                "button 'OK'"));
-}
 
 TEST_F(GeneralTabOnScreen, showsWhatBelongsToAZoneInItsPlace) {
     config.zoneRect = CodableRect{120.4, 80, 300, 200};
@@ -124,42 +101,54 @@ TEST_F(GeneralTabOnScreen, isAsWideAsItShouldBeAndCannotBeResized) {
     EXPECT_LT(offset.manhattanLength(), 40);
 }
 
-TEST_F(GeneralTabOnScreen, takesEachNumberAsItIsTyped) {
+struct Edit {
+    const char *name;
+    std::string keys;
+    /// What the keys stand for; it is in the field once that has lost the keyboard.
+    std::string value;
+    std::string interval;
+
+    friend std::ostream &operator<<(std::ostream &stream, const Edit &edit) {
+        return stream << edit.name;
+    }
+};
+
+class NumberEditTest : public GeneralTabOnScreen, public ::testing::WithParamInterface<Edit> {};
+
+TEST_P(NumberEditTest, TakesANumberAsItIsTypedAndKeepsTheLastOne) {
+    const auto &[name, keys, value, interval] = GetParam();
+    config.clickRate = 20;
     open();
-    retype(rate(), "20000");
-    EXPECT_EQ(rate().text(), u"20000"_s);
-    EXPECT_TRUE(saysInterval("0.00"));
-    EXPECT_TRUE(isSpoken("stepper 'Rate' = 20000"));
-    retype(limit(), "5");
-    EXPECT_FALSE(isSpoken("text '(unlimited)'"));
-    retype(rate(), "0");
-    EXPECT_TRUE(saysInterval("1.00"));
-    EXPECT_EQ(rate().text(), u"0"_s);
-}
-
-TEST_F(GeneralTabOnScreen, keepsTheLastNumberWhereTheTextIsNone) {
-    open();
-    retype(rate(), "12x");
-    EXPECT_EQ(rate().text(), u"12x"_s);
-    EXPECT_TRUE(saysInterval("0.08"));
+    retype(rate(), keys);
+    EXPECT_EQ(rate().text().toStdString(), keys);
+    EXPECT_TRUE(isSpoken("stepper 'Rate' = " + value));
+    EXPECT_TRUE(saysInterval(interval));
     focus(limit());
-    EXPECT_EQ(rate().text(), u"12"_s);
-
-    retype(rate(), "9223372036854775807");
-    EXPECT_TRUE(isSpoken("stepper 'Rate' = 9223372036854775807"));
-    type("0");
-    EXPECT_EQ(rate().text(), u"92233720368547758070"_s);
-    EXPECT_TRUE(isSpoken("stepper 'Rate' = 9223372036854775807"));
-    focus(limit());
-    EXPECT_EQ(rate().text(), u"9223372036854775807"_s);
-
-    focus(rate());
-    rate().selectAll();
-    strike(XK_Delete);
-    EXPECT_EQ(rate().text(), QString());
+    EXPECT_EQ(rate().text().toStdString(), value);
     strike(XK_Return);
     ASSERT_EQ(saved.size(), 1U);
-    EXPECT_EQ(saved.front().clickRate, 9223372036854775807);
+    EXPECT_EQ(std::to_string(saved.front().clickRate), value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Edits, NumberEditTest,
+    ::testing::Values(Edit{"beyondTheStepper", "20000", "20000", "0.00"},
+                      Edit{"lettersBehind", "12x", "12", "0.08"},
+                      Edit{"unfinished", "7-", "7", "0.14"}, Edit{"noNumber", "x", "20", "0.05"},
+                      Edit{"nothing", "", "20", "0.05"}, Edit{"negative", "-5", "-5", "1.00"},
+                      Edit{"zero", "0", "0", "1.00"}, Edit{"fraction", "1.5", "1", "1.00"},
+                      Edit{"largest", "9223372036854775807", "9223372036854775807", "0.00"},
+                      Edit{"tooLarge", "92233720368547758070", "9223372036854775807", "0.00"},
+                      Edit{"smallest", "-9223372036854775808", "-9223372036854775808", "1.00"},
+                      Edit{"tooSmall", "-92233720368547758080", "-9223372036854775808", "1.00"}),
+    [](const auto &edit) { return std::string(edit.param.name); });
+
+TEST_F(GeneralTabOnScreen, saysUnlimitedOnlyWhereThereIsNoLimit) {
+    open();
+    retype(limit(), "5");
+    EXPECT_FALSE(isSpoken("text '(unlimited)'"));
+    retype(limit(), "0");
+    EXPECT_TRUE(isSpoken("text '(unlimited)'"));
 }
 
 TEST_F(GeneralTabOnScreen, letsTheFieldFollowTheStepper) {
@@ -251,6 +240,11 @@ TEST_F(GeneralTabOnScreen, goesThroughTheControlsInTheirOrder) {
     EXPECT_EQ(visited, lines("Profiles\nAbout\nDefined Zone\nDefine zone...\n"
                              "Relative to a window\nRate\nRate\nclicks per\nLimit\nLimit\n"
                              "Start at Login\nOK\nGeneral"));
+    for (std::size_t index = visited.size() - 1; index > 0; --index) {
+        const QWidget *former = QApplication::focusWidget();
+        strikeWithShift(XK_Tab, [former] { return QApplication::focusWidget() != former; });
+        EXPECT_EQ(QApplication::focusWidget()->accessibleName().toStdString(), visited[index - 1]);
+    }
 }
 
 TEST_F(GeneralTabOnScreen, choosesTheModeWithTheArrowKeys) {

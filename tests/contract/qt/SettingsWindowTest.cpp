@@ -119,6 +119,13 @@ void SettingsWindowTest::strike(xcb_keysym_t key) const {
     strike(key, [&watch] { return watch.isReleased(); });
 }
 
+void SettingsWindowTest::strikeWithShift(xcb_keysym_t key,
+                                         const std::function<bool()> &effect) const {
+    keyboard_.press(keyboard_.keyOf(XK_Shift_L));
+    strike(key, effect);
+    keyboard_.release(keyboard_.keyOf(XK_Shift_L));
+}
+
 void SettingsWindowTest::type(const std::string &text) const {
     for (const char character : text) {
         strike(static_cast<xcb_keysym_t>(character));

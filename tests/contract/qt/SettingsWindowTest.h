@@ -55,7 +55,8 @@ class SettingsWindowTest : public ::testing::Test {
     void strike(xcb_keysym_t key, const std::function<bool()> &effect) const;
     /// Strikes a key, and then waits until a later one has arrived too.
     void strike(xcb_keysym_t key) const;
-    /// Strikes the keys of digits and lower case letters, one after the other.
+    void strikeWithShift(xcb_keysym_t key, const std::function<bool()> &effect) const;
+    /// Strikes the keys of digits, signs and lower case letters, one after the other.
     void type(const std::string &text) const;
 
     testing::RecordingPlatform platform;

@@ -70,33 +70,6 @@ TEST_F(GeneralTabOnDesktop, isReadInItsOrder) {
     EXPECT_EQ(said("General", expected), expected);
 }
 
-TEST_F(GeneralTabOnDesktop, isGoneThroughByKeyboardBothWays) {
-    launch(anchored);
-    open();
-    std::vector<std::string> stops = {"page tab 'General' selected",
-                                      "page tab 'Profiles'",
-                                      "page tab 'About'",
-                                      "radio button 'Defined Zone' checked",
-                                      "push button 'Define zone...'",
-                                      "check box 'Relative to a window' checked",
-                                      "text 'Rate' = '20'",
-                                      "spin box 'Rate' = 20",
-                                      "combo box 'second' for 'clicks per'",
-                                      "text 'Limit' = '0'",
-                                      "spin box 'Limit' = 0",
-                                      "check box 'Start at Login'",
-                                      "push button 'OK'"};
-    for (const std::string &stop : stops) {
-        ASSERT_TRUE(waitForFocus(stop)) << stop << " but " << reader_.focus();
-        strike(XK_Tab);
-    }
-    std::ranges::reverse(stops);
-    for (const std::string &stop : stops) {
-        strikeWithShift(XK_Tab);
-        ASSERT_TRUE(waitForFocus(stop)) << stop << " but " << reader_.focus();
-    }
-}
-
 TEST_F(GeneralTabOnDesktop, everySettingIsEditedSavedAndKept) {
     launch({.clickRate = 20, .zone = zone});
     open();
@@ -168,63 +141,6 @@ TEST_F(GeneralTabOnDesktop, everySettingIsEditedSavedAndKept) {
     EXPECT_THAT(said("General", edited), ElementsAreArray(edited));
 }
 
-struct Typing {
-    std::string keys;
-    /// Of the field while it is typed into.
-    std::string text;
-    /// What the keys stand for.
-    std::string value;
-};
-
-TEST_F(GeneralTabOnDesktop, numbersAreTakenAsTheyAreTypedAndOtherTextIsNot) {
-    const std::vector<Typing> typings = {
-        {"20000", "20000", "20000"},
-        {"12x", "12x", "12"},
-        {"x", "x", "20"},
-        {"-5", "-5", "-5"},
-        {"0", "0", "0"},
-        {"1.5", "1.5", "1"},
-        {"9223372036854775807", "9223372036854775807", "9223372036854775807"},
-        {"92233720368547758070", "92233720368547758070", "9223372036854775807"},
-        {"-9223372036854775808", "-9223372036854775808", "-9223372036854775808"},
-        {"-92233720368547758080", "-92233720368547758080", "-9223372036854775808"}};
-    launch({});
-    for (const Typing &typing : typings) {
-        SCOPED_TRACE(typing.keys);
-        writeSettings(desktop_, Settings{.clickRate = 20}.text());
-        quit();
-        corvane_ = std::make_unique<CorvaneProcess>(desktop_);
-        ASSERT_TRUE(corvane_->waitUntilReady()) << corvane_->story();
-        open();
-        ASSERT_TRUE(tabTo("text 'Rate' = '20'"));
-        type(typing.keys);
-        ASSERT_TRUE(waitForFocus("text 'Rate' = '" + typing.text + "'")) << reader_.focus();
-        strike(XK_Return);
-        EXPECT_TRUE(waitUntilClosed());
-        const std::string expected = "{\n"
-                                     "  \"clickMode\" : \"cursor\",\n"
-                                     "  \"clickRate\" : " +
-                                     typing.value +
-                                     ",\n"
-                                     "  \"maxClicks\" : 0,\n"
-                                     "  \"timeUnit\" : \"s\"\n"
-                                     "}";
-        EXPECT_EQ(savedSettings(expected), expected);
-    }
-}
-
-TEST_F(GeneralTabOnDesktop, anUnfinishedNumberGivesWayToTheLastOneWhenTheFieldIsLeft) {
-    launch({.clickRate = 20});
-    open();
-    ASSERT_TRUE(tabTo("text 'Rate' = '20'"));
-    type("7-");
-    ASSERT_TRUE(waitForFocus("text 'Rate' = '7-'"));
-    strike(XK_Tab);
-    ASSERT_TRUE(waitForFocus("spin box 'Rate' = 7"));
-    EXPECT_TRUE(says("General", "text 'Rate' = '7'"));
-    EXPECT_TRUE(says("General", "label '= 1 click every 0.14s'"));
-}
-
 TEST_F(GeneralTabOnDesktop, editsAreDroppedWhenTheWindowOrTheTabIsLeft) {
     launch({.clickRate = 20});
     open();
@@ -290,37 +206,6 @@ TEST_F(GeneralTabOnDesktop, aPickHidesTheWindowAndBringsANewOneWithItsZone) {
     EXPECT_EQ(savedSettings(expected), expected);
 }
 
-TEST_F(GeneralTabOnDesktop, anAnchorWithoutAWindowIsRefusedWithAnAlert) {
-    launch({.clickMode = "zone", .zone = Area{900, 600, 100, 100}});
-    open();
-    ASSERT_TRUE(tabTo("check box 'Relative to a window'"));
-    strike(XK_space);
-    ASSERT_TRUE(waitForActive("No window found"));
-    const std::vector<std::string> alert = {
-        "dialog 'No window found'", "label 'No window found'",
-        "label 'No window was detected under the current zone. Make sure the target window is "
-        "visible behind the zone area.'",
-        "push button 'OK'"};
-    EXPECT_EQ(said("No window found", alert), alert);
-    ASSERT_TRUE(waitForFocus("push button 'OK'"));
-    strike(XK_Return);
-    ASSERT_TRUE(waitForActive("General"));
-    EXPECT_TRUE(waitForFocus("check box 'Relative to a window'"));
-}
-
-TEST_F(GeneralTabOnDesktop, anAnchorIsRemovedAtOnce) {
-    launch(anchored);
-    open();
-    ASSERT_TRUE(tabTo("check box 'Relative to a window' checked"));
-    strike(XK_space);
-    EXPECT_TRUE(waitForFocus("check box 'Relative to a window'"));
-    EXPECT_TRUE(waitUntil([this] {
-        return savedSettings().find("zoneRect") != std::string::npos &&
-               savedSettings().find("windowAnchor") == std::string::npos;
-    }));
-    EXPECT_TRUE(waitUntil([this] { return panel_.line("Defined Zone (60×40)").has_value(); }));
-}
-
 TEST_F(GeneralTabOnDesktop, startingAtLoginFollowsTheEntryOfTheDesktop) {
     writeFile(loginEntry(),
               "[Desktop Entry]\nType=Application\nName=Corvane\nExec=/bin/sh\nHidden=true\n");
@@ -337,34 +222,6 @@ TEST_F(GeneralTabOnDesktop, startingAtLoginFollowsTheEntryOfTheDesktop) {
     strike(XK_space);
     ASSERT_TRUE(waitForFocus("check box 'Start at Login'"));
     EXPECT_FALSE(std::filesystem::exists(loginEntry()));
-}
-
-TEST_F(GeneralTabOnDesktop, startingAtLoginFlipsBackWhereItIsRefused) {
-    std::filesystem::create_directories(autostartFolder());
-    CorvaneProcess::Options options;
-    options.mounts.makeReadOnly(autostartFolder());
-    launch({}, std::move(options));
-    open();
-    ASSERT_TRUE(tabTo("check box 'Start at Login'"));
-    strike(XK_space);
-    // By then the key has had its effect.
-    ASSERT_TRUE(tabTo("push button 'OK'"));
-    EXPECT_TRUE(says("General", "check box 'Start at Login'"));
-    EXPECT_FALSE(std::filesystem::exists(loginEntry()));
-}
-
-TEST_F(GeneralTabOnDesktop, startingAtLoginStaysOnWhereTheEntryCannotBeRemoved) {
-    const std::string entry = "[Desktop Entry]\nType=Application\nName=Corvane\nExec=/bin/sh\n";
-    writeFile(loginEntry(), entry);
-    CorvaneProcess::Options options;
-    options.mounts.makeReadOnly(autostartFolder());
-    launch({}, std::move(options));
-    open();
-    ASSERT_TRUE(tabTo("check box 'Start at Login' checked"));
-    strike(XK_space);
-    ASSERT_TRUE(tabTo("push button 'OK'"));
-    EXPECT_TRUE(says("General", "check box 'Start at Login' checked"));
-    EXPECT_EQ(readFile(loginEntry()), entry);
 }
 
 } // namespace

@@ -78,22 +78,6 @@ TEST_F(ProfilesTabOnDesktop, isReadInItsOrder) {
     }
 }
 
-TEST_F(ProfilesTabOnDesktop, isReadWithoutProfiles) {
-    launch({});
-    openTab("Profiles");
-    const std::vector<std::string> expected = {
-        "frame 'Profiles'",
-        "page tab 'General'",
-        "page tab 'Profiles' selected",
-        "page tab 'About'",
-        "label 'No profiles'",
-        "label 'Save your current configuration as a profile to quickly switch between setups.'",
-        "label 'Save current config'",
-        "text 'Profile name' = ''",
-        "push button 'Save' disabled"};
-    EXPECT_EQ(said("Profiles", expected), expected);
-}
-
 TEST_F(ProfilesTabOnDesktop, profilesAreSavedLoadedRenamedAndDeletedByKeyboard) {
     launch({.clickRate = 20});
     openTab("Profiles");
