@@ -17,7 +17,7 @@ bool isOrdinaryWindow(const QWidget &widget) {
 
 } // namespace
 
-/// Not quit(), which a window could refuse.
+/// Not quit(): a window could refuse that.
 void Application::terminate() { QCoreApplication::exit(0); }
 
 void Application::activateIgnoringOtherApps() {
@@ -32,7 +32,7 @@ std::optional<std::string> Application::shortVersion() const { return CORVANE_VE
 
 std::optional<std::string> Application::buildVersion() const { return CORVANE_BUILD_NUMBER; }
 
-/// Among the program's own resources, so it cannot be missing.
+/// A resource of the program, so that it cannot be missing.
 std::optional<std::filesystem::path> Application::iconFile() const { return ":/AppIcon.svg"; }
 
 std::filesystem::path Application::homeDirectory() const { return linux::homeDirectory(); }

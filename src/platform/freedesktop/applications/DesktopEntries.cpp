@@ -1,13 +1,13 @@
 #include "platform/freedesktop/applications/DesktopEntries.h"
 
 #include "platform/freedesktop/applications/DesktopEntry.h"
+#include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/TextDecoding.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <fstream>
 #include <functional>
 #include <iterator>
@@ -20,22 +20,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// How long the folders are trusted before they are looked at again.
+/// The interval at which the folders' modification times are checked.
 constexpr std::chrono::seconds checkInterval(5);
 
-/// No desktop file is longer; what is longer is none.
+/// A longer file is ignored.
 constexpr std::uintmax_t longestFile = 1 << 20;
 
 constexpr std::string_view suffix = ".desktop";
 
-std::string environment(const char *variable) {
-    const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe)
-    return value != nullptr ? value : "";
-}
-
 std::vector<fs::path> applicationFolders() {
     std::vector<fs::path> folders{linux::dataDirectory() / "applications"};
-    const std::string listed = environment("XDG_DATA_DIRS");
+    const std::string listed = linux::environmentVariable("XDG_DATA_DIRS");
     std::istringstream paths(listed.empty() ? "/usr/local/share:/usr/share" : listed);
     for (std::string path; std::getline(paths, path, ':');) {
         if (fs::path(path).is_absolute()) {
@@ -207,7 +202,7 @@ void DesktopEntries::readFolder(const fs::path &folder) {
     }
 }
 
-/// The file in the more important folder wins, also when all it says is that there is none.
+/// The file in the more important folder counts, also where it only hides the application.
 void DesktopEntries::readFile(const fs::path &file, const std::string &identifier) {
     const auto contents = contentsOf(file);
     if (!contents || entries_.contains(identifier)) {

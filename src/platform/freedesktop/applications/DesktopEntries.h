@@ -10,15 +10,15 @@
 
 namespace corvane::freedesktop {
 
-/// The applications installed for the user, by their desktop files. They are read when they are
-/// first asked for, and again when the folders have changed. Main thread.
+/// The applications installed for the user, by their desktop files. Read on first use, and again
+/// when a folder has changed. Main thread.
 class DesktopEntries {
   public:
-    /// Folders that hold desktop files, the most important first. Names are given in the language
-    /// of `locale`, like "de_AT.UTF-8".
+    /// `folders` hold desktop files, the most important first. Names are in the language of
+    /// `locale`, such as "de_AT.UTF-8".
     DesktopEntries(std::vector<std::filesystem::path> folders, std::string_view locale);
 
-    /// The folders and the language the environment names.
+    /// With the folders and the language of the environment.
     static DesktopEntries ofUser();
 
     /// The identifier of the application whose windows have that WM_CLASS: its desktop file's name
@@ -33,7 +33,7 @@ class DesktopEntries {
   private:
     struct Entry {
         std::string name;
-        // In lower case, as windows and files rarely agree on that.
+        // Both in lower case: the case in windows and in files rarely agrees.
         std::string windowClass;
         std::string program;
         bool isListed = true;
@@ -56,7 +56,7 @@ class DesktopEntries {
     Clock::time_point lastCheck_;
     /// By identifier; nothing for one that is hidden on purpose.
     std::map<std::string, std::optional<Entry>> entries_;
-    /// Those asked for, by class name and then by instance name.
+    /// The results of find, by class name and then by instance name.
     std::map<std::string, std::map<std::string, std::optional<std::string>>> identifiers_;
 };
 

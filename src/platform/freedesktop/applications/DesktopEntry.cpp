@@ -17,7 +17,7 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// What a letter behind a backslash stands for.
+/// The character that a letter after a backslash stands for.
 char unescaped(char letter) {
     switch (letter) {
     case 's':
@@ -76,7 +76,7 @@ std::map<std::string, std::string> desktopEntryValues(std::string_view file) {
     return values;
 }
 
-/// Blanks at both ends would be lost, those within would not.
+/// A reader trims unescaped spaces at both ends.
 std::string desktopEntryString(std::string_view text) {
     std::string value;
     for (std::size_t place = 0; place < text.size(); ++place) {
@@ -104,7 +104,7 @@ std::string desktopEntryString(std::string_view text) {
     return value;
 }
 
-/// Quoting comes first and the escapes of every string on top of it.
+/// The argument is quoted first, and the quoted text escaped as any string.
 std::string desktopEntryCommand(std::string_view path) {
     return desktopEntryString(quotedArgument(path));
 }

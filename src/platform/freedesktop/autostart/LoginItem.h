@@ -13,11 +13,11 @@ namespace corvane::freedesktop {
 /// An entry in the user's autostart directory.
 class LoginItem : public platform::LoginItem {
   public:
-    /// `program` is the absolute path to start. The files outlive the item.
+    /// `program` is the absolute path to start. `files` outlives the item.
     LoginItem(platform::FileSystem &files, const std::filesystem::path &configDirectory,
               std::filesystem::path program);
 
-    /// An entry that is hidden, switched off or whose program is gone is not enabled.
+    /// False too where the entry is hidden or disabled or its program is missing.
     bool isEnabled() const override;
     Outcome<> registerItem() override;
     Outcome<> unregisterItem() override;

@@ -1,5 +1,6 @@
 #include "platform/freedesktop/bus/SessionBus.h"
 
+#include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/posix/UnixSocket.h"
 
@@ -63,8 +64,7 @@ bool authenticates(const posix::FileDescriptor &connection) {
 } // namespace
 
 std::string sessionBusAddress() {
-    const char *value = std::getenv(addressVariable); // NOLINT(concurrency-mt-unsafe)
-    const std::string address = value != nullptr ? value : "";
+    const std::string address = linux::environmentVariable(addressVariable);
     if (address == noBus) {
         return {};
     }

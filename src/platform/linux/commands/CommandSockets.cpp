@@ -1,9 +1,9 @@
 #include "platform/linux/commands/CommandSockets.h"
 
+#include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/UserDirectories.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -16,10 +16,7 @@ namespace {
 
 constexpr const char *extension = ".socket";
 
-std::string display() {
-    const char *value = std::getenv("DISPLAY"); // NOLINT(concurrency-mt-unsafe)
-    return value != nullptr ? value : "";
-}
+std::string display() { return environmentVariable("DISPLAY"); }
 
 /// In ASCII, whatever the locale.
 bool isLetterOrDigit(char letter) {

@@ -1,7 +1,9 @@
 #include "platform/linux/environment/UserDirectories.h"
 
+#include "platform/linux/environment/EnvironmentVariable.h"
+
 #include <array>
-#include <cstdlib>
+#include <utility>
 
 #include <pwd.h>
 #include <sys/stat.h>
@@ -12,11 +14,8 @@ namespace corvane::linux {
 namespace {
 
 std::optional<std::filesystem::path> absolutePathIn(const char *variable) {
-    const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe)
-    if (value == nullptr || !std::filesystem::path(value).is_absolute()) {
-        return std::nullopt;
-    }
-    return value;
+    std::filesystem::path path = environmentVariable(variable);
+    return path.is_absolute() ? std::optional(std::move(path)) : std::nullopt;
 }
 
 std::filesystem::path homeInPasswordDatabase() {

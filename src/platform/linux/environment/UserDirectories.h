@@ -5,19 +5,19 @@
 
 namespace corvane::linux {
 
-/// The current user's home: what HOME says if that is an absolute path, else what the password
-/// database says. Absolute.
+/// The current user's home: HOME if that is an absolute path, else the one in the password
+/// database. Absolute.
 std::filesystem::path homeDirectory();
 
-/// Where the user's desktop settings lie: what XDG_CONFIG_HOME says if that is an absolute path,
-/// else .config in the home directory.
+/// The folder of the user's settings: XDG_CONFIG_HOME if that is an absolute path, else .config in
+/// the home directory.
 std::filesystem::path configDirectory();
 
-/// Where the user's own applications and data lie: what XDG_DATA_HOME says if that is an absolute
-/// path, else .local/share in the home directory.
+/// The folder of the user's applications and data: XDG_DATA_HOME if that is an absolute path, else
+/// .local/share in the home directory.
 std::filesystem::path dataDirectory();
 
-/// Where the session's sockets lie: what XDG_RUNTIME_DIR says, if that is a folder of this user.
+/// The folder of the session's sockets: XDG_RUNTIME_DIR if that is a folder of this user.
 std::optional<std::filesystem::path> runtimeDirectory();
 
 } // namespace corvane::linux

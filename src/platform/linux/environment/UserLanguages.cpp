@@ -1,8 +1,9 @@
 #include "platform/linux/environment/UserLanguages.h"
 
+#include "platform/linux/environment/EnvironmentVariable.h"
+
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <sstream>
 #include <string_view>
 
@@ -10,14 +11,9 @@ namespace corvane::linux {
 
 namespace {
 
-std::string environment(const char *variable) {
-    const char *value = std::getenv(variable); // NOLINT(concurrency-mt-unsafe)
-    return value != nullptr ? value : "";
-}
-
 std::string messageLocale() {
     for (const char *variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (std::string locale = environment(variable); !locale.empty()) {
+        if (std::string locale = environmentVariable(variable); !locale.empty()) {
             return locale;
         }
     }
@@ -51,7 +47,7 @@ std::vector<std::string> userLocales() {
         return {};
     }
     std::vector<std::string> locales;
-    std::istringstream listed(environment("LANGUAGE"));
+    std::istringstream listed(environmentVariable("LANGUAGE"));
     for (std::string each; std::getline(listed, each, ':');) {
         if (!each.empty()) {
             locales.push_back(each);

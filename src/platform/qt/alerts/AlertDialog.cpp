@@ -70,7 +70,7 @@ int roomForTexts(const QScreen &screen) {
     return screen.availableGeometry().width() - 2 * margin - imageSize - columnSpacing - frame;
 }
 
-/// As wide as its text on one line where that is neither too narrow nor too wide, else wrapped.
+/// As wide as its text on one line, within limits beyond which it wraps.
 QLabel *makeLabel(const std::string &source, const QFont &font, int room) {
     const auto text = QString::fromStdString(source);
     auto *label =

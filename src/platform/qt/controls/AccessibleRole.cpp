@@ -6,13 +6,13 @@
 #include <QAbstractButton>
 #include <QAccessibleWidget>
 
-// NOLINTBEGIN(cppcoreguidelines-owning-memory): the toolkit owns the interfaces it is given
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): Qt owns the interfaces it is given
 
 namespace corvane::qt {
 
 namespace {
 
-/// A widget as its own role; one that is a button can be pressed.
+/// A widget with its own role; a button can be pressed.
 class RoleInterface : public QAccessibleWidget {
   public:
     RoleInterface(QWidget *widget, const AccessibleRole &role)
@@ -45,7 +45,7 @@ class RoleInterface : public QAccessibleWidget {
     const AccessibleRole &role_;
 };
 
-/// A button with its menu, as long as that is open, inside it.
+/// A button whose menu, while open, is its child.
 class MenuButtonInterface : public RoleInterface {
   public:
     explicit MenuButtonInterface(MenuButtonWidget *button)
@@ -72,7 +72,7 @@ class MenuButtonInterface : public RoleInterface {
     MenuButtonWidget *button_;
 };
 
-/// A stepper is a number that can be set.
+/// A stepper as a number that can be set.
 class StepperInterface : public QAccessibleWidget, public QAccessibleValueInterface {
   public:
     explicit StepperInterface(StepperWidget *stepper)

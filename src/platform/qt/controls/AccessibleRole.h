@@ -4,18 +4,18 @@
 
 namespace corvane::qt {
 
-/// A widget that tells a screen reader itself what it is.
+/// A widget with a role of its own for screen readers.
 class AccessibleRole {
   public:
     virtual ~AccessibleRole() = default;
 
     virtual QAccessible::Role accessibleRole() const = 0;
 
-    /// Whether it is the one chosen among its siblings.
+    /// Whether it is the selected one among its siblings.
     virtual bool isAccessiblySelected() const { return false; }
 };
 
-/// Lets screen readers see the roles of all widgets that tell theirs. May be called again.
+/// Makes Qt's accessibility use the roles of all such widgets. May be called again.
 void installAccessibleRoles();
 
 } // namespace corvane::qt

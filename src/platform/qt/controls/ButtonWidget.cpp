@@ -70,7 +70,7 @@ void ButtonWidget::paintEvent(QPaintEvent *event) {
     }
 }
 
-/// Filled with the colour that stands out; no style of the toolkit has such a button.
+/// Filled with the accent colour; no Qt style has such a button.
 void ButtonWidget::paintProminent() {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -46,7 +46,7 @@ void NumberFieldWidget::showValue() {
 
 void NumberFieldWidget::focusOutEvent(QFocusEvent *event) {
     QLineEdit::focusOutEvent(event);
-    // A menu of the field's own does not end the typing.
+    // Opening the field's context menu does not end the editing.
     if (event->reason() != Qt::PopupFocusReason) {
         showValue();
     }

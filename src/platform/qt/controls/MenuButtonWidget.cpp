@@ -75,8 +75,8 @@ bool MenuButtonWidget::event(QEvent *event) {
     return QToolButton::event(event);
 }
 
-/// A menu made for the occasion: a long list of profiles would keep very many. Whoever opens it by
-/// keyboard finds its first line chosen.
+/// Each opening makes a new menu, because a long list of profiles would otherwise keep one for
+/// every row. Opened by keyboard, the menu has its first item selected.
 void MenuButtonWidget::openMenu() {
     menu_ = new QMenu(this);
     menu_->setAttribute(Qt::WA_DeleteOnClose);
@@ -103,7 +103,7 @@ void MenuButtonWidget::addItem(QMenu &menu, const MenuButtonItem &item) {
     }
     auto *action = menu.addAction(drawing::withoutMnemonic(QString::fromStdString(item.title)));
     action->setProperty(WarningMenuStyle::isWarning, item.isDestructive);
-    // After the menu has closed, because a dialog may follow.
+    // Queued until the menu has closed, because the handler may open a dialog.
     connect(
         action, &QAction::triggered, this, [handler = item.action] { handler(); },
         Qt::QueuedConnection);

@@ -45,13 +45,13 @@ void RadioGroupWidget::choose(std::size_t index) {
     }
     const QPointer<RadioGroupWidget> self(this);
     picker().changed(index);
-    // Only the view says which one is chosen.
+    // The selection follows the view alone.
     if (self) {
         refresh();
     }
 }
 
-/// The Tab key leads to the chosen one only, the arrow keys from there to the others.
+/// The Tab key reaches the selected button only, the arrow keys the others from there.
 void RadioGroupWidget::check(std::size_t index) {
     if (index >= buttons_.size()) {
         return;
@@ -91,7 +91,7 @@ MenuPickerWidget::MenuPickerWidget() {
         }
         const QPointer<MenuPickerWidget> self(this);
         picker().changed(chosen);
-        // Only the view says which one is chosen.
+        // The selection follows the view alone.
         if (self) {
             setCurrentIndex(static_cast<int>(picker().selected));
         }
@@ -121,11 +121,11 @@ void MenuPickerWidget::refresh() {
     }
     setCurrentIndex(static_cast<int>(picker().selected));
     setAccessibleName(QString::fromStdString(view_.accessibilityLabel));
-    // As its name, screen readers of this desktop are given the chosen entry.
+    // Qt's bridge to AT-SPI sends the selected entry instead of the name.
     setAccessibleDescription(accessibleName());
 }
 
-/// A wheel that turns over the window by chance changes nothing.
+/// Scrolling the window must not change a picker that happens to be under the pointer.
 void MenuPickerWidget::wheelEvent(QWheelEvent *event) {
     if (hasFocus()) {
         QComboBox::wheelEvent(event);

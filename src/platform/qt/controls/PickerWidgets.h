@@ -36,7 +36,7 @@ class RadioGroupWidget : public QWidget, public ViewWidget, public AccessibleRol
     std::vector<QRadioButton *> buttons_;
 };
 
-/// Shows a picker as a menu that opens from the chosen entry.
+/// Shows a picker as a menu that opens from the selected entry.
 class MenuPickerWidget : public QComboBox, public ViewWidget {
   public:
     MenuPickerWidget();

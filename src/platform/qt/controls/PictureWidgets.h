@@ -7,7 +7,7 @@
 
 namespace corvane::qt {
 
-/// Shows a picture from a file; a file that is no picture leaves its place empty.
+/// Shows an image file; nothing where it cannot be decoded.
 class FileImageWidget : public QWidget, public ViewWidget {
   public:
     QWidget &widget() override { return *this; }
@@ -17,7 +17,7 @@ class FileImageWidget : public QWidget, public ViewWidget {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    /// The picture in the present size and resolution.
+    /// The image in the widget's size and resolution.
     const QPixmap &picture();
 
     View view_{FileImage{}};

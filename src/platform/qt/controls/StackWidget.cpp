@@ -77,7 +77,7 @@ void StackWidget::render(const View &view, Rendering rendering) {
 void StackWidget::renderStack(const Stack &stack, Rendering rendering) {
     content_->setDirection(stack.axis == Axis::vertical ? QBoxLayout::TopToBottom
                                                         : QBoxLayout::LeftToRight);
-    // Setting what is set already would lay everything out anew.
+    // QBoxLayout lays out anew even for an unchanged value.
     if (content_->spacing() != pixels(stack.spacing)) {
         content_->setSpacing(pixels(stack.spacing));
     }
@@ -92,14 +92,14 @@ void StackWidget::renderFrame(const View &view) {
     const Insets &padding = view.padding;
     frame_->setContentsMargins(pixels(padding.leading), pixels(padding.top),
                                pixels(padding.trailing), pixels(padding.bottom));
-    // Once only: the owner of the outermost view goes on with another width.
+    // On a change only, because the window replaces the width of the outermost view.
     if (width_ != view.width) {
         width_ = view.width;
         setMinimumWidth(width_ ? pixels(*width_) : 0);
         setMaximumWidth(width_ ? pixels(*width_) : QWIDGETSIZE_MAX);
     }
     setMinimumHeight(pixels(view.minHeight.value_or(0)));
-    // What is given a height keeps its content in the middle of it.
+    // A view with a minimum height has its content centred in it.
     const Qt::Alignment alignment = view.minHeight ? Qt::AlignVCenter : Qt::Alignment();
     if (content_->alignment() != alignment) {
         frame_->setAlignment(content_, alignment);
@@ -111,7 +111,7 @@ void StackWidget::renderFrame(const View &view) {
     }
 }
 
-/// For each view the child that showed it before, or else a new one; the others are retired.
+/// Reuses for each view the child of its kind, else makes a new one, and removes the rest.
 std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<View> &views) {
     std::vector<Child> former = std::exchange(children_, {});
     std::vector<Child> matched;
@@ -132,7 +132,7 @@ std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<Vie
     return matched;
 }
 
-/// It may be the very widget whose handler is running.
+/// Deleted later, because one of its handlers may be running.
 void StackWidget::retire(ViewWidget &child) {
     child.widget().hide();
     child.widget().deleteLater();
@@ -162,7 +162,7 @@ void StackWidget::arrange(const Stack &stack) {
     orderChildren();
 }
 
-/// Puts the children in the order in which keyboards and screen readers go through them.
+/// Puts the children into the order in which the Tab key and screen readers visit them.
 void StackWidget::orderChildren() {
     for (Child &child : children_) {
         child.widget->widget().raise();

@@ -49,7 +49,7 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
     void orderChildren();
 
     drawing::SymbolImages &symbols_;
-    /// Holds the padding and puts the content where it belongs in a wider frame.
+    /// Has the padding and aligns the content in a wider frame.
     QBoxLayout *frame_;
     QBoxLayout *content_;
     std::vector<Child> children_;

@@ -19,7 +19,7 @@ class StepperWidget : public QWidget, public ViewWidget {
 
     const Stepper &stepper() const { return std::get<Stepper>(view_.content); }
 
-    /// Moves the number one step where there is one.
+    /// Changes the number by one step, within its range.
     void step(bool isUp);
 
     QSize sizeHint() const override;
@@ -40,7 +40,7 @@ class StepperWidget : public QWidget, public ViewWidget {
 
     View view_{Stepper{}};
     QTimer repeatTimer_;
-    /// The half that is held down, and the one under the pointer; true for the upper one.
+    /// The half that is pressed and the one under the pointer; true for the upper one.
     std::optional<bool> pressed_;
     std::optional<bool> hovered_;
 };

@@ -12,12 +12,13 @@ namespace corvane::qt {
 
 namespace {
 
-/// More than that no window shows, and measuring it would take its time.
+/// In characters. A longer text is cut before it is measured: no window shows more, and measuring
+/// is slow.
 constexpr qsizetype longestText = 1000;
-/// A text that is shorter than this, in heights of a line, is neither wrapped nor cut.
+/// In line heights: a narrower text is neither wrapped nor cut.
 constexpr int wholeLines = 10;
 constexpr int wholeLinesOnOneLine = 5;
-/// So much of a name is seen beside a longer text, points.
+/// How much of a name stays visible beside a longer text, points.
 constexpr int leastWidthOnOneLine = 190;
 
 Qt::Alignment lineAlignment(Alignment alignment) {

@@ -6,7 +6,7 @@
 
 namespace corvane::qt {
 
-/// Shows a text: wrapped where it must be, or on one line that ends early where it must.
+/// Shows a text, wrapped or on one line that is cut at its end, as its width demands.
 class TextWidget : public QLabel, public ViewWidget {
   public:
     TextWidget();
@@ -28,7 +28,7 @@ class TextWidget : public QLabel, public ViewWidget {
     void refresh();
 
     View view_{Text{}};
-    /// What is measured and drawn: a very long text is cut before.
+    /// The text that is measured and drawn.
     QString shown_;
 };
 

@@ -11,7 +11,7 @@ namespace corvane::qt {
 ToggleWidget::ToggleWidget(drawing::SymbolImages &symbols) : symbols_(symbols) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(this, &QCheckBox::clicked, this, [this](bool isOn) {
-        // Only the next view says whether it is on.
+        // The state follows the view alone.
         setChecked(toggle().isOn);
         toggle().changed(isOn);
     });

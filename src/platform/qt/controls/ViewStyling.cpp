@@ -11,7 +11,7 @@ namespace corvane::qt {
 
 namespace {
 
-/// Sizes as they relate to the body text.
+/// Relative to each other.
 constexpr double bodySize = 13;
 constexpr double calloutSize = 12;
 constexpr double caption2Size = 10;
@@ -47,7 +47,7 @@ QFont::Weight qtWeight(FontWeight weight) {
     return QFont::Normal;
 }
 
-/// The level's strength; a text stays readable at each.
+/// Opacities at which a text stays readable.
 double textStrength(HierarchicalStyle level) {
     switch (level) {
     case HierarchicalStyle::primary:

@@ -24,17 +24,17 @@ QColor symbolColour(const std::optional<ShapeStyle> &style, const QPalette &pale
 /// The colour of a shape behind others on a window of that palette.
 QColor fillColour(const ShapeStyle &style, const QPalette &palette);
 
-/// What stands for the program's own choice, and a text on it can be read.
+/// The accent colour, and a readable colour for text on it.
 QColor accentColour();
 QColor accentTextColour();
 
-/// A colour of the window's text that is so strong, from 0 to 1.
+/// The window's text colour with that opacity, 0 to 1.
 QColor faded(const QPalette &palette, double strength);
 
 bool isDark(const QPalette &palette);
 
-/// For check boxes and radio buttons. The toolkit outlines them by a darker shade of the window,
-/// which on a dark one cannot be seen: there they take the window for a light one.
+/// For check boxes and radio buttons. Qt outlines them in a darker shade of the window, which is
+/// invisible on a dark one: there the palette has a light window.
 QPalette indicatorPalette();
 
 /// Draws the placeholders of empty fields in a paler shade of the fields' own text; desktop themes

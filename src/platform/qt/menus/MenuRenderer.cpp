@@ -15,7 +15,7 @@ namespace corvane::qt {
 
 namespace {
 
-/// A menu taller than the screen scrolls instead of growing columns.
+/// Makes a menu that is taller than the screen scroll instead of breaking into columns.
 class ScrollableMenuStyle : public QProxyStyle {
   public:
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
@@ -32,7 +32,7 @@ QKeySequence keySequence(const MenuItem &item) {
                : QKeySequence(QStringLiteral("Ctrl+") + QString::fromStdString(item.commandKey));
 }
 
-/// What an item does, without what it looks like.
+/// What an item does, without its appearance.
 MenuItem behaviour(const MenuItem &item) {
     return {.title = {},
             .action = item.action,
@@ -40,7 +40,7 @@ MenuItem behaviour(const MenuItem &item) {
             .representedObject = item.representedObject};
 }
 
-/// Takes the action out of its menu; whoever is in the middle of using it may finish.
+/// Removes the action from its menu; deleted later, because it may be the one being triggered.
 void discard(QMenu &menu, QAction &action) {
     menu.removeAction(&action);
     if (auto *submenu = action.menu()) {
@@ -51,7 +51,7 @@ void discard(QMenu &menu, QAction &action) {
 
 } // namespace
 
-/// A menu that answers its items' keys while it is open, and only then.
+/// A menu whose items' keys work while it is open, and only then.
 class MenuRenderer::PopupMenu : public QMenu {
   public:
     PopupMenu(MenuRenderer &renderer, QWidget *parent) : QMenu(parent), renderer_(renderer) {
@@ -204,7 +204,7 @@ void MenuRenderer::tintImages(QMenu &menu, const std::vector<MenuItem> &items) {
 }
 
 void MenuRenderer::choose(QAction &action) {
-    // The toolkit flips the check mark by itself; only the next value may.
+    // QAction toggles the check mark; it follows the menu value alone.
     action.setChecked(action.isCheckable());
     const auto item = action.data().value<MenuItem>();
     if (item.action.empty()) {

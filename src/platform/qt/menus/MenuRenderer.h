@@ -13,12 +13,11 @@
 
 namespace corvane::qt {
 
-/// Shows menu values in one menu of the toolkit, which is kept: only what differs from the value
-/// before is touched, so that an open menu stays open and usable. A menu that nobody sees takes the
-/// newest value when it opens. Main thread.
+/// Renders menu values into one QMenu. Only what differs from the former value is changed, so that
+/// an open menu stays open and usable; a closed one is updated when it opens. Main thread.
 class MenuRenderer {
   public:
-    /// `perform` receives each command the user chooses, in a later turn of the event loop.
+    /// `perform` receives each command the user chooses, in a later event-loop iteration.
     MenuRenderer(drawing::SymbolImages &symbols, std::function<void(const MenuCommand &)> perform);
     ~MenuRenderer();
     MenuRenderer(const MenuRenderer &) = delete;
@@ -46,7 +45,7 @@ class MenuRenderer {
     drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
     Menu newest_;
-    /// What the toolkit's menu shows.
+    /// What the QMenu shows.
     Menu shown_;
     std::unique_ptr<QProxyStyle> style_;
     std::unique_ptr<PopupMenu> menu_;

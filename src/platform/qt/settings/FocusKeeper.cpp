@@ -5,7 +5,7 @@ namespace corvane::qt {
 std::vector<QWidget *> tabStops(const QWidget &window) {
     std::vector<QWidget *> stops;
     for (QWidget *widget : window.findChildren<QWidget *>()) {
-        // A control's menu is a window of its own.
+        // A control's menu is a child too, but a window of its own.
         if ((widget->focusPolicy() & Qt::TabFocus) != 0 && widget->isVisibleTo(&window) &&
             widget->window() == &window) {
             stops.push_back(widget);

@@ -9,17 +9,17 @@
 
 namespace corvane::qt {
 
-/// The controls of a window that the Tab key leads to, as they are seen.
+/// The controls of a window that the Tab key visits, in visual order.
 std::vector<QWidget *> tabStops(const QWidget &window);
 
-/// Keeps the keyboard near where it was while the content of a window changes.
+/// Keeps the keyboard focus near where it was while the content of a window changes.
 class FocusKeeper {
   public:
     /// Before the change. The window outlives it.
     explicit FocusKeeper(const QWidget &window);
 
-    /// After the change: where the control that had the keyboard is gone or disabled, gives the
-    /// keyboard to the next one that was there before too, or else to the one before it.
+    /// After the change: if the focused control is gone or disabled, focuses the next one of those
+    /// that were there before, else the previous one.
     void restore() const;
 
   private:

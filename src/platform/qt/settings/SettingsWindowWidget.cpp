@@ -23,7 +23,7 @@ namespace corvane::qt {
 
 namespace {
 
-/// What the frame of a window and some air take of the screen's height.
+/// Height left free on the screen for the window's frame and a margin.
 constexpr int heightBesideContent = 72;
 
 int heightFor(QWidget &widget, int width) {
@@ -67,7 +67,7 @@ void SettingsWindowWidget::addShortcuts() {
     }
 }
 
-/// Without a default action, Return presses the button that has the keyboard.
+/// Without a default action, Return presses the focused button.
 void SettingsWindowWidget::performDefaultAction() {
     for (QPushButton *button : findChildren<QPushButton *>()) {
         const auto *candidate = dynamic_cast<ButtonWidget *>(button);
@@ -87,7 +87,7 @@ void SettingsWindowWidget::renderContent(const View &view, Rendering rendering) 
         replaceContent(view);
     }
     content_->render(view, rendering);
-    // The window has the width already, and a scroll bar may take some of it.
+    // The window already has this width, and a scroll bar may take part of it.
     content_->widget().setMinimumWidth(0);
     content_->widget().setMaximumWidth(QWIDGETSIZE_MAX);
     orderFocus();
@@ -95,7 +95,7 @@ void SettingsWindowWidget::renderContent(const View &view, Rendering rendering) 
     fitToContent();
 }
 
-/// The old content may be what is just calling.
+/// The old content is deleted later, because one of its handlers may be running.
 void SettingsWindowWidget::replaceContent(const View &view) {
     if (QWidget *former = scrollArea_->takeWidget()) {
         former->removeEventFilter(this);
@@ -110,7 +110,7 @@ void SettingsWindowWidget::replaceContent(const View &view) {
     content_->widget().show();
 }
 
-/// Lets the Tab key go through the controls as they are seen.
+/// Makes the Tab key follow the visual order.
 void SettingsWindowWidget::orderFocus() {
     QWidget *former = nullptr;
     for (QWidget *stop : tabStops(*this)) {
@@ -140,7 +140,7 @@ void SettingsWindowWidget::fitToContent() {
     }
 }
 
-/// A window that has grown may reach beyond the lower edge of the screen.
+/// A window that grows may reach beyond the lower edge of the screen.
 void SettingsWindowWidget::keepWithin(const QRect &available) {
     const QRect frame = frameGeometry();
     const int excess = frame.bottom() - available.bottom();

@@ -17,8 +17,8 @@ namespace corvane::qt {
 
 class ToolbarWidget;
 
-/// The settings window on the screen: the toolbar over the content, which is as high as it needs to
-/// be and scrolls where the screen is too low for it.
+/// The settings window: the toolbar above the content, which has its natural height and scrolls
+/// where the screen is too low for it.
 class SettingsWindowWidget : public QWidget, public AccessibleRole {
   public:
     SettingsWindowWidget(

@@ -14,32 +14,26 @@ namespace corvane::qt {
 
 namespace {
 
-/// It may be one of the widget's own handlers that ends it: then it goes when that is done.
-struct WidgetEnd {
+/// One of the widget's own handlers may be deleting it: then it is deleted later. Until then it is
+/// disabled, so that not even a screen reader can use it.
+struct WidgetDeleter {
     void operator()(QWidget *widget) const {
         widget->hide();
+        widget->setEnabled(false);
         if (QThread::currentThread()->loopLevel() > 0) {
             widget->deleteLater();
         } else {
-            delete widget; // NOLINT(cppcoreguidelines-owning-memory): nobody else does
+            delete widget; // NOLINT(cppcoreguidelines-owning-memory): no other owner
         }
     }
 };
 
-class LinuxSettingsWindow : public platform::NativeSettingsWindow {
+class NativeSettingsWindow : public platform::NativeSettingsWindow {
   public:
-    LinuxSettingsWindow(const SettingsWindow &window,
-                        std::shared_ptr<drawing::SymbolImages> symbols,
-                        std::function<void(const std::string &)> toolbarItemSelected)
-        : alive_(std::make_shared<bool>(true)),
-          widget_(new SettingsWindowWidget(
-              window, std::move(symbols),
-              [held = std::weak_ptr(alive_),
-               report = std::move(toolbarItemSelected)](const std::string &identifier) {
-                  if (!held.expired()) {
-                      report(identifier);
-                  }
-              })) {}
+    NativeSettingsWindow(const SettingsWindow &window,
+                         std::shared_ptr<drawing::SymbolImages> symbols,
+                         const std::function<void(const std::string &)> &toolbarItemSelected)
+        : widget_(new SettingsWindowWidget(window, std::move(symbols), toolbarItemSelected)) {}
 
     bool isVisible() const override { return widget_->isVisible(); }
 
@@ -74,8 +68,7 @@ class LinuxSettingsWindow : public platform::NativeSettingsWindow {
     }
 
   private:
-    const std::shared_ptr<bool> alive_;
-    const std::unique_ptr<SettingsWindowWidget, WidgetEnd> widget_;
+    const std::unique_ptr<SettingsWindowWidget, WidgetDeleter> widget_;
 };
 
 } // namespace
@@ -87,7 +80,7 @@ SettingsWindows::SettingsWindows() : symbols_(std::make_shared<drawing::SymbolIm
 std::unique_ptr<platform::NativeSettingsWindow>
 SettingsWindows::create(const SettingsWindow &window,
                         std::function<void(const std::string &identifier)> toolbarItemSelected) {
-    return std::make_unique<LinuxSettingsWindow>(window, symbols_, std::move(toolbarItemSelected));
+    return std::make_unique<NativeSettingsWindow>(window, symbols_, toolbarItemSelected);
 }
 
 } // namespace corvane::qt

@@ -12,7 +12,7 @@ class SymbolImages;
 
 namespace corvane::qt {
 
-/// Settings windows made of the toolkit's widgets.
+/// Settings windows made of Qt widgets. Main thread.
 class SettingsWindows : public platform::SettingsWindows {
   public:
     SettingsWindows();

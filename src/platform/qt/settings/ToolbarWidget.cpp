@@ -150,7 +150,7 @@ bool ToolbarWidget::eventFilter(QObject *watched, QEvent *event) {
     return QWidget::eventFilter(watched, event);
 }
 
-/// The arrow keys choose the neighbour.
+/// The arrow keys select the neighbouring tab.
 bool ToolbarWidget::moveFrom(const QObject *button, int key) {
     if (key != Qt::Key_Left && key != Qt::Key_Right) {
         return false;

@@ -17,16 +17,16 @@ class SymbolImages;
 
 namespace corvane::qt {
 
-/// Shows a toolbar: its tabs in a centred row.
+/// Shows a toolbar as a centred row of tabs.
 class ToolbarWidget : public QWidget, public AccessibleRole {
   public:
-    /// `chosen` receives the identifier of each tab the user chooses.
+    /// `chosen` receives the identifier of each tab that the user selects.
     ToolbarWidget(const Toolbar &toolbar, drawing::SymbolImages &symbols,
                   const std::function<void(const std::string &identifier)> &chosen);
 
     void setSelectedItem(const std::string &identifier);
 
-    /// Gives the keyboard to the selected tab.
+    /// Gives the selected tab the keyboard focus.
     void focusSelectedItem();
 
     QAccessible::Role accessibleRole() const override { return QAccessible::PageTabList; }
