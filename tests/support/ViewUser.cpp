@@ -23,7 +23,7 @@ void forEachView(const View &view, const Visitor &visit) {
 
 /// The one view of that kind for which the condition holds.
 template <typename Content, typename Condition>
-const View &only(const View &tree, const std::string &description, const Condition &condition) {
+const View &onlyView(const View &tree, const std::string &description, const Condition &condition) {
     std::vector<const View *> found;
     forEachView(tree, [&](const View &view) {
         const auto *content = std::get_if<Content>(&view.content);
@@ -37,20 +37,23 @@ const View &only(const View &tree, const std::string &description, const Conditi
     return *found.front();
 }
 
+template <typename Content, typename Condition>
+const Content &only(const View &tree, const std::string &description, const Condition &condition) {
+    return std::get<Content>(onlyView<Content>(tree, description, condition).content);
+}
+
 template <typename Content>
 const Content &titled(const View &tree, const std::string &title) {
-    return std::get<Content>(
-        only<Content>(tree, "control titled " + title, [&](const View &, const Content &content) {
-            return content.title == title;
-        }).content);
+    return only<Content>(
+        tree, "control titled " + title,
+        [&](const View &, const Content &content) { return content.title == title; });
 }
 
 template <typename Content>
 const Content &labelled(const View &tree, const std::string &label) {
-    return std::get<Content>(
-        only<Content>(tree, "control labelled " + label, [&](const View &view, const Content &) {
-            return view.accessibilityLabel == label;
-        }).content);
+    return only<Content>(tree, "control labelled " + label, [&](const View &view, const Content &) {
+        return view.accessibilityLabel == label;
+    });
 }
 
 } // namespace
@@ -75,7 +78,7 @@ bool ViewUser::isButtonEnabled(const std::string &title) const {
 
 ViewUser ViewUser::inside(const std::string &label) const {
     return ViewUser(
-        only<Stack>(tree_, "stack labelled " + label, [&](const View &view, const Stack &) {
+        onlyView<Stack>(tree_, "stack labelled " + label, [&](const View &view, const Stack &) {
             return view.accessibilityLabel == label;
         }));
 }
@@ -89,10 +92,9 @@ void ViewUser::press(const std::string &title) const {
 }
 
 void ViewUser::pressReturn() const {
-    const View &view =
-        only<Button>(tree_, "default button",
-                     [](const View &, const Button &button) { return button.isDefaultAction; });
-    std::get<Button>(view.content).action();
+    only<Button>(tree_, "default button", [](const View &, const Button &button) {
+        return button.isDefaultAction;
+    }).action();
 }
 
 void ViewUser::turn(const std::string &toggleTitle, bool isOn) const {
@@ -140,10 +142,9 @@ void ViewUser::chooseMenuItem(const std::string &menuLabel, const std::string &t
 }
 
 void ViewUser::followLink(const std::string &address) const {
-    const View &view = only<Link>(tree_, "link to " + address, [&](const View &, const Link &link) {
+    only<Link>(tree_, "link to " + address, [&](const View &, const Link &link) {
         return link.address == address;
-    });
-    std::get<Link>(view.content).action();
+    }).action();
 }
 
 } // namespace corvane::testing
