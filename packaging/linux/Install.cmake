@@ -10,6 +10,12 @@ set(icon_drawing "${PROJECT_SOURCE_DIR}/resources/AppIcon.svg")
 string(REPLACE "." ";" host_parts "${CORVANE_HOST_NAME}")
 list(REVERSE host_parts)
 list(JOIN host_parts "." reversed_host_name)
+# The package needs the libraries of the distribution it was built on, so its version names it. The
+# tilde sorts a newer release of the distribution behind an older one, and both before a "-1" that
+# the distribution may make itself.
+cmake_host_system_information(RESULT distribution QUERY DISTRIB_ID)
+cmake_host_system_information(RESULT distribution_release QUERY DISTRIB_VERSION_ID)
+set(package_revision "1~${distribution}${distribution_release}")
 # The time of the build, or what SOURCE_DATE_EPOCH says.
 string(TIMESTAMP release_time "%a, %d %b %Y %H:%M:%S +0000" UTC)
 foreach(page changelog corvane.1 corvane.metainfo.xml)

@@ -1,5 +1,5 @@
-# What `cpack` packs: corvane_<version>_<architecture>.deb, and a tarball that runs where it is
-# unpacked.
+# What `cpack` packs: corvane_<version>-1~<distribution>_<architecture>.deb, and a tarball that runs
+# where it is unpacked.
 
 set(CPACK_GENERATOR DEB TGZ)
 set(CPACK_PACKAGE_NAME corvane)
@@ -12,6 +12,7 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS})
 
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE "${package_revision}")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 # The texts that the toolkit adds, such as a text field's menu, in other languages than English.
