@@ -3,7 +3,6 @@
 #include "Session.h"
 #include "platform/linux/timing/Clock.h"
 #include "platform/x11/click/MouseEvents.h"
-#include "platform/x11/click/PointerRequest.h"
 #include "platform/x11/connection/XcbConnection.h"
 #include "services/ClickerService.h"
 #include "support/Log.h"
@@ -33,7 +32,8 @@ struct EngineRun {
 };
 
 EngineRun runEngine(Session &session, int clickRate, int clickCount) {
-    x11::MouseEvents mouseEvents;
+    const auto server = x11::XcbConnection::open().value();
+    x11::MouseEvents mouseEvents(*server);
     linux::Clock clock;
     Samples costs;
     std::promise<void> finished;
@@ -86,7 +86,8 @@ BareClicks clickBarely(int clickCount) {
         for (int click = 0; click < clickCount; ++click) {
             const auto start = Clock::now();
             const double costBefore = threadMilliseconds();
-            x11::PointerRequest(*connection).answer();
+            x11::reply<xcb_query_pointer_reply>(
+                connection->get(), xcb_query_pointer(connection->get(), connection->root()));
             send(XCB_BUTTON_PRESS);
             std::this_thread::sleep_for(hold);
             send(XCB_BUTTON_RELEASE);

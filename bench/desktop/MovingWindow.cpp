@@ -1,7 +1,7 @@
 #include "MovingWindow.h"
 
 #include "harness/WindowTree.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <algorithm>
 #include <array>

@@ -1,9 +1,9 @@
-// What other programs put into the properties of their windows, of the root window and of marks.
+// What other programs put into the properties of their windows, of the root window and of records.
 
 #include "Fuzzing.h"
 #include "platform/linux/environment/TextDecoding.h"
-#include "platform/x11/click/PressedButtonValue.h"
-#include "platform/x11/windows/WindowDescription.h"
+#include "platform/x11/click/PressedButtonRecord.h"
+#include "platform/x11/windows/WindowInfo.h"
 
 #include <algorithm>
 #include <array>
@@ -39,63 +39,43 @@ class Properties {
 };
 
 /// Small numbers, which properties name easily.
-const WindowAtoms atoms{.utf8String = 1,
-                        .compoundText = 2,
-                        .wmState = 3,
-                        .supportingWmCheck = 4,
-                        .clientList = 5,
-                        .clientListStacking = 7,
-                        .currentDesktop = 8,
-                        .name = 9,
-                        .processIdentifier = 10,
-                        .desktop = 11,
-                        .frameExtents = 12,
-                        .clientFrameExtents = 13,
-                        .state = 14,
-                        .stateHidden = 15,
-                        .type = 16,
-                        .typeNormal = 17,
-                        .typeDialog = 18,
-                        .typeUtility = 19,
-                        .typeDesktop = 20,
-                        .typeDock = 21,
-                        .typeToolbar = 22,
-                        .typeMenu = 23,
-                        .typeDropdownMenu = 24,
-                        .typePopupMenu = 25,
-                        .typeCombo = 26,
-                        .typeTooltip = 27,
-                        .typeNotification = 28,
-                        .typeSplash = 29,
-                        .typeDragged = 30};
+Atoms smallAtoms() {
+    Atoms atoms;
+    xcb_atom_t last = XCB_ATOM_NONE;
+    for (const Atoms::Name &name : Atoms::names()) {
+        atoms.*name.atom = ++last;
+    }
+    return atoms;
+}
 
 void readWindow(Properties properties) {
-    const WindowDescription description{.type = properties.next(),
-                                        .state = properties.next(),
-                                        .desktop = properties.next(),
-                                        .managedState = properties.next(),
-                                        .frameExtents = properties.next(),
-                                        .clientFrameExtents = properties.next(),
-                                        .name = properties.next(),
-                                        .oldName = properties.next()};
+    static const Atoms atoms = smallAtoms();
+    const WindowProperties window{.type = properties.next(),
+                                  .state = properties.next(),
+                                  .desktop = properties.next(),
+                                  .managedState = properties.next(),
+                                  .frameExtents = properties.next(),
+                                  .clientFrameExtents = properties.next(),
+                                  .name = properties.next(),
+                                  .oldName = properties.next()};
     const corvane::Rectangle client{-5, 7, 300, 200};
-    const auto facts =
-        description.facts({.window = 1, .client = client, .isMapped = true, .isUnmanaged = false},
-                          atoms, properties.next().number());
-    require(facts.bounds.width >= 0 && facts.bounds.height >= 0, "a window has a size");
+    const auto info =
+        window.info({.window = 1, .client = client, .isMapped = true, .isUnmanaged = false}, atoms,
+                    properties.next().number());
+    require(info.bounds.width >= 0 && info.bounds.height >= 0, "a window has a size");
     constexpr double furthest = 4 * 32768;
-    require(std::max({-facts.bounds.x, -facts.bounds.y, facts.bounds.width, facts.bounds.height}) <
+    require(std::max({-info.bounds.x, -info.bounds.y, info.bounds.width, info.bounds.height}) <
                 furthest,
             "a window is where a screen can be");
-    require(!facts.title || utf8Text("x" + *facts.title) == "x" + *facts.title,
+    require(!info.title || utf8Text("x" + *info.title) == "x" + *info.title,
             "a title is valid UTF-8");
-    require(facts.layer >= 0, "no window is below the ordinary ones");
+    require(info.layer >= 0, "no window is below the ordinary ones");
 }
 
 void readOwner(Properties properties) {
-    const OwnerDescription description{.processIdentifier = properties.next(),
-                                       .windowClass = properties.next()};
-    const auto owner = description.owner(1, properties.next().number());
+    const OwnerProperties window{.processIdentifier = properties.next(),
+                                 .windowClass = properties.next()};
+    const auto owner = window.owner(1, properties.next().number());
     require(owner.processIdentifier.value_or(1) > 0, "a process has a positive number");
     for (const std::string &name : {owner.instanceName, owner.className}) {
         require(utf8Text("x" + name) == "x" + name, "a class name is valid UTF-8");
@@ -103,11 +83,11 @@ void readOwner(Properties properties) {
     }
 }
 
-void readMark(Properties properties) {
+void readRecord(Properties properties) {
     const PropertyValue property = properties.next();
-    if (ButtonMarkValue::in(property)) {
+    if (PressedButtonRecord::Content::in(property)) {
         require(property.format == 32 && property.content.size() / 4 == 2,
-                "a mark is two numbers and nothing else");
+                "a record is two numbers and nothing else");
     }
 }
 
@@ -117,6 +97,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const Properties properties(corvane::fuzz::textOf(data, size));
     readWindow(properties);
     readOwner(properties);
-    readMark(properties);
+    readRecord(properties);
     return 0;
 }

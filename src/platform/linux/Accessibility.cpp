@@ -24,7 +24,7 @@ Accessibility::windows(std::int32_t processIdentifier) {
     if (!isProcessTrusted()) {
         return nullptr;
     }
-    return windows_.windows(processIdentifier);
+    return windows_.accessibilityWindowsOf({processIdentifier});
 }
 
 void Accessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }

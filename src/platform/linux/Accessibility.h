@@ -3,7 +3,6 @@
 #include "platform/Accessibility.h"
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/x11/connection/XcbConnection.h"
-#include "platform/x11/windows/AccessibilityWindows.h"
 #include "platform/x11/windows/ClientWindows.h"
 
 namespace corvane::linux {
@@ -26,7 +25,7 @@ class Accessibility : public platform::Accessibility {
     AccessibilityObstacle obstacle() const;
 
     const x11::XcbConnection &connection_;
-    x11::AccessibilityWindows windows_;
+    x11::ClientWindows &windows_;
     const bool isInsideWayland_;
     qt::AccessibilityGuideWindow guideWindow_;
 };

@@ -6,6 +6,7 @@
 #include "platform/x11/connection/WindowProperty.h"
 #include "platform/x11/connection/XcbEvents.h"
 #include "platform/x11/hotkey/HotKeys.h"
+#include "platform/x11/windows/WindowReader.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -22,26 +23,21 @@ namespace corvane::linux {
 
 namespace {
 
-/// What Corvane asks a window manager: which windows there are and in what order, how wide their
-/// frames are, and to give its own windows the keyboard.
-constexpr std::array wantedHints{"_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING",
-                                 "_NET_FRAME_EXTENTS", "_NET_ACTIVE_WINDOW"};
+/// What Corvane needs from a window manager: the list of windows and their order, the widths of
+/// their frames, and the keyboard for its own windows.
+constexpr std::array wantedHints{
+    std::pair{"_NET_CLIENT_LIST", &x11::Atoms::clientList},
+    std::pair{"_NET_CLIENT_LIST_STACKING", &x11::Atoms::clientListStacking},
+    std::pair{"_NET_FRAME_EXTENTS", &x11::Atoms::frameExtents},
+    std::pair{"_NET_ACTIVE_WINDOW", &x11::Atoms::activeWindow}};
 
 std::string variable(const char *name) {
     const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
     return value != nullptr ? value : "";
 }
 
-bool hasOwner(const x11::XcbConnection &connection, const std::string &selection) {
-    const x11::XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        connection.get(), xcb_get_selection_owner(connection.get(), connection.atom(selection)),
-        nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
-}
-
-/// Of the selections that a screen has one of each.
-bool hasOwnerOnScreen(const x11::XcbConnection &connection, const std::string &selection) {
-    return hasOwner(connection, selection + std::to_string(connection.screenNumber()));
+bool hasOwner(const x11::XcbConnection &connection, xcb_atom_t selection) {
+    return connection.selectionOwner(selection) != XCB_WINDOW_NONE;
 }
 
 HotKeyState stateOf(const platform::HotKey &hotKey, x11::XcbEvents &events) {
@@ -72,33 +68,23 @@ StatusArea statusAreaOf(const x11::XcbConnection &connection) {
     if (hasPanelOnBus()) {
         return StatusArea::panel;
     }
-    return hasOwnerOnScreen(connection, "_NET_SYSTEM_TRAY_S") ? StatusArea::systemTray
-                                                              : StatusArea::none;
-}
-
-/// The window through which a window manager that follows EWMH shows itself; none for another.
-xcb_window_t windowManagerWindow(const x11::XcbConnection &connection) {
-    const xcb_atom_t check = connection.atom("_NET_SUPPORTING_WM_CHECK");
-    const auto window = x11::WindowProperty(connection, connection.root(), check).number();
-    // One that has ended leaves the root window's property behind.
-    const bool isAlive =
-        window && x11::WindowProperty(connection, *window, check).number() == window;
-    return isAlive ? *window : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+    return hasOwner(connection, connection.atoms().traySelection) ? StatusArea::systemTray
+                                                                  : StatusArea::none;
 }
 
 std::string nameOf(const x11::XcbConnection &connection, xcb_window_t windowManager) {
-    x11::WindowProperty name(connection, windowManager, connection.atom("_NET_WM_NAME"));
+    x11::WindowProperty name(connection, windowManager, connection.atoms().name);
     const std::string text = utf8Text(name.value().text());
     return text.empty() ? "The window manager" : text;
 }
 
 void readWindowManager(const x11::XcbConnection &connection, DesktopFacts &facts) {
-    const xcb_window_t window = windowManagerWindow(connection);
+    const xcb_window_t window = x11::windowManagerWindow(connection);
     facts.windowManager = window != XCB_WINDOW_NONE ? nameOf(connection, window) : "";
-    x11::WindowProperty supported(connection, connection.root(), connection.atom("_NET_SUPPORTED"));
+    x11::WindowProperty supported(connection, connection.root(), connection.atoms().supported);
     const auto offered = supported.value().numbers();
-    for (const char *hint : wantedHints) {
-        if (std::ranges::find(offered, connection.atom(hint)) == offered.end()) {
+    for (const auto &[hint, atom] : wantedHints) {
+        if (std::ranges::find(offered, connection.atoms().*atom) == offered.end()) {
             facts.missingHints.emplace_back(hint);
         }
     }
@@ -131,7 +117,8 @@ DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
                        .hotKey = stateOf(hotKey, events),
                        .hotKeyName = drawing::startStopKeyName(),
                        .statusArea = statusAreaOf(connection),
-                       .hasCompositor = hasOwnerOnScreen(connection, "_NET_WM_CM_S")};
+                       .hasCompositor =
+                           hasOwner(connection, connection.atoms().compositorSelection)};
     readWindowManager(connection, facts);
     return facts;
 }

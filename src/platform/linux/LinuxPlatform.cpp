@@ -16,6 +16,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
                              const CommandRequest &firstCommand)
     : commandEndpoint_(mainQueue_, firstCommand),
       localisation_(userLocales()),
+      mouseEvents_(events.connection()),
       screens_(events),
       overlayWindows_(events, screens_, symbols_),
       windowList_(events.connection()),

@@ -61,9 +61,9 @@ void serverLost() {
     std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe)
 }
 
-/// Where both the program and its guard were killed, the button is still down.
+/// The button is still down when both the program and its watchdog were killed.
 void releaseButtonLeftDown(const x11::XcbConnection &connection) {
-    if (x11::releaseMarkedButtons(connection)) {
+    if (x11::releaseRecordedButtons(connection)) {
         log("Released the mouse button after an unexpected end");
     }
 }
@@ -129,7 +129,7 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     if (!connection) {
         return print(noDisplay(isWaylandSession()));
     }
-    const x11::ButtonWatchdog guard;
+    const x11::ButtonWatchdog watchdog;
     requestSchedulerSlice();
     // In a Wayland session too, the program is an X client.
     qputenv("QT_QPA_PLATFORM", "xcb");
@@ -153,7 +153,7 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
-    auto windowConnection = x11::XcbConnection::open();
+    auto windowConnection = events.connection().openAnother();
     if (!windowConnection) {
         serverLost();
     }

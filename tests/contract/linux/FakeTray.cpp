@@ -7,6 +7,12 @@ namespace corvane::contract {
 
 namespace {
 
+xcb_atom_t atom(const x11::XcbConnection &connection, std::string_view name) {
+    const auto cookie =
+        xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
+    return x11::reply<xcb_intern_atom_reply>(connection.get(), cookie)->atom;
+}
+
 constexpr std::uint16_t iconSize = 24;
 
 template <typename... Values>
@@ -38,15 +44,14 @@ FakeTray::FakeTray(std::optional<QColor> foreground)
         colours[0] = foreground->rgba64().red();
         colours[1] = foreground->rgba64().green();
         colours[2] = foreground->rgba64().blue();
-        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, window_,
-                            connection_->atom("_NET_SYSTEM_TRAY_COLORS"), XCB_ATOM_CARDINAL, 32,
-                            colours.size(), colours.data());
+        xcb_change_property(xcb, XCB_PROP_MODE_REPLACE, window_, connection_->atoms().trayColours,
+                            XCB_ATOM_CARDINAL, 32, colours.size(), colours.data());
     }
-    const auto selection =
-        connection_->atom("_NET_SYSTEM_TRAY_S" + std::to_string(connection_->screenNumber()));
+    const xcb_atom_t selection = connection_->atoms().traySelection;
     xcb_set_selection_owner(xcb, window_, selection, XCB_CURRENT_TIME);
-    const auto announcement = message(connection_->root(), connection_->atom("MANAGER"),
-                                      XCB_CURRENT_TIME, selection, window_);
+    const auto announcement =
+        message(connection_->root(), connection_->atoms().selectionAnnouncement, XCB_CURRENT_TIME,
+                selection, window_);
     xcb_send_event(xcb, 0, connection_->root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY,
                    reinterpret_cast<const char *>(&announcement));
     connection_->synchronise();
@@ -73,7 +78,7 @@ void FakeTray::answer(const xcb_generic_event_t &event) {
     }
     const auto &request = reinterpret_cast<const xcb_client_message_event_t &>(event);
     constexpr std::uint32_t dock = 0;
-    if (request.type == connection_->atom("_NET_SYSTEM_TRAY_OPCODE") &&
+    if (request.type == atom(*connection_, "_NET_SYSTEM_TRAY_OPCODE") &&
         request.data.data32[1] == dock) {
         takeIn(request.data.data32[2]);
     }
@@ -90,7 +95,7 @@ void FakeTray::takeIn(xcb_window_t icon) {
                          size.data());
     constexpr std::uint32_t embedded = 0;
     const auto notice =
-        message(icon, connection_->atom("_XEMBED"), XCB_CURRENT_TIME, embedded, 0, window_, 0);
+        message(icon, atom(*connection_, "_XEMBED"), XCB_CURRENT_TIME, embedded, 0, window_, 0);
     xcb_send_event(xcb, 0, icon, XCB_EVENT_MASK_NO_EVENT, reinterpret_cast<const char *>(&notice));
     xcb_map_window(xcb, icon);
 }

@@ -70,7 +70,7 @@ bool isActivationRequested(const x11::XcbConnection &observer, WId window) {
         const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(*event);
         constexpr std::uint32_t fromTaskBar = 2;
         if (x11::XcbEvents::typeOf(*event) == XCB_CLIENT_MESSAGE && message.window == window &&
-            message.type == observer.atom("_NET_ACTIVE_WINDOW") &&
+            message.type == observer.atoms().activeWindow &&
             message.data.data32[0] == fromTaskBar) {
             return true;
         }
@@ -227,7 +227,7 @@ TEST(AlertsTest, IsShownOnEveryWorkspaceAboveOtherWindows) {
         const x11::XcbReply<xcb_get_property_reply_t> reply(xcb_get_property_reply(
             observer->get(),
             xcb_get_property(observer->get(), 0, static_cast<xcb_window_t>(dialog.winId()),
-                             observer->atom("_NET_WM_DESKTOP"), XCB_ATOM_CARDINAL, 0, 1),
+                             observer->atoms().desktop, XCB_ATOM_CARDINAL, 0, 1),
             nullptr));
         ASSERT_TRUE(reply && reply->value_len == 1);
         EXPECT_EQ(*static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get())),

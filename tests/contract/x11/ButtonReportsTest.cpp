@@ -2,7 +2,7 @@
 
 #include "EventLoop.h"
 #include "XClient.h"
-#include "platform/x11/connection/XcbKeyboard.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QCoreApplication>

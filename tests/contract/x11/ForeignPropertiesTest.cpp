@@ -51,11 +51,11 @@ class ForeignPropertiesTest : public WindowSystemTest,
         client_.synchronize();
     }
 
-    void expectSound(const x11::WindowInfo &facts) const {
-        EXPECT_GE(facts.bounds.width, 0);
-        EXPECT_GE(facts.bounds.height, 0);
-        if (facts.title) {
-            EXPECT_EQ(linux::utf8Text(*facts.title), *facts.title);
+    void expectSound(const x11::WindowInfo &info) const {
+        EXPECT_GE(info.bounds.width, 0);
+        EXPECT_GE(info.bounds.height, 0);
+        if (info.title) {
+            EXPECT_EQ(linux::utf8Text(*info.title), *info.title);
         }
     }
 
@@ -82,15 +82,15 @@ TEST_P(ForeignPropertiesTest, AreReadAsSoundValuesOrNone) {
         setAnything(window_.id(), ofWindows);
         setAnything(client_.root(), ofTheRoot);
         const std::array windows{window_.id()};
-        const auto facts = reader_.facts(windows);
-        ASSERT_EQ(facts.size(), 1U);
-        expectSound(facts.front());
+        const auto info = reader_.info(windows);
+        ASSERT_EQ(info.size(), 1U);
+        expectSound(info.front());
         const auto owners = reader_.owners(windows);
         ASSERT_EQ(owners.size(), 1U);
         expectSound(owners.front());
         // What a list names may not exist.
         const auto listed = reader_.windows();
-        EXPECT_LE(reader_.facts(listed).size(), listed.size());
+        EXPECT_LE(reader_.info(listed).size(), listed.size());
         EXPECT_EQ(reader_.owners(listed).size(), listed.size());
         ASSERT_FALSE(HasFailure()) << "in round " << round;
     }
@@ -107,8 +107,8 @@ TEST_P(ForeignPropertiesTest, AListOfWindowsMayNameAnything) {
         constexpr std::array lists{"_NET_CLIENT_LIST", "_NET_CLIENT_LIST_STACKING"};
         setAnything(client_.root(), lists);
         const auto listed = reader_.windows();
-        for (const x11::WindowInfo &facts : reader_.facts(listed)) {
-            expectSound(facts);
+        for (const x11::WindowInfo &info : reader_.info(listed)) {
+            expectSound(info);
         }
         for (const x11::WindowOwner &owner : reader_.owners(listed)) {
             expectSound(owner);

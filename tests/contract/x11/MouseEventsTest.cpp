@@ -48,7 +48,7 @@ class LinuxMouseEventsTest : public testing::Test {
     }
 
     /// Those that say which button is pressed.
-    std::vector<xcb_window_t> windowsWithMark() {
+    std::vector<xcb_window_t> windowsWithRecord() {
         const auto &connection = user_.connection();
         const x11::XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
             connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
@@ -73,7 +73,8 @@ class LinuxMouseEventsTest : public testing::Test {
     }
 
     XClient user_;
-    x11::MouseEvents mouseEvents_;
+    const std::unique_ptr<x11::XcbConnection> server_ = x11::XcbConnection::open().value();
+    x11::MouseEvents mouseEvents_{*server_};
 };
 
 TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
@@ -159,7 +160,7 @@ TEST_F(LinuxMouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
     const auto up = source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80});
     down->post();
     EXPECT_TRUE(desktop::waitUntil([this] { return user_.pointer().isLeftButtonDown(); }));
-    const auto marked = windowsWithMark();
+    const auto marked = windowsWithRecord();
     ASSERT_EQ(marked.size(), 1);
     xcb_kill_client(user_.connection().get(), marked.front());
     user_.connection().synchronize();
@@ -175,11 +176,11 @@ TEST_F(LinuxMouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
 TEST_F(LinuxMouseEventsTest, LeavesNothingOnTheServer) {
     for (int round = 0; round < 3; ++round) {
         const auto session = mouseEvents_.openSession();
-        EXPECT_EQ(windowsWithMark().size(), 1);
+        EXPECT_EQ(windowsWithRecord().size(), 1);
         click(*session);
     }
     user_.connection().synchronize();
-    EXPECT_TRUE(windowsWithMark().empty());
+    EXPECT_TRUE(windowsWithRecord().empty());
 }
 
 TEST_F(LinuxMouseEventsTest, MoreSessionsThanTheServerHasPlacesForClients) {
@@ -198,8 +199,9 @@ TEST_F(LinuxMouseEventsTest, WorksOnAThreadOfItsOwn) {
 }
 
 TEST(LinuxMouseEventsWithoutServerTest, EveryOperationFails) {
+    const auto server = x11::XcbConnection::open().value();
     const EnvironmentVariable display("DISPLAY", ":65000");
-    const auto session = x11::MouseEvents().openSession();
+    const auto session = x11::MouseEvents(*server).openSession();
     ASSERT_NE(session, nullptr);
     EXPECT_EQ(session->state().cursorLocation, std::nullopt);
     EXPECT_EQ(session->state().isLeftButtonDown, std::nullopt);

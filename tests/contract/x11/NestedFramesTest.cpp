@@ -41,15 +41,15 @@ class NestedFramesTest : public WindowSystemTest {
     /// As they are followed: what the server has told so far counts.
     x11::WindowInfo followed() {
         clientWindows_.connection().synchronise();
-        const auto windows = clientWindows_.windowsOf(getpid());
-        return windows->empty() ? x11::WindowInfo{} : *windows->front();
+        const auto windows = clientWindows_.windowsOf({getpid()});
+        return windows.empty() ? x11::WindowInfo{} : *windows.front();
     }
 
     /// As the server says when it is asked.
     x11::WindowInfo asked() {
         const std::array windows{client_.id()};
-        const auto facts = reader_.facts(windows);
-        return facts.empty() ? x11::WindowInfo{} : facts.front();
+        const auto info = reader_.info(windows);
+        return info.empty() ? x11::WindowInfo{} : info.front();
     }
 
     Point place() {
@@ -214,14 +214,14 @@ TEST_F(NestedFramesTest, AMoveFromBeforeTheAnswerIsForgotten) {
     watching->synchronise();
     outer_.moveTo(200, 150);
 
-    x11::WindowAncestry chain(*watching, masks, client_.id());
-    EXPECT_EQ(chain.origin(), (Point{200, 150}));
+    x11::WindowAncestry ancestry(*watching, masks, client_.id());
+    EXPECT_EQ(ancestry.origin(), (Point{200, 150}));
     outer_.moveTo(300, 150);
     watching->synchronise();
     std::vector<Point> places;
     while (const x11::XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(watching->get())}) {
-        EXPECT_TRUE(chain.takeNote(*event));
-        places.push_back(chain.origin().value_or(Point{}));
+        EXPECT_TRUE(ancestry.update(*event));
+        places.push_back(ancestry.origin().value_or(Point{}));
     }
     EXPECT_EQ(places, (std::vector<Point>{{200, 150}, {300, 150}}));
 }
@@ -294,15 +294,15 @@ INSTANTIATE_TEST_SUITE_P(Seeds, AnyChangeOfFramesTest, testing::Values(1U, 2U, 3
 class ManagedMovesTest : public EveryWindowManagerTest {
   protected:
     x11::WindowInfo followed(const SampleWindow &window) {
-        const auto windows = clientWindows_.windowsOf(getpid());
-        const auto found = std::ranges::find(*windows, window.id(), &x11::WindowInfo::window);
-        return found != windows->end() ? **found : x11::WindowInfo{};
+        const auto windows = clientWindows_.windowsOf({getpid()});
+        const auto found = std::ranges::find(windows, window.id(), &x11::WindowInfo::window);
+        return found != windows.end() ? **found : x11::WindowInfo{};
     }
 
     x11::WindowInfo asked(const SampleWindow &window) const {
         const std::array windows{window.id()};
-        const auto facts = reader_.facts(windows);
-        return facts.empty() ? x11::WindowInfo{} : facts.front();
+        const auto info = reader_.info(windows);
+        return info.empty() ? x11::WindowInfo{} : info.front();
     }
 
   private:

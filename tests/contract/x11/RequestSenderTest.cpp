@@ -58,7 +58,7 @@ class RequestSenderTest : public testing::Test {
     const std::shared_ptr<linux::NextClickDeadline> click_ =
         std::make_shared<linux::NextClickDeadline>();
     const linux::Clock clock_{};
-    const xcb_atom_t mark_ = events_.connection().atom("_CORVANE_TEST_SENT");
+    const xcb_atom_t mark_ = user_.connection().atom("_CORVANE_TEST_SENT");
     std::uint32_t number_ = 0;
 };
 

@@ -1,6 +1,6 @@
 #include "XClient.h"
 
-#include "platform/x11/connection/XcbKeyboard.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <QByteArray>
 #include <gtest/gtest.h>

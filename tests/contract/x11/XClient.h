@@ -3,7 +3,7 @@
 #include "DisplayConnection.h"
 #include "Keyboard.h"
 #include "Pointer.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <xcb/xcb.h>
 

@@ -3,7 +3,7 @@
 #include "WaitUntil.h"
 #include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 namespace corvane::contract {
 

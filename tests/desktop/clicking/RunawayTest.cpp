@@ -1,7 +1,7 @@
 #include "DesktopTest.h"
 #include "harness/PausedThread.h"
 #include "harness/StatusPanel.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <X11/keysym.h>
 

@@ -2,7 +2,7 @@
 
 #include "TextFile.h"
 #include "WaitUntil.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <ranges>
 #include <stdexcept>

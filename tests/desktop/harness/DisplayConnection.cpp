@@ -1,6 +1,6 @@
 #include "DisplayConnection.h"
 
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <algorithm>
 #include <iterator>

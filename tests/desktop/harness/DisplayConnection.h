@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/connection/XcbHandle.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <xcb/xcb.h>
 

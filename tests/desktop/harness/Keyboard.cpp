@@ -1,6 +1,6 @@
 #include "Keyboard.h"
 
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <X11/keysym.h>
 #include <xcb/xtest.h>

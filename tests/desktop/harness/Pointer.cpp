@@ -1,6 +1,6 @@
 #include "Pointer.h"
 
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <xcb/xtest.h>
 

@@ -1,6 +1,6 @@
 #include "Screenshot.h"
 
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <QImage>
 #include <QString>

@@ -1,7 +1,7 @@
 #include "WindowTree.h"
 
 #include "TextFile.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,5 +1,5 @@
 #include "SettingsDesktopTest.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>

@@ -2,7 +2,7 @@
 
 #include "platform/drawing/DisplayText.h"
 #include "platform/qt/controls/AccessibleRole.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 #include "platform/x11/windows/WindowActivation.h"
 
 #include <QBoxLayout>

@@ -1,6 +1,6 @@
 #include "platform/x11/click/ButtonReports.h"
 
-#include "platform/x11/connection/XcbKeyboard.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <QGuiApplication>
 

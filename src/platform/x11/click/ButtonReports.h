@@ -2,9 +2,9 @@
 
 namespace corvane::x11 {
 
-/// Qt hears from the keyboard extension of every mouse button that goes down or up anywhere, and
-/// makes nothing of it: it would wake up twice for each click. This ends it. Main thread, after the
-/// application is made.
+/// Deselects mouse buttons from the keyboard events (XKB StateNotify) that Qt has selected. Qt
+/// makes no use of them, and each click would wake two of its threads twice. Main thread, once the
+/// application exists.
 void dropButtonReportsOfKeyboard();
 
 } // namespace corvane::x11

@@ -16,7 +16,7 @@ namespace corvane::x11 {
 
 namespace {
 
-/// Whatever the process it watches gave it stays with that one alone.
+/// Closes what was inherited from the watched process.
 void keepOnly(int descriptor) {
     constexpr int input = 0;
     if (descriptor != input) {
@@ -30,7 +30,7 @@ void keepOnly(int descriptor) {
     close_range(firstOther, ~0U, 0);
 }
 
-/// Whoever ends the session or the terminal means the process that is watched.
+/// Signals that end a session or a terminal are meant for the watched process.
 void outliveSession() {
     setsid();
     for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGQUIT}) {
@@ -38,23 +38,23 @@ void outliveSession() {
     }
 }
 
-/// False when the process at the other end is gone without having said so.
+/// False when the watched process has ended without its destructor having written the byte.
 bool awaitOrderlyEnd(int lifeline) {
-    char word = 0;
+    char byte = 0;
     ssize_t length = -1;
     do {
-        length = read(lifeline, &word, 1);
+        length = read(lifeline, &byte, 1);
     } while (length < 0 && errno == EINTR);
     return length == 1;
 }
 
 [[noreturn]] void watch(int lifeline, pid_t watched) {
-    prctl(PR_SET_NAME, "corvane-guard");
+    prctl(PR_SET_NAME, "corvane-watch");
     keepOnly(lifeline);
     outliveSession();
     if (!awaitOrderlyEnd(STDIN_FILENO)) {
         const auto connection = XcbConnection::open();
-        if (connection && releaseMarkedButtons(**connection, watched)) {
+        if (connection && releaseRecordedButtons(**connection, watched)) {
             log("Released the mouse button after an unexpected end");
         }
     }
@@ -77,8 +77,8 @@ ButtonWatchdog::ButtonWatchdog() {
 }
 
 ButtonWatchdog::~ButtonWatchdog() {
-    constexpr char allIsWell = 1;
-    [[maybe_unused]] const ssize_t written = write(lifeline_.get(), &allIsWell, 1);
+    constexpr char orderlyEnd = 1;
+    [[maybe_unused]] const ssize_t written = write(lifeline_.get(), &orderlyEnd, 1);
 }
 
 } // namespace corvane::x11

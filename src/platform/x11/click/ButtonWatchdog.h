@@ -4,15 +4,14 @@
 
 namespace corvane::x11 {
 
-/// A small process that waits for the end of this one. Where that was not an orderly end, whether
-/// by a signal nothing can catch, a crash or a lost exception, it releases the button this process
-/// had pressed. It ends with this process.
+/// A small process that waits for the end of this one and releases the button that this process had
+/// pressed when it was killed or crashed. It ends with this process.
 class ButtonWatchdog {
   public:
-    /// While this process has one thread only. Without a process to be had there is no guard, and
-    /// the next start of the program does its work.
+    /// To be created while this process has one thread. When no process can be started, the next
+    /// start of the program releases the button instead.
     ButtonWatchdog();
-    /// The orderly end.
+    /// Reports an orderly end to the watchdog.
     ~ButtonWatchdog();
 
     ButtonWatchdog(const ButtonWatchdog &) = delete;

@@ -5,7 +5,7 @@
 namespace corvane::x11 {
 
 std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
-    return std::make_unique<MouseSession>();
+    return std::make_unique<MouseSession>(connection_);
 }
 
 } // namespace corvane::x11

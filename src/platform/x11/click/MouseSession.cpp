@@ -1,6 +1,5 @@
 #include "platform/x11/click/MouseSession.h"
 
-#include "platform/x11/click/PointerRequest.h"
 #include "platform/x11/connection/ServerAbilities.h"
 
 #include <xcb/xtest.h>
@@ -16,7 +15,12 @@ namespace {
 
 constexpr std::uint8_t logicalLeftButton = 1;
 
-/// Of the logical buttons.
+XcbReply<xcb_query_pointer_reply_t> queryPointer(const XcbConnection &connection) {
+    return reply<xcb_query_pointer_reply>(connection.get(),
+                                          xcb_query_pointer(connection.get(), connection.root()));
+}
+
+/// The mask counts logical buttons.
 bool isLeftButtonDown(const xcb_query_pointer_reply_t &reply) {
     return (reply.mask & XCB_BUTTON_MASK_1) != 0;
 }
@@ -70,36 +74,36 @@ class FakeButtonSource : public platform::MouseEventSource {
 
 } // namespace
 
-MouseSession::MouseSession() { connect(); }
+MouseSession::MouseSession(const XcbConnection &server) : server_(server) { connect(); }
 
 /// The last release of the button must not be lost with the connection.
 MouseSession::~MouseSession() {
-    mark_.reset();
+    record_.reset();
     if (isUsable()) {
         connection_->synchronise();
     }
 }
 
 void MouseSession::press(std::uint8_t button) {
-    if (isUsable() && mark_) {
-        mark_->setPressed(button);
+    if (isUsable() && record_) {
+        record_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
         connection_->flush();
     }
 }
 
 bool MouseSession::hasPressTakenEffect() const {
-    const auto reply = isUsable() ? PointerRequest(*connection_).answer() : nullptr;
-    return !reply || isLeftButtonDown(*reply);
+    const auto pointer = isUsable() ? queryPointer(*connection_) : nullptr;
+    return !pointer || isLeftButtonDown(*pointer);
 }
 
 void MouseSession::release(std::uint8_t button) {
-    if (isUsable() && mark_) {
+    if (isUsable() && record_) {
         sendButton(XCB_BUTTON_RELEASE, button);
-        mark_->setReleased();
+        record_->setReleased();
         connection_->flush();
     }
-    // The loss of a connection may show when something is sent; the mark is still on the server.
+    // A lost connection may show only when something is sent; the record is still on the server.
     ensureUsable();
 }
 
@@ -108,13 +112,13 @@ void MouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
 }
 
 platform::MouseState MouseSession::state() {
-    const auto reply = ensureUsable() ? PointerRequest(*connection_).answer() : nullptr;
-    if (!reply) {
+    const auto pointer = ensureUsable() ? queryPointer(*connection_) : nullptr;
+    if (!pointer) {
         return {};
     }
     return {.cursorLocation =
-                Point{static_cast<double>(reply->root_x), static_cast<double>(reply->root_y)},
-            .isLeftButtonDown = isLeftButtonDown(*reply)};
+                Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)},
+            .isLeftButtonDown = isLeftButtonDown(*pointer)};
 }
 
 std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
@@ -134,25 +138,25 @@ bool MouseSession::ensureUsable() {
     return isUsable();
 }
 
-/// What the connection before it left pressed when it was lost is released first.
+/// Releases first what a lost connection had left pressed.
 void MouseSession::connect() {
-    mark_.reset();
+    record_.reset();
     isPressable_ = false;
     leftButton_.reset();
     const bool isAgain = connection_ != nullptr;
-    connection_ = XcbConnection::open().value_or(nullptr);
+    connection_ = server_.openAnother().value_or(nullptr);
     if (!isUsable()) {
         return;
     }
     if (isAgain) {
-        releaseMarkedButtons(*connection_, getpid());
+        releaseRecordedButtons(*connection_, getpid());
     }
-    mark_.emplace(*connection_);
+    record_.emplace(*connection_);
     isPressable_ = offersFakeInput(*connection_);
     leftButton_ = readLeftButton();
 }
 
-/// The server tells every client when the user changes hands.
+/// Reads the mapping again after the server's event for a change, such as to left-handed use.
 void MouseSession::followMapping() {
     bool isChanged = false;
     while (const XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(connection_->get())}) {
@@ -164,15 +168,14 @@ void MouseSession::followMapping() {
 }
 
 std::optional<std::uint8_t> MouseSession::readLeftButton() const {
-    const auto cookie = xcb_get_pointer_mapping(connection_->get());
-    const XcbReply<xcb_get_pointer_mapping_reply_t> reply(
-        xcb_get_pointer_mapping_reply(connection_->get(), cookie, nullptr));
-    if (!reply) {
+    const auto mapping = reply<xcb_get_pointer_mapping_reply>(
+        connection_->get(), xcb_get_pointer_mapping(connection_->get()));
+    if (!mapping) {
         return std::nullopt;
     }
     const std::span<const std::uint8_t> logicalButtons(
-        xcb_get_pointer_mapping_map(reply.get()),
-        static_cast<std::size_t>(xcb_get_pointer_mapping_map_length(reply.get())));
+        xcb_get_pointer_mapping_map(mapping.get()),
+        static_cast<std::size_t>(xcb_get_pointer_mapping_map_length(mapping.get())));
     const auto left = std::ranges::find(logicalButtons, logicalLeftButton);
     if (left == logicalButtons.end()) {
         return std::nullopt;

@@ -13,7 +13,8 @@ namespace corvane::x11 {
 /// server lives is replaced; without one every operation fails.
 class MouseSession : public platform::MouseSession {
   public:
-    MouseSession();
+    /// The connection to the server outlives the session.
+    explicit MouseSession(const XcbConnection &server);
     ~MouseSession() override;
 
     MouseSession(const MouseSession &) = delete;
@@ -22,7 +23,7 @@ class MouseSession : public platform::MouseSession {
     platform::MouseState state() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
 
-    /// Marks the button, then presses it.
+    /// Records the button as pressed, then presses it.
     void press(std::uint8_t button);
     /// Whether the button is down since it was pressed; true where the connection that pressed it
     /// is lost.
@@ -38,8 +39,9 @@ class MouseSession : public platform::MouseSession {
     void followMapping();
     std::optional<std::uint8_t> readLeftButton() const;
 
+    const XcbConnection &server_;
     std::unique_ptr<XcbConnection> connection_;
-    std::optional<ButtonMark> mark_;
+    std::optional<PressedButtonRecord> record_;
     /// Whether the server takes synthetic events.
     bool isPressable_ = false;
     /// The physical button that is the user's left one; absent where no button is.

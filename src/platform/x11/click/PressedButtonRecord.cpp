@@ -1,13 +1,10 @@
 #include "platform/x11/click/PressedButtonRecord.h"
 
-#include "platform/x11/click/PressedButtonValue.h"
-#include "platform/x11/connection/WindowProperty.h"
-
 #include <xcb/xtest.h>
 
 #include <array>
 #include <deque>
-#include <span>
+#include <limits>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -18,77 +15,68 @@ namespace corvane::x11 {
 
 namespace {
 
-constexpr std::string_view propertyName = "_CORVANE_PRESSED_BUTTON";
-
-void writeMark(const XcbConnection &connection, xcb_window_t window, xcb_atom_t property,
-               std::uint8_t button) {
-    const std::array values{std::uint32_t{button}, static_cast<std::uint32_t>(getpid())};
-    xcb_change_property(connection.get(), XCB_PROP_MODE_REPLACE, window, property,
-                        XCB_ATOM_CARDINAL, 32, values.size(), values.data());
-}
-
-/// The windows under the root window that carry a mark.
-std::vector<std::pair<xcb_window_t, ButtonMarkValue>> marksOn(const XcbConnection &connection) {
-    const xcb_atom_t property = connection.atom(propertyName);
-    const XcbReply<xcb_query_tree_reply_t> tree(xcb_query_tree_reply(
-        connection.get(), xcb_query_tree(connection.get(), connection.root()), nullptr));
-    if (!tree) {
-        return {};
+/// Every record on the server, with the window that carries it.
+std::vector<std::pair<xcb_window_t, PressedButtonRecord::Content>>
+recordsOn(const XcbConnection &connection) {
+    std::deque<std::pair<xcb_window_t, WindowProperty>> requests;
+    for (const xcb_window_t window : connection.childrenOf(connection.root())) {
+        requests.emplace_back(
+            std::piecewise_construct, std::forward_as_tuple(window),
+            std::forward_as_tuple(connection, window, connection.atoms().pressedButton));
     }
-    std::deque<std::pair<xcb_window_t, WindowProperty>> questions;
-    for (const xcb_window_t window :
-         std::span(xcb_query_tree_children(tree.get()),
-                   static_cast<std::size_t>(xcb_query_tree_children_length(tree.get())))) {
-        questions.emplace_back(std::piecewise_construct, std::forward_as_tuple(window),
-                               std::forward_as_tuple(connection, window, property));
-    }
-    std::vector<std::pair<xcb_window_t, ButtonMarkValue>> marks;
-    for (auto &[window, question] : questions) {
-        if (const auto mark = ButtonMarkValue::in(question.value())) {
-            marks.emplace_back(window, *mark);
+    std::vector<std::pair<xcb_window_t, PressedButtonRecord::Content>> records;
+    for (auto &[window, request] : requests) {
+        if (const auto content = PressedButtonRecord::Content::in(request.value())) {
+            records.emplace_back(window, *content);
         }
     }
-    return marks;
+    return records;
 }
 
 } // namespace
 
-/// The window is never shown, and nobody is told of its property.
-ButtonMark::ButtonMark(const XcbConnection &connection)
+PressedButtonRecord::PressedButtonRecord(const XcbConnection &connection)
     : connection_(connection),
-      property_(connection.atom(propertyName)),
-      window_(xcb_generate_id(connection.get())) {
-    xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window_, connection.root(), 0, 0, 1,
-                      1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    writeMark(connection, window_, property_, ButtonMarkValue::noButton);
+      window_(connection.createHiddenWindow()) {
+    setReleased();
     xcb_set_close_down_mode(connection.get(), XCB_CLOSE_DOWN_RETAIN_TEMPORARY);
 }
 
-ButtonMark::~ButtonMark() {
-    // A client whose resources are kept keeps its place among the server's clients too.
+PressedButtonRecord::~PressedButtonRecord() {
+    // A client with retained resources goes on counting as one of the server's clients.
     xcb_set_close_down_mode(connection_.get(), XCB_CLOSE_DOWN_DESTROY_ALL);
     xcb_destroy_window(connection_.get(), window_);
 }
 
-void ButtonMark::setPressed(std::uint8_t button) const {
-    writeMark(connection_, window_, property_, button);
+void PressedButtonRecord::write(std::uint8_t button) const {
+    const std::array values{std::uint32_t{button}, static_cast<std::uint32_t>(getpid())};
+    xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_,
+                        connection_.atoms().pressedButton, XCB_ATOM_CARDINAL, 32, values.size(),
+                        values.data());
 }
 
-void ButtonMark::setReleased() const {
-    writeMark(connection_, window_, property_, ButtonMarkValue::noButton);
+std::optional<PressedButtonRecord::Content>
+PressedButtonRecord::Content::in(const PropertyValue &property) {
+    const auto values = property.numbers();
+    if (property.type != XCB_ATOM_CARDINAL || values.size() != 2 ||
+        values[0] > std::numeric_limits<std::uint8_t>::max()) {
+        return std::nullopt;
+    }
+    return Content{.button = static_cast<std::uint8_t>(values[0]), .owner = values[1]};
 }
 
-bool releaseMarkedButtons(const XcbConnection &connection, std::optional<pid_t> owner) {
+bool releaseRecordedButtons(const XcbConnection &connection, std::optional<pid_t> owner) {
     bool wasPressed = false;
-    for (const auto &[window, mark] : marksOn(connection)) {
-        if (owner && mark.owner != static_cast<std::uint32_t>(*owner)) {
+    for (const auto &[window, record] : recordsOn(connection)) {
+        if (owner && record.owner != static_cast<std::uint32_t>(*owner)) {
             continue;
         }
-        if (mark.button != ButtonMarkValue::noButton) {
-            xcb_test_fake_input(connection.get(), XCB_BUTTON_RELEASE, mark.button, XCB_CURRENT_TIME,
-                                XCB_NONE, 0, 0, 0);
+        if (record.button != PressedButtonRecord::Content::noButton) {
+            xcb_test_fake_input(connection.get(), XCB_BUTTON_RELEASE, record.button,
+                                XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
             wasPressed = true;
         }
+        // Ends the retained client and with it the window.
         xcb_kill_client(connection.get(), window);
     }
     connection.synchronise();

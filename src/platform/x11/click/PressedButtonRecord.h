@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/connection/XcbConnection.h"
+#include "platform/x11/connection/WindowProperty.h"
 
 #include <cstdint>
 #include <optional>
@@ -9,33 +9,45 @@
 
 namespace corvane::x11 {
 
-/// Tells, on the X server itself, which button this process has pressed. The server keeps the mark
-/// when the process dies without a word, so that the button can be released by whoever comes next.
-/// One for a connection, which outlives it.
-class ButtonMark {
+/// Records in a window property which button this process has pressed. The server keeps the record
+/// when the process dies, so that the watchdog or the next start can release the button. One per
+/// connection, which outlives it.
+class PressedButtonRecord {
   public:
-    explicit ButtonMark(const XcbConnection &connection);
-    /// Takes the mark off the server.
-    ~ButtonMark();
+    explicit PressedButtonRecord(const XcbConnection &connection);
+    /// Removes the record from the server.
+    ~PressedButtonRecord();
 
-    ButtonMark(const ButtonMark &) = delete;
-    ButtonMark &operator=(const ButtonMark &) = delete;
+    PressedButtonRecord(const PressedButtonRecord &) = delete;
+    PressedButtonRecord &operator=(const PressedButtonRecord &) = delete;
 
-    /// To be sent before the press, in the same stream of requests.
-    void setPressed(std::uint8_t button) const;
-    /// To be sent after the release, in the same stream of requests.
-    void setReleased() const;
+    /// To be sent before the press, on the same connection.
+    void setPressed(std::uint8_t button) const { write(button); }
+    /// To be sent after the release, on the same connection.
+    void setReleased() const { write(Content::noButton); }
+
+    struct Content {
+        static constexpr std::uint8_t noButton = 0;
+
+        std::uint8_t button = noButton;
+        /// The process that has pressed it.
+        std::uint32_t owner = 0;
+
+        /// Absent when the property is no such record.
+        static std::optional<Content> in(const PropertyValue &property);
+    };
 
   private:
+    void write(std::uint8_t button) const;
+
     const XcbConnection &connection_;
-    const xcb_atom_t property_;
     const xcb_window_t window_;
 };
 
-/// Releases every button whose mark was left by the process `owner`, or by whatever process where
-/// none is named, and takes those marks off the server. A button that nobody marked, such as one
-/// the user holds, stays as it is. Whether there was a button to release.
-bool releaseMarkedButtons(const XcbConnection &connection,
-                          std::optional<pid_t> owner = std::nullopt);
+/// Releases every button that the process `owner`, or any process when none is named, recorded as
+/// pressed and left so, and removes those records. A button without a record, such as one the user
+/// holds, stays as it is. Whether a button was released.
+bool releaseRecordedButtons(const XcbConnection &connection,
+                            std::optional<pid_t> owner = std::nullopt);
 
 } // namespace corvane::x11

@@ -10,13 +10,14 @@
 
 namespace corvane::x11 {
 
-/// Which events a connection hears of which window. The server keeps a single mask for a window and
-/// connection, so all who listen to the same window select through the same masks. Main thread.
+/// The events that a connection has selected on each window. The server keeps one mask per window
+/// and connection, so all users of a connection select through one `EventMasks`, which joins their
+/// masks. Main thread.
 class EventMasks {
     using Masks = std::map<xcb_window_t, std::multiset<std::uint32_t>>;
 
   public:
-    /// Keeps events selected. The masks outlive it.
+    /// Keeps events selected while it lives. The masks outlive it.
     class Selection {
       public:
         Selection() = default;
@@ -36,8 +37,8 @@ class EventMasks {
     /// The connection outlives the masks.
     explicit EventMasks(const XcbConnection &connection) : connection_(connection) {}
 
-    /// Adds the events of `mask` to those of `window` until the selection is given up. A window
-    /// that is gone gives no events.
+    /// Adds the events of `mask` to those of `window` until the selection is destroyed. A window
+    /// that no longer exists gives no events.
     [[nodiscard]] Selection select(xcb_window_t window, std::uint32_t mask) {
         return {*this, window, mask};
     }

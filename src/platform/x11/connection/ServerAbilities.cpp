@@ -13,16 +13,16 @@ namespace {
 bool offersExtension(const XcbConnection &connection, std::string_view name) {
     const auto cookie =
         xcb_query_extension(connection.get(), static_cast<std::uint16_t>(name.size()), name.data());
-    const XcbReply<xcb_query_extension_reply_t> reply(
-        xcb_query_extension_reply(connection.get(), cookie, nullptr));
-    return reply && reply->present != 0;
+    const auto extension = reply<xcb_query_extension_reply>(connection.get(), cookie);
+    return extension && extension->present != 0;
 }
 
-/// Servers from before the extension name their monitors after themselves.
+/// Older Xwayland servers lack the extension, but name their monitors XWAYLAND0, XWAYLAND1 and so
+/// on.
 bool hasMonitorNamedLike(const XcbConnection &connection, std::string_view beginning) {
     const auto cookie = xcb_randr_get_screen_resources_current(connection.get(), connection.root());
-    const XcbReply<xcb_randr_get_screen_resources_current_reply_t> resources(
-        xcb_randr_get_screen_resources_current_reply(connection.get(), cookie, nullptr));
+    const auto resources =
+        reply<xcb_randr_get_screen_resources_current_reply>(connection.get(), cookie);
     if (!resources || resources->num_outputs == 0) {
         return false;
     }
@@ -30,8 +30,7 @@ bool hasMonitorNamedLike(const XcbConnection &connection, std::string_view begin
         *xcb_randr_get_screen_resources_current_outputs(resources.get());
     const auto outputCookie =
         xcb_randr_get_output_info(connection.get(), first, resources->config_timestamp);
-    const XcbReply<xcb_randr_get_output_info_reply_t> output(
-        xcb_randr_get_output_info_reply(connection.get(), outputCookie, nullptr));
+    const auto output = reply<xcb_randr_get_output_info_reply>(connection.get(), outputCookie);
     if (!output) {
         return false;
     }
@@ -44,9 +43,7 @@ bool hasMonitorNamedLike(const XcbConnection &connection, std::string_view begin
 } // namespace
 
 bool offersFakeInput(const XcbConnection &connection) {
-    const xcb_query_extension_reply_t *extension =
-        xcb_get_extension_data(connection.get(), &xcb_test_id);
-    return extension != nullptr && extension->present != 0;
+    return connection.extension(xcb_test_id) != nullptr;
 }
 
 bool isInsideWayland(const XcbConnection &connection) {

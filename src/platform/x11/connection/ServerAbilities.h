@@ -4,11 +4,10 @@
 
 namespace corvane::x11 {
 
-/// Whether the server takes button presses from programs.
+/// Whether programs can press buttons on this server (extension XTEST).
 bool offersFakeInput(const XcbConnection &connection);
 
-/// Whether the server only carries old programs into a Wayland session, where what it is told to
-/// press stays among those programs.
+/// Whether the server is Xwayland, where a press reaches X programs only.
 bool isInsideWayland(const XcbConnection &connection);
 
 } // namespace corvane::x11

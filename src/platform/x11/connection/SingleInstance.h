@@ -6,10 +6,11 @@
 
 namespace corvane::x11 {
 
-/// The right to be the one instance of the program on this display. Main thread.
+/// The right to be the only running Corvane of this X display, held as a selection: the server
+/// grants it in one step and takes it back when its owner dies. Main thread.
 class SingleInstance {
   public:
-    /// Null when another instance has the right. The connection outlives it.
+    /// Null when another instance holds the right. The connection outlives the right.
     static std::unique_ptr<SingleInstance> claim(const XcbConnection &connection);
 
     ~SingleInstance();
@@ -23,7 +24,6 @@ class SingleInstance {
     bool claimSelection() const;
 
     const XcbConnection &connection_;
-    const xcb_atom_t selection_;
     const xcb_window_t window_;
 };
 

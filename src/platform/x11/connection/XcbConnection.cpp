@@ -1,6 +1,6 @@
 #include "platform/x11/connection/XcbConnection.h"
 
-#include <cstdint>
+#include <span>
 #include <utility>
 
 namespace corvane::x11 {
@@ -17,7 +17,11 @@ const xcb_screen_t *screenOfNumber(xcb_connection_t *connection, int number) {
 
 } // namespace
 
-std::expected<std::unique_ptr<XcbConnection>, int> XcbConnection::open() {
+XcbConnection::Result XcbConnection::open() { return open(nullptr); }
+
+XcbConnection::Result XcbConnection::openAnother() const { return open(atoms_); }
+
+XcbConnection::Result XcbConnection::open(std::shared_ptr<const Atoms> atoms) {
     int screenNumber = 0;
     XcbHandle connection = connectOneByOne(nullptr, &screenNumber);
     if (const int error = xcb_connection_has_error(connection.get()); error != 0) {
@@ -27,29 +31,52 @@ std::expected<std::unique_ptr<XcbConnection>, int> XcbConnection::open() {
     if (screen == nullptr) {
         return std::unexpected(XCB_CONN_CLOSED_INVALID_SCREEN);
     }
+    if (!atoms) {
+        atoms = std::make_shared<const Atoms>(Atoms::of(connection.get(), screenNumber));
+    }
     return std::unique_ptr<XcbConnection>(
-        new XcbConnection(std::move(connection), screenNumber, screen)); // NOLINT
+        new XcbConnection(std::move(connection), screen, std::move(atoms))); // NOLINT
 }
 
-XcbConnection::XcbConnection(XcbHandle connection, int screenNumber, const xcb_screen_t *screen)
+XcbConnection::XcbConnection(XcbHandle connection, const xcb_screen_t *screen,
+                             std::shared_ptr<const Atoms> atoms)
     : connection_(std::move(connection)),
-      screenNumber_(screenNumber),
-      screen_(screen) {}
+      screen_(screen),
+      atoms_(std::move(atoms)) {}
 
 void XcbConnection::synchronise() const {
-    const XcbReply<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));
-}
-
-xcb_atom_t XcbConnection::atom(std::string_view name) const {
-    const auto cookie =
-        xcb_intern_atom(get(), 0, static_cast<std::uint16_t>(name.size()), name.data());
-    const XcbReply<xcb_intern_atom_reply_t> reply(xcb_intern_atom_reply(get(), cookie, nullptr));
-    return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    reply<xcb_get_input_focus_reply>(get(), xcb_get_input_focus(get()));
 }
 
 XcbReply<xcb_generic_error_t> XcbConnection::check(xcb_void_cookie_t cookie) const {
     return XcbReply<xcb_generic_error_t>(xcb_request_check(get(), cookie));
+}
+
+const xcb_query_extension_reply_t *XcbConnection::extension(xcb_extension_t &extension) const {
+    const xcb_query_extension_reply_t *data = xcb_get_extension_data(get(), &extension);
+    return data != nullptr && data->present != 0 ? data : nullptr;
+}
+
+xcb_window_t XcbConnection::selectionOwner(xcb_atom_t selection) const {
+    const auto owner =
+        reply<xcb_get_selection_owner_reply>(get(), xcb_get_selection_owner(get(), selection));
+    return owner ? owner->owner : xcb_window_t{XCB_WINDOW_NONE};
+}
+
+std::vector<xcb_window_t> XcbConnection::childrenOf(xcb_window_t window) const {
+    const auto tree = reply<xcb_query_tree_reply>(get(), xcb_query_tree(get(), window));
+    if (!tree) {
+        return {};
+    }
+    const std::span children(xcb_query_tree_children(tree.get()), tree->children_len);
+    return {children.begin(), children.end()};
+}
+
+xcb_window_t XcbConnection::createHiddenWindow() const {
+    const xcb_window_t window = xcb_generate_id(get());
+    xcb_create_window(get(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    return window;
 }
 
 } // namespace corvane::x11

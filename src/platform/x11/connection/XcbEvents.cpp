@@ -44,7 +44,7 @@ bool XcbEvents::isSentByClient(const xcb_generic_event_t &event) {
 }
 
 void XcbEvents::beforeSleep() {
-    // Waiting for a reply may have read events too; no descriptor would wake us up for those.
+    // Events that were read while waiting for a reply no longer make the descriptor readable.
     deliverAll(xcb_poll_for_queued_event);
     sender_.send();
 }
@@ -60,7 +60,7 @@ void XcbEvents::deliverAll(NextEvent nextEvent) {
 }
 
 void XcbEvents::deliver(const xcb_generic_event_t &event) {
-    // A handler may subscribe, give up its subscription or another's.
+    // A handler may subscribe or end any subscription.
     const auto handlers = handlers_;
     for (const auto &known : handlers) {
         if (const Subscription handler = known.lock()) {

@@ -13,8 +13,8 @@
 
 namespace corvane::x11 {
 
-/// The main thread's own connection to the X server, and the events that arrive on it while Qt's
-/// event loop turns. Main thread.
+/// The main thread's connection to the X server, whose events Qt's event loop delivers. Main
+/// thread.
 class XcbEvents {
   public:
     using Handler = std::function<void(const xcb_generic_event_t &event)>;
@@ -31,9 +31,9 @@ class XcbEvents {
     /// Requests left in its buffer are sent before the event loop sleeps.
     const XcbConnection &connection() const { return *connection_; }
 
-    /// Calls `handler` with every event, whomever it is for, until the subscription is given up.
-    /// Errors of unchecked requests are not events. Selecting the events is the subscriber's part,
-    /// for events of a window's mask through `masks`.
+    /// Calls `handler` with every event until the subscription is destroyed. Errors of unchecked
+    /// requests are not delivered. The subscriber selects its events, those of a window's mask
+    /// through `masks`.
     [[nodiscard]] Subscription subscribe(Handler handler);
 
     EventMasks &masks() { return masks_; }
@@ -42,7 +42,7 @@ class XcbEvents {
 
     /// The type of an event, whether the server or another client sent it.
     static int typeOf(const xcb_generic_event_t &event);
-    /// Whether another client sent it, so that nothing need be true of it.
+    /// Whether another client sent it, so that its content may be wrong.
     static bool isSentByClient(const xcb_generic_event_t &event);
 
   private:

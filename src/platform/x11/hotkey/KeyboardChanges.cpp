@@ -1,6 +1,6 @@
 #include "platform/x11/hotkey/KeyboardChanges.h"
 
-#include "platform/x11/connection/XcbKeyboard.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <xkbcommon/xkbcommon-x11.h>
 

@@ -21,14 +21,12 @@ struct EventMask {
 } // namespace
 
 RawKeys::RawKeys(const XcbConnection &connection) : connection_(connection) {
-    const xcb_query_extension_reply_t *extension =
-        xcb_get_extension_data(connection.get(), &xcb_input_id);
-    if (extension == nullptr || extension->present == 0) {
+    const auto *extension = connection.extension(xcb_input_id);
+    if (extension == nullptr) {
         return;
     }
-    const XcbReply<xcb_input_xi_query_version_reply_t> version(xcb_input_xi_query_version_reply(
-        connection.get(), xcb_input_xi_query_version(connection.get(), majorVersion, minorVersion),
-        nullptr));
+    const auto version = reply<xcb_input_xi_query_version_reply>(
+        connection.get(), xcb_input_xi_query_version(connection.get(), majorVersion, minorVersion));
     if (version && version->major_version == majorVersion &&
         version->minor_version >= minorVersion) {
         extension_ = extension->major_opcode;
@@ -69,12 +67,12 @@ std::optional<RawKey> RawKeys::follow(const xcb_generic_event_t &event) {
 }
 
 void RawKeys::readKeysDown() {
-    const XcbReply<xcb_query_keymap_reply_t> reply(
-        xcb_query_keymap_reply(connection_.get(), xcb_query_keymap(connection_.get()), nullptr));
+    const auto keymap =
+        reply<xcb_query_keymap_reply>(connection_.get(), xcb_query_keymap(connection_.get()));
     constexpr std::size_t bitsInByte = 8;
     isDown_.reset();
-    for (std::size_t key = 0; reply && key < keyCount; ++key) {
-        const std::bitset<bitsInByte> eightKeys = std::span(reply->keys)[key / bitsInByte];
+    for (std::size_t key = 0; keymap && key < keyCount; ++key) {
+        const std::bitset<bitsInByte> eightKeys = std::span(keymap->keys)[key / bitsInByte];
         isDown_[key] = eightKeys[key % bitsInByte];
     }
 }

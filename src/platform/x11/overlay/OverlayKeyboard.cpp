@@ -53,9 +53,9 @@ void OverlayKeyboard::grabEscape() {
 }
 
 xcb_window_t OverlayKeyboard::focus() const {
-    const XcbReply<xcb_get_input_focus_reply_t> reply(xcb_get_input_focus_reply(
-        connection_.get(), xcb_get_input_focus(connection_.get()), nullptr));
-    return reply ? reply->focus : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
+    const auto focus =
+        reply<xcb_get_input_focus_reply>(connection_.get(), xcb_get_input_focus(connection_.get()));
+    return focus ? focus->focus : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 void OverlayKeyboard::setFocus(xcb_window_t window) const {

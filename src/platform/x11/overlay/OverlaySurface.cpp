@@ -39,19 +39,13 @@ xcb_rectangle_t serverRectangle(const QRect &rectangle) {
 
 } // namespace
 
-OverlaySurface::Hints::Hints(const XcbConnection &connection)
-    : type(connection.atom("_NET_WM_WINDOW_TYPE")),
-      dragged(connection.atom("_NET_WM_WINDOW_TYPE_DND")),
-      shadow(connection.atom("_COMPTON_SHADOW")) {}
-
-OverlaySurface::OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Hints &hints,
-                               const Kind &kind)
+OverlaySurface::OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Kind &kind)
     : visual_(visual),
       stack_(stack),
       kind_(kind),
       window_(xcb_generate_id(visual.connection().get())) {
     create();
-    setProperties(hints);
+    setProperties();
     if (kind.ignoresMouseEvents) {
         letMouseEventsThrough();
     }
@@ -76,16 +70,19 @@ void OverlaySurface::create() {
     }
 }
 
-void OverlaySurface::setProperties(const Hints &hints) const {
+/// Keeps compositing managers from adding a shadow or an animation: the type of a dragged picture
+/// is the one that all of them leave alone.
+void OverlaySurface::setProperties() const {
     xcb_connection_t *const connection = visual_.connection().get();
+    const Atoms &atoms = visual_.connection().atoms();
     constexpr auto instanceAndClass = "corvane\0Corvane\0"sv;
     constexpr std::uint32_t none = 0;
     xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, XCB_ATOM_WM_CLASS,
                         XCB_ATOM_STRING, 8, instanceAndClass.size(), instanceAndClass.data());
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, hints.type, XCB_ATOM_ATOM, 32,
-                        1, &hints.dragged);
-    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, hints.shadow, XCB_ATOM_CARDINAL,
-                        32, 1, &none);
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, atoms.type, XCB_ATOM_ATOM, 32,
+                        1, &atoms.typeDragged);
+    xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window_, atoms.compositorShadow,
+                        XCB_ATOM_CARDINAL, 32, 1, &none);
 }
 
 void OverlaySurface::letMouseEventsThrough() const {
@@ -189,14 +186,13 @@ void OverlaySurface::setShape(const OverlayImage &image) {
 
 OverlaySurfaces::OverlaySurfaces(const OverlayVisual &visual, XcbEvents &events)
     : visual_(visual),
-      stack_(events),
-      hints_(visual.connection()) {}
+      stack_(events) {}
 
 OverlaySurfaces::Lease OverlaySurfaces::take(const OverlaySurface::Kind &kind) {
     const auto match =
         std::ranges::find_if(kept_, [&kind](const auto &kept) { return kept->kind() == kind; });
     if (match == kept_.end()) {
-        auto surface = std::make_unique<OverlaySurface>(visual_, stack_, hints_, kind);
+        auto surface = std::make_unique<OverlaySurface>(visual_, stack_, kind);
         return {surface.release(), GiveBack{this}};
     }
     std::unique_ptr<OverlaySurface> surface = std::move(*match);

@@ -26,19 +26,8 @@ class OverlaySurface {
         bool operator==(const Kind &) const = default;
     };
 
-    /// The atoms of the properties that keep compositing managers from adding a shadow or an
-    /// animation. The type of a dragged picture is the one that all of them leave alone.
-    struct Hints {
-        explicit Hints(const XcbConnection &connection);
-
-        xcb_atom_t type;
-        xcb_atom_t dragged;
-        xcb_atom_t shadow;
-    };
-
     /// Off screen and transparent. The visual and the stack outlive the surface.
-    OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Hints &hints,
-                   const Kind &kind);
+    OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Kind &kind);
     ~OverlaySurface();
 
     OverlaySurface(const OverlaySurface &) = delete;
@@ -65,7 +54,7 @@ class OverlaySurface {
 
   private:
     void create();
-    void setProperties(const Hints &hints) const;
+    void setProperties() const;
     void letMouseEventsThrough() const;
     void configure(const QRect &frame) const;
     void setBackground(const OverlayImage &image);
@@ -99,7 +88,6 @@ class OverlaySurfaces {
   private:
     const OverlayVisual &visual_;
     OverlayStack stack_;
-    const OverlaySurface::Hints hints_;
     std::vector<std::unique_ptr<OverlaySurface>> kept_;
 };
 

@@ -35,22 +35,14 @@ struct OverlayWindows::Shared {
     OverlayAnimator animator;
 };
 
-namespace {
-
-bool offers(const XcbConnection &connection, xcb_extension_t &extension) {
-    const auto *data = xcb_get_extension_data(connection.get(), &extension);
-    return data != nullptr && data->present != 0;
-}
-
-} // namespace
-
 OverlayWindows::OverlayWindows(XcbEvents &events, const Screens &screens,
                                drawing::SymbolImages &symbols)
     : events_(events),
       screens_(screens) {
     const XcbConnection &connection = events.connection();
     auto visual = OverlayVisual::find(connection);
-    if (visual && offers(connection, xcb_xfixes_id) && offers(connection, xcb_shape_id)) {
+    if (visual && connection.extension(xcb_xfixes_id) != nullptr &&
+        connection.extension(xcb_shape_id) != nullptr) {
         shared_ = std::make_unique<Shared>(events, symbols, std::move(visual));
     }
 }

@@ -1,6 +1,5 @@
 #include "platform/x11/overlay/ScreenBeneath.h"
 
-#include "platform/x11/connection/XcbReply.h"
 #include "platform/x11/overlay/Overlay.h"
 #include "platform/x11/overlay/OverlayImage.h"
 
@@ -29,8 +28,8 @@ std::optional<QImage::Format> formatOfDepth(std::uint8_t depth) {
 }
 
 QRect rootArea(const XcbConnection &connection) {
-    const XcbReply<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(
-        connection.get(), xcb_get_geometry(connection.get(), connection.root()), nullptr));
+    const auto root = reply<xcb_get_geometry_reply>(
+        connection.get(), xcb_get_geometry(connection.get(), connection.root()));
     return root ? QRect(0, 0, root->width, root->height) : QRect();
 }
 
@@ -47,12 +46,11 @@ QImage readScreen(const XcbConnection &connection, const QRect &area) {
                                       static_cast<std::int16_t>(readable.y()),
                                       static_cast<std::uint16_t>(readable.width()),
                                       static_cast<std::uint16_t>(readable.height()), allPlanes);
-    const XcbReply<xcb_get_image_reply_t> reply(
-        xcb_get_image_reply(connection.get(), cookie, nullptr));
-    const auto format = reply ? formatOfDepth(reply->depth) : std::nullopt;
+    const auto screen = reply<xcb_get_image_reply>(connection.get(), cookie);
+    const auto format = screen ? formatOfDepth(screen->depth) : std::nullopt;
     if (format) {
-        const auto bytesPerLine = xcb_get_image_data_length(reply.get()) / readable.height();
-        const QImage pixels(xcb_get_image_data(reply.get()), readable.width(), readable.height(),
+        const auto bytesPerLine = xcb_get_image_data_length(screen.get()) / readable.height();
+        const QImage pixels(xcb_get_image_data(screen.get()), readable.width(), readable.height(),
                             bytesPerLine, *format);
         QPainter(&image).drawImage(readable.topLeft() - area.topLeft(), pixels);
     }

@@ -10,8 +10,8 @@ namespace corvane::x11 {
 namespace {
 
 bool reportsMonitors(const XcbConnection &connection) {
-    const XcbReply<xcb_randr_query_version_reply_t> version(xcb_randr_query_version_reply(
-        connection.get(), xcb_randr_query_version(connection.get(), 1, 5), nullptr));
+    const auto version = reply<xcb_randr_query_version_reply>(
+        connection.get(), xcb_randr_query_version(connection.get(), 1, 5));
     return version &&
            std::tie(version->major_version, version->minor_version) >= std::make_tuple(1U, 5U);
 }
@@ -33,8 +33,7 @@ std::vector<Rectangle> primaryFirst(const xcb_randr_get_monitors_reply_t &reply)
 } // namespace
 
 Screens::Screens(XcbEvents &events) : connection_(events.connection()) {
-    const auto *extension = xcb_get_extension_data(connection_.get(), &xcb_randr_id);
-    if (extension != nullptr && extension->present != 0) {
+    if (const auto *extension = connection_.extension(xcb_randr_id)) {
         hasMonitors_ = reportsMonitors(connection_);
         follow(events, extension->first_event);
     }
@@ -55,7 +54,7 @@ void Screens::follow(XcbEvents &events, std::uint8_t firstEvent) {
     });
 }
 
-/// All there is to see when monitors are set up by hand.
+/// The only event for monitors that were set up by hand (xrandr --setmonitor).
 bool Screens::isRootChange(const xcb_generic_event_t &event) const {
     return XcbEvents::typeOf(event) == XCB_CONFIGURE_NOTIFY &&
            reinterpret_cast<const xcb_configure_notify_event_t &>(event).window ==
@@ -72,17 +71,17 @@ void Screens::read() {
 }
 
 Rectangle Screens::readDesktop() const {
-    const XcbReply<xcb_get_geometry_reply_t> root(xcb_get_geometry_reply(
-        connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()), nullptr));
+    const auto root = reply<xcb_get_geometry_reply>(
+        connection_.get(), xcb_get_geometry(connection_.get(), connection_.root()));
     return root ? Rectangle{0, 0, double(root->width), double(root->height)} : Rectangle{};
 }
 
 std::vector<Rectangle> Screens::readMonitors() const {
     constexpr std::uint8_t onlyActive = 1;
-    const XcbReply<xcb_randr_get_monitors_reply_t> reply(xcb_randr_get_monitors_reply(
+    const auto monitors = reply<xcb_randr_get_monitors_reply>(
         connection_.get(),
-        xcb_randr_get_monitors(connection_.get(), connection_.root(), onlyActive), nullptr));
-    return reply ? primaryFirst(*reply) : std::vector<Rectangle>{};
+        xcb_randr_get_monitors(connection_.get(), connection_.root(), onlyActive));
+    return monitors ? primaryFirst(*monitors) : std::vector<Rectangle>{};
 }
 
 std::optional<double> Screens::primaryHeight() const {

@@ -2,7 +2,6 @@
 
 #include "platform/x11/connection/WindowProperty.h"
 
-#include <string>
 #include <utility>
 
 namespace corvane::x11 {
@@ -12,7 +11,6 @@ SystemTray::SystemTray(XcbEvents &events, std::function<void()> appeared,
     : events_(events),
       appeared_(std::move(appeared)),
       vanished_(std::move(vanished)),
-      announcement_(events.connection().atom("MANAGER")),
       announcements_(
           events.masks().select(events.connection().root(), XCB_EVENT_MASK_STRUCTURE_NOTIFY)),
       subscription_(
@@ -24,13 +22,11 @@ std::optional<QColor> SystemTray::foreground() const {
     if (manager_ == XCB_WINDOW_NONE) {
         return std::nullopt;
     }
-    // Red, green and blue of the foreground come first, of the colours of messages behind them.
+    // The property begins with the foreground's red, green and blue; colours for messages follow.
     constexpr std::size_t channels = 3;
     const auto &connection = events_.connection();
     const auto values =
-        WindowProperty(connection, manager_, connection.atom("_NET_SYSTEM_TRAY_COLORS"))
-            .value()
-            .numbers();
+        WindowProperty(connection, manager_, connection.atoms().trayColours).value().numbers();
     if (values.size() < channels) {
         return std::nullopt;
     }
@@ -41,7 +37,7 @@ std::optional<QColor> SystemTray::foreground() const {
 void SystemTray::receive(const xcb_generic_event_t &event) {
     if (XcbEvents::typeOf(event) == XCB_CLIENT_MESSAGE) {
         const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(event);
-        if (message.type == announcement_) {
+        if (message.type == events_.connection().atoms().selectionAnnouncement) {
             findManager();
             appeared_();
         }
@@ -55,11 +51,7 @@ void SystemTray::receive(const xcb_generic_event_t &event) {
 
 void SystemTray::findManager() {
     const auto &connection = events_.connection();
-    const auto selection =
-        connection.atom("_NET_SYSTEM_TRAY_S" + std::to_string(connection.screenNumber()));
-    const XcbReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(
-        connection.get(), xcb_get_selection_owner(connection.get(), selection), nullptr));
-    manager_ = reply ? reply->owner : xcb_window_t{XCB_WINDOW_NONE};
+    manager_ = connection.selectionOwner(connection.atoms().traySelection);
     end_ = manager_ == XCB_WINDOW_NONE
                ? EventMasks::Selection()
                : events_.masks().select(manager_, XCB_EVENT_MASK_STRUCTURE_NOTIFY);

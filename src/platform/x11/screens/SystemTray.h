@@ -9,16 +9,17 @@
 
 namespace corvane::x11 {
 
-/// The X server's system tray, offered by a panel that comes and goes. Main thread.
+/// The X server's system tray (XEmbed), which a panel may offer or withdraw at any time. Main
+/// thread.
 class SystemTray {
   public:
-    /// `appeared` and `vanished` are called for every tray that comes and goes after the start.
-    /// `events` outlives the object.
+    /// Calls `appeared` and `vanished` for every tray that is offered or withdrawn from now on. The
+    /// events outlive the tray.
     SystemTray(XcbEvents &events, std::function<void()> appeared, std::function<void()> vanished);
 
     bool isPresent() const { return manager_ != XCB_WINDOW_NONE; }
 
-    /// The colour of symbols on the tray; nothing when there is none or it does not say.
+    /// The colour for symbols on the tray; absent without a tray or when the tray states none.
     std::optional<QColor> foreground() const;
 
   private:
@@ -28,7 +29,6 @@ class SystemTray {
     XcbEvents &events_;
     std::function<void()> appeared_;
     std::function<void()> vanished_;
-    xcb_atom_t announcement_;
     xcb_window_t manager_ = XCB_WINDOW_NONE;
     EventMasks::Selection announcements_;
     EventMasks::Selection end_;

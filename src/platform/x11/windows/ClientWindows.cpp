@@ -8,11 +8,30 @@ namespace corvane::x11 {
 
 namespace {
 
-/// How long everything is watched at least after somebody has asked.
+/// Windows are watched for at least this long after they were read.
 constexpr std::chrono::seconds watchTime(2);
 
-/// A server that is about to end must not be asked sixty times a second.
+/// Keeps callers that read sixty times a second from connecting as often to a server that ends.
 constexpr std::chrono::seconds pauseBetweenReplacements(1);
+
+class ClientWindow : public platform::AccessibilityWindow {
+  public:
+    explicit ClientWindow(std::shared_ptr<const WindowInfo> info) : info_(std::move(info)) {}
+
+    std::optional<std::string> title() override { return info_->title; }
+
+    std::optional<Point> position() override {
+        return info_->isOnScreen ? std::optional(Point{info_->bounds.x, info_->bounds.y})
+                                 : std::nullopt;
+    }
+
+    std::optional<Size> size() override {
+        return info_->isOnScreen ? std::optional(info_->bounds.size()) : std::nullopt;
+    }
+
+  private:
+    const std::shared_ptr<const WindowInfo> info_;
+};
 
 } // namespace
 
@@ -27,16 +46,33 @@ std::shared_ptr<const ClientWindows::Owners> ClientWindows::owners() {
     return watch_->owners();
 }
 
-std::shared_ptr<const ClientWindows::Windows>
-ClientWindows::windowsOf(std::int32_t processIdentifier) {
+ClientWindows::Owners ClientWindows::topLevelOwners() {
     catchUp();
-    return watch_->windowsOf(processIdentifier);
+    return watch_->topLevelOwners();
+}
+
+ClientWindows::Windows ClientWindows::windowsOf(const std::set<std::int32_t> &processes) {
+    catchUp();
+    return watch_->windowsOf(processes);
+}
+
+std::shared_ptr<const platform::AccessibilityWindows>
+ClientWindows::accessibilityWindowsOf(const std::set<std::int32_t> &processes) {
+    const Windows windows = windowsOf(processes);
+    if (connection_->isLost()) {
+        return nullptr;
+    }
+    auto result = std::make_shared<platform::AccessibilityWindows>();
+    for (const auto &info : windows) {
+        result->push_back(std::make_unique<ClientWindow>(info));
+    }
+    return result;
 }
 
 void ClientWindows::catchUp() {
-    wasAsked_ = true;
+    wasRead_ = true;
     if (!restTimer_) {
-        restTimer_ = mainQueue_.every(watchTime, [this] { restUnlessAsked(); });
+        restTimer_ = mainQueue_.every(watchTime, [this] { restUnlessRead(); });
     }
     watch_->catchUp();
     if (connection_->isLost()) {
@@ -44,8 +80,8 @@ void ClientWindows::catchUp() {
     }
 }
 
-void ClientWindows::restUnlessAsked() {
-    if (std::exchange(wasAsked_, false)) {
+void ClientWindows::restUnlessRead() {
+    if (std::exchange(wasRead_, false)) {
         return;
     }
     restTimer_.reset();
@@ -58,7 +94,7 @@ void ClientWindows::replaceConnection() {
         return;
     }
     nextReplacement_ = now + pauseBetweenReplacements;
-    auto replacement = XcbConnection::open();
+    auto replacement = connection_->openAnother();
     if (!replacement) {
         log("The connection that watches windows is lost");
         return;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Accessibility.h"
 #include "platform/MainQueue.h"
 #include "platform/x11/connection/XcbConnection.h"
 #include "platform/x11/windows/WindowWatch.h"
@@ -7,46 +8,55 @@
 #include <chrono>
 #include <cstdint>
 #include <memory>
+#include <set>
 
 namespace corvane::x11 {
 
-/// The windows of programs, for whoever asks again and again. Nobody is woken by what happens to
-/// them: it waits until somebody asks. A connection that is lost while the server lives is
-/// replaced; until it is there are no windows. Main thread.
+/// The windows of other programs, for callers that read them again and again. Their events are read
+/// lazily with the next call, so they never wake the process. A lost connection is replaced while
+/// the server lives; meanwhile there are no windows. Main thread.
 class ClientWindows {
   public:
     using Owners = WindowWatch::Owners;
     using Windows = WindowWatch::Windows;
 
-    /// The connection is for nothing else; the queue outlives the windows.
+    /// The connection serves nothing else; the queue outlives the windows.
     ClientWindows(std::unique_ptr<XcbConnection> connection, platform::MainQueue &mainQueue);
 
-    /// Whose windows there are, front-most first. The same answer again for half a second at most,
-    /// as long as nothing has changed.
+    /// The owners of the listed windows, front-most first. The same pointer again until the list
+    /// changes or half a second has passed.
     std::shared_ptr<const Owners> owners();
 
-    /// The windows of a process that users see as windows, front-most first, minimised ones
-    /// included. Watches them until another process is asked for or nobody has asked for a while.
-    /// The same answer again as long as nothing has changed.
-    std::shared_ptr<const Windows> windowsOf(std::int32_t processIdentifier);
+    /// The owners of all windows directly under the root window: those of windows that their
+    /// programs have hidden, which no list contains, are among them. Read anew with each call.
+    Owners topLevelOwners();
 
-    /// The present one.
+    /// The ordinary windows of these processes, front-most first, minimised ones included. Watches
+    /// them until other processes are named or nothing is read for a while.
+    Windows windowsOf(const std::set<std::int32_t> &processes);
+
+    /// The same as `platform::Accessibility` gives them: a window that is minimised, hidden or on
+    /// another workspace has neither position nor size. Null while they cannot be read.
+    std::shared_ptr<const platform::AccessibilityWindows>
+    accessibilityWindowsOf(const std::set<std::int32_t> &processes);
+
+    /// The present connection.
     const XcbConnection &connection() const { return *connection_; }
 
   private:
     using Clock = std::chrono::steady_clock;
 
     void catchUp();
-    void restUnlessAsked();
+    void restUnlessRead();
     void replaceConnection();
 
     platform::MainQueue &mainQueue_;
     std::unique_ptr<XcbConnection> connection_;
-    /// Through that connection; never absent but while both are replaced.
+    /// Of that connection; null only while both are replaced.
     std::unique_ptr<WindowWatch> watch_;
     Clock::time_point nextReplacement_;
-    bool wasAsked_ = false;
-    /// Absent while nobody asks.
+    bool wasRead_ = false;
+    /// Absent while nobody reads.
     std::unique_ptr<platform::Timer> restTimer_;
 };
 

@@ -1,6 +1,6 @@
 #include "platform/x11/windows/WindowActivation.h"
 
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <QGuiApplication>
 #include <QWidget>

@@ -7,7 +7,7 @@
 
 namespace corvane::x11 {
 
-/// Each is watched before it is asked for: what changes after the answer is told.
+/// Events are selected before the request, so that no change after the reply is missed.
 WindowAncestry::WindowAncestry(const XcbConnection &connection, EventMasks &masks,
                                xcb_window_t window) {
     xcb_connection_t *const server = connection.get();
@@ -16,10 +16,8 @@ WindowAncestry::WindowAncestry(const XcbConnection &connection, EventMasks &mask
                   .events = masks.select(window, XCB_EVENT_MASK_STRUCTURE_NOTIFY)};
         const auto treeCookie = xcb_query_tree(server, window);
         const auto geometryCookie = xcb_get_geometry(server, window);
-        const XcbReply<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(server, treeCookie, nullptr));
-        const XcbReply<xcb_get_geometry_reply_t> geometry(
-            xcb_get_geometry_reply(server, geometryCookie, nullptr));
+        const auto tree = reply<xcb_query_tree_reply>(server, treeCookie);
+        const auto geometry = reply<xcb_get_geometry_reply>(server, geometryCookie);
         if (!tree || !geometry) {
             return;
         }
@@ -39,7 +37,7 @@ bool WindowAncestry::contains(xcb_window_t window) const {
     return std::ranges::find(links_, window, &Link::window) != links_.end();
 }
 
-bool WindowAncestry::takeNote(const xcb_generic_event_t &event) {
+bool WindowAncestry::update(const xcb_generic_event_t &event) {
     if (XcbEvents::typeOf(event) == XCB_GRAVITY_NOTIFY) {
         pushed(reinterpret_cast<const xcb_gravity_notify_event_t &>(event), event.full_sequence);
         return false;
@@ -49,13 +47,13 @@ bool WindowAncestry::takeNote(const xcb_generic_event_t &event) {
            isComplete_;
 }
 
-/// Null for one that is not there, and for an event from before the answer, which says more.
+/// Null for an unknown window, and for an event older than the reply that read the position.
 WindowAncestry::Link *WindowAncestry::find(xcb_window_t window, std::uint32_t eventSequence) {
     const auto link = std::ranges::find(links_, window, &Link::window);
     if (link == links_.end()) {
         return nullptr;
     }
-    // The numbers of requests begin anew after the highest.
+    // Sequence numbers wrap around.
     const bool isOlder = static_cast<std::int32_t>(eventSequence - link->request) < 0;
     return isOlder ? nullptr : &*link;
 }

@@ -10,33 +10,33 @@
 
 namespace corvane::x11 {
 
-/// A window and the frames that window managers have put around it, and where each of them is in
-/// the next one. Kept up to date by the server's events, it tells without a question where the
-/// window is. Valid until one of them is put into another window. Main thread.
+/// A window, the frames that window managers have put around it, and the position of each in the
+/// next. Kept up to date by the server's events, so that the window's position is known without a
+/// request. Valid until one of them is put into another window. Main thread.
 class WindowAncestry {
   public:
-    /// Asks the server, and has it tell what changes from then on. Connection and masks outlive the
-    /// chain.
+    /// Reads them from the server and selects the events of their changes. Connection and masks
+    /// outlive the ancestry.
     WindowAncestry(const XcbConnection &connection, EventMasks &masks, xcb_window_t window);
 
     bool contains(xcb_window_t window) const;
 
-    /// Takes note of what the server itself has told of one of them: a ConfigureNotify or
-    /// GravityNotify event. False where more than a place may have changed, so that the window has
-    /// to be looked at anew.
-    bool takeNote(const xcb_generic_event_t &event);
+    /// Applies the server's own ConfigureNotify or GravityNotify event for one of them. False when
+    /// more than a position may have changed, so that the window has to be read again.
+    bool update(const xcb_generic_event_t &event);
 
-    /// The corner of the window inside its border, on the root window; nothing when the window had
-    /// gone before it could be asked for.
+    /// The corner of the window inside its border, on the root window; absent when the window had
+    /// gone before it could be read.
     std::optional<Point> origin() const;
 
   private:
     struct Link {
         xcb_window_t window;
         EventMasks::Selection events;
-        /// The request whose answer said where it was.
+        /// The number of the request that read the position.
         std::uint32_t request = 0;
-        /// The corner outside the border, inside that of the window around it.
+        /// The corner outside the border, relative to the window around it inside that one's
+        /// border.
         int x = 0;
         int y = 0;
         int width = 0;
@@ -48,7 +48,7 @@ class WindowAncestry {
     bool configured(const xcb_configure_notify_event_t &event, std::uint32_t sequence);
     void pushed(const xcb_gravity_notify_event_t &event, std::uint32_t sequence);
 
-    /// From the inside to the outside.
+    /// From the innermost to the outermost.
     std::vector<Link> links_;
     bool isComplete_ = false;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/x11/connection/XcbConnection.h"
+#include "platform/x11/connection/WindowProperty.h"
 #include "support/Geometry.h"
 
 #include <cstdint>
@@ -9,10 +9,10 @@
 
 namespace corvane::x11 {
 
-/// Whose window it is. Does not change as long as the window lives.
+/// Which program a window belongs to. Does not change as long as the window lives.
 struct WindowOwner {
     xcb_window_t window = XCB_WINDOW_NONE;
-    /// Absent for a program on another machine or one that does not say.
+    /// Absent for a program on another machine that does not name its process.
     std::optional<std::int32_t> processIdentifier{};
     /// Both parts of WM_CLASS, valid UTF-8.
     std::string instanceName{};
@@ -21,12 +21,22 @@ struct WindowOwner {
     bool operator==(const WindowOwner &) const = default;
 };
 
+/// The properties in which a window names its program: untrusted input.
+struct OwnerProperties {
+    PropertyValue processIdentifier;
+    PropertyValue windowClass;
+
+    /// `processOfClient`, the process that the server knows, outweighs the property: a program in a
+    /// sandbox sees itself under another number.
+    WindowOwner owner(xcb_window_t window, std::optional<std::uint32_t> processOfClient) const;
+};
+
 /// A window as the user sees it at one moment.
 struct WindowInfo {
     xcb_window_t window = XCB_WINDOW_NONE;
-    /// With its frame and without the shadow it draws itself; the root window's pixels.
+    /// With its frame and without the shadow that the program draws; the root window's pixels.
     Rectangle bounds{};
-    /// The corner of its own, inside any frame or border; the root window's pixels.
+    /// The window's own corner, inside any frame or border; the root window's pixels.
     Point origin{};
     /// Neither minimised nor hidden nor on another workspace.
     bool isOnScreen = false;
@@ -37,7 +47,7 @@ struct WindowInfo {
     /// Valid UTF-8; absent when the window has none.
     std::optional<std::string> title{};
 
-    /// The same window with its own corner at another place.
+    /// The same window with its own corner at `place`.
     WindowInfo at(Point place) const {
         WindowInfo moved = *this;
         moved.bounds.x += place.x - origin.x;
@@ -47,6 +57,37 @@ struct WindowInfo {
     }
 
     bool operator==(const WindowInfo &) const = default;
+};
+
+/// What the server itself knows of a window.
+struct ServerInfo {
+    xcb_window_t window = XCB_WINDOW_NONE;
+    /// Without any frame; the root window's pixels.
+    Rectangle client{};
+    bool isMapped = false;
+    /// Whether window managers leave it alone (override-redirect).
+    bool isUnmanaged = false;
+};
+
+/// The properties in which a window and its window manager describe the window: untrusted input.
+struct WindowProperties {
+    PropertyValue type;
+    PropertyValue state;
+    PropertyValue desktop;
+    PropertyValue managedState;
+    PropertyValue frameExtents;
+    PropertyValue clientFrameExtents;
+    PropertyValue name;
+    PropertyValue oldName;
+
+    WindowInfo info(const ServerInfo &server, const Atoms &atoms,
+                    std::optional<std::uint32_t> currentDesktop) const;
+
+  private:
+    Rectangle bounds(const Rectangle &client) const;
+    bool isMinimised(const Atoms &atoms) const;
+    bool isElsewhere(std::optional<std::uint32_t> currentDesktop) const;
+    std::optional<std::string> title(const Atoms &atoms) const;
 };
 
 } // namespace corvane::x11

@@ -5,34 +5,19 @@
 
 namespace corvane::x11 {
 
-namespace {
-
-using Owners = std::map<xcb_window_t, WindowOwner>;
-
-Owners byWindow(std::vector<WindowOwner> owners) {
-    Owners result;
-    for (WindowOwner &owner : owners) {
-        result.emplace(owner.window, std::move(owner));
-    }
-    return result;
-}
-
-platform::WindowListEntry entryFor(WindowInfo facts, const Owners &owners) {
-    return {.bounds = facts.bounds,
-            .ownerProcessIdentifier = owners.at(facts.window).processIdentifier,
-            .name = std::move(facts.title),
-            .layer = facts.layer};
-}
-
-} // namespace
-
 std::optional<std::vector<platform::WindowListEntry>> WindowList::onScreenWindows() {
     const std::vector<xcb_window_t> windows = reader_.windows();
-    const Owners owners = byWindow(reader_.owners(windows));
+    std::map<xcb_window_t, std::optional<std::int32_t>> processes;
+    for (const WindowOwner &owner : reader_.owners(windows)) {
+        processes.emplace(owner.window, owner.processIdentifier);
+    }
     std::vector<platform::WindowListEntry> entries;
-    for (WindowInfo &facts : reader_.facts(windows)) {
-        if (facts.isOnScreen && !facts.isDesktop) {
-            entries.push_back(entryFor(std::move(facts), owners));
+    for (WindowInfo &info : reader_.info(windows)) {
+        if (info.isOnScreen && !info.isDesktop) {
+            entries.push_back({.bounds = info.bounds,
+                               .ownerProcessIdentifier = processes.at(info.window),
+                               .name = std::move(info.title),
+                               .layer = info.layer});
         }
     }
     if (connection_.isLost()) {

@@ -5,7 +5,7 @@
 
 namespace corvane::x11 {
 
-/// The windows the window manager lists; without one, the mapped windows of the root.
+/// The windows that the window manager lists; without one, those directly under the root window.
 class WindowList : public platform::WindowList {
   public:
     /// The connection outlives the list.

@@ -1,37 +1,41 @@
 #pragma once
 
 #include "platform/x11/connection/XcbConnection.h"
-#include "platform/x11/windows/WindowAtoms.h"
 #include "platform/x11/windows/WindowInfo.h"
 
-#include <optional>
 #include <span>
 #include <vector>
 
 namespace corvane::x11 {
 
-/// Reads many windows at once: everything is asked before the first answer is waited for. Windows
-/// that are gone are left out of the results. Main thread.
+/// The window through which a window manager that follows EWMH shows that it runs; XCB_WINDOW_NONE
+/// for any other and for one that has ended.
+xcb_window_t windowManagerWindow(const XcbConnection &connection);
+
+/// Reads many windows in one round trip: all requests are sent before the first reply is awaited.
+/// Main thread.
 class WindowReader {
   public:
     /// The connection outlives the reader.
     explicit WindowReader(const XcbConnection &connection);
 
-    const WindowAtoms &atoms() const { return atoms_; }
-
-    /// The windows that window managers and users know, front-most first.
+    /// The windows that the window manager lists, front-most first; without a window manager those
+    /// directly under the root window.
     std::vector<xcb_window_t> windows() const;
 
-    std::vector<WindowOwner> owners(std::span<const xcb_window_t> windows) const;
-    std::vector<WindowInfo> facts(std::span<const xcb_window_t> windows) const;
-
-  private:
-    bool isManaged() const;
+    /// The windows directly under the root window, front-most first, hidden ones included. Those
+    /// that a window manager shows are inside its frames instead.
     std::vector<xcb_window_t> topLevelWindows() const;
 
+    /// One for each window, also for one that no longer exists.
+    std::vector<WindowOwner> owners(std::span<const xcb_window_t> windows) const;
+
+    /// Without the windows that no longer exist or have nothing to show.
+    std::vector<WindowInfo> info(std::span<const xcb_window_t> windows) const;
+
+  private:
     const XcbConnection &connection_;
-    const WindowAtoms atoms_;
-    const bool knowsClients_;
+    const bool reportsProcesses_;
 };
 
 } // namespace corvane::x11

@@ -10,7 +10,7 @@ namespace corvane::x11 {
 
 namespace {
 
-/// A safety net for window managers that forget to tell.
+/// The list is read again after this time, for window managers that change it without an event.
 constexpr std::chrono::milliseconds longestTrustInList(500);
 
 } // namespace
@@ -29,12 +29,11 @@ void WindowWatch::catchUp() {
     }
 }
 
-/// What nobody reads must not gather.
+/// Without this, events that nobody reads would pile up.
 void WindowWatch::rest() {
     rootEvents_.reset();
     watched_.clear();
-    answer_.reset();
-    // The number of a window that goes meanwhile may be another's then.
+    // Meanwhile a window may go and another get its number.
     owners_.reset();
     connection_.flush();
 }
@@ -46,7 +45,7 @@ std::shared_ptr<const WindowWatch::Owners> WindowWatch::owners() {
     return owners_;
 }
 
-/// Whose window one is does not change, so that only new ones are asked for.
+/// Reads the owners of new windows only, because a window keeps its owner.
 void WindowWatch::refreshList() {
     const std::vector<xcb_window_t> windows = reader_.windows();
     std::map<xcb_window_t, WindowOwner> known;
@@ -66,38 +65,35 @@ void WindowWatch::refreshList() {
         owners->push_back(known.at(window));
     }
     owners_ = std::move(owners);
-    answer_.reset();
     isListStale_ = false;
     listRead_ = Clock::now();
 }
 
-std::shared_ptr<const WindowWatch::Windows> WindowWatch::windowsOf(std::int32_t processIdentifier) {
-    const auto owners = this->owners();
-    if (processIdentifier != watchedProcess_) {
+std::vector<WindowOwner> WindowWatch::topLevelOwners() const {
+    return reader_.owners(reader_.topLevelWindows());
+}
+
+WindowWatch::Windows WindowWatch::windowsOf(const std::set<std::int32_t> &processes) {
+    if (processes != watchedProcesses_) {
         watched_.clear();
-        answer_.reset();
-        watchedProcess_ = processIdentifier;
-    }
-    if (answer_) {
-        return answer_;
+        watchedProcesses_ = processes;
     }
     std::vector<xcb_window_t> windows;
-    for (const WindowOwner &owner : *owners) {
-        if (owner.processIdentifier == processIdentifier) {
+    for (const WindowOwner &owner : *owners()) {
+        if (owner.processIdentifier && processes.contains(*owner.processIdentifier)) {
             windows.push_back(owner.window);
         }
     }
     refresh(windows);
-    auto answer = std::make_shared<Windows>();
+    Windows found;
     for (const xcb_window_t window : windows) {
         const auto watched = watched_.find(window);
-        if (watched != watched_.end() && watched->second.facts->layer == 0 &&
-            !watched->second.facts->isDesktop) {
-            answer->push_back(watched->second.facts);
+        if (watched != watched_.end() && watched->second.info->layer == 0 &&
+            !watched->second.info->isDesktop) {
+            found.push_back(watched->second.info);
         }
     }
-    answer_ = std::move(answer);
-    return answer_;
+    return found;
 }
 
 void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
@@ -106,8 +102,9 @@ void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
         Watched &watched = watch(window);
         if (watched.isStale) {
             stale.push_back(window);
-        } else if (const auto place = watched.newPlace()) {
-            watched.facts = std::make_shared<const WindowInfo>(watched.facts->at(*place));
+        } else if (const auto origin = watched.ancestry->origin();
+                   origin && origin != watched.info->origin) {
+            watched.info = std::make_shared<const WindowInfo>(watched.info->at(*origin));
         }
     }
     if (!stale.empty()) {
@@ -116,15 +113,15 @@ void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
 }
 
 void WindowWatch::readAgain(const std::vector<xcb_window_t> &stale) {
-    auto facts = reader_.facts(stale);
+    auto read = reader_.info(stale);
     for (const xcb_window_t window : stale) {
-        const auto found = std::ranges::find(facts, window, &WindowInfo::window);
-        if (found == facts.end()) {
+        const auto found = std::ranges::find(read, window, &WindowInfo::window);
+        if (found == read.end()) {
             watched_.erase(window);
             continue;
         }
         Watched &watched = watched_.at(window);
-        watched.facts = std::make_shared<const WindowInfo>(std::move(*found));
+        watched.info = std::make_shared<const WindowInfo>(std::move(*found));
         watched.isStale = false;
     }
 }
@@ -136,15 +133,10 @@ WindowWatch::Watched &WindowWatch::watch(xcb_window_t window) {
         watched.events =
             masks_.select(window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
     }
-    if (!watched.chain) {
-        watched.chain.emplace(connection_, masks_, window);
+    if (!watched.ancestry) {
+        watched.ancestry.emplace(connection_, masks_, window);
     }
     return watched;
-}
-
-std::optional<Point> WindowWatch::Watched::newPlace() const {
-    const auto place = chain ? chain->origin() : std::nullopt;
-    return place == facts->origin ? std::nullopt : place;
 }
 
 void WindowWatch::handle(const xcb_generic_event_t &event) {
@@ -153,13 +145,13 @@ void WindowWatch::handle(const xcb_generic_event_t &event) {
         const auto &change = reinterpret_cast<const xcb_property_notify_event_t &>(event);
         if (change.window == connection_.root()) {
             rootChanged(change.atom);
-        } else if (isTelling(change.atom)) {
+        } else if (isOfInterest(change.atom)) {
             windowChanged(change.window, false);
         }
         break;
     }
     case XCB_CONFIGURE_NOTIFY:
-        // A window manager tells programs in such events where it thinks their windows are.
+        // Those a window manager sends repeat, in its own words, what the server's say.
         if (!XcbEvents::isSentByClient(event)) {
             windowMoved(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window,
                         event);
@@ -189,9 +181,9 @@ void WindowWatch::handle(const xcb_generic_event_t &event) {
 }
 
 void WindowWatch::rootChanged(xcb_atom_t property) {
-    const WindowAtoms &atoms = reader_.atoms();
+    const Atoms &atoms = connection_.atoms();
     if (property == atoms.clientList || property == atoms.supportingWmCheck) {
-        // The number of a window that has gone may be another's soon.
+        // A new window may have got the number of one that has gone.
         owners_.reset();
     } else if (property == atoms.clientListStacking) {
         isListStale_ = true;
@@ -199,7 +191,6 @@ void WindowWatch::rootChanged(xcb_atom_t property) {
         for (auto &[window, watched] : watched_) {
             watched.isStale = true;
         }
-        answer_.reset();
     }
 }
 
@@ -207,35 +198,33 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
     for (auto &[client, watched] : watched_) {
         if (client == window || watched.isIn(window)) {
             watched.isStale = true;
-            answer_.reset();
             if (isReparented) {
-                watched.chain.reset();
+                watched.ancestry.reset();
             }
         }
     }
 }
 
-/// A window that is dragged is followed without asking for it.
+/// Follows a window that is dragged without a request.
 void WindowWatch::windowMoved(xcb_window_t window, const xcb_generic_event_t &event) {
     for (auto &[client, watched] : watched_) {
-        if (watched.chain && watched.chain->contains(window)) {
-            watched.isStale = !watched.chain->takeNote(event) || watched.isStale;
-            answer_.reset();
+        if (watched.isIn(window)) {
+            watched.isStale = !watched.ancestry->update(event) || watched.isStale;
         }
     }
 }
 
-bool WindowWatch::isTelling(xcb_atom_t property) const {
-    const WindowAtoms &atoms = reader_.atoms();
-    const std::array telling{atoms.name,
-                             atoms.state,
-                             atoms.wmState,
-                             atoms.desktop,
-                             atoms.type,
-                             atoms.frameExtents,
-                             atoms.clientFrameExtents,
-                             static_cast<xcb_atom_t>(XCB_ATOM_WM_NAME)};
-    return std::ranges::find(telling, property) != telling.end();
+bool WindowWatch::isOfInterest(xcb_atom_t property) const {
+    const Atoms &atoms = connection_.atoms();
+    const std::array known{atoms.name,
+                           atoms.state,
+                           atoms.wmState,
+                           atoms.desktop,
+                           atoms.type,
+                           atoms.frameExtents,
+                           atoms.clientFrameExtents,
+                           static_cast<xcb_atom_t>(XCB_ATOM_WM_NAME)};
+    return std::ranges::find(known, property) != known.end();
 }
 
 } // namespace corvane::x11

@@ -9,46 +9,46 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace corvane::x11 {
 
-/// The windows of programs as one connection sees them, kept up to date by the server's events, so
-/// that asking for them sixty times a second costs next to nothing while nothing changes. Where the
-/// connection is lost there are none. Main thread.
+/// The windows of other programs as one connection sees them, kept up to date by the server's
+/// events: reading them sixty times a second sends no request while nothing changes. Empty when the
+/// connection is lost. Main thread.
 class WindowWatch {
   public:
     using Owners = std::vector<WindowOwner>;
     using Windows = std::vector<std::shared_ptr<const WindowInfo>>;
 
-    /// The connection is for nothing else; it outlives the watch.
+    /// The connection serves nothing else and outlives the watch.
     explicit WindowWatch(const XcbConnection &connection);
 
-    /// Takes note of what has happened since the last time; to be called before anything is asked.
+    /// Processes the events since the last call; to be called before anything is read.
     void catchUp();
 
-    /// Watches nothing until `catchUp` is called again.
+    /// Stops watching until `catchUp` is called again.
     void rest();
 
     /// As `ClientWindows` gives them.
     std::shared_ptr<const Owners> owners();
-    std::shared_ptr<const Windows> windowsOf(std::int32_t processIdentifier);
+    Owners topLevelOwners() const;
+    Windows windowsOf(const std::set<std::int32_t> &processes);
 
   private:
     using Clock = std::chrono::steady_clock;
 
     struct Watched {
-        /// Shared with whoever asked for them; null until they have been read.
-        std::shared_ptr<const WindowInfo> facts{};
+        /// Shared with callers; null until it has been read.
+        std::shared_ptr<const WindowInfo> info{};
         bool isStale = true;
         EventMasks::Selection events{};
-        /// The windows it moves and disappears with; nothing until they are known.
-        std::optional<WindowAncestry> chain{};
+        /// Absent until it has been read, and after the window was put into another.
+        std::optional<WindowAncestry> ancestry{};
 
-        /// Whether it is that window or in that frame.
-        bool isIn(xcb_window_t window) const { return chain && chain->contains(window); }
-        /// Where the server has said it has gone; nothing while it is where it was last.
-        std::optional<Point> newPlace() const;
+        /// Whether `window` is the watched window or one around it.
+        bool isIn(xcb_window_t window) const { return ancestry && ancestry->contains(window); }
     };
 
     void refreshList();
@@ -60,21 +60,19 @@ class WindowWatch {
     void rootChanged(xcb_atom_t property);
     void windowChanged(xcb_window_t window, bool isReparented);
     void windowMoved(xcb_window_t window, const xcb_generic_event_t &event);
-    bool isTelling(xcb_atom_t property) const;
+    bool isOfInterest(xcb_atom_t property) const;
 
     const XcbConnection &connection_;
     EventMasks masks_;
     const WindowReader reader_;
     bool isListStale_ = true;
     Clock::time_point listRead_;
-    /// Null while nothing is known.
+    /// Null until they have been read.
     std::shared_ptr<const Owners> owners_;
-    /// Those of the process that was asked for last.
+    /// The windows of `watchedProcesses_`.
     std::map<xcb_window_t, Watched> watched_;
-    std::int32_t watchedProcess_ = 0;
-    /// Null when something has changed.
-    std::shared_ptr<const Windows> answer_;
-    /// Absent while nobody asks.
+    std::set<std::int32_t> watchedProcesses_;
+    /// Absent while nobody reads.
     std::optional<EventMasks::Selection> rootEvents_;
 };
 

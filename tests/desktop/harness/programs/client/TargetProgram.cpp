@@ -1,7 +1,7 @@
 #include "TargetProgram.h"
 
 #include "TextFile.h"
-#include "platform/x11/connection/XcbReply.h"
+#include "platform/x11/connection/Xcb.h"
 
 #include <array>
 #include <cstdio>

@@ -1,4 +1,4 @@
-#include "platform/x11/windows/WindowDescription.h"
+#include "platform/x11/windows/WindowInfo.h"
 
 #include "platform/linux/environment/TextDecoding.h"
 
@@ -9,17 +9,9 @@ namespace corvane::x11 {
 
 namespace {
 
-/// As macOS counts them; only being zero or not matters.
-namespace layer {
-constexpr std::int64_t normal = 0;
-constexpr std::int64_t floating = 3;
-constexpr std::int64_t splash = 8;
-constexpr std::int64_t dock = 20;
-constexpr std::int64_t notification = 25;
-constexpr std::int64_t menu = 101;
-constexpr std::int64_t tooltip = 102;
-constexpr std::int64_t dragged = 500;
-} // namespace layer
+/// Only whether a layer is zero matters.
+constexpr std::int64_t ordinaryLayer = 0;
+constexpr std::int64_t specialLayer = 1;
 
 constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
 constexpr std::uint32_t normalState = 1;
@@ -31,7 +23,7 @@ struct Extents {
     double bottom = 0;
 };
 
-/// Nothing where the window does not say, or what cannot be: no window is wider than that.
+/// Absent when the property holds anything else than four possible widths.
 std::optional<Extents> extentsOf(const PropertyValue &property) {
     constexpr std::uint32_t widest = 32767;
     const auto values = property.numbers();
@@ -52,8 +44,8 @@ Rectangle grown(const Rectangle &bounds, const Extents &extents, double sign) {
             bounds.height + sign * (extents.top + extents.bottom)};
 }
 
-/// The first type that is known: windows name special ones first and ordinary ones to fall back on.
-xcb_atom_t knownType(const PropertyValue &property, const WindowAtoms &atoms) {
+/// The first type that is known: a window lists its most special type first and fallbacks after it.
+xcb_atom_t knownType(const PropertyValue &property, const Atoms &atoms) {
     const std::array known{atoms.typeNormal,  atoms.typeDialog,       atoms.typeUtility,
                            atoms.typeDesktop, atoms.typeDock,         atoms.typeToolbar,
                            atoms.typeMenu,    atoms.typeDropdownMenu, atoms.typePopupMenu,
@@ -64,29 +56,13 @@ xcb_atom_t knownType(const PropertyValue &property, const WindowAtoms &atoms) {
     return first != types.end() ? *first : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-std::int64_t layerOf(xcb_atom_t type, bool isUnmanaged, const WindowAtoms &atoms) {
-    if (type == atoms.typeDock) {
-        return layer::dock;
-    }
-    if (type == atoms.typeToolbar) {
-        return layer::floating;
-    }
-    if (type == atoms.typeSplash) {
-        return layer::splash;
-    }
-    if (type == atoms.typeNotification) {
-        return layer::notification;
-    }
-    if (type == atoms.typeTooltip) {
-        return layer::tooltip;
-    }
-    if (type == atoms.typeDragged) {
-        return layer::dragged;
-    }
-    const std::array menus{atoms.typeMenu, atoms.typeDropdownMenu, atoms.typePopupMenu,
-                           atoms.typeCombo};
-    const bool isMenu = std::ranges::find(menus, type) != menus.end();
-    return isMenu || isUnmanaged ? layer::menu : layer::normal;
+std::int64_t layerOf(xcb_atom_t type, bool isUnmanaged, const Atoms &atoms) {
+    const std::array special{atoms.typeDock,      atoms.typeToolbar,      atoms.typeMenu,
+                             atoms.typePopupMenu, atoms.typeDropdownMenu, atoms.typeCombo,
+                             atoms.typeTooltip,   atoms.typeNotification, atoms.typeSplash,
+                             atoms.typeDragged};
+    const bool isSpecial = std::ranges::find(special, type) != special.end();
+    return isSpecial || isUnmanaged ? specialLayer : ordinaryLayer;
 }
 
 std::optional<std::int32_t> positive(std::uint32_t number) {
@@ -96,8 +72,8 @@ std::optional<std::int32_t> positive(std::uint32_t number) {
 
 } // namespace
 
-WindowInfo WindowDescription::facts(const ServerFacts &server, const WindowAtoms &atoms,
-                                    std::optional<std::uint32_t> currentDesktop) const {
+WindowInfo WindowProperties::info(const ServerInfo &server, const Atoms &atoms,
+                                  std::optional<std::uint32_t> currentDesktop) const {
     const xcb_atom_t windowType = knownType(type, atoms);
     return {.window = server.window,
             .bounds = bounds(server.client),
@@ -108,7 +84,7 @@ WindowInfo WindowDescription::facts(const ServerFacts &server, const WindowAtoms
             .title = title(atoms)};
 }
 
-Rectangle WindowDescription::bounds(const Rectangle &client) const {
+Rectangle WindowProperties::bounds(const Rectangle &client) const {
     const auto frame = extentsOf(frameExtents);
     const auto shadow = extentsOf(clientFrameExtents);
     if (shadow && fitsInto(client, *shadow)) {
@@ -117,19 +93,19 @@ Rectangle WindowDescription::bounds(const Rectangle &client) const {
     return frame ? grown(client, *frame, 1) : client;
 }
 
-bool WindowDescription::isMinimised(const WindowAtoms &atoms) const {
+bool WindowProperties::isMinimised(const Atoms &atoms) const {
     const auto states = state.numbers();
     const auto managed = managedState.number();
     return std::ranges::find(states, atoms.stateHidden) != states.end() ||
            (managed && *managed != normalState);
 }
 
-bool WindowDescription::isElsewhere(std::optional<std::uint32_t> currentDesktop) const {
+bool WindowProperties::isElsewhere(std::optional<std::uint32_t> currentDesktop) const {
     const auto own = desktop.number();
     return own && currentDesktop && *own != everyDesktop && *own != *currentDesktop;
 }
 
-std::optional<std::string> WindowDescription::title(const WindowAtoms &atoms) const {
+std::optional<std::string> WindowProperties::title(const Atoms &atoms) const {
     if (name.type != XCB_ATOM_NONE) {
         return linux::utf8Text(name.text());
     }
@@ -143,8 +119,8 @@ std::optional<std::string> WindowDescription::title(const WindowAtoms &atoms) co
                                               : linux::latin1Text(oldName.text());
 }
 
-WindowOwner OwnerDescription::owner(xcb_window_t window,
-                                    std::optional<std::uint32_t> processOfClient) const {
+WindowOwner OwnerProperties::owner(xcb_window_t window,
+                                   std::optional<std::uint32_t> processOfClient) const {
     WindowOwner owner{.window = window};
     if (processOfClient) {
         owner.processIdentifier = positive(*processOfClient);

@@ -1,4 +1,4 @@
-#include "platform/x11/windows/AccessibilityWindows.h"
+#include "platform/x11/windows/ClientWindows.h"
 
 #include "ClickClient.h"
 #include "SampleWindow.h"
@@ -26,13 +26,13 @@ struct Answer {
     std::optional<Size> size;
 };
 
-class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
+class ClientWindowsTest : public EveryWindowManagerTest {
   protected:
     std::vector<Answer> answers() { return answersOf(getpid()); }
 
     std::vector<Answer> answersOf(std::int32_t process) {
         std::vector<Answer> answers;
-        const auto windows = windows_.windows(process);
+        const auto windows = clientWindows_.accessibilityWindowsOf({process});
         if (!windows) {
             return answers;
         }
@@ -92,14 +92,13 @@ class LinuxAccessibilityWindowsTest : public EveryWindowManagerTest {
 
     linux::MainQueue mainQueue_;
     x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
-    x11::AccessibilityWindows windows_{clientWindows_};
 };
 
-TEST_P(LinuxAccessibilityWindowsTest, AnApplicationWithoutWindowsHasAnEmptyList) {
+TEST_P(ClientWindowsTest, AnApplicationWithoutWindowsHasAnEmptyList) {
     EXPECT_TRUE(answers().empty());
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, OnlyTheWindowsOfTheProcessAreItsWindows) {
+TEST_P(ClientWindowsTest, OnlyTheWindowsOfTheProcessAreItsWindows) {
     desktop::ClickClient client(desktop_);
     client.open({.title = "Theirs"});
     const SampleWindow window(connection());
@@ -110,7 +109,7 @@ TEST_P(LinuxAccessibilityWindowsTest, OnlyTheWindowsOfTheProcessAreItsWindows) {
     EXPECT_EQ(theirs.front().title, "Theirs");
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, TheFrontMostComesFirst) {
+TEST_P(ClientWindowsTest, TheFrontMostComesFirst) {
     const SampleWindow one(connection());
     const SampleWindow other(connection());
     show(one, "One");
@@ -122,7 +121,7 @@ TEST_P(LinuxAccessibilityWindowsTest, TheFrontMostComesFirst) {
     EXPECT_EQ(answers().size(), 2U);
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AMovedWindowIsFollowedAtOnce) {
+TEST_P(ClientWindowsTest, AMovedWindowIsFollowedAtOnce) {
     const SampleWindow window(connection());
     show(window, "Moves");
     for (std::int16_t x = 200; x <= 600; x = static_cast<std::int16_t>(x + 100)) {
@@ -138,7 +137,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AMovedWindowIsFollowedAtOnce) {
     }
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AResizedWindowHasItsNewSize) {
+TEST_P(ClientWindowsTest, AResizedWindowHasItsNewSize) {
     const SampleWindow window(connection());
     show(window, "Grows");
     const auto before = *named("Grows")->size;
@@ -147,7 +146,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AResizedWindowHasItsNewSize) {
         [&] { return named("Grows")->size == Size{before.width + 60, before.height + 70}; }));
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AChangedTitleIsSeen) {
+TEST_P(ClientWindowsTest, AChangedTitleIsSeen) {
     const SampleWindow window(connection());
     show(window, "Report");
     window.setTitle("Report (edited)");
@@ -155,7 +154,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AChangedTitleIsSeen) {
     EXPECT_EQ(answers().size(), 1U);
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AMinimisedWindowHasATitleButNoFrame) {
+TEST_P(ClientWindowsTest, AMinimisedWindowHasATitleButNoFrame) {
     const SampleWindow window(connection());
     show(window, "Away");
     window.minimise();
@@ -165,7 +164,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AMinimisedWindowHasATitleButNoFrame) {
     EXPECT_TRUE(turnUntil([this] { return named("Away")->position && named("Away")->size; }));
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AWindowOnAnotherWorkspaceHasNoFrame) {
+TEST_P(ClientWindowsTest, AWindowOnAnotherWorkspaceHasNoFrame) {
     const SampleWindow window(connection());
     show(window, "Elsewhere");
     desktop_.run({"wmctrl", "-s", "1"});
@@ -174,7 +173,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AWindowOnAnotherWorkspaceHasNoFrame) {
     EXPECT_TRUE(turnUntil([this] { return named("Elsewhere")->position.has_value(); }));
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AClosedWindowIsGone) {
+TEST_P(ClientWindowsTest, AClosedWindowIsGone) {
     const SampleWindow stays(connection());
     show(stays, "Stays");
     {
@@ -185,7 +184,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AClosedWindowIsGone) {
     EXPECT_EQ(answers().front().title, "Stays");
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AWindowThatAppearsIsFound) {
+TEST_P(ClientWindowsTest, AWindowThatAppearsIsFound) {
     const SampleWindow one(connection());
     show(one, "One");
     const SampleWindow other(connection());
@@ -193,7 +192,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AWindowThatAppearsIsFound) {
     EXPECT_EQ(answers().size(), 2U);
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, PanelsAndSplashScreensAreNotAmongThem) {
+TEST_P(ClientWindowsTest, PanelsAndSplashScreensAreNotAmongThem) {
     const SampleWindow panel(connection());
     panel.setAtoms("_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DOCK"});
     panel.setTitle("Panel");
@@ -203,7 +202,7 @@ TEST_P(LinuxAccessibilityWindowsTest, PanelsAndSplashScreensAreNotAmongThem) {
     EXPECT_EQ(answers().size(), 1U);
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, AskingAgainCostsNothingWhileNothingChanges) {
+TEST_P(ClientWindowsTest, AskingAgainCostsNothingWhileNothingChanges) {
     const SampleWindow window(connection());
     show(window, "Still");
     watching().synchronise();
@@ -222,7 +221,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AskingAgainCostsNothingWhileNothingChanges
     EXPECT_TRUE(wasFree);
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, WindowsThatNobodyAsksForAreNotWatched) {
+TEST_P(ClientWindowsTest, WindowsThatNobodyAsksForAreNotWatched) {
     const SampleWindow window(connection());
     show(window, "Forgotten");
     EXPECT_TRUE(turnUntil([&] {
@@ -236,14 +235,7 @@ TEST_P(LinuxAccessibilityWindowsTest, WindowsThatNobodyAsksForAreNotWatched) {
     EXPECT_TRUE(named("Changed").has_value());
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, TheSameAnswerComesAgainWhileNothingChanges) {
-    const SampleWindow window(connection());
-    show(window, "Still");
-    EXPECT_TRUE(
-        turnUntil([this] { return windows_.windows(getpid()) == windows_.windows(getpid()); }));
-}
-
-TEST_P(LinuxAccessibilityWindowsTest, AReusedWindowNumberIsAnotherWindow) {
+TEST_P(ClientWindowsTest, AReusedWindowNumberIsAnotherWindow) {
     auto client = std::make_unique<desktop::ClickClient>(desktop_);
     const auto first = client->windowId(client->open({.title = "First"}));
     const auto before = client->pid();
@@ -255,7 +247,7 @@ TEST_P(LinuxAccessibilityWindowsTest, AReusedWindowNumberIsAnotherWindow) {
     EXPECT_TRUE(answersOf(before).empty());
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionIsReplaced) {
+TEST_P(ClientWindowsTest, ALostConnectionIsReplaced) {
     const SampleWindow window(connection());
     show(window, "Found again");
     for (std::int16_t x = 200; x <= 400; x = static_cast<std::int16_t>(x + 100)) {
@@ -269,7 +261,7 @@ TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionIsReplaced) {
     }
 }
 
-TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionTakesNoWindowFromTheListForLong) {
+TEST_P(ClientWindowsTest, ALostConnectionTakesNoWindowFromTheListForLong) {
     desktop::ClickClient client(desktop_);
     client.open({.title = "Theirs"});
     ASSERT_TRUE(turnUntil([&] { return answersOf(client.pid()).size() == 1; }));
@@ -281,7 +273,7 @@ TEST_P(LinuxAccessibilityWindowsTest, ALostConnectionTakesNoWindowFromTheListFor
     }));
 }
 
-INSTANTIATE_TEST_SUITE_P(All, LinuxAccessibilityWindowsTest, windowManagers, windowManagerName);
+INSTANTIATE_TEST_SUITE_P(All, ClientWindowsTest, windowManagers, windowManagerName);
 
 } // namespace
 
