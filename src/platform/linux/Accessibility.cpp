@@ -4,9 +4,11 @@
 
 namespace corvane::linux {
 
-Accessibility::Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows)
+Accessibility::Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows,
+                             Applications &applications)
     : connection_(connection),
       windows_(windows),
+      applications_(applications),
       isInsideWayland_(x11::isInsideWayland(connection_)) {}
 
 bool Accessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
@@ -24,7 +26,7 @@ Accessibility::windows(std::int32_t processIdentifier) {
     if (!isProcessTrusted()) {
         return nullptr;
     }
-    return windows_.accessibilityWindowsOf({processIdentifier});
+    return windows_.accessibilityWindowsOf(applications_.processesWith(processIdentifier));
 }
 
 void Accessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/linux/Applications.h"
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/x11/connection/XcbConnection.h"
 #include "platform/x11/windows/ClientWindows.h"
@@ -10,11 +11,13 @@ namespace corvane::linux {
 /// The right to act on other applications: here a matter of the server and the session.
 class Accessibility : public platform::Accessibility {
   public:
-    /// The connection, on which the program depends, and the windows outlive it.
-    Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows);
+    /// All of these outlive it.
+    Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows,
+                  Applications &applications);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
+    /// Those of all processes of the application.
     std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 
@@ -26,6 +29,7 @@ class Accessibility : public platform::Accessibility {
 
     const x11::XcbConnection &connection_;
     x11::ClientWindows &windows_;
+    Applications &applications_;
     const bool isInsideWayland_;
     qt::AccessibilityGuideWindow guideWindow_;
 };

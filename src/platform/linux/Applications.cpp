@@ -1,7 +1,6 @@
 #include "platform/linux/Applications.h"
 
 #include <algorithm>
-#include <set>
 #include <utility>
 
 #include <unistd.h>
@@ -23,40 +22,56 @@ std::optional<platform::RunningApplication> Applications::running(std::int32_t p
     return platform::RunningApplication{processIdentifier, identifierOf(*owner)};
 }
 
+/// Most applications are found among the listed windows; hidden ones are read for the others only.
 std::vector<platform::RunningApplication>
 Applications::running(const std::string &bundleIdentifier) {
-    auto owners = windows_.owners();
-    if (owners != answeredFrom_ || bundleIdentifier != answered_) {
-        answer_ = instances(*owners, bundleIdentifier);
-        answered_ = bundleIdentifier;
-        answeredFrom_ = std::move(owners);
+    catchUp();
+    if (!processes_.contains(bundleIdentifier) && !std::exchange(hasHidden_, true)) {
+        add(windows_.topLevelOwners());
     }
-    return answer_;
+    const auto found = processes_.find(bundleIdentifier);
+    if (found == processes_.end()) {
+        return {};
+    }
+    return {{*found->second.begin(), bundleIdentifier}};
 }
 
-std::vector<platform::RunningApplication>
-Applications::instances(const x11::ClientWindows::Owners &owners,
-                        const std::string &bundleIdentifier) {
-    std::set<std::int32_t> processes;
-    for (const x11::WindowOwner &owner : owners) {
-        const auto &process = owner.processIdentifier;
-        if (process && !processes.contains(*process) && identifierOf(owner) == bundleIdentifier) {
-            processes.insert(*process);
+std::set<std::int32_t> Applications::processesWith(std::int32_t processIdentifier) {
+    catchUp();
+    std::set all{processIdentifier};
+    for (const auto &[identifier, processes] : processes_) {
+        if (processes.contains(processIdentifier)) {
+            all.insert(processes.begin(), processes.end());
         }
     }
-    std::vector<platform::RunningApplication> applications;
-    applications.reserve(processes.size());
-    for (const std::int32_t process : processes) {
-        applications.push_back({process, bundleIdentifier});
+    return all;
+}
+
+void Applications::catchUp() {
+    auto owners = windows_.owners();
+    if (owners == owners_) {
+        return;
     }
-    return applications;
+    owners_ = std::move(owners);
+    processes_.clear();
+    hasHidden_ = false;
+    add(*owners_);
+}
+
+void Applications::add(const x11::ClientWindows::Owners &owners) {
+    for (const x11::WindowOwner &owner : owners) {
+        const auto identifier = owner.processIdentifier ? identifierOf(owner) : std::nullopt;
+        if (identifier) {
+            processes_[*identifier].insert(*owner.processIdentifier);
+        }
+    }
 }
 
 std::optional<std::string> Applications::displayName(const std::string &bundleIdentifier) {
     return entries_.nameOf(bundleIdentifier);
 }
 
-/// Nothing for a window without a class and without a desktop file that fits.
+/// Absent for a window that has neither a class nor a matching desktop file.
 std::optional<std::string> Applications::identifierOf(const x11::WindowOwner &owner) {
     if (owner.processIdentifier == ownProcess_) {
         return ownBundleIdentifier();

@@ -1,8 +1,10 @@
 #include "platform/Accessibility.h"
 
+#include "ClickClient.h"
 #include "EnvironmentVariable.h"
 #include "LinuxBackEnd.h"
 #include "VirtualDesktop.h"
+#include "platform/Applications.h"
 #include "platform/Workspace.h"
 
 #include <QApplication>
@@ -10,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <set>
 
 namespace corvane::contract {
 
@@ -20,6 +23,18 @@ int guides() {
     return static_cast<int>(std::ranges::count_if(windows, [](const QWidget *window) {
         return window->isVisible() && window->windowTitle() == QStringLiteral("Accessibility");
     }));
+}
+
+std::set<std::optional<std::string>> titlesOf(platform::Platform &platform,
+                                              const std::string &application) {
+    std::set<std::optional<std::string>> titles;
+    for (const auto &instance : platform.applications().running(application)) {
+        const auto windows = platform.accessibility().windows(instance.processIdentifier);
+        for (const auto &window : *windows) {
+            titles.insert(window->title());
+        }
+    }
+    return titles;
 }
 
 TEST(LinuxAccessibilityTest, AServerThatTakesPressesIsTrustedWithoutAWord) {
@@ -42,6 +57,21 @@ TEST(LinuxAccessibilityTest, AServerThatTakesNoneIsExplainedOnRequest) {
     // Asking again shows the same page, not another one.
     EXPECT_FALSE(accessibility.isProcessTrustedWithPrompt());
     EXPECT_EQ(guides(), 1);
+}
+
+TEST(LinuxAccessibilityTest, TheWindowsOfAnApplicationAreThoseOfAllItsProcesses) {
+    const desktop::VirtualDesktop desktop;
+    const EnvironmentVariable display("DISPLAY", desktop.display());
+    desktop::ClickClient older(desktop);
+    desktop::ClickClient younger(desktop);
+    older.open({.title = "Older", .className = "Editor"});
+    younger.open({.title = "Younger", .className = "Editor"});
+    younger.open({.title = "Another", .className = "Other"});
+    LinuxBackEnd backEnd;
+    EXPECT_TRUE(backEnd.turnUntil([&] {
+        return titlesOf(backEnd.platform(), "Editor") ==
+               std::set<std::optional<std::string>>{"Older", "Younger", "Another"};
+    }));
 }
 
 TEST(LinuxAccessibilityTest, TheSettingsPageOpensTheGuide) {

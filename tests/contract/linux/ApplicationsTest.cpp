@@ -8,6 +8,8 @@
 #include "platform/linux/timing/MainQueue.h"
 
 #include <limits>
+#include <set>
+#include <vector>
 
 #include <unistd.h>
 
@@ -70,15 +72,35 @@ TEST_F(LinuxApplicationsTest, AWindowWithoutAClassHasNoIdentifier) {
     EXPECT_TRUE(applications_.running("").empty());
 }
 
-TEST_F(LinuxApplicationsTest, InstancesComeInTheOrderTheyStarted) {
+TEST_F(LinuxApplicationsTest, ProcessesWithOneIdentifierAreOneApplication) {
     ClickClient first(desktop_);
     ClickClient second(desktop_);
     second.open({.className = "Editor"});
     first.open({.className = "Editor"});
-    ASSERT_TRUE(turnUntilRunning(first.pid()) && turnUntilRunning(second.pid()));
-    const auto running = applications_.running("org.example.editor");
-    ASSERT_EQ(running.size(), 2U);
-    EXPECT_LT(running.front().processIdentifier, running.back().processIdentifier);
+    ClickClient another(desktop_);
+    another.open({.className = "Homemade"});
+    ASSERT_TRUE(turnUntilRunning(first.pid()) && turnUntilRunning(second.pid()) &&
+                turnUntilRunning(another.pid()));
+    const std::set<std::int32_t> both{first.pid(), second.pid()};
+    EXPECT_EQ(applications_.running("org.example.editor"),
+              (std::vector<RunningApplication>{{*both.begin(), "org.example.editor"}}));
+    EXPECT_EQ(applications_.processesWith(first.pid()), both);
+    EXPECT_EQ(applications_.processesWith(second.pid()), both);
+    EXPECT_EQ(applications_.processesWith(another.pid()), std::set{another.pid()});
+}
+
+TEST_F(LinuxApplicationsTest, AnApplicationRunsWhileItsWindowsAreHidden) {
+    ClickClient client(desktop_);
+    const auto window = client.windowId(client.open({.className = "Homemade"}));
+    ASSERT_TRUE(turnUntilRunning(client.pid()));
+    xcb_unmap_window(desktop_.connection().get(), window);
+    desktop_.connection().synchronize();
+    EXPECT_TRUE(turnUntil([&] {
+        return windows_.windowsOf({client.pid()}).empty() &&
+               applications_.running("Homemade") ==
+                   std::vector{RunningApplication{client.pid(), "Homemade"}};
+    }));
+    EXPECT_TRUE(applications_.running("Unknown").empty());
 }
 
 TEST_F(LinuxApplicationsTest, AProcessIsOneInstanceHoweverManyWindowsItHas) {

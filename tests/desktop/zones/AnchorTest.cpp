@@ -69,6 +69,25 @@ TEST_F(AnchorTest, theZoneFollowsTheWindow) {
     }
 }
 
+/// The window's process is not the oldest of the application's two.
+TEST_F(AnchorTest, theZoneFollowsAWindowOfAYoungerProcess) {
+    ClickClient younger(desktop_);
+    const int window = younger.open({.title = "Younger", .x = 760, .y = 420});
+    Settings anchored = settings();
+    anchored.anchor->title = "Younger";
+    const auto corvane = start(anchored);
+    for (const Position step : {Position{-60, 20}, Position{40, -110}}) {
+        keyboard_.pressHotKey();
+        younger.move(window, younger.position(window) + step);
+        pointer_.moveTo(younger.position(window) + inZone);
+        EXPECT_TRUE(younger.waitForClicks(younger.pressCount() + 2)) << corvane->story();
+        keyboard_.pressHotKey();
+        ASSERT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ", step.x < 0 ? 1 : 2))
+            << corvane->story();
+    }
+    EXPECT_EQ(clickCount(), 0);
+}
+
 TEST_F(AnchorTest, theZoneStaysWhenTheWindowGoes) {
     ClickClient other(desktop_);
     const auto corvane = start(settings());
