@@ -14,11 +14,11 @@ class CancellableWait {
   public:
     virtual ~CancellableWait() = default;
 
-    /// Blocks the calling thread until `deadline`, or until cancelled if that comes first. What is
-    /// to be known at the deadline is found out by `beforehand`, which is called once on the same
-    /// thread: as shortly before the deadline as can be done, or right after it; not when
-    /// cancelled.
-    virtual void waitUntil(Instant deadline, const std::function<void()> &beforehand) = 0;
+    /// Blocks the calling thread until `deadline`, or until cancelled if that comes first.
+    /// `justBefore` prefetches what is needed at the deadline. It runs once, on the same thread,
+    /// less than a millisecond before the deadline or as soon after it as the thread is woken; not
+    /// once cancelled.
+    virtual void waitUntil(Instant deadline, const std::function<void()> &justBefore) = 0;
 
     void waitUntil(Instant deadline) {
         waitUntil(deadline, [] {});
@@ -38,15 +38,8 @@ class ContinuousClock {
 
     virtual Instant now() const = 0;
 
-    /// Blocks the calling thread for `duration`; nothing ends it early. What is to be known at its
-    /// end is found out by `beforehand`, which is called once on the same thread: as shortly before
-    /// the end as can be done, or right after it.
-    virtual void hold(std::chrono::nanoseconds duration,
-                      const std::function<void()> &beforehand) = 0;
-
-    void hold(std::chrono::nanoseconds duration) {
-        hold(duration, [] {});
-    }
+    /// Blocks the calling thread for `duration`; nothing ends it early.
+    virtual void hold(std::chrono::nanoseconds duration) = 0;
 
     /// A fresh wait on this clock; never null. The clock outlives it.
     virtual std::unique_ptr<CancellableWait> makeWait() = 0;

@@ -20,10 +20,6 @@ class MouseEvent {
 
     /// Sends the event as if the hardware had made it. A failure is silent.
     virtual void post() = 0;
-
-    /// Whether the event, once sent, has been carried out: another program's grab of the pointer
-    /// may hold it up. True where no program can do that, and where the system does not answer.
-    virtual bool hasTakenEffect() = 0;
 };
 
 /// Where synthetic events come from, in the hardware-input state.
@@ -35,23 +31,18 @@ class MouseEventSource {
     virtual std::unique_ptr<MouseEvent> createMouseEvent(MouseEventType type, Point location) = 0;
 };
 
-/// The mouse at one moment, once every event sent by the session has been carried out, except those
-/// another program's grab of the pointer holds up.
-struct MouseState {
-    /// In global display space; nothing when it cannot be read.
-    std::optional<Point> cursorLocation{};
-    /// By the system's own account; nothing where it gives none.
-    std::optional<bool> isLeftButtonDown{};
-};
-
 /// The mouse as one click run uses it. Everything on the thread that opened it.
 class MouseSession {
   public:
     virtual ~MouseSession() = default;
 
-    virtual MouseState state() = 0;
+    /// The cursor's position in global display space, once the mouse is ready for the session's
+    /// next event. Nothing while it is not: the position cannot be read, the user holds the left
+    /// button, or an event posted before has not arrived because another program has grabbed the
+    /// pointer.
+    virtual std::optional<Point> readyPosition() = 0;
 
-    /// Null when it cannot be created.
+    /// Never null. Where the system has no source to give, events are created without one.
     virtual std::unique_ptr<MouseEventSource> createEventSource() = 0;
 };
 
@@ -60,7 +51,7 @@ class MouseEvents {
   public:
     virtual ~MouseEvents() = default;
 
-    /// A session for the calling thread; never null. Without a connection its operations fail.
+    /// A session for the calling thread; never null. Without a connection it is never ready.
     virtual std::unique_ptr<MouseSession> openSession() = 0;
 };
 

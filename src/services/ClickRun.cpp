@@ -13,8 +13,8 @@ namespace corvane {
 namespace {
 
 constexpr std::chrono::milliseconds holdTime{10};
-/// Between two looks at something nobody announces.
-constexpr std::chrono::milliseconds lookAgain{5};
+/// How often a mouse that is not ready is checked again.
+constexpr std::chrono::milliseconds retryInterval{5};
 
 /// For an interval between clicks: an hour at most, so nothing can overflow.
 std::chrono::nanoseconds toNanoseconds(double seconds) {
@@ -22,7 +22,7 @@ std::chrono::nanoseconds toNanoseconds(double seconds) {
     return std::chrono::nanoseconds(static_cast<std::int64_t>(seconds * nanosecondsPerSecond));
 }
 
-/// Sends the button's release when it goes, whatever happened since the press.
+/// Presses the button, and releases it when destroyed, whatever happened in between.
 class PressedButton {
   public:
     PressedButton(platform::MouseEvent &down, platform::MouseEvent &up) : up_(up) { down.post(); }
@@ -66,9 +66,9 @@ bool ClickRun::begin() {
     return true;
 }
 
+/// Waits for a press that began before the cancellation.
 void ClickRun::cancel() {
     wait_->cancel();
-    // A press that did not see the cancellation is over when this is to be had.
     const std::lock_guard pressing(pressing_);
 }
 
@@ -87,40 +87,36 @@ void ClickRun::clickLoop() {
     log("Clicker started: mode=" + std::string(storedValue(mode_)) +
         " interval=" + decimalText(interval_) + "s maxClicks=" + std::to_string(limit_));
     const auto mouse = mouseEvents_.openSession();
-    platform::Instant due = clock_.now();
-    while (const auto state = awaitReadiness(*mouse, due)) {
-        const Point position = state->cursorLocation.value_or(Point{});
-        if (isInsideZone(position) && click(*mouse, position)) {
+    auto position = awaitReadyMouse(*mouse, clock_.now());
+    while (position) {
+        if (isInsideZone(*position) && click(*mouse, *position)) {
             count_.addOne();
-            connections_.onClick(count_.value(), position);
+            connections_.onClick(count_.value(), *position);
             if (isLimitReached()) {
                 log("Clicker finished after " + countText() + " (limit reached)");
                 connections_.onFinish();
                 return;
             }
         }
-        due = clock_.now() + toNanoseconds(interval_);
+        position = awaitReadyMouse(*mouse, clock_.now() + toNanoseconds(interval_));
     }
     log("Clicker stopped after " + countText());
 }
 
-/// Waits until the next click is due and can be made. What the mouse is like then; nothing when the
-/// run was cancelled.
-std::optional<platform::MouseState> ClickRun::awaitReadiness(platform::MouseSession &mouse,
-                                                             platform::Instant due) {
-    platform::MouseState state;
+/// Waits until `due`, and then until the mouse takes the next event. Where the cursor is; nothing
+/// when the run was cancelled.
+std::optional<Point> ClickRun::awaitReadyMouse(platform::MouseSession &mouse,
+                                               platform::Instant due) {
+    std::optional<Point> position;
     do {
-        wait_->waitUntil(due, [&] { state = mouse.state(); });
-        due = clock_.now() + lookAgain;
-    } while (!wait_->isCancelled() && !isReady(state));
-    return wait_->isCancelled() ? std::nullopt : std::optional(state);
+        wait_->waitUntil(due, [&] { position = mouse.readyPosition(); });
+        due = clock_.now() + retryInterval;
+    } while (!wait_->isCancelled() && (!position || isBacklogFull()));
+    return wait_->isCancelled() ? std::nullopt : position;
 }
 
-/// A button that is down is held by the user, or its release is stuck behind another program's grab
-/// of the pointer: a press would be lost, or be one of many that arrive at once later.
-bool ClickRun::isReady(const platform::MouseState &state) const {
-    const bool isFull = connections_.backlog && connections_.backlog->isFull();
-    return !isFull && state.isLeftButtonDown != true;
+bool ClickRun::isBacklogFull() const {
+    return connections_.backlog && connections_.backlog->isFull();
 }
 
 bool ClickRun::isInsideZone(Point position) const {
@@ -133,13 +129,10 @@ bool ClickRun::isInsideZone(Point position) const {
     return !fixedZone_ || fixedZone_->rectangle().contains(position);
 }
 
-/// False when the run was cancelled before the press. An event that cannot be made is no reason not
-/// to count the click.
+/// False when the run was cancelled before the press. A click whose events cannot be created is
+/// counted all the same.
 bool ClickRun::click(platform::MouseSession &mouse, Point position) {
     const auto source = mouse.createEventSource();
-    if (!source) {
-        return true;
-    }
     const auto down = source->createMouseEvent(platform::MouseEventType::leftMouseDown, position);
     const auto up =
         down ? source->createMouseEvent(platform::MouseEventType::leftMouseUp, position) : nullptr;
@@ -149,25 +142,17 @@ bool ClickRun::click(platform::MouseSession &mouse, Point position) {
     constexpr std::int64_t singleClick = 1;
     down->setClickState(singleClick);
     up->setClickState(singleClick);
-    return holdAndRelease(*down, *up);
-}
-
-bool ClickRun::holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &up) {
     std::optional<PressedButton> pressed;
     {
         const std::lock_guard pressing(pressing_);
         if (wait_->isCancelled()) {
             return false;
         }
-        pressed.emplace(down, up);
+        pressed.emplace(*down, *up);
     }
-    bool hasTakenEffect = false;
-    const auto look = [&] { hasTakenEffect = down.hasTakenEffect(); };
-    clock_.hold(holdTime, look);
-    // A press stuck behind another program's grab must not be followed by further clicks.
-    while (!wait_->isCancelled() && !hasTakenEffect) {
-        wait_->waitUntil(clock_.now() + lookAgain, look);
-    }
+    clock_.hold(holdTime);
+    // While another program's grab holds the press up, the release has to wait.
+    awaitReadyMouse(mouse, clock_.now());
     return true;
 }
 

@@ -54,12 +54,10 @@ class ClickRun {
   private:
     void run();
     void clickLoop();
-    std::optional<platform::MouseState> awaitReadiness(platform::MouseSession &mouse,
-                                                       platform::Instant due);
-    bool isReady(const platform::MouseState &state) const;
+    std::optional<Point> awaitReadyMouse(platform::MouseSession &mouse, platform::Instant due);
+    bool isBacklogFull() const;
     bool isInsideZone(Point position) const;
     bool click(platform::MouseSession &mouse, Point position);
-    bool holdAndRelease(platform::MouseEvent &down, platform::MouseEvent &up);
     bool isLimitReached() const { return limit_ >= 1 && count_.value() >= limit_; }
     std::string countText() const;
 

@@ -15,7 +15,7 @@ class MouseEventsContract : public ContractTest {};
 TEST_P(MouseEventsContract, ASessionKnowsTheCursorAndMakesEvents) {
     const auto session = platform().mouseEvents().openSession();
     ASSERT_NE(session, nullptr);
-    const auto cursor = session->state().cursorLocation;
+    const auto cursor = session->readyPosition();
     ASSERT_TRUE(cursor.has_value());
     const auto source = session->createEventSource();
     ASSERT_NE(source, nullptr);
@@ -26,11 +26,27 @@ TEST_P(MouseEventsContract, ASessionKnowsTheCursorAndMakesEvents) {
     down->setClickState(1);
     up->setClickState(1);
     down->post();
-    EXPECT_TRUE(down->hasTakenEffect());
+    EXPECT_EQ(session->readyPosition(), cursor);
     up->post();
-    EXPECT_TRUE(up->hasTakenEffect());
-    EXPECT_NE(session->state().isLeftButtonDown, true);
-    EXPECT_EQ(session->state().cursorLocation, cursor);
+    EXPECT_EQ(session->readyPosition(), cursor);
+}
+
+TEST_P(MouseEventsContract, EventsThatAreNotPostedLeaveTheSessionReady) {
+    const auto session = platform().mouseEvents().openSession();
+    const auto cursor = session->readyPosition();
+    ASSERT_TRUE(cursor.has_value());
+    session->createEventSource()->createMouseEvent(MouseEventType::leftMouseDown, *cursor);
+    EXPECT_EQ(session->readyPosition(), cursor);
+}
+
+TEST_P(MouseEventsContract, ClicksFollowEachOtherWhetherOrNotReadinessIsAsked) {
+    const auto session = platform().mouseEvents().openSession();
+    const auto source = session->createEventSource();
+    for (int count = 0; count < 3; ++count) {
+        source->createMouseEvent(MouseEventType::leftMouseDown, {})->post();
+        source->createMouseEvent(MouseEventType::leftMouseUp, {})->post();
+    }
+    EXPECT_TRUE(session->readyPosition().has_value());
 }
 
 TEST_P(MouseEventsContract, SessionsOfDifferentThreadsDoNotDisturbEachOther) {
@@ -38,17 +54,15 @@ TEST_P(MouseEventsContract, SessionsOfDifferentThreadsDoNotDisturbEachOther) {
         const auto session = platform().mouseEvents().openSession();
         for (int count = 0; count < 50; ++count) {
             const auto source = session->createEventSource();
-            const auto cursor = session->state().cursorLocation;
-            ASSERT_NE(source, nullptr);
-            ASSERT_TRUE(cursor.has_value());
-            source->createMouseEvent(MouseEventType::leftMouseDown, *cursor)->post();
-            source->createMouseEvent(MouseEventType::leftMouseUp, *cursor)->post();
+            source->createMouseEvent(MouseEventType::leftMouseDown, {})->post();
+            source->createMouseEvent(MouseEventType::leftMouseUp, {})->post();
         }
     };
     std::thread one(click);
     std::thread other(click);
     one.join();
     other.join();
+    EXPECT_TRUE(platform().mouseEvents().openSession()->readyPosition().has_value());
 }
 
 CORVANE_CONTRACT(MouseEventsContract);

@@ -11,15 +11,16 @@ class HandTurnedClock::Wait : public platform::CancellableWait {
   public:
     explicit Wait(HandTurnedClock &clock) : clock_(clock) {}
 
-    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override {
-        {
-            std::unique_lock lock(clock_.mutex_);
-            if (!isCancelled_) {
-                clock_.block(lock, deadline, this);
-            }
+    void waitUntil(platform::Instant deadline, const std::function<void()> &justBefore) override {
+        std::unique_lock lock(clock_.mutex_);
+        if (isCancelled_) {
+            return;
         }
-        if (!isCancelled()) {
-            beforehand();
+        if (deadline > clock_.now_) {
+            clock_.block(lock, {deadline, this, justBefore});
+        } else {
+            lock.unlock();
+            justBefore();
         }
     }
 
@@ -44,19 +45,15 @@ platform::Instant HandTurnedClock::now() const {
     return now_;
 }
 
-void HandTurnedClock::hold(Duration duration, const std::function<void()> &beforehand) {
-    {
-        std::unique_lock lock(mutex_);
-        holds_.push_back(duration);
-        const platform::Instant deadline = now_ + duration;
-        if (holdsBlock_) {
-            block(lock, deadline, nullptr);
-        } else {
-            now_ = deadline;
-            release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
-        }
+void HandTurnedClock::hold(Duration duration) {
+    std::unique_lock lock(mutex_);
+    holds_.push_back(duration);
+    const platform::Instant deadline = now_ + duration;
+    if (holdsBlock_) {
+        block(lock, {deadline, nullptr, nullptr});
+    } else {
+        turnTo(lock, deadline);
     }
-    beforehand();
 }
 
 std::unique_ptr<platform::CancellableWait> HandTurnedClock::makeWait() {
@@ -66,7 +63,26 @@ std::unique_ptr<platform::CancellableWait> HandTurnedClock::makeWait() {
 void HandTurnedClock::advance(Duration duration) { advanceTo(now() + duration); }
 
 void HandTurnedClock::advanceTo(platform::Instant moment) {
-    const std::lock_guard lock(mutex_);
+    std::unique_lock lock(mutex_);
+    turnTo(lock, moment);
+}
+
+/// Stops just before the first deadline on the way, until the threads that wait for one of those
+/// have prepared for it.
+void HandTurnedClock::turnTo(std::unique_lock<std::mutex> &lock, platform::Instant moment) {
+    constexpr Duration justBefore = std::chrono::microseconds(50);
+    for (Sleeper &sleeper : sleepers_) {
+        sleeper.isDue = sleeper.isDue || sleeper.deadline <= moment;
+    }
+    const auto isPreparing = [](const Sleeper &sleeper) {
+        return sleeper.isDue && !sleeper.isReleased && sleeper.justBefore;
+    };
+    if (const auto first = std::ranges::min_element(sleepers_, {}, &Sleeper::deadline);
+        first != sleepers_.end() && first->isDue) {
+        now_ = std::max(now_, first->deadline - justBefore);
+    }
+    changed_.notify_all();
+    changed_.wait(lock, [&] { return std::ranges::none_of(sleepers_, isPreparing); });
     now_ = std::max(now_, moment);
     release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
 }
@@ -105,13 +121,17 @@ std::vector<HandTurnedClock::Duration> HandTurnedClock::holds() const {
     return holds_;
 }
 
-void HandTurnedClock::block(std::unique_lock<std::mutex> &lock, platform::Instant deadline,
-                            const Wait *wait) {
-    if (deadline <= now_) {
-        return;
-    }
-    const auto sleeper = sleepers_.insert(sleepers_.end(), {deadline, wait});
+void HandTurnedClock::block(std::unique_lock<std::mutex> &lock, const Sleeper &blocked) {
+    const auto sleeper = sleepers_.insert(sleepers_.end(), blocked);
     changed_.notify_all();
+    changed_.wait(lock, [&] { return sleeper->isDue || sleeper->isReleased; });
+    if (sleeper->justBefore && !sleeper->isReleased) {
+        lock.unlock();
+        sleeper->justBefore();
+        lock.lock();
+        sleeper->justBefore = nullptr;
+        changed_.notify_all();
+    }
     changed_.wait(lock, [&] { return sleeper->isReleased; });
     sleepers_.erase(sleeper);
 }

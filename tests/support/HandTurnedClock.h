@@ -4,6 +4,7 @@
 
 #include <condition_variable>
 #include <cstddef>
+#include <functional>
 #include <list>
 #include <mutex>
 #include <vector>
@@ -11,7 +12,8 @@
 namespace corvane::testing {
 
 /// A clock that stands still until a test turns it. Threads that wait on it block until it is
-/// turned to their deadline, so a test decides when each of them goes on. Any thread.
+/// turned to their deadline, so a test decides when each of them goes on. What a wait calls just
+/// before its deadline sees the clock stand just before it. Any thread.
 class HandTurnedClock : public platform::ContinuousClock {
   public:
     using Duration = std::chrono::nanoseconds;
@@ -19,8 +21,7 @@ class HandTurnedClock : public platform::ContinuousClock {
     platform::Instant now() const override;
 
     /// Turns the clock by `duration` itself, unless holds block.
-    using ContinuousClock::hold;
-    void hold(Duration duration, const std::function<void()> &beforehand) override;
+    void hold(Duration duration) override;
 
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 
@@ -51,10 +52,14 @@ class HandTurnedClock : public platform::ContinuousClock {
         platform::Instant deadline;
         /// Null for a hold.
         const Wait *wait;
+        /// Nothing for a hold.
+        std::function<void()> justBefore;
+        bool isDue = false;
         bool isReleased = false;
     };
 
-    void block(std::unique_lock<std::mutex> &lock, platform::Instant deadline, const Wait *wait);
+    void block(std::unique_lock<std::mutex> &lock, const Sleeper &sleeper);
+    void turnTo(std::unique_lock<std::mutex> &lock, platform::Instant moment);
     template <typename Condition>
     void release(Condition condition);
     std::size_t countBlocked() const;

@@ -4,6 +4,7 @@
 #include "support/Patience.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvane::testing {
 
@@ -23,6 +24,9 @@ class RecordingMouseEvents::Event : public platform::MouseEvent {
 
     void post() override {
         thread_.check();
+        if (type_ == MouseEventType::leftMouseDown) {
+            mouse_.carryOut(mouse_.onNextPress_);
+        }
         const platform::Instant time = mouse_.clock_.now();
         {
             const std::lock_guard lock(mouse_.mutex_);
@@ -30,11 +34,6 @@ class RecordingMouseEvents::Event : public platform::MouseEvent {
                 {type_, location_, clickState_, time, std::this_thread::get_id()});
         }
         mouse_.changed_.notify_all();
-    }
-
-    bool hasTakenEffect() override {
-        thread_.check();
-        return mouse_.account() == (type_ == MouseEventType::leftMouseDown);
     }
 
   private:
@@ -52,6 +51,9 @@ class RecordingMouseEvents::Source : public platform::MouseEventSource {
     std::unique_ptr<platform::MouseEvent> createMouseEvent(MouseEventType type,
                                                            Point location) override {
         thread_.check();
+        if (type == MouseEventType::leftMouseUp) {
+            mouse_.carryOut(mouse_.onNextCreation_);
+        }
         const std::lock_guard lock(mouse_.mutex_);
         const bool fails = type == MouseEventType::leftMouseDown ? mouse_.faults_.noMouseDown
                                                                  : mouse_.faults_.noMouseUp;
@@ -78,16 +80,14 @@ class RecordingMouseEvents::Session : public platform::MouseSession {
         --mouse_.openSessions_;
     }
 
-    platform::MouseState state() override {
+    std::optional<Point> readyPosition() override {
         thread_.check();
-        return {.cursorLocation = mouse_.nextCursorLocation(),
-                .isLeftButtonDown = mouse_.account()};
+        return mouse_.readyPosition();
     }
 
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
         thread_.check();
-        const std::lock_guard lock(mouse_.mutex_);
-        return mouse_.faults_.noEventSource ? nullptr : std::make_unique<Source>(mouse_);
+        return std::make_unique<Source>(mouse_);
     }
 
   private:
@@ -128,9 +128,9 @@ bool RecordingMouseEvents::awaitPosted(std::size_t count) const {
 void RecordingMouseEvents::setHeldUp(bool isHeldUp) {
     const std::lock_guard lock(mutex_);
     if (isHeldUp) {
-        accountWhileHeldUp_ = isPressed();
+        isDownWhileHeldUp_ = isPressed();
     } else {
-        accountWhileHeldUp_.reset();
+        isDownWhileHeldUp_.reset();
     }
 }
 
@@ -139,22 +139,41 @@ void RecordingMouseEvents::setHeldByUser(bool isHeld) {
     isHeldByUser_ = isHeld;
 }
 
-std::optional<Point> RecordingMouseEvents::nextCursorLocation() {
+void RecordingMouseEvents::onNextCreation(std::function<void()> work) {
     const std::lock_guard lock(mutex_);
-    ++cursorReadings_;
-    if (faults_.noCursorLocation) {
+    onNextCreation_ = std::move(work);
+}
+
+void RecordingMouseEvents::onNextPress(std::function<void()> work) {
+    const std::lock_guard lock(mutex_);
+    onNextPress_ = std::move(work);
+}
+
+void RecordingMouseEvents::carryOut(std::function<void()> &work) {
+    std::unique_lock lock(mutex_);
+    const std::function<void()> taken = std::exchange(work, nullptr);
+    lock.unlock();
+    if (taken) {
+        taken();
+    }
+}
+
+std::optional<Point> RecordingMouseEvents::readyPosition() {
+    const platform::Instant time = clock_.now();
+    const std::lock_guard lock(mutex_);
+    readings_.push_back(time);
+    if (faults_.noCursorLocation || isDown() != isPressed()) {
         return std::nullopt;
     }
-    if (!script_.empty()) {
+    if (!script_.empty() && !isPressed()) {
         cursor_ = script_.front();
         script_.pop_front();
     }
     return cursor_;
 }
 
-bool RecordingMouseEvents::account() const {
-    const std::lock_guard lock(mutex_);
-    return isHeldByUser_ || accountWhileHeldUp_.value_or(isPressed());
+bool RecordingMouseEvents::isDown() const {
+    return isHeldByUser_ || isDownWhileHeldUp_.value_or(isPressed());
 }
 
 bool RecordingMouseEvents::isButtonPressed() const {
@@ -170,9 +189,9 @@ bool RecordingMouseEvents::isPressed() const {
     return 2 * static_cast<std::size_t>(downs) > posted_.size();
 }
 
-std::size_t RecordingMouseEvents::cursorReadings() const {
+std::vector<platform::Instant> RecordingMouseEvents::readings() const {
     const std::lock_guard lock(mutex_);
-    return cursorReadings_;
+    return readings_;
 }
 
 std::size_t RecordingMouseEvents::openedSessions() const {

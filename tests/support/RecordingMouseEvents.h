@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -25,7 +26,6 @@ struct PostedMouseEvent {
 /// What a mouse refuses to do.
 struct MouseFaults {
     bool noCursorLocation = false;
-    bool noEventSource = false;
     bool noMouseDown = false;
     bool noMouseUp = false;
 };
@@ -40,13 +40,18 @@ class RecordingMouseEvents : public platform::MouseEvents {
 
     /// Where the cursor is from now on.
     void setCursor(Point cursor);
-    /// Where the cursor is at the next readings, one place each; afterwards it stays at the last.
+    /// Where the cursor is at the next clicks, one place each; afterwards it stays at the last.
     void scriptCursor(const std::vector<Point> &places);
     void setFaults(const MouseFaults &faults);
     /// From now on another program's grab holds up every event sent, or no longer.
     void setHeldUp(bool isHeldUp);
     /// From now on the user holds the left button of the mouse itself, or no longer.
     void setHeldByUser(bool isHeld);
+    /// Called once, on the run's thread, when the events of the next click have been created and
+    /// none is posted.
+    void onNextCreation(std::function<void()> work);
+    /// Called once, on the run's thread, while the next press is being posted.
+    void onNextPress(std::function<void()> work);
 
     std::vector<PostedMouseEvent> posted() const;
     /// Waits until that many events have been posted; false when they were not in time.
@@ -54,7 +59,8 @@ class RecordingMouseEvents : public platform::MouseEvents {
     /// Whether more downs than ups were sent.
     bool isButtonPressed() const;
 
-    std::size_t cursorReadings() const;
+    /// When a session was asked whether it is ready.
+    std::vector<platform::Instant> readings() const;
     std::size_t openedSessions() const;
     std::size_t openSessions() const;
 
@@ -63,9 +69,11 @@ class RecordingMouseEvents : public platform::MouseEvents {
     class Source;
     class Event;
 
-    std::optional<Point> nextCursorLocation();
+    std::optional<Point> readyPosition();
+    void carryOut(std::function<void()> &work);
     /// Whether the button is down as far as the system knows.
-    bool account() const;
+    bool isDown() const;
+    /// Whether more downs than ups were sent.
     bool isPressed() const;
 
     const platform::ContinuousClock &clock_;
@@ -74,10 +82,12 @@ class RecordingMouseEvents : public platform::MouseEvents {
     Point cursor_{100, 100};
     std::deque<Point> script_;
     MouseFaults faults_;
-    std::optional<bool> accountWhileHeldUp_;
+    std::optional<bool> isDownWhileHeldUp_;
     bool isHeldByUser_ = false;
+    std::function<void()> onNextCreation_;
+    std::function<void()> onNextPress_;
     std::vector<PostedMouseEvent> posted_;
-    std::size_t cursorReadings_ = 0;
+    std::vector<platform::Instant> readings_;
     std::size_t openedSessions_ = 0;
     std::size_t openSessions_ = 0;
 };

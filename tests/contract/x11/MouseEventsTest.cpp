@@ -85,35 +85,45 @@ TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
 
 TEST_F(LinuxMouseEventsTest, ReadsTheCursorInRootPixels) {
     const auto session = mouseEvents_.openSession();
-    EXPECT_EQ(session->state().cursorLocation, (Point{120, 80}));
+    EXPECT_EQ(session->readyPosition(), (Point{120, 80}));
     user_.pointer().moveTo({0, 0});
-    EXPECT_EQ(session->state().cursorLocation, (Point{0, 0}));
+    EXPECT_EQ(session->readyPosition(), (Point{0, 0}));
 }
 
-TEST_F(LinuxMouseEventsTest, KnowsWhetherTheButtonIsDown) {
+TEST_F(LinuxMouseEventsTest, IsNotReadyWhileTheUserHoldsTheButton) {
     const auto session = mouseEvents_.openSession();
-    EXPECT_EQ(session->state().isLeftButtonDown, false);
+    EXPECT_TRUE(session->readyPosition());
     user_.pointer().press(1);
-    EXPECT_EQ(session->state().isLeftButtonDown, true);
+    EXPECT_FALSE(session->readyPosition());
     user_.pointer().release(1);
-    EXPECT_EQ(session->state().isLeftButtonDown, false);
+    EXPECT_TRUE(session->readyPosition());
 }
 
-TEST_F(LinuxMouseEventsTest, APressBehindAGrabTakesEffectWhenItIsLetThrough) {
+TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseOnceThePressBehindAGrabIsLetThrough) {
     const auto session = mouseEvents_.openSession();
     const auto source = session->createEventSource();
     const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
     const auto up = source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80});
     user_.freezePointer();
     down->post();
-    EXPECT_FALSE(down->hasTakenEffect());
-    EXPECT_FALSE(down->hasTakenEffect());
+    EXPECT_FALSE(session->readyPosition());
+    EXPECT_FALSE(session->readyPosition());
     user_.thawPointer();
-    EXPECT_TRUE(down->hasTakenEffect());
-    EXPECT_EQ(session->state().isLeftButtonDown, true);
+    EXPECT_TRUE(session->readyPosition());
     up->post();
-    EXPECT_TRUE(up->hasTakenEffect());
-    EXPECT_EQ(session->state().isLeftButtonDown, false);
+    EXPECT_TRUE(session->readyPosition());
+}
+
+TEST_F(LinuxMouseEventsTest, IsNotReadyForAPressWhileAGrabHoldsTheReleaseUp) {
+    const auto session = mouseEvents_.openSession();
+    const auto source = session->createEventSource();
+    source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80})->post();
+    EXPECT_TRUE(session->readyPosition());
+    user_.freezePointer();
+    source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80})->post();
+    EXPECT_FALSE(session->readyPosition());
+    user_.thawPointer();
+    EXPECT_TRUE(session->readyPosition());
 }
 
 TEST_F(LinuxMouseEventsTest, APressNobodyAsksAboutIsFollowedByOthers) {
@@ -146,7 +156,9 @@ TEST_F(LinuxMouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
     std::ranges::replace(withoutLeft, 1, 0);
     user_.setPointerMapping(withoutLeft);
     const auto session = mouseEvents_.openSession();
-    EXPECT_EQ(session->createEventSource(), nullptr);
+    const auto source = session->createEventSource();
+    ASSERT_NE(source, nullptr);
+    EXPECT_EQ(source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80}), nullptr);
 
     user_.setPointerMapping(mapping);
     click(*session);
@@ -203,9 +215,10 @@ TEST(LinuxMouseEventsWithoutServerTest, EveryOperationFails) {
     const EnvironmentVariable display("DISPLAY", ":65000");
     const auto session = x11::MouseEvents(*server).openSession();
     ASSERT_NE(session, nullptr);
-    EXPECT_EQ(session->state().cursorLocation, std::nullopt);
-    EXPECT_EQ(session->state().isLeftButtonDown, std::nullopt);
-    EXPECT_EQ(session->createEventSource(), nullptr);
+    EXPECT_EQ(session->readyPosition(), std::nullopt);
+    const auto source = session->createEventSource();
+    ASSERT_NE(source, nullptr);
+    EXPECT_EQ(source->createMouseEvent(MouseEventType::leftMouseDown, {}), nullptr);
 }
 
 } // namespace

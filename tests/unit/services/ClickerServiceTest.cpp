@@ -1,5 +1,7 @@
 #include "support/ClickerServiceTest.h"
 
+#include "support/Log.h"
+
 #include <limits>
 #include <pthread.h>
 #include <thread>
@@ -153,18 +155,73 @@ TEST_F(ClickerServiceTest, NoLimitNeverFinishes) {
     }
 }
 
-TEST_F(ClickerServiceTest, WithoutACursorItClicksAtTheOrigin) {
+TEST_F(ClickerServiceTest, WithoutACursorNothingIsClickedOrCountedUntilThereIsOne) {
+    mouse_.setCursor({7, 8});
     mouse_.setFaults({.noCursorLocation = true});
+    start({.maxClicks = 1});
+    for (int check = 0; check < 20; ++check) {
+        ASSERT_TRUE(awaitWait());
+        EXPECT_EQ(clock_.deadlines().at(0), clock_.now() + milliseconds(5));
+        clock_.advance(milliseconds(5));
+    }
+    ASSERT_TRUE(awaitWait());
+    EXPECT_TRUE(callbacks_.counts().empty());
+    EXPECT_TRUE(mouse_.posted().empty());
+    mouse_.setFaults({});
+    clock_.advance(milliseconds(5));
+    ASSERT_TRUE(callbacks_.awaitFinish());
+    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{7, 8}}));
+    EXPECT_EQ(mouse_.posted().size(), 2U);
+}
+
+/// Notes in the log when a session is opened.
+class LoggedMouse : public RecordingMouseEvents {
+  public:
+    using RecordingMouseEvents::RecordingMouseEvents;
+
+    std::unique_ptr<platform::MouseSession> openSession() override {
+        log("opened");
+        return RecordingMouseEvents::openSession();
+    }
+};
+
+TEST_F(ClickerServiceTest, LinesAndCallbacksOfARunComeInOrder) {
+    LoggedMouse mouse(clock_);
+    ClickerService clicker(mouse, clock_);
+    std::atomic isOver = false;
+    clicker.start(
+        {.maxClicks = 1}, nullptr, [](auto, auto) { log("clicked"); },
+        [&isOver] {
+            log("finished");
+            isOver = true;
+        });
+    ASSERT_TRUE(mouse.awaitPosted(2));
+    clicker.stop();
+    clicker.awaitEnd();
+    EXPECT_TRUE(isOver);
+    EXPECT_EQ(log_.messages(),
+              (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1", "opened", "clicked",
+                     "Clicker finished after 1 clicks (limit reached)", "finished"}));
+}
+
+TEST_F(ClickerServiceTest, TheCursorIsReadJustBeforeTheClickIsDue) {
+    mouse_.setCursor({1, 1});
     start({});
     ASSERT_TRUE(awaitWait());
-    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{0, 0}}));
-    EXPECT_EQ(mouse_.posted().size(), 2U);
+    const platform::Instant due = clock_.deadlines().at(0);
+    clock_.advanceTo(due - milliseconds(1));
+    const std::size_t readingsBefore = mouse_.readings().size();
+    mouse_.setCursor({2, 2});
+    ASSERT_TRUE(clickAgain());
+    EXPECT_EQ(callbacks_.points(), (std::vector<Point>{{1, 1}, {2, 2}}));
+    EXPECT_GT(mouse_.readings().at(readingsBefore), due - milliseconds(1));
+    EXPECT_LT(mouse_.readings().at(readingsBefore), due);
+    EXPECT_EQ(mouse_.posted().at(2).time, due);
 }
 
 TEST_F(ClickerServiceTest, AnEventThatCannotBeMadeIsCountedButNothingIsPosted) {
     for (const MouseFaults &faults :
-         {MouseFaults{.noEventSource = true}, MouseFaults{.noMouseDown = true},
-          MouseFaults{.noMouseUp = true}}) {
+         {MouseFaults{.noMouseDown = true}, MouseFaults{.noMouseUp = true}}) {
         mouse_.setFaults(faults);
         const std::size_t before = callbacks_.counts().size();
         start({});

@@ -28,7 +28,7 @@ TEST_F(ClickerServiceZoneTest, OutsideTheZoneNothingIsClickedOrCounted) {
         ASSERT_TRUE(clickAgain());
     }
     stopAndAwait();
-    EXPECT_EQ(mouse_.cursorReadings(), 6U);
+    EXPECT_EQ(mouse_.readings().size(), 6U);
     EXPECT_TRUE(mouse_.posted().empty());
     EXPECT_TRUE(callbacks_.counts().empty());
     EXPECT_EQ(callbacks_.finishes(), 0);

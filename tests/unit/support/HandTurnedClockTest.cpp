@@ -43,6 +43,23 @@ TEST(HandTurnedClock, ReleasesAWaitingThreadAtItsDeadlineOnly) {
     EXPECT_FALSE(wait->isCancelled());
 }
 
+TEST(HandTurnedClock, PreparesForADeadlineBeforeItTurnsToIt) {
+    HandTurnedClock clock;
+    const auto wait = clock.makeWait();
+    const platform::Instant deadline = clock.now() + milliseconds(100);
+    std::vector<platform::Instant> calls;
+    std::thread thread([&] { wait->waitUntil(deadline, [&] { calls.push_back(clock.now()); }); });
+    ASSERT_TRUE(clock.awaitBlocked());
+    clock.advance(milliseconds(99));
+    EXPECT_TRUE(calls.empty());
+    clock.advance(milliseconds(10));
+    ASSERT_EQ(calls.size(), 1U);
+    EXPECT_GT(calls.front(), deadline - milliseconds(1));
+    EXPECT_LT(calls.front(), deadline);
+    thread.join();
+    EXPECT_EQ(calls.size(), 1U);
+}
+
 TEST(HandTurnedClock, ATestCanFollowALoopStepByStep) {
     HandTurnedClock clock;
     const auto wait = clock.makeWait();

@@ -47,10 +47,10 @@ platform::Instant Clock::now() const {
     return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
 }
 
-void Clock::hold(nanoseconds duration, const std::function<void()> &beforehand) {
+void Clock::hold(nanoseconds duration) {
     const platform::Instant end = now() + duration;
     awaited_->set(end);
-    holdLead_.waitUntil(*this, end, sleepUntil, beforehand, [] { return false; });
+    holdLead_.waitUntil(*this, end, sleepUntil, [] {}, [] { return false; });
 }
 
 std::unique_ptr<platform::CancellableWait> Clock::makeWait() {

@@ -12,8 +12,7 @@ namespace corvane::linux {
 class Clock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
-    using ContinuousClock::hold;
-    void hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) override;
+    void hold(std::chrono::nanoseconds duration) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 
     /// Until when those who use the clock hold or wait.

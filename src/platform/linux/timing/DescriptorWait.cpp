@@ -17,10 +17,10 @@ DescriptorWait::DescriptorWait(platform::ContinuousClock &clock, WakeUpLatency &
       wakeUp_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {}
 
 void DescriptorWait::waitUntil(platform::Instant deadline,
-                               const std::function<void()> &beforehand) {
+                               const std::function<void()> &justBefore) {
     awaited_.set(deadline);
     lead_.waitUntil(
-        clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); }, beforehand,
+        clock_, deadline, [this](platform::Instant instant) { sleepUntil(instant); }, justBefore,
         [this] { return isCancelled(); });
 }
 

@@ -20,7 +20,7 @@ class DescriptorWait : public platform::CancellableWait {
                    NextClickDeadline &awaited);
 
     using CancellableWait::waitUntil;
-    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override;
+    void waitUntil(platform::Instant deadline, const std::function<void()> &justBefore) override;
     void cancel() override;
     bool isCancelled() const override { return isCancelled_; }
 

@@ -11,11 +11,11 @@ namespace corvane::linux {
 /// and what is then left is waited for awake. Any thread.
 class WakeUpLatency {
   public:
-    /// Sleeps by `sleepUntil`, calls `beforehand` and returns at the deadline, or as soon as
+    /// Sleeps by `sleepUntil`, calls `justBefore` and returns at the deadline, or as soon as
     /// `isOver` says so after the sleep.
     template <typename Sleep, typename Preparation, typename Condition>
     void waitUntil(const platform::ContinuousClock &clock, platform::Instant deadline,
-                   Sleep sleepUntil, const Preparation &beforehand, Condition isOver) {
+                   Sleep sleepUntil, const Preparation &justBefore, Condition isOver) {
         const platform::Instant wakeUp = deadline - lead_.load();
         const bool isEarly = wakeUp > clock.now();
         if (isEarly) {
@@ -24,7 +24,7 @@ class WakeUpLatency {
         if (isOver()) {
             return;
         }
-        beforehand();
+        justBefore();
         if (isEarly) {
             learn(clock.now() - wakeUp);
         }

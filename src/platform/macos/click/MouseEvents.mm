@@ -40,15 +40,13 @@ class MouseEvent : public platform::MouseEvent {
         }
     }
 
-    /// No program here can hold up the events of another.
-    bool hasTakenEffect() override { return true; }
-
   private:
     CFReference<CGEventRef> event_;
 };
 
 class MouseEventSource : public platform::MouseEventSource {
   public:
+    /// The system makes events from a null source too.
     explicit MouseEventSource(CFReference<CGEventSourceRef> source) : source_(std::move(source)) {}
 
     std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
@@ -66,21 +64,20 @@ class MouseEventSource : public platform::MouseEventSource {
 
 class MouseSession : public platform::MouseSession {
   public:
-    /// Without an account of the button, which nothing here can hold up.
-    platform::MouseState state() override {
+    /// No program can hold up the events of another here: the mouse is ready where its position
+    /// can be read.
+    std::optional<Point> readyPosition() override {
         @autoreleasepool {
             const CFReference event(CGEventCreate(nullptr));
-            if (!event) {
-                return {};
-            }
-            return {.cursorLocation = portablePoint(CGEventGetLocation(event.get()))};
+            return event ? std::optional(portablePoint(CGEventGetLocation(event.get())))
+                         : std::nullopt;
         }
     }
 
     std::unique_ptr<platform::MouseEventSource> createEventSource() override {
         @autoreleasepool {
-            CFReference source(CGEventSourceCreate(kCGEventSourceStateHIDSystemState));
-            return source ? std::make_unique<MouseEventSource>(std::move(source)) : nullptr;
+            return std::make_unique<MouseEventSource>(
+                CFReference(CGEventSourceCreate(kCGEventSourceStateHIDSystemState)));
         }
     }
 

@@ -8,8 +8,7 @@ namespace corvane::macos {
 class Clock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
-    using ContinuousClock::hold;
-    void hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) override;
+    void hold(std::chrono::nanoseconds duration) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 };
 

@@ -22,11 +22,11 @@ class CancellableWait : public platform::CancellableWait {
   public:
     explicit CancellableWait(const Clock &clock) : clock_(clock) {}
 
-    void waitUntil(platform::Instant deadline, const std::function<void()> &beforehand) override {
+    void waitUntil(platform::Instant deadline, const std::function<void()> &justBefore) override {
         while (!isCancelled()) {
             const auto remaining = deadline - clock_.now();
             if (remaining <= remaining.zero()) {
-                beforehand();
+                justBefore();
                 return;
             }
             nap(std::min<std::chrono::nanoseconds>(remaining, longestNap));
@@ -65,10 +65,7 @@ platform::Instant Clock::now() const {
     return platform::Instant(nanoseconds);
 }
 
-void Clock::hold(std::chrono::nanoseconds duration, const std::function<void()> &beforehand) {
-    std::this_thread::sleep_for(duration);
-    beforehand();
-}
+void Clock::hold(std::chrono::nanoseconds duration) { std::this_thread::sleep_for(duration); }
 
 std::unique_ptr<platform::CancellableWait> Clock::makeWait() {
     return std::make_unique<CancellableWait>(*this);

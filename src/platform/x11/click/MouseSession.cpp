@@ -15,9 +15,8 @@ namespace {
 
 constexpr std::uint8_t logicalLeftButton = 1;
 
-XcbReply<xcb_query_pointer_reply_t> queryPointer(const XcbConnection &connection) {
-    return reply<xcb_query_pointer_reply>(connection.get(),
-                                          xcb_query_pointer(connection.get(), connection.root()));
+xcb_query_pointer_cookie_t queryPointer(const XcbConnection &connection) {
+    return xcb_query_pointer(connection.get(), connection.root());
 }
 
 /// The mask counts logical buttons.
@@ -44,12 +43,6 @@ class FakeButtonEvent : public platform::MouseEvent {
         }
     }
 
-    bool hasTakenEffect() override {
-        return type_ == platform::MouseEventType::leftMouseDown
-                   ? session_.hasPressTakenEffect()
-                   : session_.state().isLeftButtonDown != true;
-    }
-
   private:
     MouseSession &session_;
     const platform::MouseEventType type_;
@@ -58,18 +51,19 @@ class FakeButtonEvent : public platform::MouseEvent {
 
 class FakeButtonSource : public platform::MouseEventSource {
   public:
-    FakeButtonSource(MouseSession &session, std::uint8_t button)
+    /// Without a button it creates no events.
+    FakeButtonSource(MouseSession &session, std::optional<std::uint8_t> button)
         : session_(session),
           button_(button) {}
 
     std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
                                                            Point /*location*/) override {
-        return std::make_unique<FakeButtonEvent>(session_, type, button_);
+        return button_ ? std::make_unique<FakeButtonEvent>(session_, type, *button_) : nullptr;
     }
 
   private:
     MouseSession &session_;
-    const std::uint8_t button_;
+    const std::optional<std::uint8_t> button_;
 };
 
 } // namespace
@@ -88,16 +82,18 @@ void MouseSession::press(std::uint8_t button) {
     if (isUsable() && record_) {
         record_->setPressed(button);
         sendButton(XCB_BUTTON_PRESS, button);
+        pointerRequest_ = queryPointer(*connection_);
         connection_->flush();
+        isPressed_ = true;
     }
 }
 
-bool MouseSession::hasPressTakenEffect() const {
-    const auto pointer = isUsable() ? queryPointer(*connection_) : nullptr;
-    return !pointer || isLeftButtonDown(*pointer);
-}
-
 void MouseSession::release(std::uint8_t button) {
+    isPressed_ = false;
+    if (pointerRequest_) {
+        xcb_discard_reply(connection_->get(), pointerRequest_->sequence);
+        pointerRequest_.reset();
+    }
     if (isUsable() && record_) {
         sendButton(XCB_BUTTON_RELEASE, button);
         record_->setReleased();
@@ -111,22 +107,26 @@ void MouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
     xcb_test_fake_input(connection_->get(), type, button, XCB_CURRENT_TIME, XCB_NONE, 0, 0, 0);
 }
 
-platform::MouseState MouseSession::state() {
-    const auto pointer = ensureUsable() ? queryPointer(*connection_) : nullptr;
-    if (!pointer) {
-        return {};
+/// The server carries out requests in order: when it replies, the session's own events have changed
+/// the button, unless they wait for the end of a grab.
+std::optional<Point> MouseSession::readyPosition() {
+    if (!ensureUsable()) {
+        return std::nullopt;
     }
-    return {.cursorLocation =
-                Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)},
-            .isLeftButtonDown = isLeftButtonDown(*pointer)};
+    const auto request = pointerRequest_ ? *pointerRequest_ : queryPointer(*connection_);
+    pointerRequest_.reset();
+    const auto pointer = reply<xcb_query_pointer_reply>(connection_->get(), request);
+    if (!pointer || isLeftButtonDown(*pointer) != isPressed_) {
+        return std::nullopt;
+    }
+    return Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)};
 }
 
 std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
-    if (!ensureUsable() || !isPressable_) {
-        return nullptr;
+    if (ensureUsable()) {
+        followMapping();
     }
-    followMapping();
-    return leftButton_ ? std::make_unique<FakeButtonSource>(*this, *leftButton_) : nullptr;
+    return std::make_unique<FakeButtonSource>(*this, isPressable_ ? leftButton_ : std::nullopt);
 }
 
 bool MouseSession::isUsable() const { return connection_ && !connection_->isLost(); }
@@ -141,6 +141,8 @@ bool MouseSession::ensureUsable() {
 /// Releases first what a lost connection had left pressed.
 void MouseSession::connect() {
     record_.reset();
+    pointerRequest_.reset();
+    isPressed_ = false;
     isPressable_ = false;
     leftButton_.reset();
     const bool isAgain = connection_ != nullptr;

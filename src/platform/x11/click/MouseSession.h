@@ -10,7 +10,7 @@
 namespace corvane::x11 {
 
 /// One thread's access to the pointer, over its own connection. A connection that is lost while the
-/// server lives is replaced; without one every operation fails.
+/// server lives is replaced; without one the session is never ready.
 class MouseSession : public platform::MouseSession {
   public:
     /// The connection to the server outlives the session.
@@ -20,14 +20,11 @@ class MouseSession : public platform::MouseSession {
     MouseSession(const MouseSession &) = delete;
     MouseSession &operator=(const MouseSession &) = delete;
 
-    platform::MouseState state() override;
+    std::optional<Point> readyPosition() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
 
     /// Records the button as pressed, then presses it.
     void press(std::uint8_t button);
-    /// Whether the button is down since it was pressed; true where the connection that pressed it
-    /// is lost.
-    bool hasPressTakenEffect() const;
     /// Releases the button also where the connection that pressed it is lost.
     void release(std::uint8_t button);
 
@@ -46,6 +43,10 @@ class MouseSession : public platform::MouseSession {
     bool isPressable_ = false;
     /// The physical button that is the user's left one; absent where no button is.
     std::optional<std::uint8_t> leftButton_;
+    /// Whether this session has pressed the button and not released it.
+    bool isPressed_ = false;
+    /// Sent right behind a press, so that its reply is there when the release is due.
+    std::optional<xcb_query_pointer_cookie_t> pointerRequest_;
 };
 
 } // namespace corvane::x11
