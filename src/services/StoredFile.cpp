@@ -1,6 +1,7 @@
 #include "services/StoredFile.h"
 
 #include "platform/FileSystem.h"
+#include "support/Log.h"
 
 #include <utility>
 
@@ -20,23 +21,23 @@ Outcome<> StoredFile::makeFolder() const {
 }
 
 Outcome<> StoredFile::write(const std::string &text) {
-    if (const auto kept = keepUnknown(text); !kept) {
-        return kept;
-    }
+    keepUnknown(text);
     auto replaced = files_.replaceFile(path_, text);
     if (replaced) {
-        known_ = text;
+        setKnown(text);
     }
     return replaced;
 }
 
 /// Where there is no file, or none that can be read, there is nothing to keep.
-Outcome<> StoredFile::keepUnknown(const std::string &newText) const {
+void StoredFile::keepUnknown(const std::string &newText) const {
     const auto found = files_.readFile(path_);
-    if (!found || *found == known_ || *found == newText) {
-        return {};
+    if (!found || hash(*found) == known_ || *found == newText) {
+        return;
     }
-    return files_.replaceFile(path_.string() + "~", *found);
+    if (const auto kept = files_.replaceFile(path_.string() + "~", *found); !kept) {
+        log("Not kept before it is replaced: " + path_.string() + ": " + kept.error().description);
+    }
 }
 
 } // namespace corvane

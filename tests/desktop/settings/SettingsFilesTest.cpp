@@ -1,4 +1,5 @@
 #include "DesktopTest.h"
+#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
 
 #include <gmock/gmock.h>
@@ -54,6 +55,22 @@ TEST_F(SettingsFilesTest, damagedSettingsStayAsTheyAreAndTheDefaultsHold) {
         EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 0}));
         EXPECT_EQ(readFile(settingsFile(desktop_)), damaged);
     }
+}
+
+TEST_F(SettingsFilesTest, aFolderInTheWayOfTheBackupCostsNoSave) {
+    StatusPanel panel(desktop_);
+    const auto corvane = startWith({});
+    ASSERT_TRUE(panel.waitForItem()) << corvane->story();
+    std::filesystem::create_directory(settingsFile(desktop_).string() + "~");
+    writeSettings(desktop_, "what another program wrote");
+    ASSERT_TRUE(panel.choose("Defined Zone"));
+    EXPECT_TRUE(waitUntil([this] {
+        return readFile(settingsFile(desktop_)).find("\"clickMode\" : \"zone\"") !=
+               std::string::npos;
+    })) << corvane->story();
+    EXPECT_TRUE(corvane->waitForLogBeginning(
+        "Not kept before it is replaced: " + settingsFile(desktop_).string() + ": "))
+        << corvane->story();
 }
 
 TEST_F(SettingsFilesTest, damagedProfilesStayAsTheyAre) {

@@ -59,11 +59,24 @@ TEST_F(StoredFileTest, KeepsNothingWhereBothWroteTheSame) {
     EXPECT_FALSE(files_.exists(kept));
 }
 
-TEST_F(StoredFileTest, ReplacesNothingThatCannotBeKept) {
+TEST_F(StoredFileTest, ReplacesWhatCannotBeKeptAndSaysSo) {
     files_.put(file, "theirs");
     files_.put(kept / "in the way", "");
-    EXPECT_FALSE(stored_.write("ours"));
-    EXPECT_EQ(files_.content(file), "theirs");
+    EXPECT_TRUE(stored_.write("ours"));
+    EXPECT_EQ(files_.content(file), "ours");
+    EXPECT_EQ(log_.messages(),
+              std::vector<std::string>{"Not kept before it is replaced: " + file.string() + ": " +
+                                       kept.string() + ": it is a directory"});
+}
+
+TEST_F(StoredFileTest, WhatWasNotWrittenIsNotKnown) {
+    files_.put(file, "theirs");
+    files_.setFaults({.write = Failure{"disk full"}});
+    EXPECT_EQ(stored_.write("ours"), std::unexpected(Failure{"disk full"}));
+    files_.setFaults({});
+    files_.put(file, "ours");
+    ASSERT_TRUE(stored_.write("ours again"));
+    EXPECT_EQ(files_.content(kept), "ours");
 }
 
 TEST_F(StoredFileTest, OfTwoProgramsNeitherLosesTheOthersSettings) {
