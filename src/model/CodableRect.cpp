@@ -2,23 +2,13 @@
 
 #include "support/NumberText.h"
 
+#include <cmath>
 #include <cstdlib>
 
 namespace corvane {
 
-namespace {
-
-/// False for what is not a number.
-bool isWithinWholeNumbers(double value) { return value >= -0x1p63 && value < 0x1p63; }
-
-} // namespace
-
-bool CodableRect::hasSizeLabel() const {
-    return isWithinWholeNumbers(width) && isWithinWholeNumbers(height);
-}
-
 std::string CodableRect::sizeLabel() const {
-    if (!hasSizeLabel()) {
+    if (!std::isfinite(width) || !std::isfinite(height)) {
         std::abort();
     }
     return truncatedNumberText(width) + "×" + truncatedNumberText(height);

@@ -21,11 +21,8 @@ struct CodableRect {
 
     Rectangle rectangle() const { return {x, y, width, height}; }
 
-    /// Whether width and height are finite and within 64 bits when truncated to whole numbers.
-    bool hasSizeLabel() const;
-
-    /// "300×200": width and height truncated to whole numbers. To ask for that of a size that has
-    /// none is a programming error and stops the program.
+    /// "300×200": width and height truncated to whole numbers, or in exponent form where 64 bits do
+    /// not hold them. A size that is not finite is a programming error and stops the program.
     std::string sizeLabel() const;
 };
 

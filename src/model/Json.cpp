@@ -111,15 +111,6 @@ Outcome<CodableRect> readRect(const Json &json) {
     return members.outcome(rect);
 }
 
-/// The size is put into words wherever the zone is shown: one for which there are none is no zone.
-Outcome<CodableRect> readZone(const Json &json) {
-    Outcome<CodableRect> rect = readRect(json);
-    if (rect && !rect->hasSizeLabel()) {
-        return failure("a size beyond 64 bits");
-    }
-    return rect;
-}
-
 Outcome<WindowAnchor> readAnchor(const Json &json) {
     JsonMembers members(json);
     WindowAnchor anchor;
@@ -132,7 +123,7 @@ Outcome<WindowAnchor> readAnchor(const Json &json) {
 CorvaneConfig readSettings(JsonMembers &members) {
     CorvaneConfig config;
     members.required("clickMode", readTextFor(clickModeFromStoredValue), config.clickMode);
-    members.optional("zoneRect", readZone, config.zoneRect);
+    members.optional("zoneRect", readRect, config.zoneRect);
     members.optional("windowAnchor", readAnchor, config.windowAnchor);
     members.required("clickRate", readInteger, config.clickRate);
     members.required("timeUnit", readTextFor(timeUnitFromStoredValue), config.timeUnit);

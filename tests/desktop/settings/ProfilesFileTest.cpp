@@ -146,6 +146,23 @@ TEST_F(ProfilesFileTest, whatTheFormatAllowsIsRead) {
     EXPECT_EQ(corvane->logCount("Loaded 1 profiles from " + profilesFile(desktop_).string()), 1);
 }
 
+TEST_F(ProfilesFileTest, aZoneOfAnySizeIsReadAndCostsNoOtherProfile) {
+    writeProfiles(fileWith(std::string(id) + R"(,"name":"Wide",)" + settings +
+                           R"(,"zoneRect":{"x":-1e39,"y":-1e39,"width":1e40,"height":2e39})"));
+    const auto corvane = start({});
+    EXPECT_EQ(corvane->logCount("Loaded 2 profiles from " + profilesFile(desktop_).string()), 1)
+        << corvane->story();
+    ASSERT_TRUE(panel_.waitForItem());
+    EXPECT_TRUE(waitUntil([this] { return panel_.line("Good").has_value(); }));
+    ASSERT_TRUE(panel_.choose("Wide"));
+    EXPECT_TRUE(waitUntil([this] { return panel_.line("Defined Zone (1e+40×2e+39)").has_value(); }))
+        << corvane->story();
+    keyboard_.pressHotKey();
+    EXPECT_TRUE(waitForMoreClicks(2)) << corvane->story();
+    keyboard_.pressHotKey();
+    EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
+}
+
 TEST_F(ProfilesFileTest, veryManyOddNamesAreInTheMenuAndSurviveBeingSaved) {
     const auto profiles = manyOddProfiles();
     writeProfiles(profilesText(profiles));

@@ -140,25 +140,18 @@ TEST(ConfigJson, AnIntegerBeyond64BitsTakesItsDefault) {
     }
 }
 
-TEST(ConfigJson, ANumberBeyondADoubleTakesItsDefault) {
-    EXPECT_EQ(decoded(R"({"clickRate":1e999,"maxClicks":3,"note":"1e999 \" 1e999"})"),
-              CorvaneConfig{.maxClicks = 3});
-    EXPECT_EQ(decoded(R"({"maxClicks":3,"zoneRect":{"x":-1e999,"y":2,"width":3,"height":4}})"),
-              CorvaneConfig{.maxClicks = 3});
-    EXPECT_EQ(decoded(R"({"maxClicks":3,"clickRate":1)" + std::string(400, '0') + "}"),
-              CorvaneConfig{.maxClicks = 3});
+TEST(ConfigJson, ANumberBeyondADoubleIsAnError) {
+    const std::string reason = "a number beyond the range of a double";
+    EXPECT_EQ(whyNot(R"({"clickRate":1e999,"maxClicks":3})"), reason);
+    EXPECT_EQ(whyNot(R"({"zoneRect":{"x":-1e999,"y":2,"width":3,"height":4}})"), reason);
+    EXPECT_EQ(whyNot(R"({"clickRate":1)" + std::string(400, '0') + "}"), reason);
     EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e-999,"y":2,"width":3,"height":4}})").zoneRect,
               (CodableRect{0, 2, 3, 4}));
-    EXPECT_EQ(whyNot(R"({"clickRate":1e999,})"), "not valid JSON at byte 20");
 }
 
-TEST(ConfigJson, AZoneOfASizeBeyondSixtyFourBitsIsNoZone) {
-    EXPECT_EQ(decoded(R"({"maxClicks":3,"zoneRect":{"x":1,"y":2,"width":3,"height":6e90}})"),
-              CorvaneConfig{.maxClicks = 3});
-    EXPECT_EQ(decoded(R"({"maxClicks":3,"zoneRect":{"x":1,"y":2,"width":-1e19,"height":4}})"),
-              CorvaneConfig{.maxClicks = 3});
-    EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e90,"y":-1e90,"width":3,"height":4}})").zoneRect,
-              (CodableRect{1e90, -1e90, 3, 4}));
+TEST(ConfigJson, AZoneMayBeOfAnySizeAndAnywhere) {
+    EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e90,"y":-1e90,"width":-1e19,"height":6e90}})").zoneRect,
+              (CodableRect{1e90, -1e90, -1e19, 6e90}));
 }
 
 TEST(ConfigJson, OfTwoMembersOfOneNameTheLastCounts) {

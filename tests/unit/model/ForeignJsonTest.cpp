@@ -52,8 +52,8 @@ void expectIgnored(const std::string &text) {
 }
 
 TEST(ForeignJson, NumbersNoIntegerHoldsCostASettingAndAllProfiles) {
-    for (const char *number : {"9223372036854775808", "-9223372036854775809", "1e999", "-1e999",
-                               "1e19", "0.5", "18446744073709551616"}) {
+    for (const char *number :
+         {"9223372036854775808", "-9223372036854775809", "1e19", "0.5", "18446744073709551616"}) {
         EXPECT_EQ(decodeConfig(configWith(number)), CorvaneConfig{.maxClicks = 3}) << number;
         EXPECT_TRUE(problemOf(decodeProfileStore(storeWith(number)))
                         .starts_with("profiles: number 1: clickRate: "))
@@ -72,11 +72,22 @@ TEST(ForeignJson, TheLargestAndTheSmallestIntegerAreRead) {
 
 TEST(ForeignJson, WhatIsNoNumberOfJsonIsAnError) {
     for (const char *number : {"NaN", "nan", "Infinity", "-Infinity", "0x10", "1.", ".5", "+1",
-                               "01", "1e", "--1", "1e999.5", "1_000"}) {
+                               "01", "1e", "--1", "1_000"}) {
         expectNotJson(configWith(number));
         expectNotJson(storeWith(number));
         expectNotJson(configBeside(number));
     }
+}
+
+TEST(ForeignJson, ANumberBeyondADoubleIsAnErrorWhereverItStands) {
+    const std::string reason = "a number beyond the range of a double";
+    for (const std::string &number :
+         {"1e999"s, "-1e999"s, "1e999.5"s, "1" + std::string(400, '0')}) {
+        expectNotJson(configWith(number), reason);
+        expectNotJson(storeWith(number), reason);
+        expectNotJson(configBeside(number), reason);
+    }
+    expectIgnored(R"("1e999")");
 }
 
 TEST(ForeignJson, OfMembersOfOneNameTheLastCounts) {
@@ -147,7 +158,7 @@ std::string largeText(std::size_t size) {
     std::string text = "[";
     text.reserve(size);
     while (text.size() < size / 10) {
-        text += "{\"a\":[1]},1e999,";
+        text += "{\"a\":[1]},1e-99,";
     }
     text.append("\"").append(size / 2, 'x').append("\",").append(size - text.size() - 2, ' ');
     return text + "0]";
