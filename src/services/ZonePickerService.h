@@ -48,11 +48,11 @@ class ZonePickerService {
     void pick(Answer answer);
 
   private:
-    /// A callback that does nothing once the service is gone.
+    /// A callback that does nothing once the pick is answered or the service is gone.
     template <typename Work>
     auto weakly(Work work) {
         return [held = std::weak_ptr(self_), work = std::move(work)](const auto &...arguments) {
-            if (const auto self = held.lock()) {
+            if (const auto self = held.lock(); self && (*self)->continuation_) {
                 work(**self, arguments...);
             }
         };

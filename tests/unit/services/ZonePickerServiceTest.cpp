@@ -167,11 +167,10 @@ TEST_F(ZonePickerServiceTest, AReleaseWithoutAPressCancelsAndADragWithoutADrawsN
     EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
 }
 
-TEST_F(ZonePickerServiceTest, EscapeDuringADragAnswersNothingAndASecondDoesNothing) {
+TEST_F(ZonePickerServiceTest, EscapeDuringADragAnswersNothing) {
     pick();
     overlay()->mouseDown({100, 100});
     overlay()->mouseDragged({300, 300});
-    overlay()->keyDown(platform::Key::escape);
     overlay()->keyDown(platform::Key::escape);
     EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
     EXPECT_EQ(log.messages(), Lines{"Zone picker cancelled"});
@@ -344,6 +343,23 @@ class UnendingOverlays : public platform::OverlayWindows {
   private:
     testing::RecordingOverlayWindows windows_;
 };
+
+TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheAnswerIsDropped) {
+    UnendingOverlays overlays;
+    ZonePickerService picker(
+        platform.screens(), overlays, platform.alerts(), platform.applications(),
+        platform.application(),
+        WindowResolver(platform.windowList(), platform.applications(), platform.accessibility()));
+    picker.pick([this](const auto &result) { answers.push_back(result); });
+    const platform::OverlayEvents &late = overlays.kept.at(0);
+    late.keyDown(platform::Key::escape);
+    late.keyDown(platform::Key::escape);
+    late.mouseDown({100, 200});
+    late.mouseDragged({300, 300});
+    late.mouseUp({400, 350});
+    EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
+    EXPECT_EQ(log.messages(), Lines{"Zone picker cancelled"});
+}
 
 TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheServiceHasGoneIsDropped) {
     UnendingOverlays overlays;
