@@ -1,6 +1,6 @@
 #include "services/ConfigService.h"
 
-#include "support/MemoryFileSystem.h"
+#include "support/InterruptedFileSystem.h"
 #include "support/OutputCapture.h"
 
 #include <gtest/gtest.h>
@@ -113,6 +113,35 @@ TEST_F(ConfigServiceTest, WhatCannotBeEncodedIsNotWritten) {
               std::unexpected(Failure{"a number is not finite"}));
     EXPECT_TRUE(files_.writes().empty());
     EXPECT_EQ(service_.currentConfig(), std::nullopt);
+}
+
+TEST(ConfigServiceThreadsTest, OperationsAreDoneOneAtATime) {
+    const testing::OutputCapture output;
+    testing::InterruptedFileSystem files;
+    files.put(file, R"({"clickRate":7})");
+    ConfigService service(files, "/home/user");
+    const auto load = [&] { EXPECT_TRUE(service.load()); };
+    const auto save = [&] { EXPECT_TRUE(service.save({.clickRate = 2})); };
+    const auto saveAnother = [&] { EXPECT_TRUE(service.save({.clickRate = 3})); };
+    const auto read = [&] { EXPECT_TRUE(service.currentConfig()); };
+    {
+        SCOPED_TRACE("a save during a load");
+        testing::expectOneAtATime(files, load, save);
+    }
+    EXPECT_EQ(service.currentConfig(), CorvaneConfig{.clickRate = 2});
+    {
+        SCOPED_TRACE("a save during a save");
+        testing::expectOneAtATime(files, save, saveAnother);
+    }
+    EXPECT_EQ(service.currentConfig(), CorvaneConfig{.clickRate = 3});
+    {
+        SCOPED_TRACE("a load during a save");
+        testing::expectOneAtATime(files, save, load);
+    }
+    {
+        SCOPED_TRACE("a reading during a save");
+        testing::expectOneAtATime(files, save, read);
+    }
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "services/ProfileService.h"
 
+#include "support/InterruptedFileSystem.h"
 #include "support/LogCapture.h"
-#include "support/MemoryFileSystem.h"
 
 #include <gtest/gtest.h>
 
@@ -83,6 +83,27 @@ TEST_F(ProfileServiceTest, HandsOnTheFailuresOfTheDisk) {
 TEST_F(ProfileServiceTest, SavingCreatesAMissingDirectory) {
     EXPECT_TRUE(service_.save({}));
     EXPECT_TRUE(files_.isDirectory("/home/user/.config/corvane"));
+}
+
+TEST(ProfileServiceThreadsTest, OperationsAreDoneOneAtATime) {
+    const testing::LogCapture log;
+    testing::InterruptedFileSystem files;
+    files.put(file, R"({"profiles":[]})");
+    ProfileService service(files, "/home/user");
+    const auto load = [&] { EXPECT_TRUE(service.load()); };
+    const auto save = [&] { EXPECT_TRUE(service.save({})); };
+    {
+        SCOPED_TRACE("a save during a load");
+        testing::expectOneAtATime(files, load, save);
+    }
+    {
+        SCOPED_TRACE("a save during a save");
+        testing::expectOneAtATime(files, save, save);
+    }
+    {
+        SCOPED_TRACE("a load during a save");
+        testing::expectOneAtATime(files, save, load);
+    }
 }
 
 } // namespace

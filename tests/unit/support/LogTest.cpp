@@ -156,6 +156,31 @@ TEST_F(LogTest, AFileOfAnotherUserLosesTheLineSilently) {
     EXPECT_EQ(std::filesystem::file_size(theirs), size);
 }
 
+TEST_F(LogTest, AnOwnFileWithoutWritePermissionLosesTheLineSilently) {
+    constexpr uid_t unprivileged = 65534;
+    std::ofstream(file_) << "kept";
+    const pid_t child = fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+        // Permissions do not stop the superuser.
+        const bool isOwned = geteuid() != 0 || (chown(file_.c_str(), unprivileged, 0) == 0 &&
+                                                chmod(directory_.path().c_str(), 0755) == 0 &&
+                                                setuid(unprivileged) == 0);
+        if (!isOwned || chmod(file_.c_str(), 0444) != 0 || access(file_.c_str(), W_OK) == 0) {
+            _exit(EXIT_FAILURE);
+        }
+        append("lost");
+        _exit(EXIT_SUCCESS);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    ASSERT_EQ(status, EXIT_SUCCESS);
+    EXPECT_EQ(content(), "kept");
+    struct stat after{};
+    ASSERT_EQ(stat(file_.c_str(), &after), 0);
+    EXPECT_EQ(after.st_mode & 07777U, 0444U);
+}
+
 TEST_F(LogTest, ANewFileHasDefaultPermissionsAsFarAsTheMaskLeavesThem) {
     const mode_t before = umask(027);
     append("first");
