@@ -214,6 +214,69 @@ TEST_P(CommandSocketContract, TakesThePlaceOfWhatAnUnexpectedEndLeft) {
     EXPECT_TRUE(wait(answer));
 }
 
+TEST_P(CommandSocketContract, IsThereAgainAfterItsFileHasGone) {
+    open({.pathCheckPeriod = std::chrono::milliseconds(5)});
+    for (const auto &swept : {path_, path_.parent_path()}) {
+        std::filesystem::remove_all(swept);
+        ASSERT_TRUE(backEnd().turnUntil([this] { return std::filesystem::exists(path_); }));
+        auto answer = send({"status"});
+        ASSERT_TRUE(wait(answer));
+        EXPECT_EQ(answer.get()->result, CommandResult::done);
+    }
+    socket_.reset();
+    EXPECT_FALSE(std::filesystem::exists(path_));
+}
+
+TEST_P(CommandSocketContract, LeavesItsPathToAnotherAsLongAsThatOneListens) {
+    open({.pathCheckPeriod = std::chrono::milliseconds(1)});
+    {
+        const auto other = posix::listenAt(path_);
+        ASSERT_TRUE(other);
+        // Each check of the path ends in a connection that the other has to take.
+        for (int check = 0; check < 3; ++check) {
+            ASSERT_TRUE(backEnd().turnUntil([&other] {
+                return FileDescriptor(accept(other->get(), nullptr, nullptr)).isOpen();
+            }));
+        }
+    }
+    ASSERT_TRUE(backEnd().turnUntil([this] { return posix::connectTo(path_).has_value(); }));
+    auto answer = send({"status"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get()->result, CommandResult::done);
+}
+
+TEST_P(CommandSocketContract, LeavesTheFileOfAnotherWhenItEnds) {
+    open();
+    const auto other = posix::listenAt(path_);
+    ASSERT_TRUE(other);
+    socket_.reset();
+    EXPECT_TRUE(std::filesystem::exists(path_));
+}
+
+TEST_P(CommandSocketContract, OneThatHangsUpWhileItWaitsMakesRoomForTheNext) {
+    CommandReply late;
+    auto socket =
+        CommandSocket::open(path_, platform().mainQueue(),
+                            [&late](const CommandRequest &request, const CommandReply &reply) {
+                                if (request.empty()) {
+                                    late = reply;
+                                } else {
+                                    reply({});
+                                }
+                            },
+                            {.mostConnections = 1});
+    ASSERT_TRUE(socket);
+    {
+        const auto gone = posix::connectTo(path_);
+        ASSERT_TRUE(gone);
+        posix::sendSome(*gone, posix::encodeWords({}));
+        ASSERT_TRUE(backEnd().turnUntil([&late] { return late != nullptr; }));
+    }
+    auto answer = send({"status"});
+    ASSERT_TRUE(wait(answer));
+    EXPECT_EQ(answer.get()->result, CommandResult::done);
+}
+
 TEST_P(CommandSocketContract, IsClosedToOthers) {
     open();
     EXPECT_TRUE(posix::isPrivateFolder(path_.parent_path()));

@@ -24,12 +24,13 @@ bool isPassing(int error) { return error == EAGAIN || error == EINTR; }
 
 } // namespace
 
-CommandSocket::Senders::Senders(FileDescriptor listener, platform::MainQueue &mainQueue,
+CommandSocket::Senders::Senders(ListeningSocket listener, platform::MainQueue &mainQueue,
                                 platform::CommandEndpoint::Obey obey, const Options &options)
-    : listener_(std::move(listener)),
-      mainQueue_(mainQueue),
+    : mainQueue_(mainQueue),
       obey_(std::move(obey)),
-      options_(options) {
+      options_(options),
+      nextPathCheck_(Clock::now() + options.pathCheckPeriod),
+      listener_(std::move(listener)) {
     std::array<int, 2> ends{-1, -1};
     if (pipe(ends.data()) == 0) {
         wakeUpRead_ = FileDescriptor(ends[0]);
@@ -61,6 +62,20 @@ void CommandSocket::Senders::serve() {
             takeNew();
         }
         dropDone();
+        keepPath();
+    }
+}
+
+void CommandSocket::Senders::hide() {
+    const std::lock_guard lock(mutex_);
+    listener_.removePath();
+}
+
+void CommandSocket::Senders::keepPath() {
+    if (Clock::now() >= nextPathCheck_) {
+        nextPathCheck_ = Clock::now() + options_.pathCheckPeriod;
+        const std::lock_guard lock(mutex_);
+        listener_.keepPath();
     }
 }
 
@@ -76,31 +91,30 @@ std::vector<pollfd> CommandSocket::Senders::watched() const {
     const bool hasRoom = senders_.size() < options_.mostConnections;
     std::vector<pollfd> descriptors{
         {.fd = wakeUpRead_.get(), .events = POLLIN, .revents = 0},
-        {.fd = hasRoom ? listener_.get() : -1, .events = POLLIN, .revents = 0}};
+        {.fd = hasRoom ? listener_.descriptor() : -1, .events = POLLIN, .revents = 0}};
     for (const Sender &sender : senders_) {
-        // Of one who waits for the answer only the end is of interest.
-        const int events = sender.hasAsked ? (sender.unsent.empty() ? 0 : POLLOUT) : POLLIN;
-        descriptors.push_back(
-            {.fd = sender.connection.get(), .events = static_cast<short>(events), .revents = 0});
+        // From one who waits for the answer only the end can come. Without an event to wait for,
+        // some systems do not report it.
+        const short events = sender.hasAsked && !sender.unsent.empty() ? POLLOUT : POLLIN;
+        descriptors.push_back({.fd = sender.connection.get(), .events = events, .revents = 0});
     }
     return descriptors;
 }
 
 int CommandSocket::Senders::millisecondsToNextDeadline() const {
-    int next = -1;
+    Clock::time_point next = nextPathCheck_;
     for (const Sender &sender : senders_) {
         if (!sender.hasAsked) {
-            const auto left = std::chrono::ceil<std::chrono::milliseconds>(
-                std::max(sender.deadline - Clock::now(), Clock::duration::zero()));
-            const int milliseconds = static_cast<int>(left.count());
-            next = next < 0 ? milliseconds : std::min(next, milliseconds);
+            next = std::min(next, sender.deadline);
         }
     }
-    return next;
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(
+        std::max(next - Clock::now(), Clock::duration::zero()));
+    return static_cast<int>(left.count());
 }
 
 void CommandSocket::Senders::takeNew() {
-    FileDescriptor connection(accept(listener_.get(), nullptr, nullptr));
+    FileDescriptor connection(accept(listener_.descriptor(), nullptr, nullptr));
     if (!connection.isOpen() || peerOf(connection) != options_.user) {
         return;
     }

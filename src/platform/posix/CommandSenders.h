@@ -4,6 +4,7 @@
 #include "platform/posix/CommandMessage.h"
 #include "platform/posix/CommandSocket.h"
 #include "platform/posix/FileDescriptor.h"
+#include "platform/posix/ListeningSocket.h"
 
 #include <chrono>
 #include <cstdint>
@@ -22,11 +23,14 @@ namespace corvane::posix {
 class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket::Senders> {
   public:
     /// The main queue outlives the thread that serves.
-    Senders(FileDescriptor listener, platform::MainQueue &mainQueue,
+    Senders(ListeningSocket listener, platform::MainQueue &mainQueue,
             platform::CommandEndpoint::Obey obey, const Options &options);
 
     /// Serves until asked to end. The socket's own thread.
     void serve();
+
+    /// Takes the socket's path away: whoever comes from now on finds nobody. Main thread.
+    void hide();
 
     /// Lets `serve` send the answers given by now and return. Main thread.
     void end();
@@ -44,6 +48,7 @@ class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket
 
     std::vector<pollfd> watched() const;
     int millisecondsToNextDeadline() const;
+    void keepPath();
     void takeNew();
     void attend(Sender &sender, short events);
     void read(Sender &sender);
@@ -54,7 +59,6 @@ class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket
     void dropDone();
     void wakeUp() const;
 
-    const FileDescriptor listener_;
     platform::MainQueue &mainQueue_;
     const platform::CommandEndpoint::Obey obey_;
     const Options options_;
@@ -63,8 +67,10 @@ class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket
     /// Only the socket's own thread.
     std::vector<Sender> senders_;
     std::uint64_t nextNumber_ = 0;
+    std::chrono::steady_clock::time_point nextPathCheck_;
 
     std::mutex mutex_;
+    ListeningSocket listener_;
     std::vector<std::pair<std::uint64_t, std::string>> answers_;
     bool isEnding_ = false;
 };

@@ -20,7 +20,8 @@ class MainQueue;
 namespace corvane::posix {
 
 /// Takes commands at a socket in the file system. One thread of its own reads and writes, so that a
-/// slow or broken sender never keeps the main thread; requests are obeyed on the main thread. Made
+/// slow or broken sender never keeps the main thread; requests are obeyed on the main thread. Where
+/// the file at its path goes, as sweepers of old files make it, the socket makes another one. Made
 /// and destroyed on the main thread.
 class CommandSocket {
   public:
@@ -33,6 +34,8 @@ class CommandSocket {
         std::size_t longestRequest = std::size_t{64} * 1024;
         /// Senders beyond this number wait.
         std::size_t mostConnections = 64;
+        /// How often the socket looks whether it is still found at its path.
+        std::chrono::milliseconds pathCheckPeriod{60'000};
     };
 
     /// Listens at the path, in a folder that others cannot enter. The main queue outlives it.
@@ -54,9 +57,8 @@ class CommandSocket {
   private:
     class Senders;
 
-    CommandSocket(std::filesystem::path path, std::shared_ptr<Senders> senders);
+    explicit CommandSocket(std::shared_ptr<Senders> senders);
 
-    const std::filesystem::path path_;
     const std::shared_ptr<Senders> senders_;
     std::thread thread_;
 };

@@ -73,6 +73,11 @@ Outcome<FileDescriptor> listenAt(const std::filesystem::path &path) {
     return socket;
 }
 
+bool canHoldSocket(const std::filesystem::path &folder) {
+    constexpr const char *longestName = "display_0.socket.4194304";
+    return addressOf(folder / longestName).has_value();
+}
+
 std::optional<FileDescriptor> connectTo(const std::filesystem::path &path) {
     const auto address = addressOf(path);
     FileDescriptor socket = makeSocket();

@@ -15,6 +15,9 @@ namespace corvane::posix {
 /// is not inherited by other programs. Fails when the path is too long or cannot be written.
 Outcome<FileDescriptor> listenAt(const std::filesystem::path &path);
 
+/// Whether a socket in that folder has an address: paths of sockets are short.
+bool canHoldSocket(const std::filesystem::path &folder);
+
 /// A connection to the socket under that path, which blocks; nothing when nobody listens there.
 std::optional<FileDescriptor> connectTo(const std::filesystem::path &path);
 
