@@ -34,7 +34,33 @@ std::optional<std::string> unescaped(std::string_view text) {
     return plain;
 }
 
+/// Everything but letters and digits, as "%20".
+std::string escaped(std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    constexpr unsigned base = 16;
+    std::string safe;
+    for (const char letter : text) {
+        const auto byte = static_cast<unsigned char>(letter);
+        const bool isPlain = (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+                             (letter >= '0' && letter <= '9');
+        if (isPlain) {
+            safe += letter;
+        } else {
+            safe += {'%', digits[byte / base], digits[byte % base]};
+        }
+    }
+    return safe;
+}
+
 } // namespace
+
+std::string urlOfCommand(const CommandRequest &words) {
+    std::string url = std::string(scheme) + "/";
+    for (const std::string &word : words) {
+        url += "/" + escaped(word);
+    }
+    return url;
+}
 
 std::optional<CommandRequest> commandInUrl(std::string_view url) {
     if (!url.starts_with(scheme)) {

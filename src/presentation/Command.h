@@ -18,6 +18,9 @@ using CommandRequest = std::vector<std::string>;
 /// another scheme or with half an escape.
 std::optional<CommandRequest> commandInUrl(std::string_view url);
 
+/// The URL that carries those words; `commandInUrl` reads it. Empty words are left out.
+std::string urlOfCommand(const CommandRequest &words);
+
 /// What a command line prints and how it ends. In English.
 struct CommandAnswer {
     CommandResult result = CommandResult::done;
