@@ -1,5 +1,7 @@
 #import "platform/macos/app/Alerts.h"
 
+#import "platform/macos/app/KeyboardFocus.h"
+#include "platform/macos/logic/AlertAnswer.h"
 #import "platform/macos/support/Text.h"
 
 #import <AppKit/AppKit.h>
@@ -21,6 +23,10 @@ NSString *const escapeKey = @"\x1b";
 
 NSAlert *makeAlert(const Alert &alert) {
     NSAlert *panel = [[NSAlert alloc] init];
+    // Without this an open alert refuses every end of the program: Quit, a signal, logging out.
+    panel.window.preventsApplicationTerminationWhenModal = NO;
+    // Above the zone's outline.
+    panel.window.level = NSPopUpMenuWindowLevel;
     panel.alertStyle = systemStyle(alert.style);
     panel.messageText = systemText(alert.messageText);
     panel.informativeText = systemText(alert.informativeText);
@@ -45,22 +51,14 @@ NSTextField *addField(const AlertField &field, NSAlert *panel) {
     return view;
 }
 
-/// An alert that ended in another way than by a button counts as its last one.
-std::size_t buttonIndex(NSModalResponse response, std::size_t buttonCount) {
-    const NSInteger index = response - NSAlertFirstButtonReturn;
-    const auto count = static_cast<NSInteger>(buttonCount);
-    return static_cast<std::size_t>(index >= 0 && index < count ? index : MAX(count - 1, 0));
-}
-
 } // namespace
 
 AlertResponse Alerts::runModal(const Alert &alert) {
     NSAlert *panel = makeAlert(alert);
     NSTextField *field = alert.field ? addField(*alert.field, panel) : nil;
-    // A program without a Dock icon is rarely the active one; its alert would lie behind others.
-    [NSApp activateIgnoringOtherApps:YES];
+    const auto keyboard = keyboard_.take();
     const NSModalResponse response = [panel runModal];
-    return {.button = buttonIndex(response, alert.buttons.size()),
+    return {.button = answeredButton(response - NSAlertFirstButtonReturn, alert.buttons.size()),
             .fieldText = field == nil ? std::string() : utf8(field.stringValue)};
 }
 

@@ -25,7 +25,10 @@ void Application::terminate() {
                    inModes:@[ NSRunLoopCommonModes ]];
 }
 
-void Application::activateIgnoringOtherApps() { [NSApp activateIgnoringOtherApps:YES]; }
+void Application::activateIgnoringOtherApps() {
+    [NSApp unhideWithoutActivation];
+    [NSApp activateIgnoringOtherApps:YES];
+}
 
 std::optional<std::string> Application::shortVersion() const {
     return bundleText(@"CFBundleShortVersionString");

@@ -17,8 +17,7 @@ class MainQueue;
 namespace corvane::macos {
 
 /// Commands come as URLs of the program's own scheme, which get no answer but a line in the log
-/// when they are refused, and from the command line through a socket in the user's own temporary
-/// folder.
+/// when they are refused, and from the command line through a socket in `commandFolder`.
 class CommandEndpoint : public platform::CommandEndpoint {
   public:
     /// The main queue outlives the endpoint.

@@ -1,16 +1,14 @@
 #import "platform/macos/app/CommandEndpoint.h"
 
+#import "platform/macos/app/CommandFolder.h"
 #import "platform/macos/app/MacAppDelegate.h"
 #include "platform/posix/CommandSender.h"
 #include "support/Log.h"
 
-#include <array>
 #include <chrono>
 #include <filesystem>
 #include <string>
 #include <utility>
-
-#include <unistd.h>
 
 namespace corvane::macos {
 
@@ -19,12 +17,7 @@ namespace {
 /// Answers come at once, whatever the program is doing.
 constexpr std::chrono::seconds patience{15};
 
-/// In a folder that the system makes for each user and closes to all others.
-std::filesystem::path socketPath() {
-    std::array<char, 1024> folder{};
-    confstr(_CS_DARWIN_USER_TEMP_DIR, folder.data(), folder.size());
-    return std::filesystem::path(folder.data()) / "corvane" / "commands.socket";
-}
+std::filesystem::path socketPath() { return commandFolder() / "commands.socket"; }
 
 void obeyUrl(const std::string &url, const platform::CommandEndpoint::Obey &obey) {
     const auto request = commandInUrl(url);

@@ -1,5 +1,6 @@
 #import "platform/macos/app/MacAppDelegate.h"
 
+#include "platform/MainQueue.h"
 #include "platform/Platform.h"
 #import "platform/macos/support/Text.h"
 
@@ -129,10 +130,15 @@ std::string representedObject(id sender) {
 }
 
 - (void)send:(SEL)command from:(id)sender {
-    if (self.perform) {
-        self.perform({.action = macos::utf8(NSStringFromSelector(command)),
-                      .representedObject = representedObject(sender)});
-    }
+    // The menu is still on its way off the screen: its window would take a click made now.
+    _platform->mainQueue().post(
+        [perform = self.perform,
+         chosen = corvane::MenuCommand{.action = macos::utf8(NSStringFromSelector(command)),
+                                       .representedObject = representedObject(sender)}] {
+            if (perform) {
+                perform(chosen);
+            }
+        });
 }
 
 @end

@@ -39,7 +39,9 @@
 }
 
 - (void)received:(NSNotification *)notification {
-    _receiver(notification.name);
+    @autoreleasepool {
+        _receiver(notification.name);
+    }
 }
 
 @end

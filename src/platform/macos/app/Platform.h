@@ -4,6 +4,7 @@
 #include "platform/macos/app/Alerts.h"
 #include "platform/macos/app/Application.h"
 #include "platform/macos/app/CommandEndpoint.h"
+#include "platform/macos/app/KeyboardFocus.h"
 #include "platform/macos/app/Localisation.h"
 #include "platform/macos/app/LoginItem.h"
 #include "platform/macos/app/UserSession.h"
@@ -47,11 +48,12 @@ class Platform : public platform::Platform {
     platform::Workspace &workspace() override { return workspace_; }
 
   private:
-    Accessibility accessibility_;
-    Alerts alerts_;
+    KeyboardFocus keyboard_;
+    Clock clock_;
+    Accessibility accessibility_{clock_};
+    Alerts alerts_{keyboard_};
     Application application_;
     Applications applications_;
-    Clock clock_;
     posix::PosixFileSystem fileSystem_;
     HotKeys hotKeys_;
     Localisation localisation_;
@@ -59,12 +61,12 @@ class Platform : public platform::Platform {
     MainQueue mainQueue_;
     CommandEndpoint commandEndpoint_{mainQueue_};
     MouseEvents mouseEvents_;
-    OverlayWindows overlayWindows_;
+    OverlayWindows overlayWindows_{keyboard_};
     Screens screens_;
     SettingsWindows settingsWindows_;
     StatusBar statusBar_;
     UserSession userSession_;
-    WindowList windowList_;
+    WindowList windowList_{accessibility_};
     Workspace workspace_;
 };
 

@@ -9,13 +9,15 @@ namespace corvane::macos {
 namespace {
 
 dispatch_source_t makeSource(int signalNumber) {
-    // The source hears the signal only while its default action does not end the process.
+    // The source receives the signal only while its default action does not end the process.
     std::signal(signalNumber, SIG_IGN);
     dispatch_source_t source =
         dispatch_source_create(DISPATCH_SOURCE_TYPE_SIGNAL, static_cast<uintptr_t>(signalNumber), 0,
                                dispatch_get_main_queue());
     dispatch_source_set_event_handler(source, ^{
-      [NSApp terminate:nil];
+      @autoreleasepool {
+          [NSApp terminate:nil];
+      }
     });
     dispatch_activate(source);
     return source;

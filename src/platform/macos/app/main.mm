@@ -3,6 +3,7 @@
 #include "app/Doctor.h"
 #include "app/HotkeyService.h"
 #import "platform/macos/app/CommandEndpoint.h"
+#import "platform/macos/app/CommandFolder.h"
 #import "platform/macos/app/DesktopReading.h"
 #import "platform/macos/app/MacAppDelegate.h"
 #import "platform/macos/app/Platform.h"
@@ -10,12 +11,17 @@
 #import "platform/macos/support/EditingKeys.h"
 #import "platform/macos/support/Text.h"
 #include "platform/posix/FileFacts.h"
+#include "platform/posix/InstanceLock.h"
 #include "presentation/KeyHint.h"
 
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <expected>
+
+#include <unistd.h>
 
 namespace {
 
@@ -42,14 +48,7 @@ int runLaunch(const CommandRequest &words) {
     if (const auto answer = macos::callRunning(words)) {
         return print(*answer);
     }
-    NSString *url = @"corvane:/";
-    for (const std::string &word : words) {
-        NSString *part = [macos::systemText(word)
-            stringByAddingPercentEncodingWithAllowedCharacters:NSCharacterSet
-                                                                   .alphanumericCharacterSet];
-        url = [url stringByAppendingFormat:@"/%@", part];
-    }
-    NSURL *address = [NSURL URLWithString:url];
+    NSURL *address = [NSURL URLWithString:macos::systemText(urlOfCommand(words))];
     const bool isLaunched = address != nil && [NSWorkspace.sharedWorkspace openURL:address];
     return isLaunched ? EXIT_SUCCESS : print(nothingRunning());
 }
@@ -62,12 +61,22 @@ int runDoctor() {
                           macos::callRunning({"status", "--json"})));
 }
 
+/// The right to be the Corvane of this user, or else the answer of the one that has it, which has
+/// shown itself. The system may start two at a login: as a login item, and as what was running.
+std::expected<posix::InstanceLock, CommandAnswer> claimInstance() {
+    return posix::claimInstance(macos::commandFolder() / "instance.lock",
+                                [] { return macos::callRunning({}); });
+}
+
 int runProgram() {
-    if (macos::callRunning({})) {
-        // It has shown itself. Only for a bundle that it opens itself the system sees to that.
-        return print({.output = "Corvane is running already.\n"});
+    const auto instance = claimInstance();
+    if (!instance) {
+        std::puts("Corvane is running already.");
+        return print({.result = instance.error().result, .error = instance.error().error});
     }
     NSApplication *application = NSApplication.sharedApplication;
+    // Whether it starts with a login is for its login item to say.
+    [application disableRelaunchOnLogin];
     auto platform = std::make_unique<macos::Platform>();
     auto app = std::make_unique<CorvaneApp>(*platform);
     // Held to the end: the application object holds its delegate weakly.
@@ -82,10 +91,23 @@ int runProgram() {
     return 0;
 }
 
+/// Starts the program in its bundle: where it was started through a link, such as one in a folder
+/// of PATH, the system looks for the bundle around the link. Returns where it is in its place
+/// already.
+void leaveLink(char **argv) {
+    NSString *started = NSBundle.mainBundle.executablePath;
+    NSString *file = started.stringByResolvingSymlinksInPath;
+    if (NSBundle.mainBundle.bundleIdentifier == nil && started != nil && file != nil &&
+        ![file isEqualToString:started]) {
+        execv(file.fileSystemRepresentation, argv);
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
     @autoreleasepool {
+        leaveLink(argv);
         const auto commandLine = readCommandLine(argc, argv);
         switch (commandLine.request) {
         case CommandLine::Request::answer:

@@ -54,7 +54,13 @@ class MouseEventSource : public platform::MouseEventSource {
         @autoreleasepool {
             CFReference event(CGEventCreateMouseEvent(source_.get(), systemType(type),
                                                       systemPoint(location), kCGMouseButtonLeft));
-            return event ? std::make_unique<MouseEvent>(std::move(event)) : nullptr;
+            if (!event) {
+                return nullptr;
+            }
+            // The source copies the modifier keys that are down: those of the hot key, which the
+            // user still holds, would make the first clicks of a run Command-Shift-clicks.
+            CGEventSetFlags(event.get(), 0);
+            return std::make_unique<MouseEvent>(std::move(event));
         }
     }
 
@@ -82,8 +88,11 @@ class MouseSession : public platform::MouseSession {
     }
 
   private:
-    /// Clicks are to come exactly in time, and the system is not to fall asleep between them.
-    Activity activity_{NSActivityUserInitiated | NSActivityLatencyCritical, @"Clicking"};
+    /// Keeps the timing exact, the system from sleeping, and the display on: an idle display may
+    /// lock the screen, which ends the run.
+    Activity activity_{NSActivityUserInitiated | NSActivityLatencyCritical |
+                           NSActivityIdleDisplaySleepDisabled,
+                       @"Clicking"};
 };
 
 } // namespace

@@ -1,5 +1,8 @@
 #import "platform/macos/hotkey/HotKeys.h"
 
+#import "platform/macos/hotkey/HotKeyEvents.h"
+#include "platform/macos/logic/HeldBackPresses.h"
+
 #import <Carbon/Carbon.h>
 
 #include <utility>
@@ -8,32 +11,47 @@ namespace corvane::macos {
 
 namespace {
 
-/// What a press runs; the process has one application event target and one handler on it.
-std::function<void()> &pressedCallback() {
-    static std::function<void()> callback;
-    return callback;
-}
-
-OSStatus hotKeyPressed(EventHandlerCallRef /*next*/, EventRef /*event*/, void * /*userData*/) {
-    // A copy: the callback may remove its own handler.
-    if (const auto callback = pressedCallback()) {
-        callback();
-    }
-    return noErr;
-}
-
+/// The handler of the process's one application event target.
 class HotKeyHandler : public platform::HotKeyReference {
   public:
-    explicit HotKeyHandler(EventHandlerRef handler) : handler_(handler) {}
+    explicit HotKeyHandler(std::function<void()> pressed) : pressed_(std::move(pressed)) {}
     HotKeyHandler(const HotKeyHandler &) = delete;
     HotKeyHandler &operator=(const HotKeyHandler &) = delete;
     ~HotKeyHandler() override {
-        RemoveEventHandler(handler_);
-        pressedCallback() = nullptr;
+        if (handler_ != nullptr) {
+            RemoveEventHandler(handler_);
+        }
+    }
+
+    OSStatus install() {
+        const EventTypeSpec eventType{kEventClassKeyboard, kEventHotKeyPressed};
+        return InstallEventHandler(GetApplicationEventTarget(), handle, 1, &eventType, this,
+                                   &handler_);
     }
 
   private:
-    EventHandlerRef handler_;
+    static OSStatus handle(EventHandlerCallRef /*next*/, EventRef event, void *handler) {
+        @autoreleasepool {
+            if (!isPressOf(startStopHotKey, event)) {
+                return eventNotHandledErr;
+            }
+            static_cast<HotKeyHandler *>(handler)->press(event);
+            return noErr;
+        }
+    }
+
+    void press(EventRef event) {
+        using Time = HeldBackPresses::Time;
+        if (heldBackPresses_.counts(Time(GetEventTime(event)), Time(GetCurrentEventTime()))) {
+            // A copy: the callback may remove its own handler.
+            const auto pressed = pressed_;
+            pressed();
+        }
+    }
+
+    const std::function<void()> pressed_;
+    HeldBackPresses heldBackPresses_;
+    EventHandlerRef handler_ = nullptr;
 };
 
 class HotKey : public platform::RegisteredHotKey {
@@ -53,15 +71,11 @@ class HotKey : public platform::RegisteredHotKey {
 
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
 HotKeys::installHandler(std::function<void()> pressed) {
-    const EventTypeSpec eventType{kEventClassKeyboard, kEventHotKeyPressed};
-    EventHandlerRef handler = nullptr;
-    const OSStatus status = InstallEventHandler(GetApplicationEventTarget(), hotKeyPressed, 1,
-                                                &eventType, nullptr, &handler);
-    if (status != noErr) {
+    auto handler = std::make_unique<HotKeyHandler>(std::move(pressed));
+    if (const OSStatus status = handler->install(); status != noErr) {
         return std::unexpected(status);
     }
-    pressedCallback() = std::move(pressed);
-    return std::make_unique<HotKeyHandler>(handler);
+    return handler;
 }
 
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>

@@ -22,6 +22,12 @@ NS_ASSUME_NONNULL_BEGIN
 /// Calls `completion` on the main thread when the animation has ended or was replaced.
 - (void)play:(const corvane::Animation &)animation completion:(std::function<void()>)completion;
 
+/// Reports a key as if it had been pressed in the view.
+- (void)reportKey:(corvane::platform::Key)key;
+
+/// Shows nothing, as when it was made.
+- (void)reset;
+
 /// Reports nothing from now on.
 - (void)disconnect;
 

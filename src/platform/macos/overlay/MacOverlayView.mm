@@ -1,7 +1,6 @@
 #import "platform/macos/overlay/MacOverlayView.h"
 
-#import "platform/macos/overlay/Drawings.h"
-#import "platform/macos/overlay/ShapeLayers.h"
+#import "platform/macos/overlay/DrawingLayers.h"
 #import "platform/macos/support/Geometry.h"
 
 #import <QuartzCore/QuartzCore.h>
@@ -53,11 +52,8 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
 @implementation MacOverlayView {
     OverlayEvents _events;
     corvane::Cursor _cursor;
-    /// What is painted.
     corvane::Drawing _drawing;
-    /// What is shown in layers.
-    corvane::Drawing _shapes;
-    macos::ShapeLayers _shapeLayers;
+    macos::DrawingLayers _drawingLayers;
     CAShapeLayer *_animatedLayer;
 }
 
@@ -75,33 +71,25 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
 }
 
 - (void)setDrawing:(const corvane::Drawing &)drawing {
-    const bool isOfShapes = macos::isOfShapes(drawing);
-    [self paint:isOfShapes ? corvane::Drawing() : drawing];
-    _shapes = isOfShapes ? drawing : corvane::Drawing();
-    _shapeLayers.show(_shapes, self);
-}
-
-- (void)paint:(const corvane::Drawing &)drawing {
-    [self redraw:macos::drawnArea(_drawing)];
     _drawing = drawing;
-    [self redraw:macos::drawnArea(_drawing)];
+    _drawingLayers.show(_drawing, self);
 }
 
-- (void)redraw:(CGRect)area {
-    if (!CGRectIsNull(area)) {
-        [self setNeedsDisplayInRect:area];
-    }
+- (void)reset {
+    [_animatedLayer removeAllAnimations];
+    _animatedLayer.opacity = 0;
+    [self setDrawing:{}];
 }
 
-- (void)drawRect:(NSRect)dirtyRect {
-    [super drawRect:dirtyRect];
-    macos::draw(_drawing);
-}
-
+/// Unlike what is painted, layers do not follow a change of the appearance or of the screen.
 - (void)viewDidChangeEffectiveAppearance {
     [super viewDidChangeEffectiveAppearance];
-    // Unlike a painted colour, a layer's does not follow by itself.
-    _shapeLayers.show(_shapes, self);
+    _drawingLayers.show(_drawing, self);
+}
+
+- (void)viewDidChangeBackingProperties {
+    [super viewDidChangeBackingProperties];
+    _drawingLayers.show(_drawing, self);
 }
 
 - (void)play:(const corvane::Animation &)animation completion:(std::function<void()>)completion {
@@ -109,7 +97,9 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
     // Only the group moves the layer, nothing that the system adds by itself.
     [CATransaction setDisableActions:YES];
     [CATransaction setCompletionBlock:^{
-      completion();
+      @autoreleasepool {
+          completion();
+      }
     }];
     macos::showShape(_animatedLayer, animation.shape, self);
     _animatedLayer.opacity = static_cast<float>(animation.startOpacity);
@@ -148,9 +138,13 @@ CAAnimationGroup *animationGroup(const corvane::Animation &animation) {
 }
 
 - (void)keyDown:(NSEvent *)event {
+    [self reportKey:event.keyCode == escapeKeyCode ? Key::escape : Key::other];
+}
+
+- (void)reportKey:(Key)key {
     // A copy: the receiver may destroy this overlay.
     if (const auto keyDown = _events.keyDown) {
-        keyDown(event.keyCode == escapeKeyCode ? Key::escape : Key::other);
+        keyDown(key);
     }
 }
 

@@ -11,6 +11,9 @@ NS_ASSUME_NONNULL_BEGIN
 
 - (instancetype)initWithDescription:(const corvane::BorderlessWindow &)description
                         contentView:(NSView *)contentView NS_DESIGNATED_INITIALIZER;
+/// What it was made for; the frame may have changed since.
+@property(nonatomic, readonly) corvane::BorderlessWindow windowDescription;
+
 - (instancetype)initWithContentRect:(NSRect)contentRect
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backing

@@ -20,9 +20,7 @@ NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &
 
 } // namespace
 
-@implementation MacOverlayWindow {
-    BOOL _canBecomeKey;
-}
+@implementation MacOverlayWindow
 
 - (instancetype)initWithDescription:(const corvane::BorderlessWindow &)description
                         contentView:(NSView *)contentView {
@@ -31,12 +29,15 @@ NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &
                               backing:NSBackingStoreBuffered
                                 defer:NO];
     if (self != nil) {
-        _canBecomeKey = description.canBecomeKey;
+        _windowDescription = description;
         self.releasedWhenClosed = NO;
         self.level = description.level;
         self.opaque = NO;
         self.backgroundColor = macos::systemColour(description.background);
         self.hasShadow = NO;
+        self.animationBehavior = NSWindowAnimationBehaviorNone;
+        // What the user only looks at stays when the program gives the keyboard back by hiding.
+        self.canHide = !description.ignoresMouseEvents;
         self.ignoresMouseEvents = description.ignoresMouseEvents;
         self.acceptsMouseMovedEvents = description.acceptsMouseMovedEvents;
         self.collectionBehavior = collectionBehaviour(description);
@@ -49,11 +50,11 @@ NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &
 }
 
 - (BOOL)canBecomeKeyWindow {
-    return _canBecomeKey;
+    return _windowDescription.canBecomeKey;
 }
 
 - (BOOL)canBecomeMainWindow {
-    return _canBecomeKey;
+    return _windowDescription.canBecomeKey;
 }
 
 @end

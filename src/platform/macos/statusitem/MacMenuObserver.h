@@ -6,14 +6,13 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// Knows whether a menu is open.
+/// Reports when a menu opens and closes. Main thread.
 @interface MacMenuObserver : NSObject <NSMenuDelegate>
 
-@property(nonatomic, readonly) BOOL isOpen;
-
-/// Calls `closed` in a later turn after the menu has closed, when the command chosen in it has been
-/// sent.
-- (instancetype)initWithClosed:(std::function<void()>)closed NS_DESIGNATED_INITIALIZER;
+/// Calls `closed` in a later iteration of the run loop after the menu has closed and has not been
+/// opened again, when the command chosen in it has been sent.
+- (instancetype)initWithOpened:(std::function<void()>)opened
+                        closed:(std::function<void()>)closed NS_DESIGNATED_INITIALIZER;
 - (instancetype)init NS_UNAVAILABLE;
 
 @end

@@ -3,12 +3,15 @@
 #include <utility>
 
 @implementation MacMenuObserver {
+    std::function<void()> _opened;
     std::function<void()> _closed;
+    BOOL _isOpen;
 }
 
-- (instancetype)initWithClosed:(std::function<void()>)closed {
+- (instancetype)initWithOpened:(std::function<void()>)opened closed:(std::function<void()>)closed {
     self = [super init];
     if (self != nil) {
+        _opened = std::move(opened);
         _closed = std::move(closed);
     }
     return self;
@@ -16,15 +19,18 @@
 
 - (void)menuWillOpen:(NSMenu *)menu {
     _isOpen = YES;
+    _opened();
 }
 
 - (void)menuDidClose:(NSMenu *)menu {
     _isOpen = NO;
     __weak MacMenuObserver *weakSelf = self;
     dispatch_async(dispatch_get_main_queue(), ^{
-      MacMenuObserver *observer = weakSelf;
-      if (observer != nil && !observer.isOpen) {
-          observer->_closed();
+      @autoreleasepool {
+          MacMenuObserver *observer = weakSelf;
+          if (observer != nil && !observer->_isOpen) {
+              observer->_closed();
+          }
       }
     });
 }

@@ -12,9 +12,6 @@ namespace corvane::macos {
 /// system's automatic enabling.
 NSMenu *makeMenu(const std::vector<MenuItem> &items);
 
-/// Whether one menu can take on the other's texts and states without gaining or losing an item.
-bool haveSameShape(const std::vector<MenuItem> &items, const std::vector<MenuItem> &others);
-
 /// Changes in place what differs between `shown`, which `menu` was made from, and `newest`, which
 /// has the same shape.
 void updateMenu(NSMenu *menu, const std::vector<MenuItem> &shown,

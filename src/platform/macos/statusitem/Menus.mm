@@ -4,8 +4,6 @@
 #import "platform/macos/support/Symbols.h"
 #import "platform/macos/support/Text.h"
 
-#include <algorithm>
-
 namespace corvane::macos {
 
 namespace {
@@ -38,14 +36,6 @@ NSMenuItem *makeItem(const MenuItem &item) {
     return view;
 }
 
-bool haveSameShape(const MenuItem &item, const MenuItem &other) {
-    if (item.isSeparator != other.isSeparator ||
-        item.submenu.has_value() != other.submenu.has_value()) {
-        return false;
-    }
-    return !item.submenu || macos::haveSameShape(*item.submenu, *other.submenu);
-}
-
 void updateItem(NSMenuItem *view, const MenuItem &shown, const MenuItem &newest) {
     if (shown == newest) {
         return;
@@ -64,12 +54,6 @@ NSMenu *makeMenu(const std::vector<MenuItem> &items) {
         [menu addItem:makeItem(item)];
     }
     return menu;
-}
-
-bool haveSameShape(const std::vector<MenuItem> &items, const std::vector<MenuItem> &others) {
-    return std::ranges::equal(items, others, [](const MenuItem &item, const MenuItem &other) {
-        return haveSameShape(item, other);
-    });
 }
 
 void updateMenu(NSMenu *menu, const std::vector<MenuItem> &shown,

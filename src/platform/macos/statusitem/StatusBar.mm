@@ -1,6 +1,7 @@
 #import "platform/macos/statusitem/StatusBar.h"
 
 #import "platform/macos/app/MacAppDelegate.h"
+#include "platform/macos/logic/MenuPresenter.h"
 #import "platform/macos/statusitem/MacMenuObserver.h"
 #import "platform/macos/statusitem/MacStatusDotView.h"
 #import "platform/macos/statusitem/Menus.h"
@@ -19,7 +20,8 @@ class StatusItem : public platform::StatusItem {
   public:
     StatusItem()
         : item_([NSStatusBar.systemStatusBar statusItemWithLength:NSVariableStatusItemLength]),
-          observer_([[MacMenuObserver alloc] initWithClosed:[this] { showNewestMenu(); }]) {}
+          observer_([[MacMenuObserver alloc] initWithOpened:[this] { presenter_.menuOpened(); }
+              closed:[this] { presenter_.menuClosed(); }]) {}
     StatusItem(const StatusItem &) = delete;
     StatusItem &operator=(const StatusItem &) = delete;
     ~StatusItem() override { [NSStatusBar.systemStatusBar removeStatusItem:item_]; }
@@ -51,16 +53,7 @@ class StatusItem : public platform::StatusItem {
         }
     }
 
-    void setMenu(const Menu &menu) override {
-        newest_ = menu;
-        NSMenu *current = item_.menu;
-        if (current != nil && haveSameShape(shown_.items, newest_.items)) {
-            updateMenu(current, shown_.items, newest_.items);
-            shown_ = newest_;
-        } else if (!observer_.isOpen) {
-            showNewestMenu();
-        }
-    }
+    void setMenu(const Menu &menu) override { presenter_.show(menu); }
 
     bool isShown() const override { return item_.visible; }
 
@@ -74,23 +67,25 @@ class StatusItem : public platform::StatusItem {
     }
 
   private:
-    /// Setting another menu closes an open one; one that is open gets its turn when it closes.
-    void showNewestMenu() {
-        if (item_.menu != nil && shown_ == newest_) {
-            return;
+    void replaceMenu(const Menu &menu) {
+        NSMenu *next = makeMenu(menu.items);
+        next.delegate = observer_;
+        item_.menu = next;
+    }
+
+    void changeMenu(const Menu &shown, const Menu &next) {
+        if (NSMenu *menu = item_.menu) {
+            updateMenu(menu, shown.items, next.items);
         }
-        NSMenu *menu = makeMenu(newest_.items);
-        menu.delegate = observer_;
-        item_.menu = menu;
-        shown_ = newest_;
     }
 
     NSStatusItem *item_;
     MacMenuObserver *observer_;
     MacStatusDotView *dot_ = nil;
     std::optional<StatusIcon> icon_;
-    Menu shown_;
-    Menu newest_;
+    MenuPresenter presenter_{
+        {.replace = [this](const Menu &menu) { replaceMenu(menu); },
+         .update = [this](const Menu &shown, const Menu &next) { changeMenu(shown, next); }}};
 };
 
 } // namespace

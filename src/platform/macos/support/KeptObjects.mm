@@ -6,7 +6,9 @@ void keepThroughEvents(NSObject *object) {
     // Menus and alerts turn the run loop in modes of their own.
     [NSRunLoop.mainRunLoop performInModes:@[ NSDefaultRunLoopMode ]
                                     block:^{
-                                      (void)object;
+                                      @autoreleasepool {
+                                          (void)object;
+                                      }
                                     }];
 }
 

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "platform/MainQueue.h"
+#include "platform/macos/logic/WorkList.h"
 #include "platform/macos/support/CFReference.h"
-
-#include <deque>
-#include <mutex>
 
 namespace corvane::macos {
 
@@ -29,8 +27,7 @@ class MainQueue : public platform::MainQueue {
     void performNext();
     void wakeUp();
 
-    std::mutex mutex_;
-    std::deque<std::function<void()>> work_;
+    WorkList work_;
     CFReference<CFRunLoopSourceRef> source_;
 };
 

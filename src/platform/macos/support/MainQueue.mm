@@ -15,20 +15,21 @@ class Timer : public platform::Timer {
   public:
     Timer(std::chrono::nanoseconds interval, bool repeats, std::function<void()> work) {
         const auto shared = std::make_shared<std::function<void()>>(std::move(work));
-        timer_ =
-            [NSTimer scheduledTimerWithTimeInterval:std::chrono::duration<double>(interval).count()
-                                            repeats:repeats
-                                              block:^(NSTimer *) {
-                                                // The work may destroy its own timer, and the block
-                                                // too.
+        timer_ = [NSTimer timerWithTimeInterval:std::chrono::duration<double>(interval).count()
+                                        repeats:repeats
+                                          block:^(NSTimer *) {
+                                            @autoreleasepool {
+                                                // The work may destroy its own timer and this
+                                                // block.
                                                 const auto held = shared; // NOLINT(performance-*)
                                                 (*held)();
-                                              }];
+                                            }
+                                          }];
         if (repeats) {
             // A napping program's timers come late; this one is asked for something every period.
             activity_.emplace(NSActivityUserInitiatedAllowingIdleSystemSleep, @"Repeated check");
         }
-        // Beside the default mode, in which it is now: while a menu or an alert is open too.
+        // While a menu or an alert is open too.
         [NSRunLoop.mainRunLoop addTimer:timer_ forMode:NSRunLoopCommonModes];
     }
     Timer(const Timer &) = delete;
@@ -45,7 +46,11 @@ class Timer : public platform::Timer {
 MainQueue::MainQueue() {
     CFRunLoopSourceContext context{};
     context.info = this;
-    context.perform = [](void *queue) { static_cast<MainQueue *>(queue)->performNext(); };
+    context.perform = [](void *queue) {
+        @autoreleasepool {
+            static_cast<MainQueue *>(queue)->performNext();
+        }
+    };
     source_ = CFReference(CFRunLoopSourceCreate(kCFAllocatorDefault, 0, &context));
     CFRunLoopAddSource(CFRunLoopGetMain(), source_.get(), kCFRunLoopCommonModes);
 }
@@ -53,10 +58,7 @@ MainQueue::MainQueue() {
 MainQueue::~MainQueue() { CFRunLoopSourceInvalidate(source_.get()); }
 
 void MainQueue::post(std::function<void()> work) {
-    {
-        const std::scoped_lock lock(mutex_);
-        work_.push_back(std::move(work));
-    }
+    work_.add(std::move(work));
     wakeUp();
 }
 
@@ -71,22 +73,14 @@ std::unique_ptr<platform::Timer> MainQueue::every(std::chrono::nanoseconds perio
 }
 
 void MainQueue::performNext() {
-    std::function<void()> next;
-    {
-        const std::scoped_lock lock(mutex_);
-        if (work_.empty()) {
-            return;
-        }
-        next = std::move(work_.front());
-        work_.pop_front();
-        if (!work_.empty()) {
-            // Before the work, which may turn the run loop itself.
-            wakeUp();
-        }
+    const auto next = work_.takeNext();
+    if (!next) {
+        return;
     }
-    @autoreleasepool {
-        next();
+    if (next->isFollowed) {
+        wakeUp();
     }
+    next->work();
 }
 
 void MainQueue::wakeUp() {

@@ -31,17 +31,14 @@ NSImage *symbolImage(const Symbol &symbol) {
 }
 
 NSImage *tintedCopy(NSImage *image, NSColor *colour) {
-    const NSRect whole = NSMakeRect(0, 0, image.size.width, image.size.height);
-    NSImage *copy = [[NSImage alloc] initWithSize:whole.size];
-    [copy lockFocus];
-    [image drawInRect:whole
-             fromRect:NSZeroRect
-            operation:NSCompositingOperationSourceOver
-             fraction:1.0];
-    [colour setFill];
-    NSRectFillUsingOperation(whole, NSCompositingOperationSourceAtop);
-    [copy unlockFocus];
-    return copy;
+    return [NSImage imageWithSize:image.size
+                          flipped:NO
+                   drawingHandler:^BOOL(NSRect whole) {
+                     [image drawInRect:whole];
+                     [colour setFill];
+                     NSRectFillUsingOperation(whole, NSCompositingOperationSourceAtop);
+                     return YES;
+                   }];
 }
 
 } // namespace corvane::macos

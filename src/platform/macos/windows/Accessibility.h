@@ -4,6 +4,10 @@
 
 #include <memory>
 
+namespace corvane::platform {
+class ContinuousClock;
+}
+
 namespace corvane::macos {
 
 class SilentApplications;
@@ -11,7 +15,8 @@ class SilentApplications;
 /// The Accessibility interface of the system.
 class Accessibility : public platform::Accessibility {
   public:
-    Accessibility();
+    /// The clock outlives it.
+    explicit Accessibility(const platform::ContinuousClock &clock);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;

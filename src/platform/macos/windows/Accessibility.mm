@@ -1,5 +1,6 @@
 #import "platform/macos/windows/Accessibility.h"
 
+#include "platform/macos/logic/SilentApplications.h"
 #import "platform/macos/support/Geometry.h"
 #import "platform/macos/support/Text.h"
 #import "platform/macos/windows/AccessibilityElement.h"
@@ -53,7 +54,8 @@ class AccessibilityWindow : public platform::AccessibilityWindow {
 
 } // namespace
 
-Accessibility::Accessibility() : silent_(std::make_shared<SilentApplications>()) {}
+Accessibility::Accessibility(const platform::ContinuousClock &clock)
+    : silent_(std::make_shared<SilentApplications>(clock)) {}
 
 bool Accessibility::isProcessTrusted() { return AXIsProcessTrusted(); }
 

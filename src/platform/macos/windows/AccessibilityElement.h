@@ -1,27 +1,15 @@
 #pragma once
 
-#include "platform/ContinuousClock.h"
 #include "platform/macos/support/CFReference.h"
 
 #include <ApplicationServices/ApplicationServices.h>
 
 #include <cstdint>
-#include <map>
 #include <memory>
 
 namespace corvane::macos {
 
-/// Which applications have lately left a message unanswered. They are left alone for a while: each
-/// message to one that hangs holds the main thread up. Main thread.
-class SilentApplications {
-  public:
-    bool contains(std::int32_t processIdentifier) const;
-    void add(std::int32_t processIdentifier);
-
-  private:
-    /// Until when.
-    std::map<std::int32_t, platform::Instant> applications_;
-};
+class SilentApplications;
 
 /// An application or one of its windows, as the Accessibility interface shows it. Main thread.
 class AccessibilityElement {

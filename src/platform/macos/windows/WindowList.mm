@@ -1,11 +1,14 @@
 #import "platform/macos/windows/WindowList.h"
 
+#include "platform/macos/logic/WindowNames.h"
 #import "platform/macos/support/CFReference.h"
 #import "platform/macos/support/Text.h"
 
 #import <AppKit/AppKit.h>
 
 #include <limits>
+
+#include <unistd.h>
 
 namespace corvane::macos {
 
@@ -74,6 +77,7 @@ std::optional<std::vector<platform::WindowListEntry>> WindowList::onScreenWindow
         }
         entries.push_back(entry(static_cast<NSDictionary *>(window)));
     }
+    addMissingNames(entries, accessibility_, getpid());
     return entries;
 }
 
