@@ -63,7 +63,7 @@ class Platform : public platform::Platform {
     MouseEvents mouseEvents_;
     OverlayWindows overlayWindows_{keyboard_};
     Screens screens_;
-    SettingsWindows settingsWindows_;
+    SettingsWindows settingsWindows_{keyboard_};
     StatusBar statusBar_;
     UserSession userSession_;
     WindowList windowList_{accessibility_};

@@ -8,7 +8,7 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// The area of one view, with its background.
+/// The area of one view, with its background; its coordinates begin at the top left.
 @interface MacBoxView : NSView
 
 - (void)setBackground:(const std::optional<corvane::Background> &)background;

@@ -16,9 +16,12 @@ namespace macos = corvane::macos;
         self.wantsLayer = YES;
         // A capsule's corners depend on its height.
         self.layerContentsRedrawPolicy = NSViewLayerContentsRedrawDuringViewResize;
-        self.translatesAutoresizingMaskIntoConstraints = NO;
     }
     return self;
+}
+
+- (BOOL)isFlipped {
+    return YES;
 }
 
 - (void)setBackground:(const std::optional<corvane::Background> &)background {

@@ -1,20 +1,18 @@
 #import "platform/macos/settings/MacLinkView.h"
 
-#include <utility>
+@implementation MacLinkView
 
-@implementation MacLinkView {
-    std::function<void()> _action;
-}
-
-- (instancetype)initWithAction:(std::function<void()>)action {
-    self = [super initWithFrame:NSZeroRect];
+- (instancetype)initWithFrame:(NSRect)frame {
+    self = [super initWithFrame:frame];
     if (self != nil) {
-        _action = std::move(action);
-        self.translatesAutoresizingMaskIntoConstraints = NO;
         self.accessibilityElement = YES;
         self.accessibilityRole = NSAccessibilityLinkRole;
     }
     return self;
+}
+
+- (BOOL)isFlipped {
+    return YES;
 }
 
 /// The label's own views take no part in clicks.
@@ -68,13 +66,9 @@
 
 - (void)press {
     // A copy: the action may destroy this view.
-    if (const auto action = _action) {
+    if (const auto action = self.action) {
         action();
     }
-}
-
-- (void)disconnect {
-    _action = nullptr;
 }
 
 @end

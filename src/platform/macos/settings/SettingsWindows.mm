@@ -1,9 +1,13 @@
 #import "platform/macos/settings/SettingsWindows.h"
 
+#import "platform/macos/app/KeyboardFocus.h"
+#include "platform/macos/logic/WindowFitting.h"
+#import "platform/macos/settings/Area.h"
 #import "platform/macos/settings/MacToolbarDelegate.h"
-#import "platform/macos/settings/RenderedView.h"
+#import "platform/macos/support/Geometry.h"
 #import "platform/macos/support/KeptObjects.h"
 #import "platform/macos/support/Text.h"
+#include "platform/views/ViewNode.h"
 
 #include <utility>
 
@@ -32,41 +36,73 @@ NSToolbar *makeToolbar(const Toolbar &description, MacToolbarDelegate *delegate)
     return toolbar;
 }
 
-/// The window's own view around the content, whose size is left to the content.
-NSView *makeContentView(NSView *content) {
-    NSView *view = [[NSView alloc] initWithFrame:NSZeroRect];
-    [view addSubview:content];
-    [NSLayoutConstraint activateConstraints:@[
-        [content.leadingAnchor constraintEqualToAnchor:view.leadingAnchor],
-        [content.trailingAnchor constraintEqualToAnchor:view.trailingAnchor],
-        [content.topAnchor constraintEqualToAnchor:view.topAnchor],
-        [content.bottomAnchor constraintEqualToAnchor:view.bottomAnchor],
-    ]];
+/// A higher content than the screen scrolls. The bar lies over the content, whose width is fixed.
+NSScrollView *makeScrollView() {
+    NSScrollView *view = [[NSScrollView alloc] initWithFrame:NSZeroRect];
+    view.hasVerticalScroller = YES;
+    view.scrollerStyle = NSScrollerStyleOverlay;
+    view.autohidesScrollers = YES;
+    view.horizontalScrollElasticity = NSScrollElasticityNone;
+    view.drawsBackground = NO;
     return view;
+}
+
+views::LayoutDirection layoutDirection() {
+    return NSApp.userInterfaceLayoutDirection == NSUserInterfaceLayoutDirectionRightToLeft
+               ? views::LayoutDirection::rightToLeft
+               : views::LayoutDirection::leftToRight;
+}
+
+NSRect visibleFrame(NSWindow *window) {
+    NSScreen *screen = window.screen != nil ? window.screen : NSScreen.mainScreen;
+    return screen == nil ? window.frame : screen.visibleFrame;
 }
 
 class TabbedWindow : public platform::NativeSettingsWindow {
   public:
-    TabbedWindow(const SettingsWindow &description,
+    TabbedWindow(KeyboardFocus &keyboard, const SettingsWindow &description,
                  std::function<void(const std::string &)> toolbarItemSelected)
-        : toolbarDelegate_([[MacToolbarDelegate alloc]
+        : keyboard_(keyboard),
+          toolbarDelegate_([[MacToolbarDelegate alloc]
               initWithToolbar:description.toolbar
                      selected:std::move(toolbarItemSelected)]),
-          window_(makeWindow(description)) {
+          window_(makeWindow(description)),
+          width_(description.width) {
+        window_.contentView = scrollView_;
         window_.toolbar = makeToolbar(description.toolbar, toolbarDelegate_);
         window_.toolbarStyle = NSWindowToolbarStylePreference;
+        closing_ =
+            [NSNotificationCenter.defaultCenter addObserverForName:NSWindowWillCloseNotification
+                                                            object:window_
+                                                             queue:nil
+                                                        usingBlock:^(NSNotification *) {
+                                                          @autoreleasepool {
+                                                              keyboardUse_.reset();
+                                                          }
+                                                        }];
     }
     TabbedWindow(const TabbedWindow &) = delete;
     TabbedWindow &operator=(const TabbedWindow &) = delete;
     ~TabbedWindow() override {
+        [NSNotificationCenter.defaultCenter removeObserver:closing_];
         [window_ orderOut:nil];
         keepThroughEvents(toolbarDelegate_);
         keepThroughEvents(window_);
     }
 
     bool isVisible() const override { return window_.visible; }
-    void makeKeyAndOrderFront() override { [window_ makeKeyAndOrderFront:nil]; }
-    void orderOut() override { [window_ orderOut:nil]; }
+    void makeKeyAndOrderFront() override {
+        keyboardUse_ = keyboard_.take();
+        [window_ makeKeyAndOrderFront:nil];
+        // The system may refuse to bring the program to the front; the window is seen all the same.
+        [window_ orderFrontRegardless];
+    }
+
+    void orderOut() override {
+        [window_ orderOut:nil];
+        keyboardUse_.reset();
+    }
+
     void center() override { [window_ center]; }
     void setTitle(const std::string &title) override { window_.title = systemText(title); }
 
@@ -75,11 +111,10 @@ class TabbedWindow : public platform::NativeSettingsWindow {
     }
 
     void setContent(const View &content) override {
-        const CGFloat top = NSMaxY(window_.frame);
-        auto next = std::make_unique<RenderedView>(content, surroundings());
-        window_.contentView = makeContentView(next->box());
+        auto next = std::make_unique<views::ViewNode>(content, makeArea_);
+        scrollView_.documentView = static_cast<Area &>(next->native()).box();
         content_ = std::move(next);
-        fitHeight(top);
+        fit();
     }
 
     void updateContent(const View &content) override {
@@ -87,25 +122,30 @@ class TabbedWindow : public platform::NativeSettingsWindow {
             setContent(content);
             return;
         }
-        const CGFloat top = NSMaxY(window_.frame);
-        content_->update(content, surroundings());
-        fitHeight(top);
+        content_->update(content);
+        fit();
     }
 
   private:
-    static Surroundings surroundings() { return {.ordinaryColour = NSColor.labelColor}; }
-
-    /// Gives the window the height of its content, with its top edge where it was.
-    void fitHeight(CGFloat top) {
-        [window_ layoutIfNeeded];
-        NSRect frame = [window_ frameRectForContentRect:{NSZeroPoint, content_->box().fittingSize}];
-        frame.origin = NSMakePoint(NSMinX(window_.frame), top - frame.size.height);
-        [window_ setFrame:frame display:YES];
+    /// Lays the content out and gives the window its height.
+    void fit() {
+        const double height = content_->layOut(width_, layoutDirection());
+        const NSRect whole = [window_ frameRectForContentRect:NSMakeRect(0, 0, width_, height)];
+        const Rectangle frame = fittedFrame(portableRectangle(window_.frame), NSHeight(whole),
+                                            portableRectangle(visibleFrame(window_)));
+        [window_ setFrame:systemRectangle(frame) display:YES];
     }
 
+    KeyboardFocus &keyboard_;
+    /// While it is on the screen.
+    std::shared_ptr<void> keyboardUse_;
+    id<NSObject> closing_;
     MacToolbarDelegate *toolbarDelegate_;
     NSWindow *window_;
-    std::unique_ptr<RenderedView> content_;
+    NSScrollView *scrollView_ = makeScrollView();
+    const double width_;
+    const views::MakeNativeView makeArea_ = makeArea;
+    std::unique_ptr<views::ViewNode> content_;
 };
 
 } // namespace
@@ -113,7 +153,7 @@ class TabbedWindow : public platform::NativeSettingsWindow {
 std::unique_ptr<platform::NativeSettingsWindow>
 SettingsWindows::create(const SettingsWindow &window,
                         std::function<void(const std::string &identifier)> toolbarItemSelected) {
-    return std::make_unique<TabbedWindow>(window, std::move(toolbarItemSelected));
+    return std::make_unique<TabbedWindow>(keyboard_, window, std::move(toolbarItemSelected));
 }
 
 } // namespace corvane::macos
