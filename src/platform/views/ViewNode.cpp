@@ -165,17 +165,23 @@ double ViewNode::idealWidth() const {
            (isLeaf() ? measured(widerThanAnyScreen).width : contentWidth(&ViewNode::idealWidth));
 }
 
-/// Narrower it must not become: texts give way, controls do not.
-double ViewNode::leastWidth() const {
+/// With the texts cut off that keep to one line.
+double ViewNode::cutWidth() const { return narrowed(&ViewNode::cutWidth, true); }
+
+/// With the other texts broken into lines, too.
+double ViewNode::brokenWidth() const { return narrowed(&ViewNode::brokenWidth, false); }
+
+double ViewNode::narrowed(double (ViewNode::*widthOf)() const, bool keepsLines) const {
     if (view_.width) {
         return *view_.width;
     }
     if (!isLeaf()) {
-        return horizontalPadding() + contentWidth(&ViewNode::leastWidth);
+        return horizontalPadding() + contentWidth(widthOf);
     }
     constexpr double leastText = 30;
-    return std::holds_alternative<Text>(view_.content) ? std::min(leastText, idealWidth())
-                                                       : idealWidth();
+    const auto *text = std::get_if<Text>(&view_.content);
+    const bool givesWay = text != nullptr && (text->isSingleLine || !keepsLines);
+    return givesWay ? std::min(leastText, idealWidth()) : idealWidth();
 }
 
 double ViewNode::contentWidth(double (ViewNode::*widthOf)() const) const {
@@ -225,26 +231,48 @@ Size ViewNode::sizeIn(double offered) const {
     return {width, std::max(height, view_.minHeight.value_or(0))};
 }
 
-/// The widths of a row's children. What is too much is taken from those that can give way; what is
-/// left over goes to those that fill the width, the narrowest of them first.
+/// The widths of a row's children. What is too much is taken from the texts, first from those that
+/// keep to one line; what is left over goes to what fills the width, the narrowest first.
 std::vector<double> ViewNode::sharedWidths(double width) const {
     std::vector<double> widths;
-    std::vector<double> slack;
     double sum = gaps();
-    double wholeSlack = 0;
     for (const auto &child : children_) {
         widths.push_back(child->idealWidth());
-        slack.push_back(child->idealWidth() - child->leastWidth());
         sum += widths.back();
-        wholeSlack += slack.back();
     }
-    if (sum > width && wholeSlack > 0) {
-        const double share = std::min(1.0, (sum - width) / wholeSlack);
-        for (std::size_t index = 0; index < widths.size(); ++index) {
-            widths[index] = std::floor(widths[index] - slack[index] * share);
+    for (const auto leastWidthOf : {&ViewNode::cutWidth, &ViewNode::brokenWidth}) {
+        if (sum > width) {
+            sum -= narrow(widths, leastWidthOf, sum - width);
         }
-        return widths;
     }
+    if (sum < width) {
+        widen(widths, width - sum);
+    }
+    return widths;
+}
+
+/// Takes what is too much from the widths, from each as much as it can spare in relation to the
+/// others; what was taken.
+double ViewNode::narrow(std::vector<double> &widths, double (ViewNode::*leastWidthOf)() const,
+                        double excess) const {
+    std::vector<double> spare;
+    double wholeSpare = 0;
+    for (std::size_t index = 0; index < widths.size(); ++index) {
+        spare.push_back(widths[index] - (children_[index].get()->*leastWidthOf)());
+        wholeSpare += spare.back();
+    }
+    double taken = 0;
+    for (std::size_t index = 0; index < widths.size() && wholeSpare > 0; ++index) {
+        const double part = std::ceil(spare[index] * std::min(1.0, excess / wholeSpare));
+        widths[index] -= part;
+        taken += part;
+    }
+    return taken;
+}
+
+/// Gives what is left over to the children that fill the width, so that as many as can be become
+/// equally wide.
+void ViewNode::widen(std::vector<double> &widths, double left) const {
     std::vector<double *> filling;
     for (std::size_t index = 0; index < widths.size(); ++index) {
         if (children_[index]->fillsWidth()) {
@@ -252,7 +280,6 @@ std::vector<double> ViewNode::sharedWidths(double width) const {
         }
     }
     std::ranges::sort(filling, std::ranges::greater(), [](const double *one) { return *one; });
-    double left = width - sum;
     for (const double *one : filling) {
         left += *one;
     }
@@ -261,7 +288,6 @@ std::vector<double> ViewNode::sharedWidths(double width) const {
         *filling[index] = std::max(*filling[index], share);
         left -= *filling[index];
     }
-    return widths;
 }
 
 double ViewNode::layOut(double width, LayoutDirection direction) {

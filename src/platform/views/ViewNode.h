@@ -50,12 +50,17 @@ class ViewNode {
 
     Size measured(double width) const;
     double idealWidth() const;
-    double leastWidth() const;
+    double cutWidth() const;
+    double brokenWidth() const;
+    double narrowed(double (ViewNode::*widthOf)() const, bool keepsLines) const;
     double contentWidth(double (ViewNode::*widthOf)() const) const;
     double widthIn(double offered) const;
     Size contentSizeIn(double width) const;
     Size sizeIn(double offered) const;
     std::vector<double> sharedWidths(double width) const;
+    double narrow(std::vector<double> &widths, double (ViewNode::*leastWidthOf)() const,
+                  double excess) const;
+    void widen(std::vector<double> &widths, double left) const;
 
     void place(const Rectangle &area, LayoutDirection direction);
     Rectangle contentIn(Size area) const;

@@ -169,6 +169,11 @@ TEST_F(ViewNodeTest, TextsGiveWayInARowAndControlsDoNot) {
                                          Rectangle{118, 1, 50, 20}));
 }
 
+TEST_F(ViewNodeTest, ATextThatKeepsToOneLineGivesWayBeforeOneThatCanBeBroken) {
+    show(row({singleLine(text("0123456789")), text("badge")}, 10));
+    EXPECT_THAT(layOut(110), ElementsAre(Rectangle{0, 0, 50, 20}, Rectangle{60, 0, 50, 20}));
+}
+
 TEST_F(ViewNodeTest, WhatFillsTheWidthSharesIt) {
     const auto card = [](std::string words) {
         View view = text(std::move(words));
