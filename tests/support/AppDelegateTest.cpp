@@ -1,8 +1,17 @@
 #include "support/AppDelegateTest.h"
 
 #include <algorithm>
+#include <cstdlib>
+#include <string_view>
 
 namespace corvane::testing {
+
+AppDelegateTest::AppDelegateTest() {
+    const char *system = std::getenv("CORVANE_TEST_SYSTEM"); // NOLINT(concurrency-mt-unsafe)
+    if (system != nullptr && std::string_view(system) == "mac") {
+        platform.behaveAsMac();
+    }
+}
 
 void AppDelegateTest::launch(LaunchCause cause) {
     delegate->applicationDidFinishLaunching(cause);

@@ -15,6 +15,10 @@ namespace corvane::testing {
 /// The whole portable program on the recording back end.
 class AppDelegateTest : public ::testing::Test {
   protected:
+    /// On the plain recorder or, where CORVANE_TEST_SYSTEM is "mac", on one that behaves as Apple
+    /// documents its system.
+    AppDelegateTest();
+
     /// Shows the status item, loads the files and registers the hot key.
     void launch(LaunchCause cause = LaunchCause::user);
 

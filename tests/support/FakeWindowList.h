@@ -9,11 +9,19 @@ class FakeWindowList : public platform::WindowList {
   public:
     std::optional<std::vector<platform::WindowListEntry>> onScreenWindows() override {
         ++readings;
-        return windows;
+        auto told = windows;
+        if (keepsNamesToItself && told) {
+            for (platform::WindowListEntry &entry : *told) {
+                entry.name.reset();
+            }
+        }
+        return told;
     }
 
     /// Front-most first; nothing for a list that cannot be read.
     std::optional<std::vector<platform::WindowListEntry>> windows{std::in_place};
+    /// Whether windows are listed without their names.
+    bool keepsNamesToItself = false;
     /// How often the list was read.
     int readings = 0;
 };

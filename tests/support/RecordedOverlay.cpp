@@ -8,8 +8,8 @@ namespace corvane::testing {
 namespace {
 
 template <typename Event, typename Value>
-void send(bool isVisible, const Event &event, Value value) {
-    if (isVisible && event) {
+void send(bool isHeard, const Event &event, Value value) {
+    if (isHeard && event) {
         // A copy, because what is called may destroy the overlay.
         std::invoke(Event{event}, value);
     }
@@ -17,13 +17,20 @@ void send(bool isVisible, const Event &event, Value value) {
 
 } // namespace
 
-void RecordedOverlay::mouseDown(Point point) { send(isVisible, events_.mouseDown, point); }
+void RecordedOverlay::mouseDown(Point point) { send(hears(), events_.mouseDown, point); }
 
-void RecordedOverlay::mouseDragged(Point point) { send(isVisible, events_.mouseDragged, point); }
+void RecordedOverlay::mouseDragged(Point point) { send(hears(), events_.mouseDragged, point); }
 
-void RecordedOverlay::mouseUp(Point point) { send(isVisible, events_.mouseUp, point); }
+void RecordedOverlay::mouseUp(Point point) { send(hears(), events_.mouseUp, point); }
 
-void RecordedOverlay::keyDown(platform::Key key) { send(isVisible && isKey, events_.keyDown, key); }
+void RecordedOverlay::keyDown(platform::Key key) {
+    const bool arrives = isKey || (hasEscapeKey && key == platform::Key::escape);
+    send(hears() && arrives, events_.keyDown, key);
+}
+
+bool RecordedOverlay::hears() const {
+    return isVisible && (deafUnder == nullptr || !deafUnder->isShown());
+}
 
 void RecordedOverlay::completeAnimations() {
     for (const std::function<void()> &completion : std::exchange(completions_, {})) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/OverlayWindows.h"
+#include "support/RecordingAlerts.h"
 
 #include <vector>
 
@@ -30,6 +31,11 @@ class RecordedOverlay {
     /// Every animation played.
     std::vector<Animation> plays;
 
+    /// Events do not arrive while one of these alerts is open; none for always.
+    const RecordingAlerts *deafUnder = nullptr;
+    /// Whether the Escape key arrives at a visible overlay that has not the keyboard.
+    bool hasEscapeKey = false;
+
     /// Sends the event when the overlay listens and is visible; points in screen space.
     void mouseDown(Point point);
     void mouseDragged(Point point);
@@ -42,6 +48,8 @@ class RecordedOverlay {
 
   private:
     friend class RecordingOverlayWindows;
+
+    bool hears() const;
 
     platform::OverlayEvents events_;
     std::vector<std::function<void()>> completions_;

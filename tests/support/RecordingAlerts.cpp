@@ -5,9 +5,11 @@ namespace corvane::testing {
 AlertResponse RecordingAlerts::runModal(const Alert &alert) {
     mainThread_.check();
     shown.push_back(alert);
+    ++open_;
     if (whileShown) {
         whileShown(alert);
     }
+    --open_;
     if (answers.empty()) {
         return {.button = alert.buttons.size() - 1};
     }

@@ -21,11 +21,15 @@ class RecordingAlerts : public platform::Alerts {
     /// Called while an alert is up: what else happens on the main thread meanwhile.
     std::function<void(const Alert &)> whileShown;
 
+    /// Whether an alert waits for its answer.
+    bool isShown() const { return open_ > 0; }
+
     /// Every alert so far.
     std::vector<Alert> shown;
 
   private:
     const OneThread mainThread_{"alerts"};
+    int open_ = 0;
 };
 
 } // namespace corvane::testing

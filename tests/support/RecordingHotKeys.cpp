@@ -47,7 +47,7 @@ std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatu
 RecordingHotKeys::registerHotKey(const platform::HotKey &hotKey) {
     mainThread_.check();
     ++registrations;
-    if (registerFailure) {
+    if (registerFailure && !isNeverRefused) {
         return std::unexpected(*registerFailure);
     }
     const int number = nextNumber_++;

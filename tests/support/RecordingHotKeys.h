@@ -24,6 +24,8 @@ class RecordingHotKeys : public platform::HotKeys {
     /// With what status the next attempts fail; nothing for success.
     std::optional<platform::HotKeyStatus> installFailure;
     std::optional<platform::HotKeyStatus> registerFailure;
+    /// Whether a hot key is given to everybody who wants it, whatever `registerFailure` says.
+    bool isNeverRefused = false;
 
     std::size_t handlerCount() const { return handlers_.size(); }
     /// Those registered now.

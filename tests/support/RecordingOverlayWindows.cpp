@@ -30,7 +30,7 @@ class RecordingOverlayWindows::Overlay : public platform::NativeOverlay {
     void makeKeyAndOrderFront() override {
         windows_.mainThread_.check();
         record_->isVisible = true;
-        if (record_->window.canBecomeKey) {
+        if (record_->window.canBecomeKey && !windows_.isKeyboardRefused) {
             for (const auto &other : windows_.overlays_) {
                 other->isKey = false;
             }
@@ -73,6 +73,8 @@ std::unique_ptr<platform::NativeOverlay>
 RecordingOverlayWindows::create(const BorderlessWindow &window, platform::OverlayEvents events) {
     mainThread_.check();
     overlays_.push_back(std::make_shared<RecordedOverlay>(window, std::move(events)));
+    overlays_.back()->deafUnder = deafUnder;
+    overlays_.back()->hasEscapeKey = isKeyboardRefused && window.canBecomeKey;
     return std::make_unique<Overlay>(*this, overlays_.back());
 }
 

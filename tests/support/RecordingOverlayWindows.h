@@ -15,6 +15,12 @@ class RecordingOverlayWindows : public platform::OverlayWindows {
     std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,
                                                     platform::OverlayEvents events) override;
 
+    /// Overlays made from now on receive nothing while one of these alerts is open; none for
+    /// always.
+    const RecordingAlerts *deafUnder = nullptr;
+    /// Whether the system refuses the keyboard to overlays, which then have the Escape key alone.
+    bool isKeyboardRefused = false;
+
     /// All overlays ever made, in that order, the destroyed ones included.
     const std::vector<std::shared_ptr<RecordedOverlay>> &all() const { return overlays_; }
 

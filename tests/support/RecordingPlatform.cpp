@@ -2,6 +2,15 @@
 
 namespace corvane::testing {
 
+void RecordingPlatform::behaveAsMac() {
+    loginItem_.failure = Failure{"Operation not permitted"};
+    windowList_.keepsNamesToItself = true;
+    hotKeys_.isNeverRefused = true;
+    statusBar_.isAlwaysShown = true;
+    overlayWindows_.deafUnder = &alerts_;
+    overlayWindows_.isKeyboardRefused = true;
+}
+
 void RecordingPlatform::advance(std::chrono::nanoseconds duration) {
     const platform::Instant end = clock_.now() + duration;
     mainQueue_.turnUntilIdle();

@@ -47,6 +47,13 @@ class RecordingPlatform : public platform::Platform {
     FakeWindowList &windowList() override { return windowList_; }
     RecordingWorkspace &workspace() override { return workspace_; }
 
+    /// Makes the system behave as Apple documents its own: it refuses the keyboard to programs that
+    /// are not in front and login items of programs that are not signed, keeps the names of windows
+    /// to itself, gives a hot key to everybody, and always shows status items; under an alert it
+    /// lets nothing reach overlays. That an alert does not refuse the end of the program is a
+    /// property of the alert's window.
+    void behaveAsMac();
+
     /// Lets time pass for the main thread: turns the clock from one timer to the next and the main
     /// queue with it. Main thread.
     void advance(std::chrono::nanoseconds duration);

@@ -37,7 +37,7 @@ class RecordingStatusBar::Item : public platform::StatusItem {
         record_->toolTip = text;
     }
 
-    bool isShown() const override { return bar_.isPresent; }
+    bool isShown() const override { return bar_.isPresent || bar_.isAlwaysShown; }
 
     void openMenu() override {
         bar_.mainThread_.check();

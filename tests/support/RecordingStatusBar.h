@@ -21,6 +21,8 @@ class RecordingStatusBar : public platform::StatusBar {
 
     /// Whether items are shown.
     bool isPresent = true;
+    /// Whether they are shown whatever `isPresent` says.
+    bool isAlwaysShown = false;
 
     /// All items ever made, in that order, the destroyed ones included.
     const std::vector<std::shared_ptr<RecordedStatusItem>> &items() const { return items_; }
