@@ -161,6 +161,11 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
     if (desktop.displayServer == DisplayServer::xwayland) {
         return hotKeyInWayland();
     }
+    if (desktop.hotKey == HotKeyState::unknown && (!running || running->isHotkeyRegistered)) {
+        return {.subject = "Hot key",
+                .statement = "Whether another program takes " + desktop.hotKeyName +
+                             " first cannot be known: press it."};
+    }
     if (running && running->isHotkeyRegistered) {
         return {.subject = "Hot key", .statement = "It belongs to the running Corvane."};
     }
@@ -173,6 +178,7 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
     case HotKeyState::taken:
         return hotKeyTaken(desktop.hotKeyName, "");
     case HotKeyState::noSuchKey:
+    case HotKeyState::unknown:
         break;
     }
     return {.grade = Grade::limited,

@@ -20,7 +20,13 @@ enum class DisplayServer {
 };
 
 /// Whether the hot key could be had at this moment.
-enum class HotKeyState { free, taken, noSuchKey };
+enum class HotKeyState {
+    free,
+    taken,
+    noSuchKey,
+    /// The system gives a key to everybody who wants it and does not tell who else has it.
+    unknown
+};
 
 /// Where a status item would be shown.
 enum class StatusArea { menuBar, panel, systemTray, none };

@@ -51,6 +51,16 @@ TEST(DoctorTest, ReportsAGoodDesktopLineByLine) {
                                  "written.\n"}));
 }
 
+TEST(DoctorTest, WhereNobodyTellsWhoHasTheHotKeyThatIsSaid) {
+    DesktopFacts desktop{
+        .displayServer = DisplayServer::macos, .hotKey = HotKeyState::unknown, .hotKeyName = "⇧⌘Y"};
+    constexpr const char *unknown =
+        "[ok]      Hot key: Whether another program takes ⇧⌘Y first cannot be known: press it.";
+    EXPECT_THAT(diagnose(desktop).output, HasSubstr(unknown));
+    EXPECT_THAT(diagnose(desktop, running("idle", true)).output, HasSubstr(unknown));
+    EXPECT_THAT(diagnose(desktop, running("idle", false)).output, Not(HasSubstr(unknown)));
+}
+
 TEST(DoctorTest, LeavesOutWhatPlaysNoPart) {
     const auto report = diagnose({.displayServer = DisplayServer::macos}).output;
     EXPECT_THAT(report, HasSubstr("Display: Corvane is on the desktop of macOS."));

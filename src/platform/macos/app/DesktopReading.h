@@ -1,12 +1,11 @@
 #pragma once
 
-#include "platform/HotKeys.h"
 #include "presentation/DesktopFacts.h"
 
 namespace corvane::macos {
 
 /// What this desktop offers. Main thread. Not whether it takes clicks: to the system a program that
 /// a terminal has started is the terminal.
-DesktopFacts readDesktopFacts(const platform::HotKey &hotKey);
+DesktopFacts readDesktopFacts();
 
 } // namespace corvane::macos

@@ -1,14 +1,12 @@
 #import "platform/macos/app/DesktopReading.h"
 
-#import "platform/macos/hotkey/HotKeys.h"
 #include "presentation/KeyHint.h"
 
 namespace corvane::macos {
 
-DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
-    HotKeys hotKeys;
+DesktopFacts readDesktopFacts() {
     return {.displayServer = DisplayServer::macos,
-            .hotKey = hotKeys.registerHotKey(hotKey) ? HotKeyState::free : HotKeyState::taken,
+            .hotKey = HotKeyState::unknown,
             .hotKeyName = startStopKeyHint,
             .statusArea = StatusArea::menuBar};
 }

@@ -56,7 +56,7 @@ int runLaunch(const CommandRequest &words) {
 int runDoctor() {
     posix::PosixFileSystem files;
     const macos::Application application;
-    return print(diagnose(macos::readDesktopFacts(startStopKey),
+    return print(diagnose(macos::readDesktopFacts(),
                           posix::readFileFacts(filesOfCorvane(files, application.homeDirectory())),
                           macos::callRunning({"status", "--json"})));
 }
