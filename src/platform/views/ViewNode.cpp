@@ -38,6 +38,18 @@ std::vector<View> takeChildren(View &view) {
     return {};
 }
 
+/// What is offered to a control to learn how wide it would like to be.
+constexpr double widerThanAnyScreen = 100'000;
+
+/// The value, computed if it is not known.
+template <typename Value, typename Compute>
+Value once(std::optional<Value> &known, const ViewNode &node, Compute compute) {
+    if (!known) {
+        known = std::invoke(compute, node);
+    }
+    return *known;
+}
+
 bool coloursItsLabel(const View &view) {
     const auto *link = std::get_if<Link>(&view.content);
     return link != nullptr && !link->isPlain;
@@ -52,46 +64,48 @@ ViewNode::ViewNode(View view, const MakeNativeView &make, bool isInColouredLink)
     view_ = std::move(view);
     native_ = make_(view_, isInColouredLink_);
     native_->show();
-    updateChildren(std::move(children));
+    changeChildrenTo(std::move(children));
 }
 
 ViewNode::~ViewNode() = default;
 
 bool ViewNode::canShow(const View &next) const { return kindOf(view_) == kindOf(next); }
 
-void ViewNode::update(View next) {
+void ViewNode::update(View next) { changeTo(std::move(next)); }
+
+/// Whether anything in here has changed.
+bool ViewNode::changeTo(View next) {
     std::vector<View> children = takeChildren(next);
-    const bool hasChanged = view_ != next;
+    const bool isOther = view_ != next;
     // In any case: the handlers, which all compare equal, are new.
     view_ = std::move(next);
-    if (hasChanged) {
-        sizes_.clear();
+    if (isOther) {
         native_->show();
     }
-    updateChildren(std::move(children));
+    const bool hasChanged = changeChildrenTo(std::move(children)) || isOther;
+    if (hasChanged) {
+        known_ = {};
+    }
+    return hasChanged;
 }
 
-void ViewNode::updateChildren(std::vector<View> next) {
-    children_ = takeOver(std::move(next));
-    arrangeChildren();
-}
-
-/// The nodes for the next children. Those of the present ones that are not needed any more go.
-std::vector<std::unique_ptr<ViewNode>> ViewNode::takeOver(std::vector<View> next) {
+/// Takes over the nodes that can show the next children, makes those that are missing and lets go
+/// of the others. Whether anything has changed.
+bool ViewNode::changeChildrenTo(std::vector<View> next) {
     std::vector<ViewKind> formerKinds;
     std::vector<ViewKind> nextKinds;
     std::ranges::transform(children_, std::back_inserter(formerKinds),
                            [](const auto &child) { return kindOf(child->view_); });
     std::ranges::transform(next, std::back_inserter(nextKinds), kindOf);
+    bool hasChanged = formerKinds != nextKinds;
     const auto matches = matched(formerKinds, nextKinds);
     auto former = std::exchange(children_, {});
-    std::vector<std::unique_ptr<ViewNode>> nodes;
     for (std::size_t index = 0; index < next.size(); ++index) {
         if (matches[index]) {
-            nodes.push_back(std::move(former[*matches[index]]));
-            nodes.back()->update(std::move(next[index]));
+            children_.push_back(std::move(former[*matches[index]]));
+            hasChanged = children_.back()->changeTo(std::move(next[index])) || hasChanged;
         } else {
-            nodes.push_back(std::make_unique<ViewNode>(
+            children_.push_back(std::make_unique<ViewNode>(
                 std::move(next[index]), make_, isInColouredLink_ || coloursItsLabel(view_)));
         }
     }
@@ -100,7 +114,9 @@ std::vector<std::unique_ptr<ViewNode>> ViewNode::takeOver(std::vector<View> next
             std::erase(arranged_, gone->native_.get());
         }
     }
-    return nodes;
+    former.clear();
+    arrangeChildren();
+    return hasChanged;
 }
 
 /// Leaves areas that are in their place alone: moving one would take the keyboard from it.
@@ -134,7 +150,9 @@ bool ViewNode::contentFillsWidth() const {
     });
 }
 
-bool ViewNode::fillsWidth() const {
+bool ViewNode::fillsWidth() const { return once(known_.fillsWidth, *this, &ViewNode::isFilling); }
+
+bool ViewNode::isFilling() const {
     return !view_.width && (view_.fullWidth || contentFillsWidth());
 }
 
@@ -145,31 +163,28 @@ double ViewNode::gaps() const {
                : stack()->spacing * static_cast<double>(children_.size() - 1);
 }
 
-Size ViewNode::measured(double width) const {
-    const auto known = std::ranges::find(sizes_, width, &std::pair<double, Size>::first);
-    if (known != sizes_.end()) {
-        return known->second;
-    }
-    const Size size = native_->measure(width);
-    sizes_.emplace_back(width, Size{std::ceil(size.width), std::ceil(size.height)});
-    return sizes_.back().second;
-}
-
 /// As wide as no line of text need be broken.
-double ViewNode::idealWidth() const {
+double ViewNode::idealWidth() const { return once(known_.idealWidth, *this, &ViewNode::widest); }
+
+double ViewNode::widest() const {
     if (view_.width) {
         return *view_.width;
     }
-    constexpr double widerThanAnyScreen = 100'000;
-    return horizontalPadding() +
-           (isLeaf() ? measured(widerThanAnyScreen).width : contentWidth(&ViewNode::idealWidth));
+    return horizontalPadding() + (isLeaf() ? contentSizeIn(widerThanAnyScreen).width
+                                           : contentWidth(&ViewNode::idealWidth));
 }
 
 /// With the texts cut off that keep to one line.
-double ViewNode::cutWidth() const { return narrowed(&ViewNode::cutWidth, true); }
+double ViewNode::cutWidth() const {
+    return once(known_.cutWidth, *this,
+                [](const ViewNode &node) { return node.narrowed(&ViewNode::cutWidth, true); });
+}
 
 /// With the other texts broken into lines, too.
-double ViewNode::brokenWidth() const { return narrowed(&ViewNode::brokenWidth, false); }
+double ViewNode::brokenWidth() const {
+    return once(known_.brokenWidth, *this,
+                [](const ViewNode &node) { return node.narrowed(&ViewNode::brokenWidth, false); });
+}
 
 double ViewNode::narrowed(double (ViewNode::*widthOf)() const, bool keepsLines) const {
     if (view_.width) {
@@ -203,11 +218,25 @@ double ViewNode::widthIn(double offered) const {
 }
 
 Size ViewNode::contentSizeIn(double width) const {
+    auto &sizes = known_.contentSizes;
+    const auto found = std::ranges::find(sizes, width, &std::pair<double, Size>::first);
+    if (found != sizes.end()) {
+        return found->second;
+    }
+    const Size size = computedContentSize(width);
+    sizes.emplace_back(width, size);
+    return size;
+}
+
+Size ViewNode::computedContentSize(double width) const {
     Size size;
     if (isLeaf()) {
-        size = measured(width);
-        size.width = std::min(size.width, width);
-    } else if (isRow()) {
+        const Size measured = native_->measure(width);
+        size = {std::min(std::ceil(measured.width), width), std::ceil(measured.height)};
+        // A control's own width is not that of the widest screen.
+        return takesAnyWidth() && width < widerThanAnyScreen ? Size{width, size.height} : size;
+    }
+    if (isRow()) {
         const std::vector<double> widths = sharedWidths(width);
         size.width = gaps();
         for (std::size_t index = 0; index < children_.size(); ++index) {

@@ -34,8 +34,19 @@ class ViewNode {
     double layOut(double width, LayoutDirection direction);
 
   private:
-    std::vector<std::unique_ptr<ViewNode>> takeOver(std::vector<View> next);
-    void updateChildren(std::vector<View> next);
+    /// Lengths that were computed since anything in here has changed: most of a long list stays as
+    /// it is when one line changes.
+    struct Known {
+        std::optional<bool> fillsWidth;
+        std::optional<double> idealWidth;
+        std::optional<double> cutWidth;
+        std::optional<double> brokenWidth;
+        /// With the width offered.
+        std::vector<std::pair<double, Size>> contentSizes;
+    };
+
+    bool changeTo(View next);
+    bool changeChildrenTo(std::vector<View> next);
     void arrangeChildren();
 
     const Stack *stack() const { return std::get_if<Stack>(&view_.content); }
@@ -44,18 +55,20 @@ class ViewNode {
     bool takesAnyWidth() const;
     bool contentFillsWidth() const;
     bool fillsWidth() const;
+    bool isFilling() const;
     double gaps() const;
     double horizontalPadding() const { return view_.padding.leading + view_.padding.trailing; }
     double verticalPadding() const { return view_.padding.top + view_.padding.bottom; }
 
-    Size measured(double width) const;
     double idealWidth() const;
+    double widest() const;
     double cutWidth() const;
     double brokenWidth() const;
     double narrowed(double (ViewNode::*widthOf)() const, bool keepsLines) const;
     double contentWidth(double (ViewNode::*widthOf)() const) const;
     double widthIn(double offered) const;
     Size contentSizeIn(double width) const;
+    Size computedContentSize(double width) const;
     Size sizeIn(double offered) const;
     std::vector<double> sharedWidths(double width) const;
     double narrow(std::vector<double> &widths, double (ViewNode::*leastWidthOf)() const,
@@ -76,8 +89,7 @@ class ViewNode {
     std::vector<NativeView *> arranged_;
     /// The area and the content as the toolkit has them.
     std::optional<std::pair<Rectangle, Rectangle>> placed_;
-    /// Sizes that the toolkit has given since the view changed, with the width it was asked for.
-    mutable std::vector<std::pair<double, Size>> sizes_;
+    mutable Known known_;
 };
 
 } // namespace corvane::views
