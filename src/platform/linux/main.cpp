@@ -177,6 +177,7 @@ CommandAnswer examine(int argc, char **argv) {
 
 int main(int argc, char **argv) {
     freedesktop::preventBusLaunch();
+    freedesktop::surviveLostBuses();
     const auto commandLine =
         CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
                            {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",

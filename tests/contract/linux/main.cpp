@@ -1,4 +1,5 @@
 #include "VirtualDesktop.h"
+#include "platform/freedesktop/bus/SessionBus.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@ int main(int argc, char **argv) {
     if (GTEST_FLAG_GET(list_tests)) {
         return RUN_ALL_TESTS();
     }
+    corvane::freedesktop::surviveLostBuses();
     const corvane::desktop::VirtualDesktop desktop(
         {.windowManager = corvane::desktop::WindowManager::none, .takesStatusIcons = false});
     desktop.adoptEnvironment();
