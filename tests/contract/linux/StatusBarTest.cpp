@@ -273,6 +273,21 @@ TEST_F(StatusBarTest, RefusesWhatCannotBeChosenOnThePanel) {
     EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = "stopClicking:"}}));
 }
 
+TEST_F(StatusBarTest, DescribesItsObjectsToTools) {
+    FakePanel panel;
+    ASSERT_TRUE(registers(panel));
+    const QString item = panel.introspection(u"/StatusNotifierItem"_s);
+    EXPECT_TRUE(
+        item.contains(u"<property name=\"IconPixmap\" type=\"a(iiay)\" access=\"read\"/>"_s));
+    EXPECT_TRUE(item.contains(u"<signal name=\"NewIcon\">"_s));
+    const QString menu = panel.introspection(u"/MenuBar"_s).simplified();
+    EXPECT_TRUE(
+        menu.contains(u"<method name=\"GetLayout\"> <arg type=\"i\" direction=\"in\"/> "
+                      "<arg type=\"i\" direction=\"in\"/> <arg type=\"as\" direction=\"in\"/> "
+                      "<arg type=\"u\" direction=\"out\"/> "
+                      "<arg type=\"(ia{sv}av)\" direction=\"out\"/> </method>"_s));
+}
+
 TEST_F(StatusBarTest, RefusesArgumentsOfOtherTypes) {
     FakePanel panel;
     ASSERT_TRUE(registers(panel));

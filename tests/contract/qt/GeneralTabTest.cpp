@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QEventLoop>
 #include <QLineEdit>
+#include <QPointer>
 #include <QRadioButton>
 #include <QScreen>
 #include <QTimer>
@@ -221,6 +222,24 @@ TEST_F(GeneralTabOnScreen, survivesItsEndInItsOwnHandler) {
     loop.exec();
     EXPECT_EQ(saved.size(), 1U);
     EXPECT_TRUE(turnUntil([] { return QApplication::activeWindow() == nullptr; }));
+}
+
+TEST_F(GeneralTabOnScreen, ignoresItsToolbarOnceItIsGone) {
+    open();
+    QEventLoop loop;
+    QTimer::singleShot(0, &loop, [&] {
+        const QPointer about = &named<QAbstractButton>(u"About"_s);
+        const auto general = tab;
+        window.reset();
+        // Deleted later, because it may be the one whose handler is running.
+        EXPECT_TRUE(about);
+        if (about) {
+            about->click();
+        }
+        EXPECT_EQ(tab, general);
+        loop.quit();
+    });
+    loop.exec();
 }
 
 TEST_F(GeneralTabOnScreen, goesThroughTheControlsInTheirOrder) {

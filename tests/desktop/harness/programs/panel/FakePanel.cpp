@@ -168,6 +168,13 @@ bool FakePanel::callMenu(const QString &method, const QVariantList &arguments) {
 
 void FakePanel::activate(int x, int y) { call(itemPath, itemInterface, u"Activate"_s, {x, y}); }
 
+QString FakePanel::introspection(const QString &path) {
+    return call(path, u"org.freedesktop.DBus.Introspectable"_s, u"Introspect"_s, {})
+        .arguments()
+        .value(0)
+        .toString();
+}
+
 int FakePanel::signalCount(const QString &name) const {
     const auto found = signals_.find(name);
     return found == signals_.end() ? 0 : found->second;

@@ -85,6 +85,9 @@ class FakePanel : public QDBusVirtualObject {
     /// A left click by a panel that leaves showing the menu to the program.
     void activate(int x, int y);
 
+    /// What a tool such as busctl reads about one of the item's objects.
+    QString introspection(const QString &path);
+
     /// How many signals of that name items and menus have sent.
     int signalCount(const QString &name) const;
     /// What the signals ItemsPropertiesUpdated have changed.
