@@ -62,6 +62,7 @@ endforeach()
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/corvane.1.gz"
     DESTINATION "${CMAKE_INSTALL_MANDIR}/man1")
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/changelog.gz"
-    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/corvane")
+    DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/corvane"
+    RENAME changelog.Debian.gz)
 
 add_custom_target(corvane_installed_files ALL DEPENDS ${installed_files})
