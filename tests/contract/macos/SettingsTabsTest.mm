@@ -15,7 +15,7 @@ namespace corvane::contract {
 namespace {
 
 /// The tabs as the system draws them.
-class MacSettingsTabsTest : public testing::Test {
+class MacSettingsTabsTest : public ::testing::Test {
   protected:
     void SetUp() override {
         window_ = backEnd_.platform().settingsWindows().create(
