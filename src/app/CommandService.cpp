@@ -3,7 +3,6 @@
 #include "app/AppDelegate.h"
 #include "app/StatusReport.h"
 #include "platform/MainQueue.h"
-#include "platform/UserSession.h"
 #include "state/AppState.h"
 #include "state/Availability.h"
 
@@ -29,28 +28,15 @@ CommandReply onlyOnce(const CommandReply &reply) {
     };
 }
 
-const MenuItem *find(const std::vector<MenuItem> &items, const MenuCommand &command) {
-    for (const MenuItem &item : items) {
-        if (item.action == command.action && item.representedObject == command.representedObject) {
-            return &item;
-        }
-        if (const auto *found = item.submenu ? find(*item.submenu, command) : nullptr) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
 } // namespace
 
 CommandService::CommandService(AppDelegate &delegate, const AppState &appState,
-                               platform::UserSession &userSession, platform::MainQueue &mainQueue)
+                               platform::MainQueue &mainQueue)
     : delegate_(delegate),
       appState_(appState),
-      userSession_(userSession),
       mainQueue_(mainQueue) {}
 
-void CommandService::obey(const CommandRequest &request, const CommandReply &reply) {
+void CommandService::handle(const CommandRequest &request, const CommandReply &reply) {
     if (request.empty()) {
         delegate_.applicationShouldHandleReopen();
         reply({});
@@ -91,8 +77,8 @@ void CommandService::start(const CommandReply &reply) {
     if (appState_.status == ClickStatus::running) {
         return reply(done("Corvane is clicking already."));
     }
-    if (auto reason = refusal({"startClicking:"})) {
-        return reply(refused(std::move(*reason)));
+    if (const auto refusal = refusalOf(ActionID::startClicking)) {
+        return reply(*refusal);
     }
     const CommandReply answer = onlyOnce(reply);
     // Comes first only where the start asks the user, which keeps the main queue turning.
@@ -107,11 +93,11 @@ CommandAnswer CommandService::outcomeOfStart() const {
     if (appState_.status == ClickStatus::running) {
         return done("Clicking started.");
     }
-    if (auto reason = refusal({"startClicking:"})) {
-        return refused(std::move(*reason));
+    if (const auto refusal = refusalOf(ActionID::startClicking)) {
+        return *refusal;
     }
-    const auto obstacle = sessionObstacle(userSession_.state());
-    return refused(obstacle ? reasonFor(*obstacle) : "the start was cancelled");
+    return refused(appState_.isAlertOpen ? reasonFor(Obstacle::alertOpen)
+                                         : "the start was cancelled");
 }
 
 void CommandService::stop(const CommandReply &reply) {
@@ -130,9 +116,8 @@ void CommandService::selectZone(const CommandReply &reply) {
     if (appState_.status == ClickStatus::pickingZone) {
         return reply(outcomeOfSelection());
     }
-    // Drawing a zone chooses that mode, whose line the menu shows in every mode.
-    if (auto reason = refusal({"setModeZone:"})) {
-        return reply(refused(std::move(*reason)));
+    if (const auto refusal = refusalOf(ActionID::selectZone)) {
+        return reply(*refusal);
     }
     delegate_.selectZone();
     replyLater(reply, &CommandService::outcomeOfSelection);
@@ -143,8 +128,8 @@ CommandAnswer CommandService::outcomeOfSelection() const {
 }
 
 CommandAnswer CommandService::showSettings() {
-    if (auto reason = refusal({"showConfig:"})) {
-        return refused(std::move(*reason));
+    if (const auto refusal = refusalOf(ActionID::showConfig)) {
+        return *refusal;
     }
     delegate_.showConfig();
     return done("The settings are open.");
@@ -152,7 +137,7 @@ CommandAnswer CommandService::showSettings() {
 
 void CommandService::quit(const CommandReply &reply) {
     awaitingEnd_.push_back(reply);
-    delegate_.perform({"terminate:"});
+    delegate_.perform({ActionID::terminate});
 }
 
 void CommandService::sayGoodbye() {
@@ -175,32 +160,22 @@ CommandAnswer CommandService::loadProfile(const std::string &nameOrId) {
         return refused("several profiles are called '" + nameOrId +
                        "'; 'corvane profile list --json' tells their ids, which load them too");
     }
-    const MenuCommand command{"loadProfile:", meant.front()->id.text()};
-    if (auto reason = refusal(command)) {
-        return refused(std::move(*reason));
+    if (const auto refusal = refusalOf(ActionID::loadProfile)) {
+        return *refusal;
     }
-    delegate_.perform(command);
+    delegate_.loadProfile(meant.front()->id.text());
     return done("Profile '" + nameOrId + "' is loaded.");
 }
 
 void CommandService::replyLater(const CommandReply &reply,
                                 CommandAnswer (CommandService::*answer)() const) {
-    mainQueue_.post([held = weak_from_this(), reply, answer] {
-        if (const auto self = held.lock()) {
-            reply((*self.*answer)());
-        }
-    });
+    mainQueue_.post(
+        weakly_([reply, answer](const CommandService &self) { reply((self.*answer)()); }));
 }
 
-std::optional<std::string> CommandService::refusal(const MenuCommand &command) const {
-    const Menu menu = delegate_.menu();
-    const MenuItem *item = find(menu.items, command);
-    if (item == nullptr || item->isEnabled) {
-        return std::nullopt;
-    }
-    return appState_.status == ClickStatus::running
-               ? "not while Corvane clicks; 'corvane stop' ends that"
-               : "Corvane may not click in other applications; 'corvane doctor' says why";
+std::optional<CommandAnswer> CommandService::refusalOf(ActionID action) const {
+    const auto obstacle = obstacleTo(action, appState_);
+    return obstacle ? std::optional(refused(reasonFor(*obstacle))) : std::nullopt;
 }
 
 } // namespace corvane

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "app/Command.h"
-#include "presentation/Menu.h"
+#include "presentation/ActionID.h"
+#include "support/WeakCallbacks.h"
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,22 +12,20 @@ namespace corvane {
 
 namespace platform {
 class MainQueue;
-class UserSession;
-} // namespace platform
+}
 class AppDelegate;
 class AppState;
 
-/// Carries out the commands of scripts and key bindings, and words the answers. What the menu shows
-/// disabled is refused. Main thread.
-class CommandService : public std::enable_shared_from_this<CommandService> {
+/// Carries out the commands of scripts and key bindings, and words the answers. What cannot be
+/// carried out now is refused with the reason. Main thread.
+class CommandService {
   public:
     /// All outlive the service.
-    CommandService(AppDelegate &delegate, const AppState &appState,
-                   platform::UserSession &userSession, platform::MainQueue &mainQueue);
+    CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue);
 
-    /// Answers once: when what was asked for has happened, in a later turn of the main queue at the
-    /// latest; `quit` by `sayGoodbye`.
-    void obey(const CommandRequest &request, const CommandReply &reply);
+    /// Answers once: when the command has been carried out, in a later turn of the main queue at
+    /// the latest; `quit` by `sayGoodbye`.
+    void handle(const CommandRequest &request, const CommandReply &reply);
 
     /// Answers those who asked the program to end.
     void sayGoodbye();
@@ -47,15 +45,14 @@ class CommandService : public std::enable_shared_from_this<CommandService> {
     CommandAnswer outcomeOfStop() const;
     CommandAnswer outcomeOfSelection() const;
 
-    /// Why the menu does not offer the command now; nothing where it does, and for a command that
-    /// it does not show.
-    std::optional<std::string> refusal(const MenuCommand &command) const;
+    /// Nothing where the action can be carried out.
+    std::optional<CommandAnswer> refusalOf(ActionID action) const;
 
     AppDelegate &delegate_;
     const AppState &appState_;
-    platform::UserSession &userSession_;
     platform::MainQueue &mainQueue_;
     std::vector<CommandReply> awaitingEnd_;
+    const WeakCallbacks<CommandService> weakly_{*this};
 };
 
 } // namespace corvane

@@ -8,7 +8,7 @@ namespace corvane {
 
 CorvaneApp::CorvaneApp(platform::Platform &platform)
     : shared_(platform),
-      appDelegate_(std::make_shared<AppDelegate>(platform, shared_)) {
+      appDelegate_(platform, shared_) {
     useTextLookup([&localisation = platform.localisation()](std::string_view english) {
         return localisation.text(english);
     });

@@ -3,15 +3,13 @@
 #include "app/AppDelegate.h"
 #include "app/SharedServices.h"
 
-#include <memory>
-
 namespace corvane {
 
 namespace platform {
 class Platform;
 }
 
-/// The application: what a native program creates once and tells of the events of its life. Main
+/// The application: what a native program creates once and forwards the events of its life to. Main
 /// thread. Destroying it ends every run and finishes every save.
 class CorvaneApp {
   public:
@@ -21,7 +19,8 @@ class CorvaneApp {
     CorvaneApp(const CorvaneApp &) = delete;
     CorvaneApp &operator=(const CorvaneApp &) = delete;
 
-    AppDelegate &appDelegate() { return *appDelegate_; }
+    AppDelegate &appDelegate() { return appDelegate_; }
+    SharedServices &sharedServices() { return shared_; }
 
     /// Ends every run and finishes every save, for a program that has lost its display and ends
     /// without destroying what it shows.
@@ -29,7 +28,7 @@ class CorvaneApp {
 
   private:
     SharedServices shared_;
-    std::shared_ptr<AppDelegate> appDelegate_;
+    AppDelegate appDelegate_;
 };
 
 } // namespace corvane

@@ -11,10 +11,6 @@ namespace platform {
 class MainQueue;
 }
 
-/// Command+Shift+Y, with 'CRVN' for its signature.
-inline constexpr platform::HotKey startStopKey{
-    .keyCode = 16, .modifiers = 0x100 | 0x200, .signature = 0x4352564E, .id = 1};
-
 /// The system-wide shortcut Command+Shift+Y. Main thread.
 class HotkeyService {
   public:
@@ -28,20 +24,10 @@ class HotkeyService {
     /// Whether a press would be noticed now.
     bool isRegistered() const;
 
-    /// Tries a registration again that failed or was lost; logs nothing but success. Nothing where
-    /// none was asked for or all is well.
-    void retry();
-
-    /// Asks for presses also where another program has the keyboard to itself.
-    void setUrgent(bool isUrgent);
-
     /// Safe to call when nothing is registered.
     void unregister();
 
   private:
-    platform::HotKeyStatus installHandler();
-    platform::HotKeyStatus registerKey();
-
     void pressed();
 
     platform::HotKeys &hotKeys_;

@@ -2,10 +2,10 @@
 
 #include "services/ClickerService.h"
 #include "services/ConfigService.h"
-#include "services/NoticeService.h"
 #include "services/ProfileService.h"
 #include "services/WindowResolver.h"
 #include "services/ZonePickerService.h"
+#include "state/AlertGate.h"
 #include "state/AppState.h"
 #include "support/SerialQueue.h"
 
@@ -22,13 +22,14 @@ struct SharedServices {
 
     ConfigService configService;
     ProfileService profileService;
-    NoticeService noticeService;
-    ClickerService clickerService;
-    WindowResolver windowResolver;
-    ZonePickerService zonePickerService;
     /// Does the stores' file work; goes before they do, when all of it is finished.
     SerialQueue storeQueue;
     AppState appState;
+    /// What every alert goes through.
+    AlertGate alerts;
+    ClickerService clickerService;
+    WindowResolver windowResolver;
+    ZonePickerService zonePickerService;
 };
 
 } // namespace corvane

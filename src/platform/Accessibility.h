@@ -36,6 +36,10 @@ class Accessibility {
     /// The same, asking the user for the right where the system has a prompt for it.
     virtual bool isProcessTrustedWithPrompt() = 0;
 
+    /// Shows where the user grants the right, or what keeps clicks from reaching other applications
+    /// on a system that has no switch for it. A failure is silent.
+    virtual void openSettings() = 0;
+
     /// The application's windows in the order it gives them; null when they cannot be read. May be
     /// the same answer as before as long as nothing has changed.
     virtual std::shared_ptr<const AccessibilityWindows> windows(std::int32_t processIdentifier) = 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "presentation/HotKey.h"
+
 #include <cstdint>
 #include <expected>
 #include <functional>
@@ -7,16 +9,6 @@
 #include <string_view>
 
 namespace corvane::platform {
-
-/// A key combination, in the system's numbers.
-struct HotKey {
-    std::uint32_t keyCode = 0;
-    std::uint32_t modifiers = 0;
-    std::uint32_t signature = 0;
-    std::uint32_t id = 0;
-
-    bool operator==(const HotKey &) const = default;
-};
 
 /// Holds a hot key or its handler; destroying it gives it back.
 class HotKeyReference {

@@ -26,8 +26,8 @@ class StatusItem {
     /// An empty text removes it.
     virtual void setToolTip(const std::string &text) = 0;
 
-    /// Whether a bar shows the item now. A bar may take a moment to take a new item, and come and
-    /// go later.
+    /// Whether the user can see the item; always, where the status bar is part of the system. Else
+    /// a bar may take a moment to take a new item, and come and go later.
     virtual bool isShown() const = 0;
 
     /// Opens the menu as if the item had been clicked.
@@ -39,8 +39,9 @@ class StatusBar {
   public:
     virtual ~StatusBar() = default;
 
-    /// An item of variable width; `perform` receives each command the user chooses. Never null; on
-    /// a desktop without a status bar the item is kept, and shown when a bar appears.
+    /// An item of variable width; `perform` receives each command the user chooses, in a later
+    /// turn, when the menu has closed. Never null; on a desktop without a status bar the item is
+    /// kept, and shown when a bar appears.
     virtual std::unique_ptr<StatusItem>
     createItem(std::function<void(const MenuCommand &)> perform) = 0;
 };

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "presentation/ActionID.h"
+#include "presentation/HotKey.h"
 #include "presentation/Symbol.h"
 
 #include <optional>
@@ -10,24 +12,20 @@ namespace corvane {
 
 /// A command as a menu item sends it.
 struct MenuCommand {
-    /// Selector-style name, "startClicking:".
-    std::string action;
+    ActionID action = ActionID::none;
     /// What the item stands for, such as a profile's id; empty for none.
     std::string representedObject{};
 
     bool operator==(const MenuCommand &) const = default;
 };
 
-/// Who answers an item's action.
-enum class MenuTarget { none, appDelegate };
-
 /// One line of a menu.
 struct MenuItem {
-    /// May hold a tab: what follows it is a hint shown at the trailing edge.
     std::string title;
-    /// Empty for an item that does nothing.
-    std::string action{};
-    MenuTarget target = MenuTarget::none;
+    /// None for an item that does nothing.
+    ActionID action = ActionID::none;
+    /// A hint at the trailing edge: the key that does the same from anywhere.
+    std::optional<HotKey> hotKey{};
     /// The key that performs the item together with Command while the menu has the keyboard; empty
     /// for none.
     std::string commandKey{};

@@ -33,41 +33,35 @@ std::string AppState::statusText() const {
 }
 
 void AppState::loadConfig(std::function<void()> done) {
-    storeQueue_.post([this, held = std::weak_ptr(alive_), &service = configService_,
-                      &mainQueue = mainQueue_, done = std::move(done)] {
+    const auto take = weakly_([done = std::move(done)](AppState &self, const auto &loaded) {
+        if (loaded) {
+            self.config = *loaded;
+        }
+        done();
+    });
+    storeQueue_.post([take, &service = configService_, &mainQueue = mainQueue_] {
         auto loaded = service.load();
         if (!loaded) {
             printLine("[Corvane] Failed to load config: " + loaded.error().description);
         }
-        mainQueue.post([this, held, done, loaded = std::move(loaded)] {
-            if (held.expired()) {
-                return;
-            }
-            if (loaded) {
-                config = *loaded;
-            }
-            done();
-        });
+        mainQueue.post([take, loaded = std::move(loaded)] { take(loaded); });
     });
 }
 
 void AppState::loadProfiles(std::function<void()> done) {
-    storeQueue_.post([this, held = std::weak_ptr(alive_), &service = profileService_,
-                      &mainQueue = mainQueue_, done = std::move(done)] {
+    const auto take = weakly_([done = std::move(done)](AppState &self, const auto &loaded) {
+        if (loaded) {
+            self.profiles = loaded->profiles;
+            self.activeProfileID = loaded->activeProfileID;
+        }
+        done();
+    });
+    storeQueue_.post([take, &service = profileService_, &mainQueue = mainQueue_] {
         auto loaded = service.load();
         if (!loaded) {
             printLine("[Corvane] Failed to load profiles: " + loaded.error().description);
         }
-        mainQueue.post([this, held, done, loaded = std::move(loaded)] {
-            if (held.expired()) {
-                return;
-            }
-            if (loaded) {
-                profiles = loaded->profiles;
-                activeProfileID = loaded->activeProfileID;
-            }
-            done();
-        });
+        mainQueue.post([take, loaded = std::move(loaded)] { take(loaded); });
     });
 }
 

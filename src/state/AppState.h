@@ -2,11 +2,12 @@
 
 #include "model/CorvaneConfig.h"
 #include "model/Profile.h"
+#include "platform/UserSession.h"
 #include "state/ClickStatus.h"
+#include "support/WeakCallbacks.h"
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -33,6 +34,10 @@ class AppState {
     /// Clicks of the current or last run.
     std::int64_t clickCount = 0;
     bool isAccessibilityGranted = false;
+    /// As last announced by the system.
+    platform::SessionState session = platform::SessionState::active;
+    /// Whether the user has an alert to answer.
+    bool isAlertOpen = false;
     std::vector<Profile> profiles;
     std::optional<Uuid> activeProfileID;
 
@@ -62,8 +67,7 @@ class AppState {
     ProfileService &profileService_;
     SerialQueue &storeQueue_;
     platform::MainQueue &mainQueue_;
-    /// Lets a load that ends after the state is gone be dropped.
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+    const WeakCallbacks<AppState> weakly_{*this};
 };
 
 } // namespace corvane

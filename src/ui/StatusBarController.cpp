@@ -1,8 +1,8 @@
 #include "ui/StatusBarController.h"
 
 #include "platform/StatusBar.h"
-#include "presentation/KeyHint.h"
 #include "state/AppState.h"
+#include "state/Availability.h"
 #include "support/Localised.h"
 
 #include <cstddef>
@@ -25,11 +25,8 @@ constexpr std::size_t mostLines = 15;
 
 MenuItem information(std::string title) { return {.title = std::move(title), .isEnabled = false}; }
 
-MenuItem command(std::string title, std::string action, bool isEnabled) {
-    return {.title = std::move(title),
-            .action = std::move(action),
-            .target = MenuTarget::appDelegate,
-            .isEnabled = isEnabled};
+MenuItem command(std::string title, ActionID action, const AppState &state) {
+    return {.title = std::move(title), .action = action, .isEnabled = !obstacleTo(action, state)};
 }
 
 MenuItem withImage(MenuItem item, std::string symbol) {
@@ -58,20 +55,21 @@ std::string rateLine(const CorvaneConfig &config) {
            std::string(storedValue(config.timeUnit)) + " — " + config.maxClicksLabel();
 }
 
-MenuItem startOrStopItem(bool isRunning, bool isGranted) {
-    const std::string hint = std::string("\t") + startStopKeyHint;
-    return isRunning
-               ? withImage(command(localised("Stop") + hint, "stopClicking:", true), "stop.fill")
-               : withImage(command(localised("Start") + hint, "startClicking:", isGranted),
-                           "play.fill");
+MenuItem startOrStopItem(const AppState &state) {
+    MenuItem item =
+        state.status == ClickStatus::running
+            ? withImage(command(localised("Stop"), ActionID::stopClicking, state), "stop.fill")
+            : withImage(command(localised("Start"), ActionID::startClicking, state), "play.fill");
+    item.hotKey = startStopKey;
+    return item;
 }
 
-std::vector<MenuItem> profilesSubmenu(const AppState &state, bool isIdle) {
+std::vector<MenuItem> profilesSubmenu(const AppState &state) {
     constexpr std::size_t linesBelow = 2;
     std::vector<MenuItem> items;
     items.reserve(state.profiles.size() + linesBelow);
     for (const Profile &profile : state.profiles) {
-        MenuItem item = checked(command(profile.name, "loadProfile:", isIdle),
+        MenuItem item = checked(command(profile.name, ActionID::loadProfile, state),
                                 state.activeProfileID == profile.id);
         item.representedObject = profile.id.text();
         items.push_back(std::move(item));
@@ -80,8 +78,9 @@ std::vector<MenuItem> profilesSubmenu(const AppState &state, bool isIdle) {
         items.push_back(information(localised("No profiles")));
     }
     items.push_back(MenuItem::separator());
-    items.push_back(withImage(
-        command(localised("Save current config..."), "saveAsProfile:", isIdle), "plus.circle"));
+    items.push_back(
+        withImage(command(localised("Save current config..."), ActionID::saveAsProfile, state),
+                  "plus.circle"));
     return items;
 }
 
@@ -129,7 +128,6 @@ void StatusBarController::rebuildMenu() {
 
 Menu StatusBarController::menu() const {
     const CorvaneConfig &config = appState_.config;
-    const bool isRunning = appState_.status == ClickStatus::running;
     const bool isZoneMode = config.clickMode == ClickMode::zone;
 
     std::vector<MenuItem> items;
@@ -137,33 +135,34 @@ Menu StatusBarController::menu() const {
     items.push_back(information(appState_.statusText()));
     if (!appState_.isAccessibilityGranted) {
         items.push_back(withImage(command(localised("Open Accessibility Settings..."),
-                                          "openAccessibilitySettings:", true),
+                                          ActionID::openAccessibilitySettings, appState_),
                                   "lock.shield"));
     }
     items.push_back(MenuItem::separator());
-    items.push_back(startOrStopItem(isRunning, appState_.isAccessibilityGranted));
+    items.push_back(startOrStopItem(appState_));
     items.push_back(MenuItem::separator());
-    items.push_back(
-        checked(command(localised("Free Cursor"), "setModeCursor:", !isRunning), !isZoneMode));
-    items.push_back(
-        checked(command(zoneTitle(config, applications_), "setModeZone:", !isRunning), isZoneMode));
+    items.push_back(checked(command(localised("Free Cursor"), ActionID::setModeCursor, appState_),
+                            !isZoneMode));
+    items.push_back(checked(
+        command(zoneTitle(config, applications_), ActionID::setModeZone, appState_), isZoneMode));
     if (isZoneMode) {
-        items.push_back(withImage(command(localised("Define zone..."), "selectZone:", !isRunning),
-                                  "rectangle.dashed"));
+        items.push_back(
+            withImage(command(localised("Define zone..."), ActionID::selectZone, appState_),
+                      "rectangle.dashed"));
     }
     items.push_back(MenuItem::separator());
     items.push_back(information(rateLine(config)));
     items.push_back(MenuItem::separator());
-    items.push_back(withImage(
-        {.title = localised("Profiles"), .submenu = profilesSubmenu(appState_, !isRunning)},
-        "person.crop.rectangle.stack"));
+    items.push_back(
+        withImage({.title = localised("Profiles"), .submenu = profilesSubmenu(appState_)},
+                  "person.crop.rectangle.stack"));
     items.push_back(MenuItem::separator());
     MenuItem settings =
-        withImage(command(localised("Settings..."), "showConfig:", !isRunning), "gearshape");
+        withImage(command(localised("Settings..."), ActionID::showConfig, appState_), "gearshape");
     settings.commandKey = ",";
     items.push_back(std::move(settings));
     items.push_back(
-        {.title = localised("Quit Corvane"), .action = "terminate:", .commandKey = "q"});
+        {.title = localised("Quit Corvane"), .action = ActionID::terminate, .commandKey = "q"});
     return {std::move(items)};
 }
 

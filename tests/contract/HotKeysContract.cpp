@@ -6,8 +6,7 @@ namespace corvane::contract {
 
 namespace {
 
-constexpr platform::HotKey commandShiftY{
-    .keyCode = 16, .modifiers = 0x300, .signature = 0x4352564E, .id = 1};
+constexpr HotKey commandShiftY{.letter = 'Y', .command = true, .shift = true};
 
 class HotKeysContract : public ContractTest {
   protected:

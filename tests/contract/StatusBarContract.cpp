@@ -16,7 +16,7 @@ class StatusBarContract : public ContractTest {
     }
 
     static Menu menuWith(const std::string &title) {
-        return {.items = {{.title = title, .action = "act:", .target = MenuTarget::appDelegate},
+        return {.items = {{.title = title, .action = ActionID::startClicking},
                           MenuItem::separator(),
                           {.title = "More",
                            .submenu = std::vector<MenuItem>{{.title = "Deeper", .isOn = true}}}}};

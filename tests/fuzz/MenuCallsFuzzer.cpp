@@ -28,13 +28,16 @@ extern "C" const char *__lsan_default_suppressions() { // NOLINT(bugprone-reserv
 
 Menu menu() {
     const std::vector<MenuItem> profiles{
-        {.title = "Games", .action = "loadProfile:", .representedObject = "1"},
+        {.title = "Games", .action = ActionID::loadProfile, .representedObject = "1"},
         MenuItem::separator(),
-        {.title = "Save current config...", .action = "saveAsProfile:"}};
+        {.title = "Save current config...", .action = ActionID::saveAsProfile}};
     return {{{.title = "Running", .isEnabled = false},
              MenuItem::separator(),
-             {.title = "Stop\t⇧⌘Y", .action = "stopClicking:"},
-             {.title = "Free Cursor", .action = "setModeCursor:", .isEnabled = false, .isOn = true},
+             {.title = "Stop", .action = ActionID::stopClicking, .hotKey = startStopKey},
+             {.title = "Free Cursor",
+              .action = ActionID::setModeCursor,
+              .isEnabled = false,
+              .isOn = true},
              {.title = "Profiles", .submenu = profiles}}};
 }
 
@@ -70,8 +73,9 @@ class Conversation {
     void offerMenu(const QDBusConnection &connection) {
         menu_ = std::make_unique<freedesktop::DBusMenuExporter>(
             connection, symbols_, [](const MenuCommand &command) {
-                require(command.action == "stopClicking:" || command.action == "loadProfile:" ||
-                            command.action == "saveAsProfile:",
+                require(command.action == ActionID::stopClicking ||
+                            command.action == ActionID::loadProfile ||
+                            command.action == ActionID::saveAsProfile,
                         "only what can be chosen is chosen");
             });
         menu_->setMenu(menu());

@@ -13,8 +13,8 @@ AppDelegateTest::AppDelegateTest() {
     }
 }
 
-void AppDelegateTest::launch(LaunchCause cause) {
-    delegate->applicationDidFinishLaunching(cause);
+void AppDelegateTest::launch() {
+    delegate->applicationDidFinishLaunching();
     ASSERT_TRUE(
         platform.mainQueue().turnUntil([this] { return platform.hotKeys().registrations > 0; }));
 }

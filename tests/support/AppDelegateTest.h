@@ -20,7 +20,7 @@ class AppDelegateTest : public ::testing::Test {
     AppDelegateTest();
 
     /// Shows the status item, loads the files and registers the hot key.
-    void launch(LaunchCause cause = LaunchCause::user);
+    void launch();
 
     /// Lets the store finish and the main queue turn until there is nothing left to do.
     void settle();

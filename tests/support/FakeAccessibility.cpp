@@ -27,6 +27,9 @@ bool FakeAccessibility::isProcessTrusted() {
 
 bool FakeAccessibility::isProcessTrustedWithPrompt() {
     ++prompts;
+    if (whilePrompting) {
+        whilePrompting();
+    }
     return isTrusted;
 }
 

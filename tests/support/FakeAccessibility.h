@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 
+#include <functional>
 #include <map>
 
 namespace corvane::testing {
@@ -18,12 +19,16 @@ class FakeAccessibility : public platform::Accessibility {
   public:
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
+    void openSettings() override { ++settingsOpened; }
     std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 
     bool isTrusted = true;
+    /// Called when the user is asked for the right.
+    std::function<void()> whilePrompting;
     /// How often the user was asked for the right.
     int prompts = 0;
+    int settingsOpened = 0;
     /// How often the right was checked without asking.
     int checks = 0;
     /// How often an application's windows were read.

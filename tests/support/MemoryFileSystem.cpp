@@ -26,6 +26,7 @@ bool MemoryFileSystem::exists(const fs::path &path) {
 
 Outcome<std::string> MemoryFileSystem::readFile(const fs::path &path) {
     const std::lock_guard lock(mutex_);
+    reads_.push_back(path);
     if (faults_.read) {
         return std::unexpected(*faults_.read);
     }
@@ -92,6 +93,11 @@ std::optional<std::string> MemoryFileSystem::content(const fs::path &path) const
 bool MemoryFileSystem::isDirectory(const fs::path &path) const {
     const std::lock_guard lock(mutex_);
     return directories_.contains(path);
+}
+
+std::vector<fs::path> MemoryFileSystem::reads() const {
+    const std::lock_guard lock(mutex_);
+    return reads_;
 }
 
 std::vector<fs::path> MemoryFileSystem::writes() const {

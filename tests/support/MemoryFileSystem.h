@@ -36,6 +36,8 @@ class MemoryFileSystem : public platform::FileSystem {
     /// The file's content; nothing when it does not exist.
     std::optional<std::string> content(const std::filesystem::path &path) const;
     bool isDirectory(const std::filesystem::path &path) const;
+    /// The files read so far, in order, the failed attempts included.
+    std::vector<std::filesystem::path> reads() const;
     /// The files replaced so far, in order, the failed attempts included.
     std::vector<std::filesystem::path> writes() const;
 
@@ -45,6 +47,7 @@ class MemoryFileSystem : public platform::FileSystem {
     mutable std::mutex mutex_;
     std::map<std::filesystem::path, std::string> files_;
     std::set<std::filesystem::path> directories_{"/"};
+    std::vector<std::filesystem::path> reads_;
     std::vector<std::filesystem::path> writes_;
     DiskFaults faults_;
 };

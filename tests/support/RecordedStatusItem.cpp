@@ -38,7 +38,8 @@ const MenuItem *RecordedStatusItem::find(const std::string &title) const {
 void RecordedStatusItem::choose(const std::string &title) {
     const MenuItem *item = find(title);
     ASSERT_NE(item, nullptr) << "no menu item \"" << title << '"';
-    ASSERT_TRUE(item->isEnabled && !item->action.empty()) << '"' << title << "\" cannot be chosen";
+    ASSERT_TRUE(item->isEnabled && item->action != ActionID::none)
+        << '"' << title << "\" cannot be chosen";
     perform({item->action, item->representedObject});
 }
 

@@ -1,34 +1,40 @@
 #include "support/RecordingHotKeys.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace corvane::testing {
 
-/// Takes one entry out of a table when it is destroyed.
-template <typename Base, typename Value>
-class RecordingHotKeys::Reference : public Base {
+class RecordingHotKeys::HandlerReference : public platform::HotKeyReference {
   public:
-    Reference(std::map<int, Value> &table, int number) : table_(table), number_(number) {}
-    Reference(const Reference &) = delete;
-    Reference &operator=(const Reference &) = delete;
-    ~Reference() override { table_.erase(number_); }
+    HandlerReference(RecordingHotKeys &hotKeys, int number) : hotKeys_(hotKeys), number_(number) {}
+    HandlerReference(const HandlerReference &) = delete;
+    HandlerReference &operator=(const HandlerReference &) = delete;
+    ~HandlerReference() override {
+        hotKeys_.handlers_.erase(number_);
+        hotKeys_.givenBack("handler");
+    }
 
   private:
-    std::map<int, Value> &table_;
+    RecordingHotKeys &hotKeys_;
     int number_;
 };
 
-class RecordingHotKeys::KeyReference
-    : public Reference<platform::RegisteredHotKey, platform::HotKey> {
+class RecordingHotKeys::KeyReference : public platform::RegisteredHotKey {
   public:
-    KeyReference(RecordingHotKeys &hotKeys, int number)
-        : Reference(hotKeys.hotKeys_, number),
-          hotKeys_(hotKeys) {}
+    KeyReference(RecordingHotKeys &hotKeys, int number) : hotKeys_(hotKeys), number_(number) {}
+    KeyReference(const KeyReference &) = delete;
+    KeyReference &operator=(const KeyReference &) = delete;
+    ~KeyReference() override {
+        hotKeys_.hotKeys_.erase(number_);
+        hotKeys_.givenBack("hot key");
+    }
 
     bool isHeard() const override { return hotKeys_.isHeard; }
 
   private:
     RecordingHotKeys &hotKeys_;
+    int number_;
 };
 
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
@@ -39,24 +45,28 @@ RecordingHotKeys::installHandler(std::function<void()> pressed) {
     }
     const int number = nextNumber_++;
     handlers_.emplace(number, std::move(pressed));
-    return std::make_unique<Reference<platform::HotKeyReference, std::function<void()>>>(handlers_,
-                                                                                         number);
+    mostHandlers = std::max(mostHandlers, handlers_.size());
+    return std::make_unique<HandlerReference>(*this, number);
 }
 
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-RecordingHotKeys::registerHotKey(const platform::HotKey &hotKey) {
+RecordingHotKeys::registerHotKey(const HotKey &hotKey) {
     mainThread_.check();
     ++registrations;
+    if (whileRegistering) {
+        whileRegistering();
+    }
     if (registerFailure && !isNeverRefused) {
         return std::unexpected(*registerFailure);
     }
     const int number = nextNumber_++;
     hotKeys_.emplace(number, hotKey);
+    mostHotKeys = std::max(mostHotKeys, hotKeys_.size());
     return std::make_unique<KeyReference>(*this, number);
 }
 
-std::vector<platform::HotKey> RecordingHotKeys::registered() const {
-    std::vector<platform::HotKey> result;
+std::vector<HotKey> RecordingHotKeys::registered() const {
+    std::vector<HotKey> result;
     result.reserve(hotKeys_.size());
     for (const auto &[number, hotKey] : hotKeys_) {
         result.push_back(hotKey);
@@ -65,13 +75,22 @@ std::vector<platform::HotKey> RecordingHotKeys::registered() const {
 }
 
 void RecordingHotKeys::press() {
-    if (hotKeys_.empty()) {
-        return;
+    if (!hotKeys_.empty()) {
+        pressUnderWay()();
     }
-    // A copy: a handler may remove itself.
-    const auto handlers = handlers_;
-    for (const auto &[number, pressed] : handlers) {
-        pressed();
+}
+
+std::function<void()> RecordingHotKeys::pressUnderWay() const {
+    return [handlers = handlers_] {
+        for (const auto &[number, pressed] : handlers) {
+            pressed();
+        }
+    };
+}
+
+void RecordingHotKeys::givenBack(const std::string &what) const {
+    if (whileGivingBack) {
+        whileGivingBack(what);
     }
 }
 

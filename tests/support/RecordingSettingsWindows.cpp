@@ -49,6 +49,9 @@ class RecordingSettingsWindows::Window : public platform::NativeSettingsWindow {
 std::unique_ptr<platform::NativeSettingsWindow> RecordingSettingsWindows::create(
     const SettingsWindow &window,
     std::function<void(const std::string &identifier)> toolbarItemSelected) {
+    if (whileCreating) {
+        whileCreating();
+    }
     windows_.push_back(
         std::make_shared<RecordedSettingsWindow>(window, std::move(toolbarItemSelected)));
     return std::make_unique<Window>(windows_.back());

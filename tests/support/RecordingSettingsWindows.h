@@ -15,6 +15,9 @@ class RecordingSettingsWindows : public platform::SettingsWindows {
     create(const SettingsWindow &window,
            std::function<void(const std::string &identifier)> toolbarItemSelected) override;
 
+    /// Called when a window is made.
+    std::function<void()> whileCreating;
+
     /// All windows ever made, in that order, the destroyed ones included.
     const std::vector<std::shared_ptr<RecordedSettingsWindow>> &windows() const { return windows_; }
 

@@ -1,63 +1,37 @@
 #include "platform/drawing/MenuText.h"
 
 #include "platform/drawing/DisplayText.h"
-#include "presentation/KeyHint.h"
 
 #include <QFontMetrics>
 #include <QGuiApplication>
 #include <QScreen>
 
 #include <algorithm>
-#include <array>
 #include <limits>
-#include <optional>
 
 namespace corvane::drawing {
 
 namespace {
 
-struct Modifier {
-    char16_t sign;
-    const char *name;
-};
-
-/// In the order in which they are named.
-constexpr std::array modifiers{Modifier{u'\u2318', "Super"}, Modifier{u'\u2303', "Control"},
-                               Modifier{u'\u2325', "Alt"}, Modifier{u'\u21E7', "Shift"}};
-
-/// The keys of a hint such as "⇧⌘Y"; nothing when the text is not one.
-std::optional<QStringList> hintKeys(const QString &hint) {
-    auto key = hint;
+/// Modifiers first.
+QStringList keysOf(const HotKey &hotKey) {
     QStringList keys;
-    for (const auto &modifier : modifiers) {
-        if (key.contains(QChar(modifier.sign))) {
-            keys << QString::fromLatin1(modifier.name);
-            key.remove(QChar(modifier.sign));
-        }
+    if (hotKey.command) {
+        keys << QStringLiteral("Super");
     }
-    if (keys.isEmpty() || key.isEmpty()) {
-        return std::nullopt;
+    if (hotKey.shift) {
+        keys << QStringLiteral("Shift");
     }
-    return keys << key;
+    return keys << QString(QLatin1Char(hotKey.letter));
 }
 
 } // namespace
 
-std::string startStopKeyName() {
-    const auto hint = QString::fromUtf8(startStopKeyHint);
-    return hintKeys(hint).value_or(QStringList(hint)).join(u'+').toStdString();
-}
+std::string hotKeyText(const HotKey &hotKey) { return keysOf(hotKey).join(u'+').toStdString(); }
 
 MenuText menuText(const MenuItem &item) {
-    auto title = QString::fromStdString(item.title);
-    QStringList keys;
-    const auto tab = title.indexOf(u'\t');
-    if (tab >= 0) {
-        if (const auto hint = hintKeys(title.sliced(tab + 1))) {
-            keys = *hint;
-            title.truncate(tab);
-        }
-    }
+    const auto title = QString::fromStdString(item.title);
+    QStringList keys = item.hotKey ? keysOf(*item.hotKey) : QStringList();
     if (!item.commandKey.empty()) {
         keys = {QStringLiteral("Control"), QString::fromStdString(item.commandKey).toUpper()};
     }

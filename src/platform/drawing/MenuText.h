@@ -17,10 +17,10 @@ struct MenuText {
     QStringList keys;
 };
 
-/// The key that starts and stops clicking, as this desktop writes it: "Super+Shift+Y".
-std::string startStopKeyName();
+/// A hot key as this desktop writes it: "Super+Shift+Y".
+std::string hotKeyText(const HotKey &hotKey);
 
-/// The item's title, and as keys either its hint or its own key together with Control.
+/// The item's title, and as keys either its hot key or its own key together with Control.
 MenuText menuText(const MenuItem &item);
 
 /// The same with a label that fits a menu on any of the screens: one that is wider is cut at its

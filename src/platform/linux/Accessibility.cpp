@@ -16,7 +16,7 @@ bool Accessibility::isProcessTrusted() { return obstacle() == AccessibilityObsta
 bool Accessibility::isProcessTrustedWithPrompt() {
     const bool isTrusted = isProcessTrusted();
     if (!isTrusted) {
-        showGuide();
+        openSettings();
     }
     return isTrusted;
 }
@@ -29,7 +29,7 @@ Accessibility::windows(std::int32_t processIdentifier) {
     return windows_.accessibilityWindowsOf(applications_.processesWith(processIdentifier));
 }
 
-void Accessibility::showGuide() { guideWindow_.show(accessibilityGuide(obstacle())); }
+void Accessibility::openSettings() { guideWindow_.show(accessibilityGuide(obstacle())); }
 
 AccessibilityObstacle Accessibility::obstacle() const {
     if (isInsideWayland_) {

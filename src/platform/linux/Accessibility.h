@@ -17,12 +17,11 @@ class Accessibility : public platform::Accessibility {
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
+    /// A page of our own that says what is missing and how to get it.
+    void openSettings() override;
     /// Those of all processes of the application.
     std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
-
-    /// Shows the user what is missing and how to get it.
-    void showGuide();
 
   private:
     AccessibilityObstacle obstacle() const;

@@ -40,7 +40,7 @@ bool hasOwner(const x11::XcbConnection &connection, xcb_atom_t selection) {
     return connection.selectionOwner(selection) != XCB_WINDOW_NONE;
 }
 
-HotKeyState stateOf(const platform::HotKey &hotKey, x11::XcbEvents &events) {
+HotKeyState stateOf(const HotKey &hotKey, x11::XcbEvents &events) {
     x11::HotKeys hotKeys(events);
     const auto key = hotKeys.registerHotKey(hotKey);
     if (key) {
@@ -102,7 +102,7 @@ bool isWaylandSession() {
     return !variable("WAYLAND_DISPLAY").empty() || variable("XDG_SESSION_TYPE") == "wayland";
 }
 
-DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
+DesktopFacts readDesktopFacts(const HotKey &hotKey) {
     auto opened = x11::XcbConnection::open();
     if (!opened) {
         return factsWithoutServer();
@@ -115,7 +115,7 @@ DesktopFacts readDesktopFacts(const platform::HotKey &hotKey) {
                        .isWaylandSession = isXwayland || isWaylandSession(),
                        .takesClicks = !isXwayland && x11::offersFakeInput(connection),
                        .hotKey = stateOf(hotKey, events),
-                       .hotKeyName = drawing::startStopKeyName(),
+                       .hotKeyName = drawing::hotKeyText(hotKey),
                        .statusArea = statusAreaOf(connection),
                        .hasCompositor =
                            hasOwner(connection, connection.atoms().compositorSelection)};

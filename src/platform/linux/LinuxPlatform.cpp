@@ -26,7 +26,6 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       hotKeys_(events),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
-      workspace_([this] { accessibility_.showGuide(); }),
       statusBar_(events),
       userSession_(freedesktop::sessionBusAddress(), QDBusConnection::systemBus()) {
     events.sender().setNextClick(clock_.awaited());

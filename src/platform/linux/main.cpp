@@ -2,10 +2,10 @@
 #include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
 #include "app/Doctor.h"
-#include "app/HotkeyService.h"
 #include "platform/drawing/MenuText.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/MissingPanel.h"
 #include "platform/linux/UnixSignals.h"
 #include "platform/linux/commands/CommandEndpoint.h"
 #include "platform/linux/environment/UserDirectories.h"
@@ -116,8 +116,10 @@ int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowCon
            const CommandLine &commandLine) {
     LinuxPlatform platform(events, std::move(windowConnection), commandLine.words);
     CorvaneApp app(platform);
+    MissingPanel missingPanel(platform, app.sharedServices(), app.appDelegate());
     runningApp = &app;
-    app.appDelegate().applicationDidFinishLaunching(commandLine.cause);
+    app.appDelegate().applicationDidFinishLaunching(
+        [&missingPanel, &commandLine] { missingPanel.await(commandLine.cause); });
     const int status = QApplication::exec();
     app.appDelegate().applicationWillTerminate();
     runningApp = nullptr;
@@ -181,7 +183,7 @@ int main(int argc, char **argv) {
     const auto commandLine =
         CommandLine::parse(CommandRequest(argv + std::min(argc, 1), argv + argc),
                            {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",
-                            .hotKeyName = drawing::startStopKeyName()});
+                            .hotKeyName = drawing::hotKeyText(startStopKey)});
     switch (commandLine.request) {
     case CommandLine::Request::answer:
         return print(commandLine.answer);

@@ -30,7 +30,7 @@ class ForeignCallsTest : public testing::TestWithParam<unsigned> {
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
     linux::StatusBar bar_{events_};
-    std::vector<std::string> actions_;
+    std::vector<ActionID> actions_;
     std::unique_ptr<platform::StatusItem> item_ =
         bar_.createItem([this](const MenuCommand &command) { actions_.push_back(command.action); });
 };
@@ -50,9 +50,9 @@ TEST_P(ForeignCallsTest, ChooseOnlyWhatCanBeChosenAndChangeNothing) {
         EXPECT_EQ(after.children[line].label(), before.children[line].label());
     }
     EXPECT_FALSE(actions_.empty());
-    EXPECT_THAT(actions_,
-                testing::Each(testing::AnyOf("stopClicking:", "setModeZone:", "loadProfile:",
-                                             "saveAsProfile:", "showConfig:", "terminate:")));
+    EXPECT_THAT(actions_, testing::Each(testing::AnyOf(
+                              ActionID::stopClicking, ActionID::setModeZone, ActionID::loadProfile,
+                              ActionID::saveAsProfile, ActionID::showConfig, ActionID::terminate)));
     EXPECT_TRUE(panel.choose(panel.line(u"Stop"_s).id));
 }
 

@@ -14,8 +14,7 @@ namespace {
 using desktop::VirtualDesktop;
 using desktop::WindowManager;
 
-constexpr platform::HotKey hotKey{
-    .keyCode = 16, .modifiers = 0x300, .signature = 0x4352564E, .id = 1};
+constexpr HotKey hotKey{.letter = 'Y', .command = true, .shift = true};
 
 /// Reads a desktop as a program on it would.
 class DesktopReadingTest : public testing::Test {

@@ -72,7 +72,7 @@ TEST_F(StatusBarTest, KeepsTheItemOnADesktopWithoutAPanel) {
     EXPECT_EQ(openPopup()->actions().size(), static_cast<qsizetype>(sampleMenu().items.size()));
     openPopup()->actions().at(7)->trigger();
     EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
-    EXPECT_EQ(commands_.at(0), (MenuCommand{.action = "terminate:"}));
+    EXPECT_EQ(commands_.at(0), (MenuCommand{.action = ActionID::terminate}));
     openPopup()->close();
 }
 
@@ -242,7 +242,8 @@ TEST_F(StatusBarTest, SendsOneNewLayoutForALineThatComes) {
     const auto before = panel.menu();
     const auto layoutsBefore = panel.signalCount(u"LayoutUpdated"_s);
     auto menu = sampleMenu();
-    menu.items.insert(menu.items.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
+    menu.items.insert(menu.items.begin() + 5,
+                      {.title = "Define zone...", .action = ActionID::selectZone});
     item_->setMenu(menu);
     const auto after = panel.menu();
     EXPECT_EQ(panel.signalCount(u"LayoutUpdated"_s), layoutsBefore + 1);
@@ -258,8 +259,8 @@ TEST_F(StatusBarTest, CarriesOutWhatIsChosenOnThePanel) {
     EXPECT_TRUE(panel.choose(panel.line(u"Quit Corvane"_s).id));
     EXPECT_TRUE(turnUntil([this] { return commands_.size() == 2; }));
     EXPECT_EQ(commands_, (std::vector<MenuCommand>{
-                             {.action = "loadProfile:", .representedObject = "id of Work"},
-                             {.action = "terminate:"}}));
+                             {.action = ActionID::loadProfile, .representedObject = "id of Work"},
+                             {.action = ActionID::terminate}}));
 }
 
 TEST_F(StatusBarTest, RefusesWhatCannotBeChosenOnThePanel) {
@@ -270,7 +271,7 @@ TEST_F(StatusBarTest, RefusesWhatCannotBeChosenOnThePanel) {
     EXPECT_FALSE(panel.choose(123456));
     EXPECT_TRUE(panel.choose(panel.line(u"Stop"_s).id));
     EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
-    EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = "stopClicking:"}}));
+    EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = ActionID::stopClicking}}));
 }
 
 TEST_F(StatusBarTest, DescribesItsObjectsToTools) {

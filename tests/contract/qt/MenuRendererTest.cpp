@@ -141,7 +141,8 @@ TEST_F(MenuRendererTest, LeavesAMenuThatNobodySeesAloneUntilItOpens) {
 TEST_F(MenuRendererTest, PutsLinesWhereTheyBelongAndTakesThemAway) {
     auto menu = sampleMenu({"one", "two", "three"});
     renderer_.setMenu(menu);
-    menu.items.insert(menu.items.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
+    menu.items.insert(menu.items.begin() + 5,
+                      {.title = "Define zone...", .action = ActionID::selectZone});
     menu.items[6].submenu->erase(menu.items[6].submenu->begin() + 1);
     ActionEvents events(renderer_.menu());
     renderer_.setMenu(menu);
@@ -174,7 +175,7 @@ TEST_F(MenuRendererTest, KeepsAnOpenMenuOpenAndTheSelectionInPlace) {
     EXPECT_EQ(action(0).text(), u"Running (100)"_s);
     press(renderer_.menu(), Qt::Key_Return, Qt::NoModifier);
     EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
-    EXPECT_EQ(commands_.at(0).action, "terminate:");
+    EXPECT_EQ(commands_.at(0).action, ActionID::terminate);
     EXPECT_FALSE(renderer_.menu().isVisible());
 }
 
@@ -182,9 +183,9 @@ TEST_F(MenuRendererTest, SendsTheCommandWithWhatItStandsFor) {
     renderer_.setMenu(sampleMenu());
     EXPECT_TRUE(isCommandOf(action(2)));
     EXPECT_TRUE(isCommandOf(*profiles().actions().at(1)));
-    EXPECT_EQ(commands_, (std::vector<MenuCommand>{
-                             {.action = "stopClicking:"},
-                             {.action = "loadProfile:", .representedObject = "id of Work"}}));
+    EXPECT_EQ(commands_, (std::vector<MenuCommand>{{.action = ActionID::stopClicking},
+                                                   {.action = ActionID::loadProfile,
+                                                    .representedObject = "id of Work"}}));
 }
 
 TEST_F(MenuRendererTest, SendsNothingForALineWithoutCommandOrADisabledOne) {
@@ -220,7 +221,7 @@ TEST_F(MenuRendererTest, AnswersItsKeysWhileOpen) {
     open();
     press(renderer_.menu(), Qt::Key_Comma, Qt::ControlModifier);
     EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
-    EXPECT_EQ(commands_.at(0).action, "showConfig:");
+    EXPECT_EQ(commands_.at(0).action, ActionID::showConfig);
     EXPECT_FALSE(renderer_.menu().isVisible());
 }
 
@@ -232,7 +233,7 @@ TEST_F(MenuRendererTest, AnswersItsKeysInAnOpenSubmenuToo) {
     ASSERT_TRUE(turnUntil([this] { return profiles().isVisible(); }));
     press(profiles(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_TRUE(turnUntil([this] { return !commands_.empty(); }));
-    EXPECT_EQ(commands_.at(0).action, "terminate:");
+    EXPECT_EQ(commands_.at(0).action, ActionID::terminate);
     EXPECT_FALSE(renderer_.menu().isVisible());
     EXPECT_FALSE(profiles().isVisible());
 }
@@ -281,7 +282,9 @@ TEST_F(MenuRendererTest, ShowsTheWholeNameAsToolTipOfALineThatIsCut) {
 }
 
 TEST_F(MenuRendererTest, ShowsALineWhoseSymbolIsMissing) {
-    renderer_.setMenu({{{.title = "Odd", .action = "odd:", .image = Symbol{.name = "no.such"}}}});
+    renderer_.setMenu({{{.title = "Odd",
+                         .action = ActionID::startClicking,
+                         .image = Symbol{.name = "no.such"}}}});
     EXPECT_TRUE(action(0).icon().isNull());
     EXPECT_TRUE(isCommandOf(action(0)));
 }

@@ -13,8 +13,7 @@ namespace {
 
 using platform::HotKeyReference;
 
-constexpr platform::HotKey commandShiftY{
-    .keyCode = 16, .modifiers = 0x300, .signature = 0x4352564E, .id = 1};
+constexpr HotKey commandShiftY{.letter = 'Y', .command = true, .shift = true};
 
 constexpr xcb_keycode_t superKey = 133;
 constexpr xcb_keycode_t shiftKey = 50;
@@ -198,8 +197,8 @@ TEST_F(LinuxHotKeysTest, APressWithoutAHandlerIsIgnored) {
 }
 
 TEST_F(LinuxHotKeysTest, RefusesAKeyTheKeyboardHasNot) {
-    platform::HotKey unknown = commandShiftY;
-    unknown.keyCode = 0;
+    HotKey unknown = commandShiftY;
+    unknown.letter = 0;
     const auto refused = hotKeys_.registerHotKey(unknown);
     ASSERT_FALSE(refused.has_value());
     EXPECT_EQ(refused.error(), badValue);

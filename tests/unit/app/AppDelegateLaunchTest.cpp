@@ -3,9 +3,6 @@
 namespace corvane {
 namespace {
 
-constexpr const char *settingsUrl =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
 class AppDelegateLaunchTest : public testing::AppDelegateTest {};
 
 TEST_F(AppDelegateLaunchTest, TheStatusItemIsThereBeforeTheFilesAreRead) {
@@ -64,11 +61,79 @@ TEST_F(AppDelegateLaunchTest, EveryGrantIsNoticedWithinThreeSecondsAndRegistersO
     EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
 }
 
+TEST_F(AppDelegateLaunchTest, TheSettingsAreReadBeforeTheProfiles) {
+    const auto &settings = shared.configService.configFileURL();
+    const auto &profiles = shared.profileService.profilesFileURL();
+    platform.fileSystem().put(settings, "{}");
+    platform.fileSystem().put(profiles, R"({"profiles":[]})");
+    launch();
+    EXPECT_EQ(platform.fileSystem().reads(), (std::vector{settings, profiles}));
+}
+
+TEST_F(AppDelegateLaunchTest, ThePermissionIsAskedForWhenTheFilesAreLoaded) {
+    platform.fileSystem().put(shared.configService.configFileURL(), R"({"clickRate":7})");
+    platform.fileSystem().put(shared.profileService.profilesFileURL(), R"({"profiles":[]})");
+    platform.accessibility().whilePrompting = [this] {
+        EXPECT_EQ(state().config.clickRate, 7);
+        EXPECT_EQ(platform.fileSystem().reads().size(), 2U);
+    };
+    launch();
+    EXPECT_EQ(platform.accessibility().prompts, 1);
+}
+
+TEST_F(AppDelegateLaunchTest, TheHotKeyIsRegisteredLast) {
+    platform.fileSystem().put(shared.configService.configFileURL(), R"({"clickRate":7})");
+    platform.hotKeys().whileRegistering = [this] {
+        EXPECT_EQ(logged("Initial accessibility: true"), 1);
+        EXPECT_EQ(platform.mainQueue().timerCount(), 1U) << "the permission is not polled yet";
+        EXPECT_NE(statusItem().find("Rate: 7/s — unlimited"), nullptr);
+    };
+    launch();
+    EXPECT_EQ(platform.hotKeys().registrations, 1);
+}
+
+TEST_F(AppDelegateLaunchTest, ThePermissionIsPolledEveryThreeSeconds) {
+    launch();
+    platform.advance(std::chrono::milliseconds(2999));
+    EXPECT_EQ(platform.accessibility().checks, 0);
+    platform.advance(std::chrono::milliseconds(1));
+    EXPECT_EQ(platform.accessibility().checks, 1);
+    platform.advance(std::chrono::seconds(6));
+    EXPECT_EQ(platform.accessibility().checks, 3);
+}
+
+TEST_F(AppDelegateLaunchTest, TheGrantIsLoggedBeforeTheRegistration) {
+    platform.accessibility().isTrusted = false;
+    launch();
+    platform.accessibility().isTrusted = true;
+    platform.hotKeys().whileRegistering = [this] {
+        EXPECT_EQ(logged("Accessibility granted — registering hotkey"), 1);
+    };
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_EQ(platform.hotKeys().registrations, 2);
+}
+
+TEST_F(AppDelegateLaunchTest, AtTheEndPollingStopsFirstThenTheHotKeyGoesAndThenTheRun) {
+    launch();
+    startRunning();
+    bool isHotKeyGivenBack = false;
+    platform.hotKeys().whileGivingBack = [&](const std::string &) {
+        isHotKeyGivenBack = true;
+        EXPECT_EQ(platform.mainQueue().timerCount(), 0U) << "the permission is still polled";
+        EXPECT_EQ(platform.clock().blockedCount(), 1U) << "the run has been stopped already";
+    };
+    delegate->applicationWillTerminate();
+    EXPECT_TRUE(isHotKeyGivenBack);
+    platform.hotKeys().whileGivingBack = nullptr;
+    shared.clickerService.awaitEnd();
+    EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 1);
+}
+
 TEST_F(AppDelegateLaunchTest, ARefusedHotKeyDoesNotEndTheLaunch) {
     platform.hotKeys().registerFailure = 10;
     launch();
     EXPECT_EQ(logged("Failed to register hotkey: 10"), 1);
-    statusItem().choose("Start\t⇧⌘Y");
+    statusItem().choose("Start");
     EXPECT_EQ(state().status, ClickStatus::running);
 }
 
@@ -85,11 +150,11 @@ TEST_F(AppDelegateLaunchTest, DamagedFilesLeaveTheDefaultsAndTheFilesAlone) {
     EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
 }
 
-TEST_F(AppDelegateLaunchTest, TheAccessibilitySettingsOpenByTheirAddress) {
+TEST_F(AppDelegateLaunchTest, TheMenuOpensTheAccessibilitySettings) {
     platform.accessibility().isTrusted = false;
     launch();
     statusItem().choose("Open Accessibility Settings...");
-    EXPECT_EQ(platform.workspace().opened, std::vector<std::string>{settingsUrl});
+    EXPECT_EQ(platform.accessibility().settingsOpened, 1);
 }
 
 TEST_F(AppDelegateLaunchTest, QuittingIsTheApplicationsOwnBusiness) {
@@ -98,11 +163,10 @@ TEST_F(AppDelegateLaunchTest, QuittingIsTheApplicationsOwnBusiness) {
     EXPECT_EQ(platform.application().terminations, 1);
 }
 
-TEST_F(AppDelegateLaunchTest, UnknownCommandsDoNothing) {
+TEST_F(AppDelegateLaunchTest, AnItemWithoutAnActionDoesNothing) {
     launch();
     const int menusSet = statusItem().menusSet;
-    statusItem().perform({"noSuchCommand:"});
-    statusItem().perform({""});
+    statusItem().perform({});
     EXPECT_EQ(statusItem().menusSet, menusSet);
     EXPECT_EQ(state().status, ClickStatus::idle);
 }
@@ -147,18 +211,29 @@ TEST_F(AppDelegateLaunchTest, StartingTheProgramAgainShowsTheMenu) {
     EXPECT_EQ(statusItem().menusOpened, 1);
 }
 
-TEST_F(AppDelegateLaunchTest, TheToolTipTellsOfAKeyThatIsNotToBeHad) {
+TEST_F(AppDelegateLaunchTest, ARefusedHotKeyIsSaidInTheToolTipAndNotTriedAgain) {
     platform.hotKeys().registerFailure = 10;
     launch();
     settle();
     EXPECT_EQ(statusItem().toolTip, "The shortcut that starts and stops clicking is not available");
     platform.hotKeys().registerFailure.reset();
+    platform.advance(std::chrono::seconds(9));
+    EXPECT_EQ(platform.hotKeys().registrations, 1);
+    EXPECT_EQ(logged("Failed to register hotkey: 10"), 1);
+    EXPECT_EQ(logged("Hotkey (Cmd+Shift+Y) registered via Carbon"), 0);
+}
+
+TEST_F(AppDelegateLaunchTest, TheToolTipFollowsAKeyThatTheKeyboardLosesAndGetsBack) {
+    launch();
+    settle();
+    EXPECT_EQ(statusItem().toolTip, "");
+    platform.hotKeys().isHeard = false;
+    platform.advance(std::chrono::seconds(3));
+    EXPECT_NE(statusItem().toolTip, "");
+    platform.hotKeys().isHeard = true;
     platform.advance(std::chrono::seconds(3));
     EXPECT_EQ(statusItem().toolTip, "");
-    EXPECT_EQ(logged("Hotkey (Cmd+Shift+Y) registered via Carbon"), 1);
-    platform.hotKeys().press();
-    settle();
-    EXPECT_EQ(state().status, ClickStatus::running);
+    EXPECT_EQ(platform.hotKeys().registrations, 1);
 }
 
 } // namespace

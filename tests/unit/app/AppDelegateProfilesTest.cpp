@@ -12,7 +12,7 @@ class AppDelegateProfilesTest : public AppDelegateTest {
     void SetUp() override { launch(); }
 
     void load(const std::string &id) {
-        statusItem().perform({.action = "loadProfile:", .representedObject = id});
+        statusItem().perform({.action = ActionID::loadProfile, .representedObject = id});
         settle();
     }
 
@@ -129,6 +129,17 @@ TEST_F(AppDelegateProfilesTest, LoadingReplacesAnOpenSettingsWindow) {
     EXPECT_EQ(window.selectedToolbarItem, "general");
     ASSERT_TRUE(window.content);
     EXPECT_THAT(ViewUser(*window.content).texts(), ::testing::Contains("= 1 click every 0.02s"));
+}
+
+TEST_F(AppDelegateProfilesTest, LoadingRebuildsTheMenuBeforeItReplacesTheWindow) {
+    saveAs({.button = 0, .fieldText = "Slow"});
+    saveAs({.button = 0, .fieldText = "Fast"});
+    delegate->showConfig();
+    platform.settingsWindows().whileCreating = [this] {
+        EXPECT_TRUE(statusItem().find("Slow")->isOn);
+    };
+    statusItem().choose("Slow");
+    EXPECT_EQ(platform.settingsWindows().windows().size(), 2U);
 }
 
 TEST_F(AppDelegateProfilesTest, LoadingLeavesAClosedSettingsWindowClosed) {

@@ -7,9 +7,6 @@
 namespace corvane {
 namespace {
 
-constexpr const char *settingsUrl =
-    "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
-
 class AppDelegateRunControlTest : public testing::AppDelegateTest {
   protected:
     void SetUp() override { launch(); }
@@ -36,14 +33,13 @@ class AppDelegateRunControlTest : public testing::AppDelegateTest {
 
 TEST_F(AppDelegateRunControlTest, AStartWithoutTrustIsRefused) {
     platform.accessibility().isTrusted = false;
-    for (std::size_t attempt = 1; attempt <= 2; ++attempt) {
+    for (int attempt = 1; attempt <= 2; ++attempt) {
         delegate->startClicking();
         platform.mainQueue().turnUntilIdle();
         EXPECT_EQ(state().status, ClickStatus::idle);
         EXPECT_FALSE(state().isAccessibilityGranted);
-        EXPECT_EQ(logged("Cannot start: accessibility not granted"),
-                  static_cast<std::ptrdiff_t>(attempt));
-        EXPECT_EQ(platform.workspace().opened, std::vector<std::string>(attempt, settingsUrl));
+        EXPECT_EQ(logged("Cannot start: accessibility not granted"), attempt);
+        EXPECT_EQ(platform.accessibility().settingsOpened, attempt);
     }
     EXPECT_NE(statusItem().find("Open Accessibility Settings..."), nullptr);
     EXPECT_TRUE(platform.alerts().shown.empty());

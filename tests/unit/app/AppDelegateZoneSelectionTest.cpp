@@ -73,5 +73,22 @@ TEST_F(AppDelegateZoneSelectionTest, TheHotKeyStartsARunOverTheOpenPickerAndTheP
     awaitIdle();
 }
 
+TEST_F(AppDelegateZoneSelectionTest, APickThatSucceedsUnderARunOfTheHotKeyIsStoredAndTheRunGoesOn) {
+    openPicker();
+    platform.hotKeys().press();
+    platform.mainQueue().turnUntilIdle();
+    ASSERT_TRUE(platform.clock().awaitBlocked());
+    const auto overlay = platform.overlayWindows().all().front();
+    overlay->mouseDown({100, 200});
+    overlay->mouseUp({400, 350});
+    settle();
+    EXPECT_EQ(state().config.zoneRect, (CodableRect{100, 730, 300, 150}));
+    EXPECT_NE(configFile().find("\"zoneRect\""), std::string::npos);
+    EXPECT_EQ(state().status, ClickStatus::running);
+    EXPECT_EQ(logged("Clicker stopped after 1 clicks"), 0);
+    delegate->stopClicking();
+    awaitIdle();
+}
+
 } // namespace
 } // namespace corvane

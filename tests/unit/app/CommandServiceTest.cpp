@@ -86,7 +86,7 @@ TEST_F(CommandServiceTest, AStartIsRefusedWithoutTrust) {
     withdrawTrust();
     EXPECT_EQ(send({"start"}), notGranted);
     EXPECT_EQ(send({"toggle"}), notGranted);
-    EXPECT_TRUE(platform.workspace().opened.empty());
+    EXPECT_EQ(platform.accessibility().settingsOpened, 0);
 }
 
 TEST_F(CommandServiceTest, AStartIsRefusedWhenTheTrustHasJustGone) {
@@ -119,9 +119,9 @@ TEST_F(CommandServiceTest, AStartMeanwhileIsRefused) {
     };
     platform.commandEndpoint().send({"start"});
     platform.mainQueue().turnUntilIdle();
-    EXPECT_EQ(
-        platform.commandEndpoint().answers,
-        (std::vector{refused("the start was cancelled"), refused("the start was cancelled")}));
+    EXPECT_EQ(platform.commandEndpoint().answers,
+              (std::vector{refused("a question on the screen has to be answered first"),
+                           refused("the start was cancelled")}));
     EXPECT_EQ(platform.alerts().shown.size(), 1U);
 }
 

@@ -25,8 +25,7 @@ class HotkeyServiceTest : public ::testing::Test {
 
 TEST_F(HotkeyServiceTest, RegistersCommandShiftY) {
     service.registerHotkey([this] { ++presses; });
-    const platform::HotKey expected{
-        .keyCode = 16, .modifiers = 0x300, .signature = 0x4352564E, .id = 1};
+    const HotKey expected{.letter = 'Y', .command = true, .shift = true};
     EXPECT_EQ(platform.hotKeys().registered(), std::vector{expected});
     EXPECT_EQ(log.messages(), Lines{"Hotkey (Cmd+Shift+Y) registered via Carbon"});
 }
@@ -57,6 +56,23 @@ TEST_F(HotkeyServiceTest, RegisteringTwiceLeavesOneHotKeyAndOneHandler) {
     EXPECT_EQ(presses, 1);
 }
 
+TEST_F(HotkeyServiceTest, TheFormerRegistrationIsGivenBackBeforeTheNextIsMade) {
+    service.registerHotkey([] {});
+    service.registerHotkey([] {});
+    EXPECT_EQ(platform.hotKeys().mostHotKeys, 1U);
+    EXPECT_EQ(platform.hotKeys().mostHandlers, 1U);
+}
+
+TEST_F(HotkeyServiceTest, TheHotKeyIsGivenBackBeforeItsHandler) {
+    service.registerHotkey([] {});
+    std::vector<std::string> givenBack;
+    platform.hotKeys().whileGivingBack = [&](const std::string &what) {
+        givenBack.push_back(what);
+    };
+    service.unregister();
+    EXPECT_EQ(givenBack, (std::vector<std::string>{"hot key", "handler"}));
+}
+
 TEST_F(HotkeyServiceTest, UnregisteringNothingDoesNothing) {
     service.unregister();
     EXPECT_TRUE(log.messages().empty());
@@ -64,10 +80,12 @@ TEST_F(HotkeyServiceTest, UnregisteringNothingDoesNothing) {
 
 TEST_F(HotkeyServiceTest, APressAfterUnregisteringHasNoEffect) {
     service.registerHotkey([this] { ++presses; });
+    const auto pressUnderWay = platform.hotKeys().pressUnderWay();
     service.unregister();
     EXPECT_TRUE(platform.hotKeys().registered().empty());
     EXPECT_EQ(platform.hotKeys().handlerCount(), 0U);
-    pressAndTurn();
+    pressUnderWay();
+    platform.mainQueue().turnUntilIdle();
     EXPECT_EQ(presses, 0);
 }
 
@@ -93,51 +111,15 @@ TEST_F(HotkeyServiceTest, ARefusedHotKeyIsLoggedWithItsStatus) {
     EXPECT_EQ(log.messages(), Lines{"Failed to register hotkey: -9878"});
 }
 
-TEST_F(HotkeyServiceTest, ARefusedKeyIsTriedAgainAndOnlyTheSuccessIsLogged) {
-    platform.hotKeys().registerFailure = 10;
-    service.registerHotkey([this] { ++presses; });
+TEST_F(HotkeyServiceTest, IsRegisteredOnlyWhileAPressWouldBeNoticed) {
     EXPECT_FALSE(service.isRegistered());
-    service.retry();
-    service.retry();
-    EXPECT_EQ(platform.hotKeys().registrations, 3);
-    EXPECT_EQ(log.messages(), Lines{"Failed to register hotkey: 10"});
-
-    platform.hotKeys().registerFailure.reset();
-    service.retry();
+    service.registerHotkey([] {});
     EXPECT_TRUE(service.isRegistered());
-    EXPECT_EQ(log.messages().back(), "Hotkey (Cmd+Shift+Y) registered via Carbon");
-    pressAndTurn();
-    EXPECT_EQ(presses, 1);
-    service.retry();
-    EXPECT_EQ(platform.hotKeys().registrations, 4);
-}
-
-TEST_F(HotkeyServiceTest, AHandlerThatCouldNotBeInstalledIsTriedAgainToo) {
-    platform.hotKeys().installFailure = 5;
-    service.registerHotkey([this] { ++presses; });
-    service.retry();
-    EXPECT_FALSE(service.isRegistered());
-    platform.hotKeys().installFailure.reset();
-    service.retry();
-    EXPECT_TRUE(service.isRegistered());
-}
-
-TEST_F(HotkeyServiceTest, AKeyLostToTheKeyboardIsTakenAgain) {
-    service.registerHotkey([this] { ++presses; });
     platform.hotKeys().isHeard = false;
     EXPECT_FALSE(service.isRegistered());
     platform.hotKeys().isHeard = true;
-    service.retry();
-    EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
-}
-
-TEST_F(HotkeyServiceTest, NothingIsRetriedThatNobodyAskedFor) {
-    service.retry();
-    service.registerHotkey([] {});
     service.unregister();
-    service.retry();
-    EXPECT_TRUE(platform.hotKeys().registered().empty());
-    EXPECT_EQ(platform.hotKeys().registrations, 1);
+    EXPECT_FALSE(service.isRegistered());
 }
 
 } // namespace

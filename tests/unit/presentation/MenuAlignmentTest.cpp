@@ -13,11 +13,14 @@ namespace {
 std::vector<MenuItem> sampleItems() {
     return {{.title = "Running", .isEnabled = false},
             MenuItem::separator(),
-            {.title = "Stop", .action = "stopClicking:"},
-            {.title = "Free Cursor", .action = "setModeCursor:", .isEnabled = false, .isOn = true},
-            {.title = "Defined Zone", .action = "setModeZone:"},
+            {.title = "Stop", .action = ActionID::stopClicking},
+            {.title = "Free Cursor",
+             .action = ActionID::setModeCursor,
+             .isEnabled = false,
+             .isOn = true},
+            {.title = "Defined Zone", .action = ActionID::setModeZone},
             {.title = "Profiles", .submenu = std::vector<MenuItem>{MenuItem::separator()}},
-            {.title = "Quit", .action = "terminate:", .commandKey = "q"}};
+            {.title = "Quit", .action = ActionID::terminate, .commandKey = "q"}};
 }
 
 TEST(MenuAlignmentTest, KeepsAllLinesWhenOnlyTextsAndStatesChange) {
@@ -31,14 +34,14 @@ TEST(MenuAlignmentTest, KeepsAllLinesWhenOnlyTextsAndStatesChange) {
 TEST(MenuAlignmentTest, KeepsALineThatTakesAnotherCommand) {
     const auto before = sampleItems();
     auto after = before;
-    after[2] = {.title = "Start", .action = "startClicking:"};
+    after[2] = {.title = "Start", .action = ActionID::startClicking};
     EXPECT_TRUE(alignMenu(before, after).isSameLayout());
 }
 
 TEST(MenuAlignmentTest, FindsTheLinesThatCome) {
     const auto before = sampleItems();
     auto after = before;
-    after.insert(after.begin() + 5, {.title = "Define zone...", .action = "selectZone:"});
+    after.insert(after.begin() + 5, {.title = "Define zone...", .action = ActionID::selectZone});
     const auto alignment = alignMenu(before, after);
     EXPECT_EQ(alignment.leading, 5U);
     EXPECT_EQ(alignment.removed, 0U);

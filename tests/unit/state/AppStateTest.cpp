@@ -3,6 +3,7 @@
 #include "model/Json.h"
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
+#include "support/Localised.h"
 #include "support/LogCapture.h"
 #include "support/OutputCapture.h"
 #include "support/RecordingPlatform.h"
@@ -93,6 +94,14 @@ TEST_F(AppStateTest, SaysWhatItIsDoing) {
     EXPECT_EQ(state_->statusText(), "Running (1 clicks)");
     state_->clickCount = 0;
     EXPECT_EQ(state_->statusText(), "Running");
+}
+
+TEST_F(AppStateTest, OnlyTheWordOfTheStatusIsTranslated) {
+    useTextLookup([](std::string_view english) { return "<" + std::string(english) + ">"; });
+    state_->status = ClickStatus::running;
+    state_->clickCount = 12;
+    EXPECT_EQ(state_->statusText(), "<Running> (12 clicks)");
+    useTextLookup({});
 }
 
 TEST_F(AppStateTest, LoadsTheConfigurationInTheBackground) {

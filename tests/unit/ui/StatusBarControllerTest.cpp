@@ -27,22 +27,22 @@ class StatusBarControllerTest : public ::testing::Test {
 
 TEST_F(StatusBarControllerTest, NotGrantedAndIdle) {
     EXPECT_EQ(menu(), "Idle (off)\n"
-                      "Open Accessibility Settings... | openAccessibilitySettings: | lock.shield\n"
+                      "Open Accessibility Settings... | openAccessibilitySettings | lock.shield\n"
                       "---\n"
-                      "Start\t⇧⌘Y (off) | startClicking: | play.fill\n"
+                      "Start (off) | startClicking | play.fill | hot key Y\n"
                       "---\n"
-                      "[x] Free Cursor | setModeCursor:\n"
-                      "Defined Zone | setModeZone:\n"
+                      "[x] Free Cursor | setModeCursor\n"
+                      "Defined Zone | setModeZone\n"
                       "---\n"
                       "Rate: 1/s — unlimited (off)\n"
                       "---\n"
                       "Profiles | person.crop.rectangle.stack\n"
                       "    No profiles (off)\n"
                       "    ---\n"
-                      "    Save current config... | saveAsProfile: | plus.circle\n"
+                      "    Save current config... | saveAsProfile | plus.circle\n"
                       "---\n"
-                      "Settings... | showConfig: | gearshape | ,\n"
-                      "Quit Corvane | terminate: | q\n");
+                      "Settings... | showConfig | gearshape | ,\n"
+                      "Quit Corvane | terminate | q\n");
 }
 
 TEST_F(StatusBarControllerTest, GrantedAndIdleInCursorMode) {
@@ -50,20 +50,20 @@ TEST_F(StatusBarControllerTest, GrantedAndIdleInCursorMode) {
     state.config.zoneRect = CodableRect{1, 2, 3, 4};
     EXPECT_EQ(menu(), "Idle (off)\n"
                       "---\n"
-                      "Start\t⇧⌘Y | startClicking: | play.fill\n"
+                      "Start | startClicking | play.fill | hot key Y\n"
                       "---\n"
-                      "[x] Free Cursor | setModeCursor:\n"
-                      "Defined Zone | setModeZone:\n"
+                      "[x] Free Cursor | setModeCursor\n"
+                      "Defined Zone | setModeZone\n"
                       "---\n"
                       "Rate: 1/s — unlimited (off)\n"
                       "---\n"
                       "Profiles | person.crop.rectangle.stack\n"
                       "    No profiles (off)\n"
                       "    ---\n"
-                      "    Save current config... | saveAsProfile: | plus.circle\n"
+                      "    Save current config... | saveAsProfile | plus.circle\n"
                       "---\n"
-                      "Settings... | showConfig: | gearshape | ,\n"
-                      "Quit Corvane | terminate: | q\n");
+                      "Settings... | showConfig | gearshape | ,\n"
+                      "Quit Corvane | terminate | q\n");
 }
 
 TEST_F(StatusBarControllerTest, RunningOffersOnlyStopAndQuit) {
@@ -80,29 +80,29 @@ TEST_F(StatusBarControllerTest, RunningOffersOnlyStopAndQuit) {
     state.activeProfileID = id;
     EXPECT_EQ(menu(), "Running (12 clicks) (off)\n"
                       "---\n"
-                      "Stop\t⇧⌘Y | stopClicking: | stop.fill\n"
+                      "Stop | stopClicking | stop.fill | hot key Y\n"
                       "---\n"
-                      "Free Cursor (off) | setModeCursor:\n"
-                      "[x] Defined Zone (300×200) (off) | setModeZone:\n"
-                      "Define zone... (off) | selectZone: | rectangle.dashed\n"
+                      "Free Cursor (off) | setModeCursor\n"
+                      "[x] Defined Zone (300×200) (off) | setModeZone\n"
+                      "Define zone... (off) | selectZone | rectangle.dashed\n"
                       "---\n"
                       "Rate: 5/m — 50x (off)\n"
                       "---\n"
                       "Profiles | person.crop.rectangle.stack\n"
-                      "    [x] Games (off) | loadProfile: | " +
+                      "    [x] Games (off) | loadProfile | " +
                           id.text() +
                           "\n"
                           "    ---\n"
-                          "    Save current config... (off) | saveAsProfile: | plus.circle\n"
+                          "    Save current config... (off) | saveAsProfile | plus.circle\n"
                           "---\n"
-                          "Settings... (off) | showConfig: | gearshape | ,\n"
-                          "Quit Corvane | terminate: | q\n");
+                          "Settings... (off) | showConfig | gearshape | ,\n"
+                          "Quit Corvane | terminate | q\n");
 }
 
 TEST_F(StatusBarControllerTest, TheZoneTitleNamesSizeAndApplicationInZoneModeOnly) {
     const auto zoneTitle = [this] {
         for (const MenuItem &item : controller.menu().items) {
-            if (item.action == "setModeZone:") {
+            if (item.action == ActionID::setModeZone) {
                 return item.title;
             }
         }
@@ -132,16 +132,8 @@ TEST_F(StatusBarControllerTest, OnlyTheActiveProfileIsChecked) {
         built.items, [](const MenuItem &item) { return item.submenu.has_value(); });
     ASSERT_NE(profiles, built.items.end());
     EXPECT_EQ(listing({*profiles->submenu}),
-              "One | loadProfile: | " + first.text() + "\n[x] Two | loadProfile: | " +
-                  second.text() + "\n---\nSave current config... | saveAsProfile: | plus.circle\n");
-}
-
-TEST_F(StatusBarControllerTest, CommandsGoToTheDelegateAndQuitToTheApplication) {
-    for (const MenuItem &item : controller.menu().items) {
-        const bool isDelegates = !item.action.empty() && item.action != "terminate:";
-        EXPECT_EQ(item.target, isDelegates ? MenuTarget::appDelegate : MenuTarget::none)
-            << item.title;
-    }
+              "One | loadProfile | " + first.text() + "\n[x] Two | loadProfile | " + second.text() +
+                  "\n---\nSave current config... | saveAsProfile | plus.circle\n");
 }
 
 TEST_F(StatusBarControllerTest, MenuSymbolsHaveOneSize) {

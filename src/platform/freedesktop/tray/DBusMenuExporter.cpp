@@ -336,7 +336,7 @@ bool DBusMenuExporter::handleEvent(int id, const QString &name) {
     if (!node) {
         return false;
     }
-    if (name == u"clicked" && node->isEnabled && !node->command.action.empty()) {
+    if (name == u"clicked" && node->isEnabled && node->command.action != ActionID::none) {
         QTimer::singleShot(0, this,
                            [perform = perform_, command = node->command] { perform(command); });
     }

@@ -1,13 +1,13 @@
 #import "platform/macos/app/DesktopReading.h"
 
-#include "presentation/KeyHint.h"
+#import "platform/macos/hotkey/HotKeys.h"
 
 namespace corvane::macos {
 
-DesktopFacts readDesktopFacts() {
+DesktopFacts readDesktopFacts(const HotKey &hotKey) {
     return {.displayServer = DisplayServer::macos,
             .hotKey = HotKeyState::unknown,
-            .hotKeyName = startStopKeyHint,
+            .hotKeyName = hotKeyText(hotKey),
             .statusArea = StatusArea::menuBar};
 }
 

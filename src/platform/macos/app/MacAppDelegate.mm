@@ -94,46 +94,46 @@ std::string representedObject(id sender) {
 }
 
 - (void)startClicking:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::startClicking from:sender];
 }
 
 - (void)stopClicking:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::stopClicking from:sender];
 }
 
 - (void)setModeCursor:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::setModeCursor from:sender];
 }
 
 - (void)setModeZone:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::setModeZone from:sender];
 }
 
 - (void)selectZone:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::selectZone from:sender];
 }
 
 - (void)loadProfile:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::loadProfile from:sender];
 }
 
 - (void)saveAsProfile:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::saveAsProfile from:sender];
 }
 
 - (void)showConfig:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::showConfig from:sender];
 }
 
 - (void)openAccessibilitySettings:(id)sender {
-    [self send:_cmd from:sender];
+    [self send:corvane::ActionID::openAccessibilitySettings from:sender];
 }
 
-- (void)send:(SEL)command from:(id)sender {
+- (void)send:(corvane::ActionID)action from:(id)sender {
     // The menu is still on its way off the screen: its window would take a click made now.
     _platform->mainQueue().post(
         [perform = self.perform,
-         chosen = corvane::MenuCommand{.action = macos::utf8(NSStringFromSelector(command)),
+         chosen = corvane::MenuCommand{.action = action,
                                        .representedObject = representedObject(sender)}] {
             if (perform) {
                 perform(chosen);

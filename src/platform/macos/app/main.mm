@@ -1,18 +1,18 @@
 #include "app/CommandLine.h"
 #include "app/CorvaneApp.h"
 #include "app/Doctor.h"
-#include "app/HotkeyService.h"
 #import "platform/macos/app/CommandEndpoint.h"
 #import "platform/macos/app/CommandFolder.h"
 #import "platform/macos/app/DesktopReading.h"
 #import "platform/macos/app/MacAppDelegate.h"
 #import "platform/macos/app/Platform.h"
 #import "platform/macos/app/TerminationSignals.h"
+#import "platform/macos/hotkey/HotKeys.h"
 #import "platform/macos/support/EditingKeys.h"
 #import "platform/macos/support/Text.h"
 #include "platform/posix/FileFacts.h"
 #include "platform/posix/InstanceLock.h"
-#include "presentation/KeyHint.h"
+#include "presentation/HotKey.h"
 
 #import <AppKit/AppKit.h>
 
@@ -40,7 +40,7 @@ CommandLine readCommandLine(int argc, char **argv) {
     return CommandLine::parse(isForTheSystem(words) ? CommandRequest{} : words,
                               {.version = application.shortVersion().value_or("") + " (" +
                                           application.buildVersion().value_or("") + ")",
-                               .hotKeyName = startStopKeyHint});
+                               .hotKeyName = macos::hotKeyText(startStopKey)});
 }
 
 /// Where the program does not run, the system starts it for a URL of its own and hands that over.
@@ -56,7 +56,7 @@ int runLaunch(const CommandRequest &words) {
 int runDoctor() {
     posix::PosixFileSystem files;
     const macos::Application application;
-    return print(diagnose(macos::readDesktopFacts(),
+    return print(diagnose(macos::readDesktopFacts(startStopKey),
                           posix::readFileFacts(filesOfCorvane(files, application.homeDirectory())),
                           macos::callRunning({"status", "--json"})));
 }

@@ -2,7 +2,12 @@
 
 #include "platform/HotKeys.h"
 
+#include <string>
+
 namespace corvane::macos {
+
+/// A hot key as the system writes it: "⇧⌘Y".
+std::string hotKeyText(const HotKey &hotKey);
 
 /// Hot keys of the Carbon Event Manager, which reach this program whichever one is in front.
 class HotKeys : public platform::HotKeys {
@@ -11,7 +16,7 @@ class HotKeys : public platform::HotKeys {
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
     installHandler(std::function<void()> pressed) override;
     std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-    registerHotKey(const platform::HotKey &hotKey) override;
+    registerHotKey(const HotKey &hotKey) override;
     /// No program can keep a hot key from the system.
     void setUrgent(bool /*isUrgent*/) override {}
 };

@@ -5,6 +5,7 @@
 
 #import <Carbon/Carbon.h>
 
+#include <optional>
 #include <utility>
 
 namespace corvane::macos {
@@ -54,12 +55,12 @@ class HotKeyHandler : public platform::HotKeyReference {
     EventHandlerRef handler_ = nullptr;
 };
 
-class HotKey : public platform::RegisteredHotKey {
+class CarbonHotKey : public platform::RegisteredHotKey {
   public:
-    explicit HotKey(EventHotKeyRef hotKey) : hotKey_(hotKey) {}
-    HotKey(const HotKey &) = delete;
-    HotKey &operator=(const HotKey &) = delete;
-    ~HotKey() override { UnregisterEventHotKey(hotKey_); }
+    explicit CarbonHotKey(EventHotKeyRef hotKey) : hotKey_(hotKey) {}
+    CarbonHotKey(const CarbonHotKey &) = delete;
+    CarbonHotKey &operator=(const CarbonHotKey &) = delete;
+    ~CarbonHotKey() override { UnregisterEventHotKey(hotKey_); }
 
     bool isHeard() const override { return true; }
 
@@ -67,7 +68,20 @@ class HotKey : public platform::RegisteredHotKey {
     EventHotKeyRef hotKey_;
 };
 
+/// By the place on a US keyboard, whatever the layout; only for the letter that the program uses.
+std::optional<UInt32> keyCodeOf(char letter) {
+    return letter == 'Y' ? std::optional<UInt32>(kVK_ANSI_Y) : std::nullopt;
+}
+
+UInt32 modifiersOf(const HotKey &hotKey) {
+    return (hotKey.command ? UInt32{cmdKey} : 0) | (hotKey.shift ? UInt32{shiftKey} : 0);
+}
+
 } // namespace
+
+std::string hotKeyText(const HotKey &hotKey) {
+    return std::string(hotKey.shift ? "⇧" : "") + (hotKey.command ? "⌘" : "") + hotKey.letter;
+}
 
 std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
 HotKeys::installHandler(std::function<void()> pressed) {
@@ -79,15 +93,19 @@ HotKeys::installHandler(std::function<void()> pressed) {
 }
 
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-HotKeys::registerHotKey(const platform::HotKey &hotKey) {
-    const EventHotKeyID identifier{.signature = hotKey.signature, .id = hotKey.id};
+HotKeys::registerHotKey(const HotKey &hotKey) {
+    const auto keyCode = keyCodeOf(hotKey.letter);
+    if (!keyCode) {
+        return std::unexpected(paramErr);
+    }
+    const EventHotKeyID identifier{.signature = 'CRVN', .id = 1};
     EventHotKeyRef reference = nullptr;
-    const OSStatus status = RegisterEventHotKey(hotKey.keyCode, hotKey.modifiers, identifier,
+    const OSStatus status = RegisterEventHotKey(*keyCode, modifiersOf(hotKey), identifier,
                                                 GetApplicationEventTarget(), 0, &reference);
     if (status != noErr) {
         return std::unexpected(status);
     }
-    return std::make_unique<HotKey>(reference);
+    return std::make_unique<CarbonHotKey>(reference);
 }
 
 } // namespace corvane::macos

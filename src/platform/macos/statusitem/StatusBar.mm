@@ -55,7 +55,8 @@ class StatusItem : public platform::StatusItem {
 
     void setMenu(const Menu &menu) override { presenter_.show(menu); }
 
-    bool isShown() const override { return item_.visible; }
+    /// The menu bar is part of the system.
+    bool isShown() const override { return true; }
 
     void setToolTip(const std::string &text) override {
         item_.button.toolTip = text.empty() ? nil : systemText(text);

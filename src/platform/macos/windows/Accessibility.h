@@ -20,6 +20,7 @@ class Accessibility : public platform::Accessibility {
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
+    void openSettings() override;
     std::shared_ptr<const platform::AccessibilityWindows>
     windows(std::int32_t processIdentifier) override;
 

@@ -5,6 +5,7 @@
 #import "platform/macos/support/Text.h"
 #import "platform/macos/windows/AccessibilityElement.h"
 
+#import <AppKit/AppKit.h>
 #import <ApplicationServices/ApplicationServices.h>
 #import <Foundation/Foundation.h>
 
@@ -62,6 +63,14 @@ bool Accessibility::isProcessTrusted() { return AXIsProcessTrusted(); }
 bool Accessibility::isProcessTrustedWithPrompt() {
     NSDictionary *options = @{(__bridge NSString *)kAXTrustedCheckOptionPrompt : @YES};
     return AXIsProcessTrustedWithOptions((__bridge CFDictionaryRef)options);
+}
+
+void Accessibility::openSettings() {
+    NSString *const address =
+        @"x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility";
+    if (NSURL *url = [NSURL URLWithString:address]) {
+        [NSWorkspace.sharedWorkspace openURL:url];
+    }
 }
 
 std::shared_ptr<const platform::AccessibilityWindows>

@@ -207,7 +207,7 @@ void MenuRenderer::choose(QAction &action) {
     // QAction toggles the check mark; it follows the menu value alone.
     action.setChecked(action.isCheckable());
     const auto item = action.data().value<MenuItem>();
-    if (item.action.empty()) {
+    if (item.action == ActionID::none) {
         return;
     }
     QTimer::singleShot(0, menu_.get(), [perform = perform_, item] {

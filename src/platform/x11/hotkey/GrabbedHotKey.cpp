@@ -3,27 +3,43 @@
 #include "platform/x11/hotkey/KeyboardLayout.h"
 
 #include <optional>
+#include <string_view>
 #include <utility>
 
 namespace corvane::x11 {
 
 namespace {
 
-/// The numbers in which the program names its hot key.
-constexpr std::uint32_t letterY = 16;
-constexpr std::uint32_t commandModifier = 0x100;
-constexpr std::uint32_t shiftModifier = 0x200;
-
-/// Where the letter stands on the keyboard the numbers were made for; the key to press under a
-/// layout that has no such letter.
-constexpr xcb_keycode_t placeOfLetterY = 29;
-
-std::uint16_t modifiersFor(std::uint32_t modifiers, const KeyboardLayout &layout) {
-    std::uint16_t bits = 0;
-    if ((modifiers & shiftModifier) != 0) {
-        bits |= XCB_MOD_MASK_SHIFT;
+/// Where a letter is on a US keyboard: the key to press under a layout that lacks the letter, such
+/// as a Cyrillic one. Nothing for what is no letter.
+std::optional<xcb_keycode_t> placeOf(char letter) {
+    struct Row {
+        std::string_view letters;
+        xcb_keycode_t first;
+    };
+    for (const Row &row : {Row{"QWERTYUIOP", 24}, Row{"ASDFGHJKL", 38}, Row{"ZXCVBNM", 52}}) {
+        if (const auto index = row.letters.find(letter); index != std::string_view::npos) {
+            return static_cast<xcb_keycode_t>(row.first + index);
+        }
     }
-    if ((modifiers & commandModifier) != 0) {
+    return std::nullopt;
+}
+
+/// Nothing where the keyboard has no such key.
+std::optional<xcb_keycode_t> keyFor(char letter, const KeyboardLayout &layout) {
+    const auto place = placeOf(letter);
+    if (!place) {
+        return std::nullopt;
+    }
+    // The symbols of Latin letters have their ASCII numbers.
+    const auto capital = static_cast<xkb_keysym_t>(letter);
+    const auto key = layout.keyFor({capital + (XKB_KEY_a - XKB_KEY_A), capital}).value_or(*place);
+    return layout.hasKey(key) ? std::optional(key) : std::nullopt;
+}
+
+std::uint16_t modifiersFor(const HotKey &hotKey, const KeyboardLayout &layout) {
+    std::uint16_t bits = hotKey.shift ? XCB_MOD_MASK_SHIFT : 0;
+    if (hotKey.command) {
         const std::uint16_t super = layout.modifiersFor({XKB_KEY_Super_L, XKB_KEY_Super_R});
         bits |= super != 0 ? super : static_cast<std::uint16_t>(XCB_MOD_MASK_4);
     }
@@ -31,16 +47,15 @@ std::uint16_t modifiersFor(std::uint32_t modifiers, const KeyboardLayout &layout
 }
 
 /// Nothing where the keyboard has no such key.
-std::optional<KeyCombination> combinationFor(const platform::HotKey &hotKey,
-                                             const KeyboardLayout &layout) {
-    const xcb_keycode_t key = layout.keyFor({XKB_KEY_y, XKB_KEY_Y}).value_or(placeOfLetterY);
-    if (hotKey.keyCode != letterY || !layout.hasKey(key)) {
+std::optional<KeyCombination> combinationFor(const HotKey &hotKey, const KeyboardLayout &layout) {
+    const auto key = keyFor(hotKey.letter, layout);
+    if (!key) {
         return std::nullopt;
     }
-    const std::uint16_t modifiers = modifiersFor(hotKey.modifiers, layout);
+    const std::uint16_t modifiers = modifiersFor(hotKey, layout);
     const auto locks = static_cast<std::uint16_t>(
         XCB_MOD_MASK_LOCK | layout.modifiersFor({XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock}));
-    return KeyCombination{.key = key,
+    return KeyCombination{.key = *key,
                           .modifiers = modifiers,
                           .ignoredModifiers = static_cast<std::uint16_t>(locks & ~modifiers)};
 }
@@ -48,7 +63,7 @@ std::optional<KeyCombination> combinationFor(const platform::HotKey &hotKey,
 } // namespace
 
 GrabbedHotKey::GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes, RawKeys &rawKeys,
-                             const platform::HotKey &hotKey, std::function<void()> pressed)
+                             const HotKey &hotKey, std::function<void()> pressed)
     : events_(events),
       changes_(changes),
       rawKeys_(rawKeys),

@@ -18,7 +18,7 @@ class GrabbedHotKey : public platform::RegisteredHotKey {
   public:
     /// Calls `pressed` once for each press, however long the key is held.
     GrabbedHotKey(XcbEvents &events, const KeyboardChanges &changes, RawKeys &rawKeys,
-                  const platform::HotKey &hotKey, std::function<void()> pressed);
+                  const HotKey &hotKey, std::function<void()> pressed);
 
     bool isHeard() const override { return grab_ != nullptr; }
 
@@ -39,7 +39,7 @@ class GrabbedHotKey : public platform::RegisteredHotKey {
     XcbEvents &events_;
     const KeyboardChanges &changes_;
     RawKeys &rawKeys_;
-    const platform::HotKey hotKey_;
+    const HotKey hotKey_;
     const std::function<void()> pressed_;
     std::unique_ptr<KeyGrab> grab_;
     bool isHeld_ = false;

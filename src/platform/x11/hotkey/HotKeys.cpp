@@ -33,7 +33,7 @@ HotKeys::installHandler(std::function<void()> pressed) {
 }
 
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-HotKeys::registerHotKey(const platform::HotKey &hotKey) {
+HotKeys::registerHotKey(const HotKey &hotKey) {
     auto key = std::make_unique<GrabbedHotKey>(events_, keyboardChanges_, rawKeys_, hotKey,
                                                [this] { pressed(); });
     if (const platform::HotKeyStatus status = key->grab(); status != 0) {

@@ -24,7 +24,7 @@ class HotKeys : public platform::HotKeys {
     /// A failure's status is the X error code: 10 where another program owns the combination, 2
     /// where the keyboard has no such key.
     std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
-    registerHotKey(const platform::HotKey &hotKey) override;
+    registerHotKey(const HotKey &hotKey) override;
 
     /// Listens to the keys themselves while urgent, which no grab can hide.
     void setUrgent(bool isUrgent) override { rawKeys_.listen(isUrgent); }

@@ -1,3 +1,5 @@
+#include "platform/linux/MissingPanel.h"
+
 #include "support/AppDelegateTest.h"
 
 #include <gmock/gmock.h>
@@ -6,9 +8,16 @@ namespace corvane {
 namespace {
 
 /// A desktop whose panel shows no status items, or that has no panel.
-class NoStatusBarTest : public testing::AppDelegateTest {
+class MissingPanelTest : public testing::AppDelegateTest {
   protected:
     void SetUp() override { platform.statusBar().isPresent = false; }
+
+    void launch(LaunchCause cause = LaunchCause::user) {
+        panel = std::make_unique<linux::MissingPanel>(platform, shared, *delegate);
+        delegate->applicationDidFinishLaunching([this, cause] { panel->await(cause); });
+        ASSERT_TRUE(platform.mainQueue().turnUntil(
+            [this] { return platform.hotKeys().registrations > 0; }));
+    }
 
     void start() {
         launch();
@@ -16,13 +25,15 @@ class NoStatusBarTest : public testing::AppDelegateTest {
         settle();
     }
 
+    std::unique_ptr<linux::MissingPanel> panel;
+
     bool areSettingsOpen() {
         const auto &windows = platform.settingsWindows().windows();
         return !windows.empty() && windows.back()->isVisible;
     }
 };
 
-TEST_F(NoStatusBarTest, TheSettingsOpenAndTheUserIsTold) {
+TEST_F(MissingPanelTest, TheSettingsOpenAndTheUserIsTold) {
     start();
     EXPECT_TRUE(areSettingsOpen());
     ASSERT_EQ(platform.alerts().shown.size(), 1U);
@@ -33,7 +44,7 @@ TEST_F(NoStatusBarTest, TheSettingsOpenAndTheUserIsTold) {
     EXPECT_EQ(alert.buttons, std::vector<std::string>{"OK"});
 }
 
-TEST_F(NoStatusBarTest, TheUserIsToldOnlyOnce) {
+TEST_F(MissingPanelTest, TheUserIsToldOnlyOnce) {
     start();
     delegate = std::make_shared<AppDelegate>(platform, shared);
     platform.hotKeys().registrations = 0;
@@ -42,7 +53,7 @@ TEST_F(NoStatusBarTest, TheUserIsToldOnlyOnce) {
     EXPECT_EQ(platform.alerts().shown.size(), 1U);
 }
 
-TEST_F(NoStatusBarTest, APanelInTimeIsEnough) {
+TEST_F(MissingPanelTest, APanelInTimeIsEnough) {
     launch();
     platform.advance(std::chrono::seconds(1));
     platform.statusBar().isPresent = true;
@@ -52,7 +63,7 @@ TEST_F(NoStatusBarTest, APanelInTimeIsEnough) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(NoStatusBarTest, AtLoginAPanelMayComeLate) {
+TEST_F(MissingPanelTest, AtLoginAPanelMayComeLate) {
     launch(LaunchCause::login);
     platform.advance(std::chrono::seconds(29));
     settle();
@@ -64,7 +75,7 @@ TEST_F(NoStatusBarTest, AtLoginAPanelMayComeLate) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(NoStatusBarTest, AtLoginTooTheUserIsToldInTheEnd) {
+TEST_F(MissingPanelTest, AtLoginTooTheUserIsToldInTheEnd) {
     launch(LaunchCause::login);
     platform.advance(std::chrono::seconds(30));
     settle();
@@ -72,7 +83,7 @@ TEST_F(NoStatusBarTest, AtLoginTooTheUserIsToldInTheEnd) {
     EXPECT_EQ(platform.alerts().shown.size(), 1U);
 }
 
-TEST_F(NoStatusBarTest, ARunIsNotDisturbed) {
+TEST_F(MissingPanelTest, ARunIsNotDisturbed) {
     launch();
     startRunning();
     platform.advance(std::chrono::seconds(2));
@@ -81,14 +92,14 @@ TEST_F(NoStatusBarTest, ARunIsNotDisturbed) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(NoStatusBarTest, WhereNothingCanBeClickedTheUserHasHeardOfThat) {
+TEST_F(MissingPanelTest, WhereNothingCanBeClickedTheUserHasHeardOfThat) {
     platform.accessibility().isTrusted = false;
     start();
     EXPECT_TRUE(areSettingsOpen());
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(NoStatusBarTest, AnotherStartBringsClosedSettingsBack) {
+TEST_F(MissingPanelTest, AnotherStartBringsClosedSettingsBack) {
     start();
     platform.settingsWindows().window().closeByUser();
     delegate->applicationShouldHandleReopen();
@@ -96,7 +107,7 @@ TEST_F(NoStatusBarTest, AnotherStartBringsClosedSettingsBack) {
     EXPECT_EQ(statusItem().menusOpened, 0);
 }
 
-TEST_F(NoStatusBarTest, AnotherStartOpensTheMenuWhileClicking) {
+TEST_F(MissingPanelTest, AnotherStartOpensTheMenuWhileClicking) {
     start();
     platform.settingsWindows().window().closeByUser();
     startRunning();
@@ -105,7 +116,7 @@ TEST_F(NoStatusBarTest, AnotherStartOpensTheMenuWhileClicking) {
     EXPECT_EQ(statusItem().menusOpened, 1);
 }
 
-TEST_F(NoStatusBarTest, AnotherStartOpensTheMenuOncePanelsAreThere) {
+TEST_F(MissingPanelTest, AnotherStartOpensTheMenuOncePanelsAreThere) {
     start();
     platform.settingsWindows().window().closeByUser();
     platform.statusBar().isPresent = true;
