@@ -1,5 +1,7 @@
 #include "app/Doctor.h"
 
+#include "model/Json.h"
+#include "platform/FileSystem.h"
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
 #include "support/Log.h"
@@ -249,11 +251,29 @@ std::vector<Finding> fileFindings(const std::vector<FileFact> &files) {
                            "of the way."});
         }
     }
+    for (const FileFact &file : files) {
+        if (!file.damage.empty()) {
+            findings.push_back(
+                {.grade = Grade::limited,
+                 .subject = "Files",
+                 .statement =
+                     file.path.string() + " is damaged and cannot be loaded: " + file.damage,
+                 .remedy = "Corvane starts without it. The next save keeps it as " +
+                           file.path.filename().string() +
+                           "~ and writes a new file. Until then it can be repaired."});
+        }
+    }
     if (findings.empty()) {
         findings.push_back({.subject = "Files",
                             .statement = "Settings, profiles and log can be read and written."});
     }
     return findings;
+}
+
+/// Empty for a success.
+template <typename Value>
+std::string failureOf(const Outcome<Value> &outcome) {
+    return outcome ? std::string() : outcome.error().description;
 }
 
 std::string lineOf(const Finding &finding) {
@@ -302,6 +322,21 @@ CommandAnswer noDisplay(bool isWaylandSession) {
             .error = isWaylandSession ? "this Wayland session has no X display, which Corvane "
                                         "needs; 'corvane doctor' tells what to do"
                                       : "no X display can be reached; is DISPLAY set?"};
+}
+
+std::vector<FileFact> withContents(std::vector<FileFact> facts, platform::FileSystem &files,
+                                   const std::filesystem::path &home) {
+    const auto settings = ConfigService(files, home).configFileURL();
+    const auto profiles = ProfileService(files, home).profilesFileURL();
+    for (FileFact &fact : facts) {
+        const auto text = files.readFile(fact.path);
+        if (text && fact.path == settings) {
+            fact.damage = failureOf(decodeConfig(*text));
+        } else if (text && fact.path == profiles) {
+            fact.damage = failureOf(decodeProfileStore(*text));
+        }
+    }
+    return facts;
 }
 
 std::vector<std::filesystem::path> filesOfCorvane(platform::FileSystem &files,

@@ -23,6 +23,10 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
 /// What a start says that found no display.
 CommandAnswer noDisplay(bool isWaylandSession);
 
+/// Adds to the facts what is wrong with the content of the settings and of the profiles.
+std::vector<FileFact> withContents(std::vector<FileFact> facts, platform::FileSystem &files,
+                                   const std::filesystem::path &home);
+
 /// The files and folders that Corvane writes for a user with that home.
 std::vector<std::filesystem::path> filesOfCorvane(platform::FileSystem &files,
                                                   const std::filesystem::path &home);

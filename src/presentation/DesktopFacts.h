@@ -37,6 +37,8 @@ struct FileFact {
     std::filesystem::path path;
     bool isReadable = true;
     bool isWritable = true;
+    /// Why Corvane cannot use what the file holds; empty where it can.
+    std::string damage{};
 
     bool operator==(const FileFact &) const = default;
 };

@@ -171,7 +171,8 @@ CommandAnswer examine(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     posix::PosixFileSystem files;
     return diagnose(readDesktopFacts(startStopKey),
-                    posix::readFileFacts(filesOfCorvane(files, homeDirectory())),
+                    withContents(posix::readFileFacts(filesOfCorvane(files, homeDirectory())),
+                                 files, homeDirectory()),
                     callRunning({"status", "--json"}));
 }
 

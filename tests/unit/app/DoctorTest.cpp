@@ -202,6 +202,38 @@ TEST(DoctorTest, NamesEveryFileThatCannotBeUsed) {
     EXPECT_THAT(report.output, Not(HasSubstr("/a")));
 }
 
+TEST(DoctorTest, SaysWhatIsWrongWithDamagedFilesAndWhatBecomesOfThem) {
+    testing::MemoryFileSystem files;
+    files.put("/home/user/.config/corvane/config.json", "[]");
+    files.put("/home/user/.config/corvane/profiles.json", R"({"profiles" : 7})");
+    std::vector<FileFact> facts;
+    for (const auto &path : filesOfCorvane(files, "/home/user")) {
+        facts.push_back({.path = path});
+    }
+    const auto report =
+        corvane::diagnose(goodDesktop, withContents(facts, files, "/home/user"), std::nullopt);
+    EXPECT_EQ(report.result, CommandResult::done);
+    for (const std::string name : {"config.json", "profiles.json"}) {
+        EXPECT_THAT(report.output,
+                    ::testing::ContainsRegex("\\[limited\\] Files: /home/user/.config/corvane/" +
+                                             name + " is damaged and cannot be loaded: .+\n"));
+        EXPECT_THAT(report.output, HasSubstr("The next save keeps it as " + name + "~ "));
+    }
+    EXPECT_THAT(report.output, Not(HasSubstr("[ok]      Files")));
+}
+
+TEST(DoctorTest, FilesThatAreSoundOrNotThereAreNotDamaged) {
+    testing::MemoryFileSystem files;
+    files.put("/home/user/.config/corvane/config.json", R"({"clickRate" : 7})");
+    const auto facts = withContents({{.path = "/home/user/.config/corvane/config.json"},
+                                     {.path = "/home/user/.config/corvane/profiles.json"},
+                                     {.path = logPath}},
+                                    files, "/home/user");
+    for (const FileFact &fact : facts) {
+        EXPECT_EQ(fact.damage, "") << fact.path;
+    }
+}
+
 TEST(DoctorTest, LooksAtAllFilesOfCorvane) {
     testing::MemoryFileSystem files;
     EXPECT_EQ(filesOfCorvane(files, "/home/user"),

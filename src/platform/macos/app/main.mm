@@ -56,9 +56,11 @@ int runLaunch(const CommandRequest &words) {
 int runDoctor() {
     posix::PosixFileSystem files;
     const macos::Application application;
-    return print(diagnose(macos::readDesktopFacts(startStopKey),
-                          posix::readFileFacts(filesOfCorvane(files, application.homeDirectory())),
-                          macos::callRunning({"status", "--json"})));
+    const auto home = application.homeDirectory();
+    return print(
+        diagnose(macos::readDesktopFacts(startStopKey),
+                 withContents(posix::readFileFacts(filesOfCorvane(files, home)), files, home),
+                 macos::callRunning({"status", "--json"})));
 }
 
 /// The right to be the Corvane of this user, or else the answer of the one that has it, which has
