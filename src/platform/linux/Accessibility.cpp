@@ -2,14 +2,17 @@
 
 #include "platform/x11/connection/ServerAbilities.h"
 
+#include <utility>
+
 namespace corvane::linux {
 
 Accessibility::Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows,
-                             Applications &applications)
+                             Applications &applications, qt::OwnWindows ownWindows)
     : connection_(connection),
       windows_(windows),
       applications_(applications),
-      isInsideWayland_(x11::isInsideWayland(connection_)) {}
+      isInsideWayland_(x11::isInsideWayland(connection_)),
+      guideWindow_(std::move(ownWindows)) {}
 
 bool Accessibility::isProcessTrusted() { return obstacle() == AccessibilityObstacle::none; }
 

@@ -13,7 +13,7 @@ class Accessibility : public platform::Accessibility {
   public:
     /// All of these outlive it.
     Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows,
-                  Applications &applications);
+                  Applications &applications, qt::OwnWindows ownWindows);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;

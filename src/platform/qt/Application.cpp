@@ -1,7 +1,6 @@
 #include "platform/qt/Application.h"
 
 #include "platform/linux/environment/UserDirectories.h"
-#include "platform/x11/windows/WindowActivation.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -23,7 +22,7 @@ void Application::terminate() { QCoreApplication::exit(0); }
 void Application::activateIgnoringOtherApps() {
     for (QWidget *widget : QApplication::topLevelWidgets()) {
         if (isOrdinaryWindow(*widget)) {
-            x11::activateIgnoringOthers(*widget);
+            ownWindows_.bringToFront(*widget);
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "platform/qt/alerts/Alerts.h"
 
 #include "EventLoop.h"
+#include "LinuxBackEnd.h"
 #include "platform/x11/connection/XcbEvents.h"
 
 #include <QApplication>
@@ -50,7 +51,8 @@ AlertResponse answer(const Alert &alert, const std::function<void(QDialog &)> &u
         }
     });
     watch.start(5);
-    return qt::Alerts().runModal(alert);
+    LinuxBackEnd backEnd;
+    return backEnd.platform().alerts().runModal(alert);
 }
 
 void strike(Qt::Key key, const QString &text = QString()) {
@@ -250,7 +252,7 @@ TEST(AlertsTest, EndsWithTheProgramAnsweringWithTheLastButton) {
     AlertResponse response;
     QTimer::singleShot(0, qApp, [&response] {
         QTimer::singleShot(50, qApp, &QCoreApplication::quit);
-        response = qt::Alerts().runModal(question());
+        response = qt::Alerts(qt::OwnWindows()).runModal(question());
     });
     QApplication::exec();
     EXPECT_EQ(response.button, 1U);

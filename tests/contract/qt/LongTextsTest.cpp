@@ -155,7 +155,7 @@ TEST_P(LongTextsTest, alerts) {
          .buttons = {localised("Rename"), localised("Cancel")},
          .field = AlertField{.size = {260, 24}, .placeholder = localised("Profile name")}}};
     for (const Alert &alert : alerts) {
-        qt::AlertDialog dialog(alert);
+        qt::AlertDialog dialog(alert, qt::OwnWindows());
         dialog.show();
         EXPECT_EQ(cutTexts(dialog), "") << alert.messageText;
     }

@@ -71,7 +71,7 @@ class SettingsWindowTest : public ::testing::Test {
     /// Called when the user is done with the General tab.
     std::function<void()> afterSaving;
 
-    qt::SettingsWindows windows;
+    qt::SettingsWindows windows{qt::OwnWindows()};
     std::shared_ptr<SettingsTab> tab;
     std::unique_ptr<ConfigWindow> window;
 

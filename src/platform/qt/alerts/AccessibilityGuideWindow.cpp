@@ -1,7 +1,5 @@
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
 
-#include "platform/x11/windows/WindowActivation.h"
-
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -57,7 +55,7 @@ void AccessibilityGuideWindow::show(const AccessibilityGuide &guide) {
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
     fill(*dialog_, guide);
     dialog_->show();
-    x11::activateIgnoringOthers(*dialog_);
+    ownWindows_.bringToFront(*dialog_);
 }
 
 } // namespace corvane::qt

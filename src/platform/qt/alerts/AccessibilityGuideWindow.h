@@ -1,8 +1,11 @@
 #pragma once
 
+#include "platform/qt/OwnWindows.h"
 #include "presentation/AccessibilityGuide.h"
 
 #include <QPointer>
+
+#include <utility>
 
 class QDialog;
 
@@ -11,7 +14,7 @@ namespace corvane::qt {
 /// Shows a guide in a window of its own, one at a time. Main thread.
 class AccessibilityGuideWindow {
   public:
-    AccessibilityGuideWindow() = default;
+    explicit AccessibilityGuideWindow(OwnWindows ownWindows) : ownWindows_(std::move(ownWindows)) {}
     ~AccessibilityGuideWindow();
 
     AccessibilityGuideWindow(const AccessibilityGuideWindow &) = delete;
@@ -21,6 +24,7 @@ class AccessibilityGuideWindow {
     void show(const AccessibilityGuide &guide);
 
   private:
+    const OwnWindows ownWindows_;
     QPointer<QDialog> dialog_;
 };
 

@@ -2,11 +2,8 @@
 
 #include "platform/drawing/DisplayText.h"
 #include "platform/qt/controls/AccessibleRole.h"
-#include "platform/x11/connection/Xcb.h"
-#include "platform/x11/windows/WindowActivation.h"
 
 #include <QBoxLayout>
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
@@ -14,12 +11,10 @@
 #include <QScreen>
 #include <QSvgRenderer>
 #include <QTimer>
-#include <xcb/xcb.h>
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <string_view>
+#include <utility>
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
 
@@ -86,9 +81,10 @@ QLabel *makeLabel(const std::string &source, const QFont &font, int room) {
 
 } // namespace
 
-AlertDialog::AlertDialog(const Alert &alert)
+AlertDialog::AlertDialog(const Alert &alert, OwnWindows ownWindows)
     : QDialog(nullptr, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                            Qt::WindowStaysOnTopHint | Qt::CustomizeWindowHint),
+      ownWindows_(std::move(ownWindows)),
       chosen_(alert.buttons.empty() ? 0 : alert.buttons.size() - 1) {
     installAccessibleRoles();
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -170,27 +166,11 @@ QBoxLayout *AlertDialog::makeButtons(const Alert &alert) {
     return row;
 }
 
-void AlertDialog::showOnEveryWorkspace() {
-    const auto *application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!application) {
-        return;
-    }
-    auto *connection = application->connection();
-    constexpr std::string_view name = "_NET_WM_DESKTOP";
-    const x11::XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(
-        connection, xcb_intern_atom(connection, 0, name.size(), name.data()), nullptr));
-    if (atom) {
-        constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
-        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(winId()),
-                            atom->atom, XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
-    }
-}
-
 void AlertDialog::showEvent(QShowEvent *event) {
-    showOnEveryWorkspace();
+    ownWindows_.showOnEveryWorkspace(winId());
     QDialog::showEvent(event);
     // The window is on the screen when this event has been handled.
-    QTimer::singleShot(0, this, [this] { x11::activateIgnoringOthers(*this); });
+    QTimer::singleShot(0, this, [this] { ownWindows_.bringToFront(*this); });
 }
 
 } // namespace corvane::qt

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/qt/OwnWindows.h"
 #include "presentation/Alert.h"
 
 #include <QDialog>
@@ -14,7 +15,7 @@ namespace corvane::qt {
 /// The window of one alert. Main thread.
 class AlertDialog : public QDialog {
   public:
-    explicit AlertDialog(const Alert &alert);
+    AlertDialog(const Alert &alert, OwnWindows ownWindows);
 
     /// How the user answered; the last button until then.
     AlertResponse response() const;
@@ -26,8 +27,8 @@ class AlertDialog : public QDialog {
     QBoxLayout *makeTexts(const Alert &alert);
     QBoxLayout *makeButtons(const Alert &alert);
     void addField(QBoxLayout &layout, const AlertField &field, const std::string &description);
-    void showOnEveryWorkspace();
 
+    const OwnWindows ownWindows_;
     std::size_t chosen_;
     QLineEdit *field_ = nullptr;
 };

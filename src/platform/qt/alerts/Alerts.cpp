@@ -5,7 +5,7 @@
 namespace corvane::qt {
 
 AlertResponse Alerts::runModal(const Alert &alert) {
-    AlertDialog dialog(alert);
+    AlertDialog dialog(alert, ownWindows_);
     dialog.exec();
     return dialog.response();
 }

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "platform/Alerts.h"
+#include "platform/qt/OwnWindows.h"
+
+#include <utility>
 
 namespace corvane::qt {
 
@@ -8,7 +11,12 @@ namespace corvane::qt {
 /// program answer with the last button.
 class Alerts : public platform::Alerts {
   public:
+    explicit Alerts(OwnWindows ownWindows) : ownWindows_(std::move(ownWindows)) {}
+
     AlertResponse runModal(const Alert &alert) override;
+
+  private:
+    const OwnWindows ownWindows_;
 };
 
 } // namespace corvane::qt

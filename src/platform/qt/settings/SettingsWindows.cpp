@@ -4,7 +4,6 @@
 #include "platform/qt/controls/AccessibleRole.h"
 #include "platform/qt/settings/SettingsWindowWidget.h"
 #include "platform/qt/settings/ToolbarWidget.h"
-#include "platform/x11/windows/WindowActivation.h"
 
 #include <QThread>
 
@@ -30,10 +29,11 @@ struct WidgetDeleter {
 
 class NativeSettingsWindow : public platform::NativeSettingsWindow {
   public:
-    NativeSettingsWindow(const SettingsWindow &window,
+    NativeSettingsWindow(const OwnWindows &ownWindows, const SettingsWindow &window,
                          std::shared_ptr<drawing::SymbolImages> symbols,
                          const std::function<void(const std::string &)> &toolbarItemSelected)
-        : widget_(new SettingsWindowWidget(window, std::move(symbols), toolbarItemSelected)) {}
+        : ownWindows_(ownWindows),
+          widget_(new SettingsWindowWidget(window, std::move(symbols), toolbarItemSelected)) {}
 
     bool isVisible() const override { return widget_->isVisible(); }
 
@@ -45,7 +45,7 @@ class NativeSettingsWindow : public platform::NativeSettingsWindow {
             widget_->toolbar().focusSelectedItem();
             widget_->show();
         }
-        x11::activateIgnoringOthers(*widget_);
+        ownWindows_.bringToFront(*widget_);
     }
 
     void orderOut() override { widget_->hide(); }
@@ -68,19 +68,23 @@ class NativeSettingsWindow : public platform::NativeSettingsWindow {
     }
 
   private:
+    const OwnWindows ownWindows_;
     const std::unique_ptr<SettingsWindowWidget, WidgetDeleter> widget_;
 };
 
 } // namespace
 
-SettingsWindows::SettingsWindows() : symbols_(std::make_shared<drawing::SymbolImages>()) {
+SettingsWindows::SettingsWindows(OwnWindows ownWindows)
+    : ownWindows_(std::move(ownWindows)),
+      symbols_(std::make_shared<drawing::SymbolImages>()) {
     installAccessibleRoles();
 }
 
 std::unique_ptr<platform::NativeSettingsWindow>
 SettingsWindows::create(const SettingsWindow &window,
                         std::function<void(const std::string &identifier)> toolbarItemSelected) {
-    return std::make_unique<NativeSettingsWindow>(window, symbols_, toolbarItemSelected);
+    return std::make_unique<NativeSettingsWindow>(ownWindows_, window, symbols_,
+                                                  toolbarItemSelected);
 }
 
 } // namespace corvane::qt

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/SettingsWindows.h"
+#include "platform/qt/OwnWindows.h"
 
 #include <memory>
 
@@ -15,13 +16,14 @@ namespace corvane::qt {
 /// Settings windows made of Qt widgets. Main thread.
 class SettingsWindows : public platform::SettingsWindows {
   public:
-    SettingsWindows();
+    explicit SettingsWindows(OwnWindows ownWindows);
 
     std::unique_ptr<platform::NativeSettingsWindow>
     create(const SettingsWindow &window,
            std::function<void(const std::string &identifier)> toolbarItemSelected) override;
 
   private:
+    const OwnWindows ownWindows_;
     std::shared_ptr<drawing::SymbolImages> symbols_;
 };
 

@@ -1,0 +1,47 @@
+#include "platform/x11/windows/OwnWindows.h"
+
+#include <QGuiApplication>
+#include <xcb/xcb.h>
+
+#include <cstdint>
+
+namespace corvane::x11 {
+
+namespace {
+
+/// Null when Qt draws without an X server.
+xcb_connection_t *connectionOfQt() {
+    const auto *application = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return application != nullptr ? application->connection() : nullptr;
+}
+
+} // namespace
+
+void activate(const Atoms &atoms, xcb_window_t window) {
+    xcb_connection_t *const connection = connectionOfQt();
+    if (connection == nullptr) {
+        return;
+    }
+    constexpr std::uint32_t fromTaskBar = 2;
+    xcb_client_message_event_t request{};
+    request.response_type = XCB_CLIENT_MESSAGE;
+    request.format = 32;
+    request.window = window;
+    request.type = atoms.activeWindow;
+    request.data.data32[0] = fromTaskBar;
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    xcb_send_event(connection, 0, root,
+                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char *>(&request));
+    xcb_flush(connection);
+}
+
+void showOnEveryWorkspace(const Atoms &atoms, xcb_window_t window) {
+    if (xcb_connection_t *const connection = connectionOfQt()) {
+        constexpr std::uint32_t everyWorkspace = 0xFFFFFFFF;
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, window, atoms.desktop,
+                            XCB_ATOM_CARDINAL, 32, 1, &everyWorkspace);
+    }
+}
+
+} // namespace corvane::x11
