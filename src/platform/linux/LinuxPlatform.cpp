@@ -46,7 +46,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       statusBar_(events),
       settingsWindows_(ownWindows(events.connection())),
       userSession_(freedesktop::sessionBusAddress(), QDBusConnection::systemBus()) {
-    events.sender().setNextClick(clock_.awaited());
+    events.sender().setNextClick(clock_.nextClickDeadline());
 }
 
 } // namespace corvane::linux

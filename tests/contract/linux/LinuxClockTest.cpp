@@ -1,5 +1,4 @@
 #include "platform/linux/timing/Clock.h"
-#include "platform/linux/timing/DescriptorWait.h"
 
 #include <gtest/gtest.h>
 

@@ -15,14 +15,14 @@ namespace corvane::contract {
 
 namespace {
 
-/// What the kernel says of the calling thread.
-struct Turns {
+/// The scheduling of the calling thread, read from the kernel.
+struct Slice {
     int policy = -1;
     int nice = -1;
     std::uint64_t nanoseconds = 0;
 };
 
-Turns readTurns() {
+Slice readSlice() {
     // Size and policy, flags, nice value and priority, runtime, deadline, period.
     std::array<std::uint64_t, 6> attributes{};
     EXPECT_EQ(syscall(SYS_sched_getattr, 0, attributes.data(), sizeof(attributes), 0), 0);
@@ -36,36 +36,36 @@ void onAThreadOfItsOwn(Body body) {
     std::thread(body).join();
 }
 
-TEST(ShortTurnsTest, ChangesTheTurnsOnly) {
+TEST(SchedulerSliceTest, ChangesTheSliceOnly) {
     onAThreadOfItsOwn([] {
         constexpr int leastPriority = 19;
         ASSERT_EQ(setpriority(PRIO_PROCESS, 0, leastPriority), 0);
-        const Turns before = readTurns();
+        const Slice before = readSlice();
         linux::requestSchedulerSlice();
-        const Turns after = readTurns();
+        const Slice after = readSlice();
         EXPECT_EQ(after.policy, SCHED_OTHER);
         EXPECT_EQ(after.nice, leastPriority);
-        // A kernel that does not know them says nothing of turns.
+        // Kernels before 6.12 report no slice.
         if (before.nanoseconds != 0) {
             EXPECT_LT(after.nanoseconds, before.nanoseconds);
         }
     });
 }
 
-TEST(ShortTurnsTest, OtherThreadsAreAsUsual) {
+TEST(SchedulerSliceTest, OtherThreadsAreAsUsual) {
     onAThreadOfItsOwn([] {
-        const Turns usual = readTurns();
+        const Slice usual = readSlice();
         linux::requestSchedulerSlice();
-        onAThreadOfItsOwn([&usual] { EXPECT_EQ(readTurns().nanoseconds, usual.nanoseconds); });
+        onAThreadOfItsOwn([&usual] { EXPECT_EQ(readSlice().nanoseconds, usual.nanoseconds); });
     });
 }
 
-TEST(ShortTurnsTest, LeavesAnotherPolicyAlone) {
+TEST(SchedulerSliceTest, LeavesAnotherPolicyAlone) {
     onAThreadOfItsOwn([] {
         const sched_param parameters{};
         ASSERT_EQ(sched_setscheduler(0, SCHED_IDLE, &parameters), 0);
         linux::requestSchedulerSlice();
-        EXPECT_EQ(readTurns().policy, SCHED_IDLE);
+        EXPECT_EQ(readSlice().policy, SCHED_IDLE);
     });
 }
 

@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 using platform::Instant;
 
-/// Goes on by a microsecond with every look at it.
+/// Advances by a microsecond with every reading.
 class SteppingClock : public platform::ContinuousClock {
   public:
     Instant now() const override { return now_ += 1us; }
@@ -25,80 +25,80 @@ class SteppingClock : public platform::ContinuousClock {
     mutable Instant now_ = 1s;
 };
 
-class WakeUpLeadTest : public testing::Test {
+class WakeUpLatencyTest : public testing::Test {
   protected:
-    /// Waits on a system that wakes so late, with something to find out that takes so long; how
-    /// long before the deadline it was asked to wake.
-    std::chrono::nanoseconds askedLead(std::chrono::nanoseconds lateness,
-                                       std::chrono::nanoseconds preparation = 0ns) {
+    /// Waits on a system with that wake-up latency and with a preparation that takes that long.
+    /// Returns how long before the deadline the wait requested to be woken.
+    std::chrono::nanoseconds requestedLatency(std::chrono::nanoseconds lateness,
+                                              std::chrono::nanoseconds preparation = 0ns) {
         const Instant deadline = clock_.now() + 10ms;
-        Instant asked{};
-        lead_.waitUntil(
+        Instant requested{};
+        latency_.waitUntil(
             clock_, deadline,
             [&](Instant instant) {
-                asked = instant;
+                requested = instant;
                 clock_.setTo(instant + lateness);
             },
             [&] { clock_.setTo(clock_.now() + preparation); }, [] { return false; });
         EXPECT_GE(clock_.now(), deadline);
-        return deadline - asked;
+        return deadline - requested;
     }
 
-    std::chrono::nanoseconds settledLead(std::chrono::nanoseconds lateness) {
-        std::chrono::nanoseconds lead{};
+    std::chrono::nanoseconds settledLatency(std::chrono::nanoseconds lateness) {
+        std::chrono::nanoseconds latency{};
         for (int wait = 0; wait < 500; ++wait) {
-            lead = askedLead(lateness);
+            latency = requestedLatency(lateness);
         }
-        return lead;
+        return latency;
     }
 
     SteppingClock clock_;
-    linux::WakeUpLatency lead_;
+    linux::WakeUpLatency latency_;
 };
 
-TEST_F(WakeUpLeadTest, SettlesAtTheLatenessOfTheSystem) {
-    EXPECT_NEAR(double(settledLead(90us).count()), 90'000, 6'000);
-    EXPECT_NEAR(double(settledLead(20us).count()), 20'000, 6'000);
-    EXPECT_LE(settledLead(0us), 6us);
+TEST_F(WakeUpLatencyTest, SettlesAtTheLatenessOfTheSystem) {
+    EXPECT_NEAR(double(settledLatency(90us).count()), 90'000, 6'000);
+    EXPECT_NEAR(double(settledLatency(20us).count()), 20'000, 6'000);
+    EXPECT_LE(settledLatency(0us), 6us);
 }
 
-TEST_F(WakeUpLeadTest, CoversWhatIsToBeFoundOutBeforehand) {
-    std::chrono::nanoseconds lead{};
+TEST_F(WakeUpLatencyTest, CoversThePreparation) {
+    std::chrono::nanoseconds latency{};
     for (int wait = 0; wait < 500; ++wait) {
-        lead = askedLead(90us, 70us);
+        latency = requestedLatency(90us, 70us);
     }
-    EXPECT_NEAR(double(lead.count()), 160'000, 8'000);
+    EXPECT_NEAR(double(latency.count()), 160'000, 8'000);
 }
 
-TEST_F(WakeUpLeadTest, ComesNearWithTheFirstWait) {
-    askedLead(150us);
-    EXPECT_NEAR(double(askedLead(150us).count()), 150'000, 6'000);
+TEST_F(WakeUpLatencyTest, ComesNearWithTheFirstWait) {
+    requestedLatency(150us);
+    EXPECT_NEAR(double(requestedLatency(150us).count()), 150'000, 6'000);
 }
 
-TEST_F(WakeUpLeadTest, AFirstWaitThatWasLateOnceIsSoonForgotten) {
-    askedLead(400us);
+TEST_F(WakeUpLatencyTest, AFirstWaitThatWasLateOnceIsSoonForgotten) {
+    requestedLatency(400us);
     for (int wait = 0; wait < 200; ++wait) {
-        askedLead(90us);
+        requestedLatency(90us);
     }
-    EXPECT_NEAR(double(askedLead(90us).count()), 90'000, 20'000);
+    EXPECT_NEAR(double(requestedLatency(90us).count()), 90'000, 20'000);
 }
 
-TEST_F(WakeUpLeadTest, StaysShortOnAMachineThatIsVeryLate) {
-    EXPECT_EQ(settledLead(30ms), linux::WakeUpLatency::longest);
+TEST_F(WakeUpLatencyTest, StaysShortOnAMachineThatIsVeryLate) {
+    EXPECT_EQ(settledLatency(30ms), linux::WakeUpLatency::longest);
 }
 
-TEST_F(WakeUpLeadTest, EndsEarlyWhenToldSo) {
+TEST_F(WakeUpLatencyTest, EndsEarlyOnceItIsOver) {
     const Instant deadline = clock_.now() + 10ms;
-    lead_.waitUntil(
+    latency_.waitUntil(
         clock_, deadline, [this](Instant /*instant*/) { clock_.setTo(1s); },
-        [] { ADD_FAILURE() << "there is nothing to be known any more"; }, [] { return true; });
+        [] { ADD_FAILURE() << "nothing has to be prepared any more"; }, [] { return true; });
     EXPECT_LT(clock_.now(), deadline);
 }
 
-TEST_F(WakeUpLeadTest, SleepsNotAtAllForWhatIsNear) {
+TEST_F(WakeUpLatencyTest, DoesNotSleepForADeadlineThatIsNear) {
     bool hasSlept = false;
     const Instant deadline = clock_.now() + 10us;
-    lead_.waitUntil(
+    latency_.waitUntil(
         clock_, deadline, [&hasSlept](Instant /*instant*/) { hasSlept = true; }, [] {},
         [] { return false; });
     EXPECT_FALSE(hasSlept);

@@ -49,7 +49,7 @@ class RequestSenderTest : public testing::Test {
     void drawBefore(std::chrono::nanoseconds distance) {
         leaveRequest();
         sender().markDrawing();
-        click_->set(clock_.now() + distance);
+        *click_ = clock_.now() + distance;
         sender().send();
     }
 
@@ -63,7 +63,7 @@ class RequestSenderTest : public testing::Test {
 };
 
 TEST_F(RequestSenderTest, OnlyTheMomentsBeforeAClickAreNotClear) {
-    click_->set(1s);
+    *click_ = 1s;
     const Instant after = sender().deferPastClick(1s);
     EXPECT_GT(after, 1s);
     EXPECT_LT(after, 1s + 1ms);
@@ -75,7 +75,7 @@ TEST_F(RequestSenderTest, OnlyTheMomentsBeforeAClickAreNotClear) {
 
 TEST_F(RequestSenderTest, WhatIsNoDrawingIsSentAtOnce) {
     leaveRequest();
-    click_->set(clock_.now() + 3ms);
+    *click_ = clock_.now() + 3ms;
     sender().send();
     EXPECT_TRUE(arrives());
 }
@@ -93,7 +93,7 @@ TEST_F(RequestSenderTest, DrawingWaitsUntilAClickThatIsNearIsSent) {
         drawBefore(3ms);
         return !hasArrived();
     }));
-    const Instant click = click_->get();
+    const Instant click = click_->load();
     EXPECT_TRUE(turnUntil([this] { return hasArrived(); }));
     EXPECT_GE(clock_.now(), click);
 }
@@ -101,7 +101,7 @@ TEST_F(RequestSenderTest, DrawingWaitsUntilAClickThatIsNearIsSent) {
 TEST_F(RequestSenderTest, DrawingDoesNotWaitForOneClickAfterTheOther) {
     drawBefore(3ms);
     EXPECT_TRUE(turnUntil([this] {
-        click_->set(clock_.now() + 3ms);
+        *click_ = clock_.now() + 3ms;
         return hasArrived();
     }));
 }

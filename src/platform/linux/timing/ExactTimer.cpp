@@ -24,8 +24,8 @@ void ExactTimer::clear() {
     }
 }
 
-/// Cleared afterwards only: what is called may keep the event loop turning, and then has to be
-/// called from there, and most of it sets the next moment itself.
+/// Clears the descriptor only afterwards: `fire_` mostly sets the next moment, which saves a system
+/// call, and where it runs a nested event loop the timer has to fire there too.
 void ExactTimer::elapse() {
     const auto elapsed = moment_;
     fire_();

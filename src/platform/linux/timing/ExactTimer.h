@@ -1,7 +1,6 @@
 #pragma once
 
-#include "platform/ContinuousClock.h"
-#include "platform/linux/timing/TimerDescriptor.h"
+#include "platform/linux/timing/Clock.h"
 
 #include <QSocketNotifier>
 
@@ -10,14 +9,14 @@
 
 namespace corvane::linux {
 
-/// Calls a function once, at a moment of the system's boot-time clock, in a turn of Qt's event
-/// loop, whose own timers count whole milliseconds and wake up once too early as often as not. Main
-/// thread, after the application is made.
+/// Calls a function once, at a moment of the boot-time clock, from Qt's event loop. A QTimer counts
+/// whole milliseconds and often fires one too early, which costs a second wake-up. Main thread,
+/// after the application is made.
 class ExactTimer {
   public:
     explicit ExactTimer(std::function<void()> fire);
 
-    /// Instead of the moment it was set to before. False where the system has no timer to be had.
+    /// Replaces the moment that was set before. False where the process cannot have a timer.
     bool set(platform::Instant moment);
     void clear();
 

@@ -12,18 +12,18 @@ namespace corvane::linux {
 namespace {
 
 constexpr std::uint64_t resetOnFork = 1;
-/// In nanoseconds, the least that the kernel takes.
-constexpr std::uint64_t shortestTurn = 100'000;
+/// Nanoseconds; the shortest that the kernel grants.
+constexpr std::uint64_t shortestSlice = 100'000;
 
-/// As the kernel reads it; not every C library declares it.
+/// The kernel's struct sched_attr, which not every C library declares.
 struct SchedulingAttributes {
     std::uint32_t size = sizeof(SchedulingAttributes);
     std::uint32_t policy = SCHED_OTHER;
     std::uint64_t flags = resetOnFork;
     std::int32_t nice = 0;
     std::uint32_t priority = 0;
-    /// For the ordinary policy the length of a turn.
-    std::uint64_t runtime = shortestTurn;
+    /// The slice under SCHED_OTHER.
+    std::uint64_t runtime = shortestSlice;
     std::uint64_t deadline = 0;
     std::uint64_t period = 0;
 };
@@ -32,7 +32,7 @@ struct SchedulingAttributes {
 
 void requestSchedulerSlice() {
     if (sched_getscheduler(0) != SCHED_OTHER) {
-        return; // Whoever started the program wants it otherwise.
+        return; // Chosen by whoever started the program.
     }
     SchedulingAttributes attributes;
     attributes.nice = getpriority(PRIO_PROCESS, 0);

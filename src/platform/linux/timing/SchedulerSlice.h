@@ -2,9 +2,9 @@
 
 namespace corvane::linux {
 
-/// Has the calling thread let on to a processor as soon as it is woken, though others are busy
-/// there; in return it may be interrupted sooner. Threads and programs it starts are as usual.
-/// Where the kernel does not know how, nothing changes.
+/// Requests a 100 µs scheduler slice, so that the calling thread preempts busy threads when it is
+/// woken; in return it may be preempted sooner. Threads and programs that it starts are not
+/// affected. Does nothing before Linux 6.12, or under another scheduling policy than the default.
 void requestSchedulerSlice();
 
 } // namespace corvane::linux

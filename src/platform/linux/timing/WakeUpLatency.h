@@ -6,17 +6,16 @@
 
 namespace corvane::linux {
 
-/// How long before its time a thread has itself woken. The system wakes it late, on every machine
-/// by another amount, and it may have something to find out first: how long both take is learnt,
-/// and what is then left is waited for awake. Any thread.
+/// Learns how late the system wakes a thread, which differs from machine to machine, and makes
+/// waits exact by waking that much earlier and waiting actively for the rest. Any thread.
 class WakeUpLatency {
   public:
-    /// Sleeps by `sleepUntil`, calls `justBefore` and returns at the deadline, or as soon as
-    /// `isOver` says so after the sleep.
+    /// Sleeps by `sleepUntil`, calls `justBefore` and returns at the deadline, or once `isOver`
+    /// returns true after the sleep. The time that `justBefore` takes is learnt too.
     template <typename Sleep, typename Preparation, typename Condition>
     void waitUntil(const platform::ContinuousClock &clock, platform::Instant deadline,
                    Sleep sleepUntil, const Preparation &justBefore, Condition isOver) {
-        const platform::Instant wakeUp = deadline - lead_.load();
+        const platform::Instant wakeUp = deadline - latency_.load();
         const bool isEarly = wakeUp > clock.now();
         if (isEarly) {
             sleepUntil(wakeUp);
@@ -32,14 +31,13 @@ class WakeUpLatency {
         }
     }
 
-    /// How long before its time at most.
+    /// Bounds the processor time that active waiting costs.
     static constexpr std::chrono::nanoseconds longest = std::chrono::microseconds(600);
 
   private:
     void learn(std::chrono::nanoseconds taken);
 
-    std::atomic<std::chrono::nanoseconds> lead_{std::chrono::microseconds(50)};
-    /// The first wait shows about how long it takes; the steps from there become smaller.
+    std::atomic<std::chrono::nanoseconds> latency_{std::chrono::microseconds(50)};
     std::atomic<bool> hasLearnt_ = false;
     std::atomic<std::chrono::nanoseconds> step_{std::chrono::microseconds(16)};
 };

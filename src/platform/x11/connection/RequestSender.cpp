@@ -16,7 +16,7 @@ platform::Instant RequestSender::deferPastClick(platform::Instant moment) const 
     // The server takes that long for the frames of some forty ripples.
     constexpr auto timeToDraw = 4ms;
     constexpr auto timeToClick = 150us;
-    const platform::Instant click = click_->get();
+    const platform::Instant click = click_->load();
     const bool isClickNear = click - timeToDraw <= moment && moment < click + timeToClick;
     return isClickNear ? click + timeToClick : moment;
 }

@@ -2,7 +2,6 @@
 
 #include "platform/linux/timing/Clock.h"
 #include "platform/linux/timing/ExactTimer.h"
-#include "platform/linux/timing/NextClickDeadline.h"
 #include "platform/x11/connection/XcbConnection.h"
 
 #include <functional>
