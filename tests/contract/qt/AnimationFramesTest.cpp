@@ -25,13 +25,18 @@ const Animation growingDisc{.key = "disc",
 class AnimationFramesTest : public testing::Test {
   protected:
     AnimationFrames frames(Blending blending, Drawing drawing = {}) const {
+        return frames(growingDisc, blending, std::move(drawing));
+    }
+
+    AnimationFrames frames(const Animation &animation, Blending blending,
+                           Drawing drawing = {}) const {
         return {painter_,
                 {.size = {20, 20},
                  .part = {0, 0, 20, 20},
                  .blending = blending,
                  .background = {ColourName::clear},
                  .drawing = std::move(drawing)},
-                growingDisc};
+                animation};
     }
 
     static int visiblePixels(const QImage &image) {
@@ -59,6 +64,11 @@ TEST_F(AnimationFramesTest, SixtyASecondOfWhichTheLastComesWithTheEndOnly) {
     EXPECT_EQ(disc.indexAt(100ms), 6U);
     EXPECT_TRUE(disc.isOverAt(100ms));
     EXPECT_EQ(disc.indexAt(1h), 6U);
+
+    Animation uneven = growingDisc;
+    uneven.duration = 105ms;
+    EXPECT_EQ(frames(uneven, Blending::translucent).count(), 7U);
+    EXPECT_EQ(frames(uneven, Blending::translucent).indexAt(104ms), 5U);
 }
 
 TEST_F(AnimationFramesTest, TheShapeMovesAndFadesWhereItIsBlended) {
