@@ -1,12 +1,13 @@
 #include "platform/drawing/SymbolImages.h"
 
-#include "platform/drawing/SymbolIcon.h"
-
 #include <QFile>
+#include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace corvane::drawing {
 
@@ -46,6 +47,58 @@ QImage drawn(const QByteArray &source, const QColor &colour, int pixels) {
     painter.fillRect(image.rect(), colour);
     return image;
 }
+
+/// Draws a symbol when it is painted, in the size that is needed: most icons are never shown.
+class SymbolIcon : public QIconEngine {
+  public:
+    struct Colours {
+        QColor normal;
+        QColor disabled;
+        /// Under the pointer or selected.
+        QColor active;
+    };
+
+    /// The images outlive the icon and have such a symbol.
+    SymbolIcon(SymbolImages &images, std::string name, const Colours &colours)
+        : images_(images),
+          name_(std::move(name)),
+          colours_(colours) {}
+
+    void paint(QPainter *painter, const QRect &rectangle, QIcon::Mode mode,
+               QIcon::State state) override {
+        const qreal ratio = painter->device()->devicePixelRatio();
+        painter->drawPixmap(rectangle, pixmap(rectangle.size() * ratio, mode, state));
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State /*state*/) override {
+        const int side = std::min(size.width(), size.height());
+        return QPixmap::fromImage(images_.image(name_, colour(mode), side));
+    }
+
+    QIconEngine *clone() const override {
+        return new SymbolIcon(images_, name_, colours_); // NOLINT: Qt takes ownership
+    }
+
+    bool isNull() override { return false; }
+
+  private:
+    const QColor &colour(QIcon::Mode mode) const {
+        switch (mode) {
+        case QIcon::Disabled:
+            return colours_.disabled;
+        case QIcon::Active:
+        case QIcon::Selected:
+            return colours_.active;
+        case QIcon::Normal:
+            break;
+        }
+        return colours_.normal;
+    }
+
+    SymbolImages &images_;
+    const std::string name_;
+    const Colours colours_;
+};
 
 } // namespace
 
