@@ -77,7 +77,9 @@ void CommandService::start(const CommandReply &reply) {
     if (appState_.status == ClickStatus::running) {
         return reply(done("Corvane is clicking already."));
     }
-    if (const auto refusal = refusalOf(ActionID::startClicking)) {
+    // A start without the permission opens the settings for it, which a script cannot use.
+    if (const auto refusal = refusalOf(ActionID::startClicking);
+        refusal && !appState_.isAccessibilityGranted) {
         return reply(*refusal);
     }
     const CommandReply answer = onlyOnce(reply);

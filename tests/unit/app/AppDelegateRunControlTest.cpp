@@ -363,6 +363,7 @@ TEST_P(UnusableSessionTest, IsTheReasonThatACommandGetsForARefusedStart) {
     EXPECT_EQ(
         platform.commandEndpoint().answers,
         (std::vector{CommandAnswer{.result = CommandResult::refused, .error = GetParam().reason}}));
+    EXPECT_EQ(logged(std::string("Cannot start: ") + GetParam().reason), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(
