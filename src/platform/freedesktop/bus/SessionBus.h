@@ -19,9 +19,9 @@ std::string sessionBusAddress();
 /// libdbus would. Called before there are other threads.
 void preventBusLaunch();
 
-/// Lets this process survive a bus that goes while Qt asks it for the owner of a name: Qt then waits
-/// for a reply that was never requested, for which libdbus would abort the process. Called before
-/// there are other threads.
+/// Lets this process survive a bus that goes while Qt asks it for the owner of a name: Qt then
+/// waits for a reply that was never requested, for which libdbus would abort the process. Called
+/// before there are other threads.
 void surviveLostBuses();
 
 /// A connection to the session's message bus that is made anew when the bus has gone and another
