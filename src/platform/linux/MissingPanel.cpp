@@ -49,8 +49,17 @@ void MissingPanel::check() {
     }
     delegate_.showConfig();
     // Where nothing can be clicked at all, the accessibility guide has just said so.
-    if (shared_.appState.isAccessibilityGranted && notices_.isFirst("missing-status-bar")) {
-        shared_.alerts.runModal(notice());
+    if (shared_.appState.isAccessibilityGranted) {
+        // In a later turn, when the settings have the keyboard: what comes above them then keeps
+        // it.
+        shared_.storeQueue.post([notices = notices_, &mainQueue = platform_.mainQueue(),
+                                 show = weakly_([](MissingPanel &self) {
+                                     self.shared_.alerts.runModal(notice());
+                                 })]() mutable {
+            if (notices.isFirst("missing-status-bar")) {
+                mainQueue.post(show);
+            }
+        });
     }
 }
 

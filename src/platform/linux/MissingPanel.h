@@ -2,6 +2,7 @@
 
 #include "app/LaunchCause.h"
 #include "services/NoticeService.h"
+#include "support/WeakCallbacks.h"
 
 #include <memory>
 
@@ -36,6 +37,7 @@ class MissingPanel {
     AppDelegate &delegate_;
     NoticeService notices_;
     std::unique_ptr<platform::Timer> timer_;
+    const WeakCallbacks<MissingPanel> weakly_{*this};
 };
 
 } // namespace linux
