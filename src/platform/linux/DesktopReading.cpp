@@ -1,6 +1,8 @@
 #include "platform/linux/DesktopReading.h"
 
 #include "platform/drawing/MenuText.h"
+#include "platform/freedesktop/tray/StatusNotifierRegistration.h"
+#include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/TextDecoding.h"
 #include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/WindowProperty.h"
@@ -8,14 +10,8 @@
 #include "platform/x11/hotkey/HotKeys.h"
 #include "platform/x11/windows/WindowReader.h"
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusReply>
-#include <QDBusVariant>
-
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <string>
 #include <utility>
 
@@ -31,11 +27,6 @@ constexpr std::array wantedHints{
     std::pair{"_NET_FRAME_EXTENTS", &x11::Atoms::frameExtents},
     std::pair{"_NET_ACTIVE_WINDOW", &x11::Atoms::activeWindow}};
 
-std::string variable(const char *name) {
-    const char *value = std::getenv(name); // NOLINT(concurrency-mt-unsafe)
-    return value != nullptr ? value : "";
-}
-
 bool hasOwner(const x11::XcbConnection &connection, xcb_atom_t selection) {
     return connection.selectionOwner(selection) != XCB_WINDOW_NONE;
 }
@@ -49,23 +40,8 @@ HotKeyState stateOf(const HotKey &hotKey, x11::XcbEvents &events) {
     return key.error() == XCB_ACCESS ? HotKeyState::taken : HotKeyState::noSuchKey;
 }
 
-bool hasPanelOnBus() {
-    constexpr int patienceMilliseconds = 3000;
-    const QString watcher = QStringLiteral("org.kde.StatusNotifierWatcher");
-    const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus,
-                                                   QStringLiteral("desktop-reading"));
-    auto question = QDBusMessage::createMethodCall(
-        watcher, QStringLiteral("/StatusNotifierWatcher"),
-        QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
-    question << watcher << QStringLiteral("IsStatusNotifierHostRegistered");
-    question.setAutoStartService(false);
-    const QDBusReply<QDBusVariant> answer = bus.call(question, QDBus::Block, patienceMilliseconds);
-    QDBusConnection::disconnectFromBus(bus.name());
-    return answer.isValid() && answer.value().variant().toBool();
-}
-
 StatusArea statusAreaOf(const x11::XcbConnection &connection) {
-    if (hasPanelOnBus()) {
+    if (freedesktop::hasStatusNotifierHost()) {
         return StatusArea::panel;
     }
     return hasOwner(connection, connection.atoms().traySelection) ? StatusArea::systemTray
@@ -92,14 +68,15 @@ void readWindowManager(const x11::XcbConnection &connection, DesktopFacts &facts
 
 DesktopFacts factsWithoutServer() {
     return {.displayServer = isWaylandSession() ? DisplayServer::waylandOnly : DisplayServer::none,
-            .displayName = variable("DISPLAY"),
+            .displayName = environmentVariable("DISPLAY"),
             .isWaylandSession = isWaylandSession()};
 }
 
 } // namespace
 
 bool isWaylandSession() {
-    return !variable("WAYLAND_DISPLAY").empty() || variable("XDG_SESSION_TYPE") == "wayland";
+    return !environmentVariable("WAYLAND_DISPLAY").empty() ||
+           environmentVariable("XDG_SESSION_TYPE") == "wayland";
 }
 
 DesktopFacts readDesktopFacts(const HotKey &hotKey) {
@@ -111,7 +88,7 @@ DesktopFacts readDesktopFacts(const HotKey &hotKey) {
     const x11::XcbConnection &connection = events.connection();
     const bool isXwayland = x11::isInsideWayland(connection);
     DesktopFacts facts{.displayServer = isXwayland ? DisplayServer::xwayland : DisplayServer::x11,
-                       .displayName = variable("DISPLAY"),
+                       .displayName = environmentVariable("DISPLAY"),
                        .isWaylandSession = isXwayland || isWaylandSession(),
                        .takesClicks = !isXwayland && x11::offersFakeInput(connection),
                        .hotKey = stateOf(hotKey, events),

@@ -5,11 +5,11 @@
 
 namespace corvane::linux {
 
-/// What this desktop offers, asked of the display that DISPLAY names, of the session bus and of the
+/// What this desktop offers, read from the display that DISPLAY names, the session bus and the
 /// environment. Main thread; needs Qt's core application.
 DesktopFacts readDesktopFacts(const HotKey &hotKey);
 
-/// Whether the environment speaks of a Wayland session.
+/// Whether the environment variables name a Wayland session.
 bool isWaylandSession();
 
 } // namespace corvane::linux

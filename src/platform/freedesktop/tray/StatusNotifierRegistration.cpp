@@ -23,9 +23,26 @@ QDBusMessage callOf(const QString &interface, const QString &method,
     return message;
 }
 
+QDBusMessage callForHost() {
+    return callOf(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+                  {service, u"IsStatusNotifierHostRegistered"_s});
+}
+
 bool isReply(const QDBusMessage &message) { return message.type() == QDBusMessage::ReplyMessage; }
 
+bool confirmsHost(const QDBusMessage &reply) {
+    return isReply(reply) && reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
+}
+
 } // namespace
+
+bool hasStatusNotifierHost() {
+    constexpr int timeout = static_cast<int>(StatusNotifierRegistration::defaultInterval.count());
+    const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"host-query"_s);
+    const auto reply = bus.call(callForHost(), QDBus::Block, timeout);
+    QDBusConnection::disconnectFromBus(bus.name());
+    return confirmsHost(reply);
+}
 
 StatusNotifierRegistration::StatusNotifierRegistration(QDBusConnection connection,
                                                        Listener listener,
@@ -53,9 +70,7 @@ void StatusNotifierRegistration::start() {
         setState(RegistrationState::unavailable);
         return;
     }
-    call(callOf(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
-                {service, u"IsStatusNotifierHostRegistered"_s}),
-         &StatusNotifierRegistration::handleHostReply);
+    call(callForHost(), &StatusNotifierRegistration::handleHostReply);
 }
 
 void StatusNotifierRegistration::registerItem() {
@@ -79,7 +94,7 @@ void StatusNotifierRegistration::call(
 }
 
 void StatusNotifierRegistration::handleHostReply(const QDBusMessage &reply) {
-    if (isReply(reply) && reply.arguments().value(0).value<QDBusVariant>().variant().toBool()) {
+    if (confirmsHost(reply)) {
         registerItem();
     } else {
         finish(reply, false);

@@ -15,6 +15,10 @@
 
 namespace corvane::freedesktop {
 
+/// Whether a panel on the session bus shows status notifier items. Blocks until the panel replies,
+/// for a few seconds at most.
+bool hasStatusNotifierHost();
+
 enum class RegistrationState {
     /// The panel shows the item.
     registered,
