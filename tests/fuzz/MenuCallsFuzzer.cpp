@@ -82,7 +82,7 @@ class Conversation {
     }
 
     QDBusServer server_{u"unix:tmpdir=/tmp"_s};
-    SymbolImages symbols_;
+    drawing::SymbolImages symbols_;
     std::unique_ptr<freedesktop::DBusMenuExporter> menu_;
     QDBusConnection panel_ = QDBusConnection::connectToPeer(server_.address(), u"panel"_s);
 };
