@@ -15,16 +15,15 @@ namespace {
 const QString service = u"org.kde.StatusNotifierWatcher"_s;
 const QString path = u"/StatusNotifierWatcher"_s;
 
-QDBusMessage callOf(const QString &interface, const QString &method,
+QDBusMessage callOf(const QString &watcher, const QString &interface, const QString &method,
                     const QVariantList &arguments) {
-    auto message = QDBusMessage::createMethodCall(service, path, interface, method);
+    auto message = QDBusMessage::createMethodCall(watcher, path, interface, method);
     message.setArguments(arguments);
-    message.setAutoStartService(false);
     return message;
 }
 
-QDBusMessage callForHost() {
-    return callOf(u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
+QDBusMessage callForHost(const QString &watcher) {
+    return callOf(watcher, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
                   {service, u"IsStatusNotifierHostRegistered"_s});
 }
 
@@ -39,7 +38,9 @@ bool confirmsHost(const QDBusMessage &reply) {
 bool hasStatusNotifierHost() {
     constexpr int timeout = static_cast<int>(StatusNotifierRegistration::defaultInterval.count());
     const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"host-query"_s);
-    const auto reply = bus.call(callForHost(), QDBus::Block, timeout);
+    auto call = callForHost(service);
+    call.setAutoStartService(false);
+    const auto reply = bus.call(call, QDBus::Block, timeout);
     QDBusConnection::disconnectFromBus(bus.name());
     return confirmsHost(reply);
 }
@@ -66,16 +67,17 @@ StatusNotifierRegistration::StatusNotifierRegistration(QDBusConnection connectio
 
 void StatusNotifierRegistration::start() {
     retry_.stop();
-    if (!connection_.isConnected()) {
+    called_ = connection_.isConnected() ? watcherOwner() : QString();
+    if (called_.isEmpty()) {
         setState(RegistrationState::unavailable);
         return;
     }
-    call(callForHost(), &StatusNotifierRegistration::handleHostReply);
+    call(callForHost(called_), &StatusNotifierRegistration::handleHostReply);
 }
 
 void StatusNotifierRegistration::registerItem() {
     listener_.willRegister();
-    call(callOf(service, u"RegisterStatusNotifierItem"_s, {connection_.baseService()}),
+    call(callOf(called_, service, u"RegisterStatusNotifierItem"_s, {connection_.baseService()}),
          &StatusNotifierRegistration::handleRegistrationReply);
 }
 
@@ -113,7 +115,7 @@ void StatusNotifierRegistration::finish(const QDBusMessage &reply, bool isRegist
         setState(RegistrationState::unavailable);
         return;
     }
-    const bool hasReplied = reply.service() == watcher;
+    const bool hasReplied = watcher == called_ && QDBusError(reply).type() != QDBusError::NoReply;
     if (hasReplied && isRegistered) {
         setState(RegistrationState::registered);
         return;

@@ -66,6 +66,9 @@ class StatusNotifierRegistration {
     QTimer attempt_;
     QTimer retry_;
     QDBusServiceWatcher ownerChanges_;
+    /// The watcher that was called last, by the name of its connection. Calls go there and not to
+    /// the well-known name, because Qt 6.8 no longer says who sent a reply.
+    QString called_;
     /// The call in flight; replies to earlier calls are dropped.
     std::unique_ptr<QDBusPendingCallWatcher, QScopedPointerDeleteLater> pending_;
     std::optional<RegistrationState> state_;
