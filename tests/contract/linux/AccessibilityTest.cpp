@@ -5,7 +5,6 @@
 #include "LinuxBackEnd.h"
 #include "VirtualDesktop.h"
 #include "platform/Applications.h"
-#include "platform/Workspace.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -76,8 +75,7 @@ TEST(LinuxAccessibilityTest, TheWindowsOfAnApplicationAreThoseOfAllItsProcesses)
 
 TEST(LinuxAccessibilityTest, TheSettingsPageOpensTheGuide) {
     LinuxBackEnd backEnd;
-    backEnd.platform().workspace().openUrl(
-        "x-apple.systempreferences:com.apple.preference.security?Privacy_Accessibility");
+    backEnd.platform().accessibility().openSettings();
     EXPECT_EQ(guides(), 1);
 }
 
