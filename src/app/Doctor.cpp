@@ -92,11 +92,18 @@ Finding displayFinding(const DesktopFacts &desktop) {
     case DisplayServer::xwayland:
         return {.grade = Grade::missing,
                 .subject = "Display",
-                .statement = "This is a Wayland session, with XWayland (" + desktop.displayName +
-                             ") for X programs. Clicks could reach those programs only, and "
-                             "would reach the wrong one while the cursor is over any other "
-                             "window. Corvane does not click here.",
+                .statement =
+                    "This is a Wayland session, with XWayland (" + desktop.displayName +
+                    ") for X programs. Clicks could reach those programs only, and "
+                    "would reach the wrong one while the cursor is over any other "
+                    "window. This compositor offers programs no way to click, so Corvane "
+                    "does not click here. It does on sway, labwc and others of their kind.",
                 .remedy = chooseX11};
+    case DisplayServer::wayland:
+        return {.subject = "Display",
+                .statement = "Corvane is in a Wayland session and clicks through its compositor. "
+                             "Its own windows are on XWayland (" +
+                             desktop.displayName + ")."};
     case DisplayServer::waylandOnly:
         return {.grade = Grade::missing,
                 .subject = "Display",
@@ -179,6 +186,11 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
         return {.subject = "Hot key", .statement = "It is free for Corvane."};
     case HotKeyState::taken:
         return hotKeyTaken(desktop.hotKeyName, "");
+    case HotKeyState::notOffered:
+        return {.grade = Grade::limited,
+                .subject = "Hot key",
+                .statement = "This compositor gives programs no hot keys.",
+                .remedy = bindKey};
     case HotKeyState::noSuchKey:
     case HotKeyState::unknown:
         break;
@@ -216,6 +228,12 @@ Finding compositorFinding(bool isThere) {
 }
 
 Finding windowManagerFinding(const std::string &windowManager, const DesktopFacts &desktop) {
+    if (windowManager.empty() && desktop.displayServer == DisplayServer::wayland) {
+        return {.grade = Grade::limited,
+                .subject = "Windows",
+                .statement = "This compositor tells programs nothing of each other's windows: "
+                             "zones cannot follow windows."};
+    }
     if (windowManager.empty()) {
         return {.grade = Grade::limited,
                 .subject = "Windows",

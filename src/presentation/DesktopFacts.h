@@ -14,6 +14,8 @@ enum class DisplayServer {
     x11,
     /// An X server that only carries X programs into a Wayland session.
     xwayland,
+    /// A Wayland session whose compositor lets programs click.
+    wayland,
     /// A Wayland session without an X server.
     waylandOnly,
     none
@@ -25,7 +27,9 @@ enum class HotKeyState {
     taken,
     noSuchKey,
     /// The system gives a key to everybody who wants it and does not tell who else has it.
-    unknown
+    unknown,
+    /// The desktop gives no program a hot key.
+    notOffered
 };
 
 /// Where a status item would be shown.

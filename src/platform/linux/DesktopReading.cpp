@@ -4,6 +4,10 @@
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
 #include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/TextDecoding.h"
+#include "platform/wayland/click/MouseEvents.h"
+#include "platform/wayland/connection/Connection.h"
+#include "platform/wayland/sway/HotKeys.h"
+#include "platform/wayland/sway/Windows.h"
 #include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/WindowProperty.h"
 #include "platform/x11/connection/XcbEvents.h"
@@ -72,6 +76,32 @@ DesktopFacts factsWithoutServer() {
             .isWaylandSession = isWaylandSession()};
 }
 
+HotKeyState stateInSway(const HotKey &hotKey) {
+    const wayland::sway::HotKeys hotKeys;
+    if (!hotKeys.isOffered()) {
+        return HotKeyState::notOffered;
+    }
+    return hotKeys.isTaken(hotKey) ? HotKeyState::taken : HotKeyState::free;
+}
+
+/// Nothing where the compositor lets no program click.
+std::optional<DesktopFacts> factsOfCompositor(const x11::XcbConnection &xwayland,
+                                              const HotKey &hotKey) {
+    const auto compositor = wayland::Connection::open();
+    if (!compositor || !wayland::letsProgramsClick(*compositor)) {
+        return std::nullopt;
+    }
+    return DesktopFacts{.displayServer = DisplayServer::wayland,
+                        .displayName = environmentVariable("DISPLAY"),
+                        .isWaylandSession = true,
+                        .takesClicks = true,
+                        .hotKey = stateInSway(hotKey),
+                        .hotKeyName = drawing::hotKeyText(hotKey),
+                        .statusArea = statusAreaOf(xwayland),
+                        .hasCompositor = true,
+                        .windowManager = wayland::sway::Windows().windows() ? "sway" : ""};
+}
+
 } // namespace
 
 bool isWaylandSession() {
@@ -87,6 +117,11 @@ DesktopFacts readDesktopFacts(const HotKey &hotKey) {
     x11::XcbEvents events(std::move(*opened), [] {});
     const x11::XcbConnection &connection = events.connection();
     const bool isXwayland = x11::isInsideWayland(connection);
+    if (isXwayland) {
+        if (const auto facts = factsOfCompositor(connection, hotKey)) {
+            return *facts;
+        }
+    }
     DesktopFacts facts{.displayServer = isXwayland ? DisplayServer::xwayland : DisplayServer::x11,
                        .displayName = environmentVariable("DISPLAY"),
                        .isWaylandSession = isXwayland || isWaylandSession(),

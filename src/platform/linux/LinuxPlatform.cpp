@@ -1,6 +1,8 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/freedesktop/bus/SessionBus.h"
+#include "platform/linux/WaylandSystem.h"
+#include "platform/linux/X11System.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
 #include "platform/x11/connection/XcbEvents.h"
@@ -23,23 +25,29 @@ qt::OwnWindows ownWindows(const x11::XcbConnection &connection) {
                 [=, &atoms](WId window) { x11::showOnEveryWorkspace(atoms, idOf(window)); }};
 }
 
+std::unique_ptr<WindowSystem> windowSystem(x11::XcbEvents &events,
+                                           std::unique_ptr<x11::XcbConnection> windowConnection,
+                                           wayland::Events *compositor,
+                                           platform::MainQueue &mainQueue,
+                                           drawing::SymbolImages &symbols) {
+    qt::OwnWindows own = ownWindows(events.connection());
+    if (compositor != nullptr) {
+        return std::make_unique<WaylandSystem>(*compositor, symbols, std::move(own));
+    }
+    return std::make_unique<X11System>(events, std::move(windowConnection), mainQueue, symbols,
+                                       std::move(own));
+}
+
 } // namespace
 
 LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
                              std::unique_ptr<x11::XcbConnection> windowConnection,
-                             const CommandRequest &firstCommand)
+                             wayland::Events *compositor, const CommandRequest &firstCommand)
     : commandEndpoint_(mainQueue_, firstCommand),
       localisation_(userLocales()),
       application_(ownWindows(events.connection())),
-      mouseEvents_(events.connection()),
-      screens_(events),
-      overlayWindows_(events, screens_, symbols_),
-      windowList_(events.connection()),
-      clientWindows_(std::move(windowConnection), mainQueue_),
-      applications_(clientWindows_, freedesktop::DesktopEntries::ofUser()),
-      accessibility_(events.connection(), clientWindows_, applications_,
-                     ownWindows(events.connection())),
-      hotKeys_(events),
+      windowSystem_(
+          windowSystem(events, std::move(windowConnection), compositor, mainQueue_, symbols_)),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
       alerts_(ownWindows(events.connection())),

@@ -3,6 +3,7 @@
 #include "app/CorvaneApp.h"
 #include "app/Doctor.h"
 #include "platform/drawing/MenuText.h"
+#include "platform/linux/ButtonWatchdog.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/MissingPanel.h"
@@ -13,9 +14,12 @@
 #include "platform/posix/FileFacts.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/qt/controls/ViewStyling.h"
+#include "platform/wayland/click/MouseEvents.h"
+#include "platform/wayland/click/PressedButtonRecord.h"
+#include "platform/wayland/connection/Events.h"
 #include "platform/x11/click/ButtonReports.h"
-#include "platform/x11/click/ButtonWatchdog.h"
 #include "platform/x11/click/PressedButtonRecord.h"
+#include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/SingleInstance.h"
 #include "platform/x11/connection/XcbEvents.h"
 #include "support/Log.h"
@@ -56,16 +60,36 @@ void finishWorkAtExit() {
     }
 }
 
+void compositorLost() {
+    std::fputs("corvane: the connection to the compositor is lost\n", stderr);
+    std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe)
+}
+
 void serverLost() {
     std::fputs("corvane: the connection to the X server is lost\n", stderr);
     std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe)
 }
 
-/// The button is still down when both the program and its watchdog were killed.
-void releaseButtonLeftDown(const x11::XcbConnection &connection) {
-    if (x11::releaseRecordedButtons(connection)) {
+/// Where both the program and its watchdog were killed, the button is still down.
+void releaseButtonLeftDown(const x11::XcbConnection *server,
+                           std::optional<pid_t> owner = std::nullopt) {
+    const bool wasDownInServer = server != nullptr && x11::releaseRecordedButtons(*server, owner);
+    if (wayland::releaseRecordedButton() || wasDownInServer) {
         log("Released the mouse button after an unexpected end");
     }
+}
+
+void releaseButtonOf(pid_t owner) {
+    const auto server = x11::XcbConnection::open();
+    releaseButtonLeftDown(server ? server->get() : nullptr, owner);
+}
+
+/// The Wayland compositor behind an X server, if it lets programs click; null else.
+std::unique_ptr<wayland::Events> compositorAround(const x11::XcbConnection &server) {
+    auto compositor = x11::isInsideWayland(server) ? wayland::Connection::open() : nullptr;
+    return compositor && wayland::letsProgramsClick(*compositor)
+               ? std::make_unique<wayland::Events>(std::move(compositor), compositorLost)
+               : nullptr;
 }
 
 /// The toolkit's own texts, such as a text field's menu, in the user's language; the system's
@@ -113,8 +137,8 @@ claimInstance(const x11::XcbConnection &connection, const CommandLine &commandLi
 }
 
 int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
-           const CommandLine &commandLine) {
-    LinuxPlatform platform(events, std::move(windowConnection), commandLine.words);
+           wayland::Events *compositor, const CommandLine &commandLine) {
+    LinuxPlatform platform(events, std::move(windowConnection), compositor, commandLine.words);
     CorvaneApp app(platform);
     MissingPanel missingPanel(platform, app.sharedServices(), app.appDelegate());
     runningApp = &app;
@@ -131,7 +155,7 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
     if (!connection) {
         return print(noDisplay(isWaylandSession()));
     }
-    const x11::ButtonWatchdog watchdog;
+    const ButtonWatchdog watchdog(releaseButtonOf);
     requestSchedulerSlice();
     // In a Wayland session too, the program is an X client.
     qputenv("QT_QPA_PLATFORM", "xcb");
@@ -152,14 +176,15 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
         std::puts("Corvane is running already.");
         endAtOnce(print({.result = instance.error().result, .error = instance.error().error}));
     }
-    releaseButtonLeftDown(events.connection());
+    releaseButtonLeftDown(&events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
     auto windowConnection = events.connection().openAnother();
     if (!windowConnection) {
         serverLost();
     }
-    return runApp(events, std::move(*windowConnection), commandLine);
+    const auto compositor = compositorAround(events.connection());
+    return runApp(events, std::move(*windowConnection), compositor.get(), commandLine);
 }
 
 int runLaunch(int argc, char **argv, const CommandLine &commandLine) {

@@ -2,15 +2,20 @@
 
 #include "platform/posix/FileDescriptor.h"
 
-namespace corvane::x11 {
+#include <sys/types.h>
 
-/// A small process that waits for the end of this one and releases the button that this process had
-/// pressed when it was killed or crashed. It ends with this process.
+namespace corvane::linux {
+
+/// A small process that waits for the end of this one and has the button released that this process
+/// had pressed when it was killed or crashed. It ends with this process.
 class ButtonWatchdog {
   public:
+    /// Releases what the process `watched` had pressed; called in the small process.
+    using Release = void (*)(pid_t watched);
+
     /// To be created while this process has one thread. When no process can be started, the next
     /// start of the program releases the button instead.
-    ButtonWatchdog();
+    explicit ButtonWatchdog(Release release);
     /// Reports an orderly end to the watchdog.
     ~ButtonWatchdog();
 
@@ -21,4 +26,4 @@ class ButtonWatchdog {
     posix::FileDescriptor lifeline_;
 };
 
-} // namespace corvane::x11
+} // namespace corvane::linux

@@ -1,7 +1,4 @@
-#include "platform/x11/click/ButtonWatchdog.h"
-
-#include "platform/x11/click/PressedButtonRecord.h"
-#include "support/Log.h"
+#include "platform/linux/ButtonWatchdog.h"
 
 #include <array>
 #include <cerrno>
@@ -12,7 +9,7 @@
 #include <sys/prctl.h>
 #include <unistd.h>
 
-namespace corvane::x11 {
+namespace corvane::linux {
 
 namespace {
 
@@ -48,22 +45,19 @@ bool awaitOrderlyEnd(int lifeline) {
     return length == 1;
 }
 
-[[noreturn]] void watch(int lifeline, pid_t watched) {
+[[noreturn]] void watch(int lifeline, pid_t watched, ButtonWatchdog::Release release) {
     prctl(PR_SET_NAME, "corvane-watch");
     keepOnly(lifeline);
     outliveSession();
     if (!awaitOrderlyEnd(STDIN_FILENO)) {
-        const auto connection = XcbConnection::open();
-        if (connection && releaseRecordedButtons(**connection, watched)) {
-            log("Released the mouse button after an unexpected end");
-        }
+        release(watched);
     }
     std::_Exit(EXIT_SUCCESS);
 }
 
 } // namespace
 
-ButtonWatchdog::ButtonWatchdog() {
+ButtonWatchdog::ButtonWatchdog(Release release) {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
@@ -72,7 +66,7 @@ ButtonWatchdog::ButtonWatchdog() {
     lifeline_ = posix::FileDescriptor(ends[1]);
     const pid_t watched = getpid();
     if (fork() == 0) {
-        watch(readEnd.get(), watched);
+        watch(readEnd.get(), watched, release);
     }
 }
 
@@ -81,4 +75,4 @@ ButtonWatchdog::~ButtonWatchdog() {
     [[maybe_unused]] const ssize_t written = write(lifeline_.get(), &orderlyEnd, 1);
 }
 
-} // namespace corvane::x11
+} // namespace corvane::linux

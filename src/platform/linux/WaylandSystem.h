@@ -1,0 +1,61 @@
+#pragma once
+
+#include "platform/drawing/SymbolImages.h"
+#include "platform/linux/WaylandApplications.h"
+#include "platform/linux/WindowSystem.h"
+#include "platform/qt/alerts/AccessibilityGuideWindow.h"
+#include "platform/wayland/click/MouseEvents.h"
+#include "platform/wayland/connection/Events.h"
+#include "platform/wayland/overlay/OverlayWindows.h"
+#include "platform/wayland/screens/Screens.h"
+#include "platform/wayland/sway/HotKeys.h"
+#include "platform/wayland/sway/Windows.h"
+#include "platform/wayland/windows/WindowList.h"
+
+namespace corvane::linux {
+
+/// A Wayland compositor as the window system. The program's ordinary windows are X clients.
+class WaylandSystem : public WindowSystem {
+  public:
+    /// Everything given outlives the system.
+    WaylandSystem(wayland::Events &events, drawing::SymbolImages &symbols,
+                  qt::OwnWindows ownWindows);
+
+    platform::Accessibility &accessibility() override { return accessibility_; }
+    platform::Applications &applications() override { return applications_; }
+    platform::HotKeys &hotKeys() override { return hotKeys_; }
+    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
+    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
+    platform::Screens &screens() override { return screens_; }
+    platform::WindowList &windowList() override { return windowList_; }
+
+  private:
+    /// The system is chosen where clicks reach other programs: nothing is left to be granted.
+    class Accessibility : public platform::Accessibility {
+      public:
+        Accessibility(WaylandSystem &system, qt::OwnWindows ownWindows)
+            : system_(system),
+              guideWindow_(std::move(ownWindows)) {}
+
+        bool isProcessTrusted() override { return true; }
+        bool isProcessTrustedWithPrompt() override { return true; }
+        void openSettings() override;
+        std::shared_ptr<const platform::AccessibilityWindows>
+        windows(std::int32_t processIdentifier) override;
+
+      private:
+        WaylandSystem &system_;
+        qt::AccessibilityGuideWindow guideWindow_;
+    };
+
+    wayland::MouseEvents mouseEvents_;
+    wayland::Screens screens_;
+    wayland::OverlayWindows overlayWindows_;
+    wayland::sway::Windows windows_;
+    wayland::WindowList windowList_;
+    WaylandApplications applications_;
+    Accessibility accessibility_;
+    wayland::sway::HotKeys hotKeys_;
+};
+
+} // namespace corvane::linux

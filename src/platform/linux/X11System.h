@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/drawing/SymbolImages.h"
+#include "platform/linux/Accessibility.h"
+#include "platform/linux/Applications.h"
+#include "platform/linux/WindowSystem.h"
+#include "platform/x11/click/MouseEvents.h"
+#include "platform/x11/hotkey/HotKeys.h"
+#include "platform/x11/overlay/OverlayWindows.h"
+#include "platform/x11/screens/Screens.h"
+#include "platform/x11/windows/ClientWindows.h"
+#include "platform/x11/windows/WindowList.h"
+
+#include <memory>
+
+namespace corvane::linux {
+
+/// The X server as the window system.
+class X11System : public WindowSystem {
+  public:
+    /// Other programs' windows are watched through a connection that is for nothing else. The rest
+    /// outlives the system.
+    X11System(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
+              platform::MainQueue &mainQueue, drawing::SymbolImages &symbols,
+              qt::OwnWindows ownWindows);
+
+    platform::Accessibility &accessibility() override { return accessibility_; }
+    platform::Applications &applications() override { return applications_; }
+    platform::HotKeys &hotKeys() override { return hotKeys_; }
+    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
+    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
+    platform::Screens &screens() override { return screens_; }
+    platform::WindowList &windowList() override { return windowList_; }
+
+  private:
+    x11::MouseEvents mouseEvents_;
+    x11::Screens screens_;
+    x11::OverlayWindows overlayWindows_;
+    x11::WindowList windowList_;
+    x11::ClientWindows clientWindows_;
+    Applications applications_;
+    Accessibility accessibility_;
+    x11::HotKeys hotKeys_;
+};
+
+} // namespace corvane::linux

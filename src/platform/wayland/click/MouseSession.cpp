@@ -1,0 +1,119 @@
+#include "platform/wayland/click/MouseSession.h"
+
+#include "platform/wayland/click/MouseEvents.h"
+
+#include <optional>
+#include <utility>
+
+namespace corvane::wayland {
+
+namespace {
+
+/// Presses or releases the button wherever the cursor is: the program never moves it.
+class ButtonEvent : public platform::MouseEvent {
+  public:
+    ButtonEvent(MouseSession &session, platform::MouseEventType type)
+        : session_(session),
+          type_(type) {}
+
+    /// The compositor's clients count clicks themselves, from the time between them.
+    void setClickState(std::int64_t /*state*/) override {}
+
+    void post() override {
+        if (type_ == platform::MouseEventType::leftMouseDown) {
+            session_.press();
+        } else {
+            session_.release();
+        }
+    }
+
+  private:
+    MouseSession &session_;
+    const platform::MouseEventType type_;
+};
+
+class ButtonSource : public platform::MouseEventSource {
+  public:
+    explicit ButtonSource(MouseSession &session) : session_(session) {}
+
+    std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
+                                                           Point /*location*/) override {
+        return std::make_unique<ButtonEvent>(session_, type);
+    }
+
+  private:
+    MouseSession &session_;
+};
+
+} // namespace
+
+bool letsProgramsClick(const Connection &connection) {
+    return connection.virtualPointers() != nullptr && connection.compositor() != nullptr &&
+           connection.sharedMemory() != nullptr && connection.viewporter() != nullptr &&
+           connection.layerShell() != nullptr;
+}
+
+std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
+    return std::make_unique<MouseSession>();
+}
+
+MouseSession::MouseSession() { connect(); }
+
+/// The last release of the button must not be lost with the connection.
+MouseSession::~MouseSession() {
+    if (isUsable()) {
+        connection_->synchronise();
+    }
+}
+
+/// While a button is held the cursor cannot be found; where it was at the press is known.
+std::optional<Point> MouseSession::readyPosition() {
+    if (!isPressed_) {
+        position_ = ensureUsable() && cursor_ ? cursor_->find() : std::nullopt;
+    }
+    return position_;
+}
+
+std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
+    return std::make_unique<ButtonSource>(*this);
+}
+
+void MouseSession::press() {
+    if (isUsable()) {
+        record_.addPress();
+        isPressed_ = true;
+        device_->press();
+    }
+}
+
+void MouseSession::release() {
+    if (!isPressed_) {
+        return;
+    }
+    if (isUsable()) {
+        device_->release();
+    }
+    // The loss of a connection may show when something is sent; the compositor may live.
+    if (!isUsable() && ensureUsable()) {
+        device_->release();
+    }
+    record_.removePress();
+    isPressed_ = false;
+}
+
+bool MouseSession::ensureUsable() {
+    if (!isUsable()) {
+        connect();
+    }
+    return isUsable();
+}
+
+void MouseSession::connect() {
+    cursor_.reset();
+    device_.reset();
+    connection_ = Connection::open();
+    device_ = connection_ ? ClickDevice::make(*connection_) : nullptr;
+    cursor_ = device_ ? CursorProbe::make(*connection_, *device_) : nullptr;
+}
+
+} // namespace corvane::wayland

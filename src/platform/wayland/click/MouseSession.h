@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/MouseEvents.h"
+#include "platform/wayland/click/ClickDevice.h"
+#include "platform/wayland/click/CursorProbe.h"
+#include "platform/wayland/click/PressedButtonRecord.h"
+#include "platform/wayland/connection/Connection.h"
+
+#include <memory>
+#include <optional>
+
+namespace corvane::wayland {
+
+/// One thread's access to the pointer, over its own connection. A connection that is lost while the
+/// compositor lives is replaced; without one every operation fails.
+class MouseSession : public platform::MouseSession {
+  public:
+    MouseSession();
+    ~MouseSession() override;
+
+    MouseSession(const MouseSession &) = delete;
+    MouseSession &operator=(const MouseSession &) = delete;
+
+    std::optional<Point> readyPosition() override;
+    std::unique_ptr<platform::MouseEventSource> createEventSource() override;
+
+    void press();
+    /// Releases the button also where the connection that pressed it is lost.
+    void release();
+
+  private:
+    bool isUsable() const { return device_ && !connection_->isLost(); }
+    bool ensureUsable();
+    void connect();
+
+    const PressedButtonRecord record_{PressedButtonRecord::Missing::create};
+    bool isPressed_ = false;
+    /// As read last.
+    std::optional<Point> position_;
+    std::unique_ptr<Connection> connection_;
+    std::unique_ptr<ClickDevice> device_;
+    std::unique_ptr<CursorProbe> cursor_;
+};
+
+} // namespace corvane::wayland

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/OverlayWindows.h"
+#include "platform/drawing/OverlayPainter.h"
+#include "platform/wayland/overlay/OverlayAnimator.h"
+#include "platform/wayland/overlay/OverlayInput.h"
+#include "platform/wayland/screens/Screens.h"
+
+#include <vector>
+
+namespace corvane::wayland {
+
+/// Overlays of the layer shell.
+class OverlayWindows : public platform::OverlayWindows {
+  public:
+    /// The connection offers the layer shell. Everything given outlives the windows, which outlive
+    /// every overlay.
+    OverlayWindows(Connection &connection, const Screens &screens, drawing::SymbolImages &symbols);
+
+    std::unique_ptr<platform::NativeOverlay> create(const BorderlessWindow &window,
+                                                    platform::OverlayEvents events) override;
+
+  private:
+    Connection &connection_;
+    const Screens &screens_;
+    const drawing::OverlayPainter painter_;
+    OverlayInput input_;
+    OverlayAnimator animator_;
+};
+
+} // namespace corvane::wayland
