@@ -17,7 +17,7 @@ namespace {
 /// The length of "2026-11-16 00:06:06 +0000 ".
 constexpr std::size_t timeStampLength = 26;
 
-std::filesystem::path newLogFile(const VirtualDesktop &desktop) {
+std::filesystem::path newLogFile(const Desktop &desktop) {
     static std::atomic<int> count = 0;
     const std::filesystem::path file =
         desktop.folder() / ("corvane-" + std::to_string(++count) + ".log");
@@ -34,7 +34,7 @@ void ensureLogExists() {
 
 } // namespace
 
-CorvaneProcess::CorvaneProcess(const VirtualDesktop &desktop, Options options)
+CorvaneProcess::CorvaneProcess(const Desktop &desktop, Options options)
     : logFile_(newLogFile(desktop)),
       newLog_(logFile_) {
     ensureLogExists();
@@ -99,15 +99,15 @@ std::string CorvaneProcess::story() {
     return text + (process_->isRunning() ? "still running\n" : "ended\n");
 }
 
-std::filesystem::path settingsFile(const VirtualDesktop &desktop) {
+std::filesystem::path settingsFile(const Desktop &desktop) {
     return desktop.home() / ".config/corvane/config.json";
 }
 
-std::filesystem::path profilesFile(const VirtualDesktop &desktop) {
+std::filesystem::path profilesFile(const Desktop &desktop) {
     return desktop.home() / ".config/corvane/profiles.json";
 }
 
-void writeSettings(const VirtualDesktop &desktop, std::string_view text) {
+void writeSettings(const Desktop &desktop, std::string_view text) {
     writeFile(settingsFile(desktop), text);
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "ChildProcess.h"
+#include "Desktop.h"
 #include "GrowingFile.h"
 #include "PrivateMounts.h"
-#include "VirtualDesktop.h"
 
 #include <filesystem>
 #include <memory>
@@ -27,8 +27,8 @@ class CorvaneProcess {
         PrivateMounts mounts;
     };
 
-    CorvaneProcess(const VirtualDesktop &desktop, Options options);
-    explicit CorvaneProcess(const VirtualDesktop &desktop) : CorvaneProcess(desktop, Options{}) {}
+    CorvaneProcess(const Desktop &desktop, Options options);
+    explicit CorvaneProcess(const Desktop &desktop) : CorvaneProcess(desktop, Options{}) {}
 
     ChildProcess &process() { return *process_; }
 
@@ -61,10 +61,10 @@ class CorvaneProcess {
 };
 
 /// Where the program reads and writes its settings on that desktop.
-std::filesystem::path settingsFile(const VirtualDesktop &desktop);
-std::filesystem::path profilesFile(const VirtualDesktop &desktop);
+std::filesystem::path settingsFile(const Desktop &desktop);
+std::filesystem::path profilesFile(const Desktop &desktop);
 
 /// Puts the text into the settings file.
-void writeSettings(const VirtualDesktop &desktop, std::string_view text);
+void writeSettings(const Desktop &desktop, std::string_view text);
 
 } // namespace corvane::desktop

@@ -41,6 +41,14 @@ xcb_window_t DisplayConnection::selectionOwner(std::string_view name) const {
     return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
 }
 
+void DisplayConnection::takeSelection(std::string_view name) const {
+    const xcb_window_t window = xcb_generate_id(get());
+    xcb_create_window(get(), XCB_COPY_FROM_PARENT, window, root(), 0, 0, 1, 1, 0,
+                      XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
+    xcb_set_selection_owner(get(), window, atom(name), XCB_CURRENT_TIME);
+    synchronize();
+}
+
 xcb_window_t DisplayConnection::focus() const {
     const XcbReply<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(get(), xcb_get_input_focus(get()), nullptr));

@@ -30,6 +30,9 @@ class DisplayConnection {
     /// The owner of a selection; XCB_WINDOW_NONE without one.
     xcb_window_t selectionOwner(std::string_view name) const;
 
+    /// Makes a window that is never shown the owner of a selection.
+    void takeSelection(std::string_view name) const;
+
     /// The window that has the keyboard.
     xcb_window_t focus() const;
 

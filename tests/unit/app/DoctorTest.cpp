@@ -121,6 +121,28 @@ TEST(DoctorTest, NothingIsCalledGrantedUnderXWayland) {
     EXPECT_THAT(report.output, HasSubstr("[limited] Hot key: It is heard only while"));
 }
 
+TEST(DoctorTest, ACompositorThatLetsProgramsClickIsADesktop) {
+    DesktopFacts desktop = goodDesktop;
+    desktop.displayServer = DisplayServer::wayland;
+    desktop.isWaylandSession = true;
+    const auto report = diagnose(desktop);
+    EXPECT_EQ(report.result, CommandResult::done);
+    EXPECT_THAT(report.output, HasSubstr("[ok]      Display: Corvane is in a Wayland session"));
+    EXPECT_THAT(report.output, HasSubstr("[ok]      Hot key: "));
+}
+
+TEST(DoctorTest, ACompositorMayHaveNeitherHotKeysNorWindowsForPrograms) {
+    DesktopFacts desktop = goodDesktop;
+    desktop.displayServer = DisplayServer::wayland;
+    desktop.hotKey = HotKeyState::notOffered;
+    desktop.windowManager = "";
+    const auto report = diagnose(desktop);
+    EXPECT_EQ(report.result, CommandResult::done);
+    EXPECT_THAT(report.output, HasSubstr("[limited] Hot key: This compositor gives"));
+    EXPECT_THAT(report.output, HasSubstr("corvane toggle"));
+    EXPECT_THAT(report.output, HasSubstr("[limited] Windows: This compositor tells"));
+}
+
 TEST(DoctorTest, AnXServerInsideAWaylandSessionReachesOnlyItsOwn) {
     DesktopFacts desktop = goodDesktop;
     desktop.isWaylandSession = true;

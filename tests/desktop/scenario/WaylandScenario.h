@@ -1,0 +1,44 @@
+#pragma once
+
+#include "CorvaneProcess.h"
+#include "Settings.h"
+#include "WaylandClient.h"
+#include "WaylandDesktop.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace corvane::desktop {
+
+/// What a user sees of Corvane in a Wayland session, told on standard output.
+class WaylandScenario {
+  public:
+    /// Pictures of the desktop go to `pictures`, which is made where missing.
+    explicit WaylandScenario(std::filesystem::path pictures);
+
+    /// Plays both acts; whether everything went as it should.
+    bool play();
+
+  private:
+    /// Clicks at the pointer until the limit.
+    void playLimitedRun();
+    /// Clicks in a zone that follows its window.
+    void playAnchoredZone();
+
+    std::unique_ptr<CorvaneProcess> start(const Settings &settings);
+    void end(CorvaneProcess &corvane);
+    bool waitForMoreClicks(int count) const;
+    bool staysQuiet() const;
+    void takePicture(const std::string &name) const;
+
+    /// Tells whether it is so; the scenario fails if not.
+    void expect(bool isSo, const std::string &what);
+
+    const std::filesystem::path pictures_;
+    WaylandDesktop desktop_;
+    WaylandClient client_{desktop_};
+    bool isAsItShould_ = true;
+};
+
+} // namespace corvane::desktop
