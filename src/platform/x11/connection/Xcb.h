@@ -3,9 +3,16 @@
 #include <xcb/xcb.h>
 
 // The header has a field named `explicit`, which is a keyword of C++.
+#ifdef __clang__
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
 #define explicit explicitField // NOLINT
 #include <xcb/xkb.h>
 #undef explicit
+#ifdef __clang__
+#pragma clang diagnostic pop
+#endif
 
 #include <cstdlib>
 #include <memory>
