@@ -150,6 +150,22 @@ TEST_F(LinuxMouseEventsTest, PressesTheLogicalLeftButtonOfALeftHandedUser) {
     EXPECT_EQ(user_.pointerMapping(), rightHanded);
 }
 
+TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseWhenTheUserChangesHandsRightBeforeThePress) {
+    const auto rightHanded = user_.pointerMapping();
+    auto leftHanded = rightHanded;
+    std::swap(leftHanded.at(0), leftHanded.at(2));
+    const auto session = mouseEvents_.openSession();
+    const auto source = session->createEventSource();
+    const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
+    const auto up = source->createMouseEvent(MouseEventType::leftMouseUp, {120, 80});
+    user_.setPointerMapping(leftHanded);
+    down->post();
+    EXPECT_TRUE(session->readyPosition());
+    up->post();
+    EXPECT_TRUE(session->readyPosition());
+    user_.setPointerMapping(rightHanded);
+}
+
 TEST_F(LinuxMouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
     const auto mapping = user_.pointerMapping();
     auto withoutLeft = mapping;

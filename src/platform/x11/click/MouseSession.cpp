@@ -24,6 +24,11 @@ bool isLeftButtonDown(const xcb_query_pointer_reply_t &reply) {
     return (reply.mask & XCB_BUTTON_MASK_1) != 0;
 }
 
+bool isAnyButtonDown(const xcb_query_pointer_reply_t &reply) {
+    return (reply.mask & (XCB_BUTTON_MASK_1 | XCB_BUTTON_MASK_2 | XCB_BUTTON_MASK_3 |
+                          XCB_BUTTON_MASK_4 | XCB_BUTTON_MASK_5)) != 0;
+}
+
 /// Presses or releases a button wherever the cursor is: the program never moves it.
 class FakeButtonEvent : public platform::MouseEvent {
   public:
@@ -108,7 +113,8 @@ void MouseSession::sendButton(std::uint8_t type, std::uint8_t button) const {
 }
 
 /// The server carries out requests in order: when it replies, the session's own events have changed
-/// the button, unless they wait for the end of a grab.
+/// the button, unless they wait for the end of a grab. The pressed button counts as another one
+/// when the user has changed the mapping just before the press; it must be released all the same.
 std::optional<Point> MouseSession::readyPosition() {
     if (!ensureUsable()) {
         return std::nullopt;
@@ -116,7 +122,7 @@ std::optional<Point> MouseSession::readyPosition() {
     const auto request = pointerRequest_ ? *pointerRequest_ : queryPointer(*connection_);
     pointerRequest_.reset();
     const auto pointer = reply<xcb_query_pointer_reply>(connection_->get(), request);
-    if (!pointer || isLeftButtonDown(*pointer) != isPressed_) {
+    if (!pointer || (isPressed_ ? !isAnyButtonDown(*pointer) : isLeftButtonDown(*pointer))) {
         return std::nullopt;
     }
     return Point{static_cast<double>(pointer->root_x), static_cast<double>(pointer->root_y)};
