@@ -58,7 +58,7 @@ focus_follows_mouse no
 for_window [app_id=".*"] floating enable
 for_window [class=".*"] floating enable
 xwayland enable
-exec sh -c 'echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
+exec sh -c 'xhost +local:; echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
                                  variables.string() + "'\n" + settings + "\n");
     Environment environment = this->environment();
     environment["WLR_BACKENDS"] = "headless";
@@ -67,7 +67,8 @@ exec sh -c 'echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
     environment["WLR_HEADLESS_OUTPUTS"] = "2";
     std::vector<std::string> arguments{"sway", "-c", configuration};
     if (geteuid() == 0) {
-        // sway refuses to be root; in a namespace of its own it is somebody else to itself.
+        // sway refuses to be root; in a namespace of its own it is somebody else to itself. To its
+        // Xwayland the tests are another user, whom xhost admits.
         arguments.insert(arguments.begin(), {"unshare", "--map-user=1000", "--map-group=1000"});
     }
     compositor_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
