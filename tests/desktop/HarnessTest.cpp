@@ -17,7 +17,7 @@ namespace corvane::desktop {
 
 namespace {
 
-TEST(Harness, clickClientNotesTheClicksOfTheMouse) {
+TEST(HarnessTest, ClickClientNotesTheClicksOfTheMouse) {
     const VirtualDesktop desktop;
     ClickClient client(desktop);
     const int window = client.open({.x = 200, .y = 150});
@@ -39,7 +39,7 @@ TEST(Harness, clickClientNotesTheClicksOfTheMouse) {
     EXPECT_LE(events[0].nanoseconds, events[3].nanoseconds);
 }
 
-TEST(Harness, processesEndWithTheTest) {
+TEST(HarnessTest, ProcessesEndWithTheTest) {
     std::optional<pid_t> pid;
     {
         const VirtualDesktop desktop({.windowManager = WindowManager::none});
@@ -48,7 +48,7 @@ TEST(Harness, processesEndWithTheTest) {
     EXPECT_NE(kill(*pid, 0), 0);
 }
 
-TEST(Harness, windowsMoveOnCommand) {
+TEST(HarnessTest, WindowsMoveOnCommand) {
     const VirtualDesktop desktop;
     ClickClient client(desktop);
     const int window = client.open({.x = 200, .y = 150});
@@ -57,7 +57,7 @@ TEST(Harness, windowsMoveOnCommand) {
     EXPECT_EQ(client.position(window), (Position{before.x + 123, before.y + 45}));
 }
 
-TEST(Harness, screenshotShowsTheDesktop) {
+TEST(HarnessTest, ScreenshotShowsTheDesktop) {
     VirtualDesktop desktop({.windowManager = WindowManager::none});
     const auto isWhite = [](Pixel pixel) { return pixel == Pixel{255, 255, 255}; };
     EXPECT_EQ(Screenshot(desktop.connection()).count({200, 200}, 10, isWhite), 0);
@@ -71,19 +71,19 @@ TEST(Harness, screenshotShowsTheDesktop) {
     EXPECT_GT(std::filesystem::file_size(picture), 100);
 }
 
-TEST(Harness, compositorAndPanelStart) {
+TEST(HarnessTest, CompositorAndPanelStart) {
     VirtualDesktop desktop({.hasCompositor = true, .hasPanel = true});
     desktop.stopCompositor();
     desktop.startCompositor();
 }
 
-TEST(Harness, serverDoesWithoutAnExtension) {
+TEST(HarnessTest, ServerDoesWithoutAnExtension) {
     const VirtualDesktop desktop(
         {.windowManager = WindowManager::none, .withoutExtensions = {"XTEST"}});
     EXPECT_EQ(desktop.run({"xdpyinfo"}).find("XTEST"), std::string::npos);
 }
 
-TEST(Harness, keyboardFollowsTheLayout) {
+TEST(HarnessTest, KeyboardFollowsTheLayout) {
     const VirtualDesktop desktop({.windowManager = WindowManager::none});
     const Keyboard keyboard(desktop.connection());
     EXPECT_EQ(keyboard.keyOf(XK_y), Keyboard::physicalY);
@@ -91,7 +91,7 @@ TEST(Harness, keyboardFollowsTheLayout) {
     EXPECT_EQ(keyboard.keyOf(XK_y), Keyboard::physicalZ);
 }
 
-TEST(Harness, mountsAreSeenByTheProgramAlone) {
+TEST(HarnessTest, MountsAreSeenByTheProgramAlone) {
     const VirtualDesktop desktop({.windowManager = WindowManager::none});
     const std::filesystem::path place = desktop.folder() / "place.txt";
     const std::filesystem::path instead = desktop.folder() / "instead.txt";
@@ -117,7 +117,7 @@ TEST(Harness, mountsAreSeenByTheProgramAlone) {
     EXPECT_TRUE(std::filesystem::is_empty(tiny));
 }
 
-TEST(Harness, processesTellHowTheyEnded) {
+TEST(HarnessTest, ProcessesTellHowTheyEnded) {
     const VirtualDesktop desktop({.windowManager = WindowManager::none});
     const auto sleeper = desktop.start({"sleep", "1000"});
     EXPECT_TRUE(sleeper->isRunning());

@@ -14,7 +14,7 @@ namespace corvane::contract {
 
 namespace {
 
-class LinuxLoginItemTest : public testing::Test {
+class LoginItemTest : public testing::Test {
   protected:
     static std::string entryWith(const std::string &lines) {
         return "# made by hand\n[Desktop Entry]\nType=Application\nExec=/bin/sh\n" + lines;
@@ -37,9 +37,9 @@ class LinuxLoginItemTest : public testing::Test {
     freedesktop::LoginItem item_{files_, config_.path(), "/bin/sh"};
 };
 
-TEST_F(LinuxLoginItemTest, IsOffWithoutAnEntry) { EXPECT_FALSE(item_.isEnabled()); }
+TEST_F(LoginItemTest, IsOffWithoutAnEntry) { EXPECT_FALSE(item_.isEnabled()); }
 
-TEST_F(LinuxLoginItemTest, WritesAnEntryThatStartsTheProgram) {
+TEST_F(LoginItemTest, WritesAnEntryThatStartsTheProgram) {
     ASSERT_TRUE(item_.registerItem().has_value());
     EXPECT_TRUE(item_.isEnabled());
     EXPECT_EQ(readEntry(), "[Desktop Entry]\n"
@@ -51,7 +51,7 @@ TEST_F(LinuxLoginItemTest, WritesAnEntryThatStartsTheProgram) {
                            "Terminal=false\n");
 }
 
-TEST_F(LinuxLoginItemTest, RemovesTheEntry) {
+TEST_F(LoginItemTest, RemovesTheEntry) {
     ASSERT_TRUE(item_.registerItem().has_value());
     ASSERT_TRUE(item_.unregisterItem().has_value());
     EXPECT_FALSE(item_.isEnabled());
@@ -59,7 +59,7 @@ TEST_F(LinuxLoginItemTest, RemovesTheEntry) {
     EXPECT_TRUE(item_.unregisterItem().has_value());
 }
 
-TEST_F(LinuxLoginItemTest, AnEntryTheDesktopPassesOverIsOff) {
+TEST_F(LoginItemTest, AnEntryTheDesktopPassesOverIsOff) {
     writeEntry(entryWith(""));
     EXPECT_TRUE(item_.isEnabled());
     for (const char *line : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n",
@@ -71,7 +71,7 @@ TEST_F(LinuxLoginItemTest, AnEntryTheDesktopPassesOverIsOff) {
     EXPECT_TRUE(item_.isEnabled());
 }
 
-TEST_F(LinuxLoginItemTest, AFileThatIsNoEntryIsOff) {
+TEST_F(LoginItemTest, AFileThatIsNoEntryIsOff) {
     for (const char *content : {"", "\xff\xfe\n", "Type=Application\nExec=/bin/sh\n",
                                 "[Desktop Entry]\nType=Application\n"}) {
         writeEntry(content);
@@ -79,13 +79,13 @@ TEST_F(LinuxLoginItemTest, AFileThatIsNoEntryIsOff) {
     }
 }
 
-TEST_F(LinuxLoginItemTest, RegisteringSwitchesAHiddenEntryOn) {
+TEST_F(LoginItemTest, RegisteringSwitchesAHiddenEntryOn) {
     writeEntry(entryWith("Hidden=true\n"));
     ASSERT_TRUE(item_.registerItem().has_value());
     EXPECT_TRUE(item_.isEnabled());
 }
 
-TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
+TEST_F(LoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
     const auto odd = config_.path() / R"(a "b" $c `d` \e 100%)";
     std::filesystem::copy_file("/bin/sh", odd);
     freedesktop::LoginItem item(files_, config_.path(), odd);
@@ -101,7 +101,7 @@ TEST_F(LinuxLoginItemTest, QuotesAPathAsDesktopFilesWantIt) {
     EXPECT_TRUE(item.isEnabled());
 }
 
-TEST_F(LinuxLoginItemTest, ReportsWhyItCannotBeChanged) {
+TEST_F(LoginItemTest, ReportsWhyItCannotBeChanged) {
     std::ofstream(config_.path() / "autostart") << "a file in the directory's place";
     const auto refused = item_.registerItem();
     ASSERT_FALSE(refused.has_value());
@@ -109,7 +109,7 @@ TEST_F(LinuxLoginItemTest, ReportsWhyItCannotBeChanged) {
     EXPECT_FALSE(item_.isEnabled());
 }
 
-TEST_F(LinuxLoginItemTest, ReportsAnEntryThatCannotBeRemoved) {
+TEST_F(LoginItemTest, ReportsAnEntryThatCannotBeRemoved) {
     std::filesystem::create_directories(entryFile_ / "occupied");
     EXPECT_FALSE(item_.unregisterItem().has_value());
 }

@@ -36,14 +36,14 @@ std::set<std::optional<std::string>> titlesOf(platform::Platform &platform,
     return titles;
 }
 
-TEST(LinuxAccessibilityTest, AServerThatTakesPressesIsTrustedWithoutAWord) {
+TEST(AccessibilityTest, AServerThatTakesPressesIsTrustedWithoutAWord) {
     LinuxBackEnd backEnd;
     EXPECT_TRUE(backEnd.platform().accessibility().isProcessTrusted());
     EXPECT_TRUE(backEnd.platform().accessibility().isProcessTrustedWithPrompt());
     EXPECT_EQ(guides(), 0);
 }
 
-TEST(LinuxAccessibilityTest, AServerThatTakesNoneIsExplainedOnRequest) {
+TEST(AccessibilityTest, AServerThatTakesNoneIsExplainedOnRequest) {
     const desktop::VirtualDesktop desktop(
         {.windowManager = desktop::WindowManager::none, .withoutExtensions = {"XTEST"}});
     const EnvironmentVariable display("DISPLAY", desktop.display());
@@ -58,7 +58,7 @@ TEST(LinuxAccessibilityTest, AServerThatTakesNoneIsExplainedOnRequest) {
     EXPECT_EQ(guides(), 1);
 }
 
-TEST(LinuxAccessibilityTest, TheWindowsOfAnApplicationAreThoseOfAllItsProcesses) {
+TEST(AccessibilityTest, TheWindowsOfAnApplicationAreThoseOfAllItsProcesses) {
     const desktop::VirtualDesktop desktop;
     const EnvironmentVariable display("DISPLAY", desktop.display());
     desktop::ClickClient older(desktop);
@@ -73,7 +73,7 @@ TEST(LinuxAccessibilityTest, TheWindowsOfAnApplicationAreThoseOfAllItsProcesses)
     }));
 }
 
-TEST(LinuxAccessibilityTest, TheSettingsPageOpensTheGuide) {
+TEST(AccessibilityTest, TheSettingsPageOpensTheGuide) {
     LinuxBackEnd backEnd;
     backEnd.platform().accessibility().openSettings();
     EXPECT_EQ(guides(), 1);

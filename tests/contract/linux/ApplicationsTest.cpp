@@ -20,9 +20,9 @@ namespace {
 using desktop::ClickClient;
 using platform::RunningApplication;
 
-class LinuxApplicationsTest : public WindowSystemTest {
+class ApplicationsTest : public WindowSystemTest {
   protected:
-    LinuxApplicationsTest() : WindowSystemTest({}) {
+    ApplicationsTest() : WindowSystemTest({}) {
         desktop::writeFile(folder_.path() / "org.example.editor.desktop",
                            "[Desktop Entry]\nType=Application\nName=Example Editor\n"
                            "Exec=example-editor %F\nStartupWMClass=Editor\n");
@@ -38,14 +38,14 @@ class LinuxApplicationsTest : public WindowSystemTest {
     linux::Applications applications_{windows_, freedesktop::DesktopEntries({folder_.path()}, "C")};
 };
 
-TEST_F(LinuxApplicationsTest, AProcessWithoutWindowsIsNoApplication) {
+TEST_F(ApplicationsTest, AProcessWithoutWindowsIsNoApplication) {
     EXPECT_EQ(applications_.running(1), std::nullopt);
     EXPECT_EQ(applications_.running(std::numeric_limits<std::int32_t>::max()), std::nullopt);
     EXPECT_EQ(applications_.running(0), std::nullopt);
     EXPECT_EQ(applications_.running(-1), std::nullopt);
 }
 
-TEST_F(LinuxApplicationsTest, TheDesktopFileNamesTheApplication) {
+TEST_F(ApplicationsTest, TheDesktopFileNamesTheApplication) {
     ClickClient client(desktop_);
     client.open({.className = "Editor"});
     ASSERT_TRUE(turnUntilRunning(client.pid()));
@@ -55,7 +55,7 @@ TEST_F(LinuxApplicationsTest, TheDesktopFileNamesTheApplication) {
     EXPECT_EQ(applications_.displayName("org.example.editor"), "Example Editor");
 }
 
-TEST_F(LinuxApplicationsTest, WithoutADesktopFileTheClassDoes) {
+TEST_F(ApplicationsTest, WithoutADesktopFileTheClassDoes) {
     ClickClient client(desktop_);
     client.open({.className = "Homemade"});
     ASSERT_TRUE(turnUntilRunning(client.pid()));
@@ -64,7 +64,7 @@ TEST_F(LinuxApplicationsTest, WithoutADesktopFileTheClassDoes) {
     EXPECT_EQ(applications_.displayName("Homemade"), std::nullopt);
 }
 
-TEST_F(LinuxApplicationsTest, AWindowWithoutAClassHasNoIdentifier) {
+TEST_F(ApplicationsTest, AWindowWithoutAClassHasNoIdentifier) {
     ClickClient client(desktop_);
     client.open({.className = ""});
     ASSERT_TRUE(turnUntilRunning(client.pid()));
@@ -72,7 +72,7 @@ TEST_F(LinuxApplicationsTest, AWindowWithoutAClassHasNoIdentifier) {
     EXPECT_TRUE(applications_.running("").empty());
 }
 
-TEST_F(LinuxApplicationsTest, ProcessesWithOneIdentifierAreOneApplication) {
+TEST_F(ApplicationsTest, ProcessesWithOneIdentifierAreOneApplication) {
     ClickClient first(desktop_);
     ClickClient second(desktop_);
     second.open({.className = "Editor"});
@@ -89,7 +89,7 @@ TEST_F(LinuxApplicationsTest, ProcessesWithOneIdentifierAreOneApplication) {
     EXPECT_EQ(applications_.processesWith(another.pid()), std::set{another.pid()});
 }
 
-TEST_F(LinuxApplicationsTest, AnApplicationRunsWhileItsWindowsAreHidden) {
+TEST_F(ApplicationsTest, AnApplicationRunsWhileItsWindowsAreHidden) {
     ClickClient client(desktop_);
     const auto window = client.windowId(client.open({.className = "Homemade"}));
     ASSERT_TRUE(turnUntilRunning(client.pid()));
@@ -103,7 +103,7 @@ TEST_F(LinuxApplicationsTest, AnApplicationRunsWhileItsWindowsAreHidden) {
     EXPECT_TRUE(applications_.running("Unknown").empty());
 }
 
-TEST_F(LinuxApplicationsTest, AProcessIsOneInstanceHoweverManyWindowsItHas) {
+TEST_F(ApplicationsTest, AProcessIsOneInstanceHoweverManyWindowsItHas) {
     ClickClient client(desktop_);
     client.open({.title = "One", .className = "Editor"});
     client.open({.title = "Two", .className = "Editor"});
@@ -111,7 +111,7 @@ TEST_F(LinuxApplicationsTest, AProcessIsOneInstanceHoweverManyWindowsItHas) {
     EXPECT_EQ(applications_.running("org.example.editor").size(), 1U);
 }
 
-TEST_F(LinuxApplicationsTest, AnApplicationThatHasEndedRunsNoMore) {
+TEST_F(ApplicationsTest, AnApplicationThatHasEndedRunsNoMore) {
     auto client = std::make_unique<ClickClient>(desktop_);
     client->open({.className = "Editor"});
     ASSERT_TRUE(turnUntilRunning(client->pid()));
@@ -119,7 +119,7 @@ TEST_F(LinuxApplicationsTest, AnApplicationThatHasEndedRunsNoMore) {
     EXPECT_TRUE(turnUntil([this] { return applications_.running("org.example.editor").empty(); }));
 }
 
-TEST_F(LinuxApplicationsTest, TheProgramsOwnWindowsAreItsOwn) {
+TEST_F(ApplicationsTest, TheProgramsOwnWindowsAreItsOwn) {
     const SampleWindow window(desktop_.connection());
     window.setText("WM_CLASS", "STRING", std::string_view("editor\0Editor\0", 14));
     window.map();

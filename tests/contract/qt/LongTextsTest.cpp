@@ -100,7 +100,7 @@ class LongTextsTest : public SettingsWindowTest,
 
 } // namespace
 
-TEST_P(LongTextsTest, aZoneThatFollowsAWindow) {
+TEST_P(LongTextsTest, AZoneThatFollowsAWindow) {
     config.zoneRect = CodableRect{1260, 1180, 1320, 1200};
     config.windowAnchor = WindowAnchor{"org.gnome.TextEditor", "Notes", {40, 60, 320, 200}};
     config.clickRate = 1;
@@ -108,7 +108,7 @@ TEST_P(LongTextsTest, aZoneThatFollowsAWindow) {
     open();
 }
 
-TEST_P(LongTextsTest, theWindowKeepsItsWidth) {
+TEST_P(LongTextsTest, TheWindowKeepsItsWidth) {
     config.zoneRect = CodableRect{1260, 1180, 1320, 1200};
     config.timeUnit = TimeUnit::minutes;
     open();
@@ -120,25 +120,25 @@ TEST_P(LongTextsTest, theWindowKeepsItsWidth) {
     }
 }
 
-TEST_P(LongTextsTest, noZone) {
+TEST_P(LongTextsTest, NoZone) {
     open();
     EXPECT_EQ(cutTexts(screenWindow()), "");
 }
 
-TEST_P(LongTextsTest, noProfiles) { open("profiles"); }
+TEST_P(LongTextsTest, NoProfiles) { open("profiles"); }
 
-TEST_P(LongTextsTest, twoProfiles) {
+TEST_P(LongTextsTest, TwoProfiles) {
     profiles = {Profile::fromConfig("Evening game", config),
                 Profile::fromConfig("Keep awake", config)};
     open("profiles");
 }
 
-TEST_P(LongTextsTest, theProgramItself) {
+TEST_P(LongTextsTest, TheProgramItself) {
     open("about");
     EXPECT_EQ(cutTexts(screenWindow()), "");
 }
 
-TEST_P(LongTextsTest, alerts) {
+TEST_P(LongTextsTest, Alerts) {
     const std::vector<Alert> alerts = {
         {.messageText = localised("Anchor to window?"),
          .informativeText = localisedFormat("Anchor zone to \"%@\" (%@)? The zone will follow the "
@@ -171,7 +171,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, LongTextsTest,
                          });
 
 /// The measure itself must find what is cut.
-TEST(CutTextsTest, findsALabelWithoutRoom) {
+TEST(CutTextsTest, FindsALabelWithoutRoom) {
     QWidget window;
     QLabel label(u"a text that needs its room"_s, &window);
     window.resize(400, 100);

@@ -25,14 +25,14 @@ constexpr std::uint16_t combination = XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT;
 constexpr platform::HotKeyStatus badValue = 2;
 constexpr platform::HotKeyStatus badAccess = 10;
 
-class LinuxHotKeysTest : public testing::Test {
+class HotKeysTest : public testing::Test {
   protected:
-    LinuxHotKeysTest() {
+    HotKeysTest() {
         setLayouts("us");
         settle(events_);
     }
 
-    ~LinuxHotKeysTest() override {
+    ~HotKeysTest() override {
         user_.lockModifiers(0xFF, false);
         user_.lockLayout(0);
     }
@@ -61,9 +61,9 @@ class LinuxHotKeysTest : public testing::Test {
     std::unique_ptr<HotKeyReference> key_;
 };
 
-TEST_F(LinuxHotKeysTest, NamesItsMechanism) { EXPECT_EQ(hotKeys_.mechanism(), "X11"); }
+TEST_F(HotKeysTest, NamesItsMechanism) { EXPECT_EQ(hotKeys_.mechanism(), "X11"); }
 
-TEST_F(LinuxHotKeysTest, HearsOnlyTheWholeCombination) {
+TEST_F(HotKeysTest, HearsOnlyTheWholeCombination) {
     registerKey();
     EXPECT_EQ(pressesOf(americanY), 1);
     EXPECT_EQ(pressesOf(germanY), 0);
@@ -74,7 +74,7 @@ TEST_F(LinuxHotKeysTest, HearsOnlyTheWholeCombination) {
     EXPECT_EQ(presses_, 1);
 }
 
-TEST_F(LinuxHotKeysTest, HearsItWhateverLocksAreOn) {
+TEST_F(HotKeysTest, HearsItWhateverLocksAreOn) {
     registerKey();
     constexpr std::uint8_t capsLock = XCB_MOD_MASK_LOCK;
     constexpr std::uint8_t numLock = XCB_MOD_MASK_2;
@@ -86,7 +86,7 @@ TEST_F(LinuxHotKeysTest, HearsItWhateverLocksAreOn) {
     }
 }
 
-TEST_F(LinuxHotKeysTest, HoldingTheKeyIsOnePress) {
+TEST_F(HotKeysTest, HoldingTheKeyIsOnePress) {
     registerKey();
     user_.keyboard().press(superKey);
     user_.keyboard().press(shiftKey);
@@ -107,21 +107,21 @@ TEST_F(LinuxHotKeysTest, HoldingTheKeyIsOnePress) {
     EXPECT_EQ(pressesOf(americanY), 1);
 }
 
-TEST_F(LinuxHotKeysTest, TakesTheKeyThatCarriesTheLetter) {
+TEST_F(HotKeysTest, TakesTheKeyThatCarriesTheLetter) {
     setLayouts("de");
     registerKey();
     EXPECT_EQ(pressesOf(germanY), 1);
     EXPECT_EQ(pressesOf(americanY), 0);
 }
 
-TEST_F(LinuxHotKeysTest, TakesThePlaceOfTheLetterUnderALayoutWithoutIt) {
+TEST_F(HotKeysTest, TakesThePlaceOfTheLetterUnderALayoutWithoutIt) {
     setLayouts("ru");
     registerKey();
     EXPECT_EQ(pressesOf(americanY), 1);
     EXPECT_EQ(pressesOf(germanY), 0);
 }
 
-TEST_F(LinuxHotKeysTest, FollowsAnotherKeyboardMap) {
+TEST_F(HotKeysTest, FollowsAnotherKeyboardMap) {
     registerKey();
     setLayouts("de");
     settle(events_);
@@ -133,7 +133,7 @@ TEST_F(LinuxHotKeysTest, FollowsAnotherKeyboardMap) {
     EXPECT_EQ(pressesOf(americanY), 1);
 }
 
-TEST_F(LinuxHotKeysTest, FollowsTheActiveLayout) {
+TEST_F(HotKeysTest, FollowsTheActiveLayout) {
     setLayouts("us,de,ru");
     registerKey();
     EXPECT_EQ(pressesOf(americanY), 1);
@@ -147,7 +147,7 @@ TEST_F(LinuxHotKeysTest, FollowsTheActiveLayout) {
     EXPECT_EQ(pressesOf(germanY), 0);
 }
 
-TEST_F(LinuxHotKeysTest, IsRefusedWhileAnotherProgramHasIt) {
+TEST_F(HotKeysTest, IsRefusedWhileAnotherProgramHasIt) {
     XClient other;
     ASSERT_EQ(other.grabKey(americanY, combination), 0);
 
@@ -160,7 +160,7 @@ TEST_F(LinuxHotKeysTest, IsRefusedWhileAnotherProgramHasIt) {
     EXPECT_EQ(pressesOf(americanY), 1);
 }
 
-TEST_F(LinuxHotKeysTest, ARefusalLeavesNoCombinationTaken) {
+TEST_F(HotKeysTest, ARefusalLeavesNoCombinationTaken) {
     XClient other;
     ASSERT_EQ(other.grabKey(americanY, combination | XCB_MOD_MASK_LOCK), 0);
     ASSERT_FALSE(hotKeys_.registerHotKey(commandShiftY).has_value());
@@ -168,7 +168,7 @@ TEST_F(LinuxHotKeysTest, ARefusalLeavesNoCombinationTaken) {
     EXPECT_EQ(other.grabKey(americanY, combination), 0);
 }
 
-TEST_F(LinuxHotKeysTest, IsGivenBackWithItsReference) {
+TEST_F(HotKeysTest, IsGivenBackWithItsReference) {
     registerKey();
     XClient other;
     EXPECT_EQ(other.grabKey(americanY, combination), badAccess);
@@ -178,7 +178,7 @@ TEST_F(LinuxHotKeysTest, IsGivenBackWithItsReference) {
     EXPECT_EQ(other.grabKey(americanY, combination), 0);
 }
 
-TEST_F(LinuxHotKeysTest, ComesBackWithALayoutUnderWhichItIsFree) {
+TEST_F(HotKeysTest, ComesBackWithALayoutUnderWhichItIsFree) {
     registerKey();
     XClient other;
     ASSERT_EQ(other.grabKey(germanY, combination), 0);
@@ -190,13 +190,13 @@ TEST_F(LinuxHotKeysTest, ComesBackWithALayoutUnderWhichItIsFree) {
     EXPECT_EQ(pressesOf(americanY), 1);
 }
 
-TEST_F(LinuxHotKeysTest, APressWithoutAHandlerIsIgnored) {
+TEST_F(HotKeysTest, APressWithoutAHandlerIsIgnored) {
     registerKey();
     handler_.reset();
     EXPECT_EQ(pressesOf(americanY), 0);
 }
 
-TEST_F(LinuxHotKeysTest, RefusesAKeyTheKeyboardHasNot) {
+TEST_F(HotKeysTest, RefusesAKeyTheKeyboardHasNot) {
     HotKey unknown = commandShiftY;
     unknown.letter = 0;
     const auto refused = hotKeys_.registerHotKey(unknown);

@@ -17,7 +17,7 @@ namespace {
 
 using platform::MouseEventType;
 
-class LinuxMouseEventsTest : public testing::Test {
+class MouseEventsTest : public testing::Test {
   protected:
     void SetUp() override {
         user_.coverScreen();
@@ -77,20 +77,20 @@ class LinuxMouseEventsTest : public testing::Test {
     x11::MouseEvents mouseEvents_{*server_};
 };
 
-TEST_F(LinuxMouseEventsTest, AnotherProgramSeesPressAndRelease) {
+TEST_F(MouseEventsTest, AnotherProgramSeesPressAndRelease) {
     const auto session = mouseEvents_.openSession();
     click(*session);
     expectLeftClick();
 }
 
-TEST_F(LinuxMouseEventsTest, ReadsTheCursorInRootPixels) {
+TEST_F(MouseEventsTest, ReadsTheCursorInRootPixels) {
     const auto session = mouseEvents_.openSession();
     EXPECT_EQ(session->readyPosition(), (Point{120, 80}));
     user_.pointer().moveTo({0, 0});
     EXPECT_EQ(session->readyPosition(), (Point{0, 0}));
 }
 
-TEST_F(LinuxMouseEventsTest, IsNotReadyWhileTheUserHoldsTheButton) {
+TEST_F(MouseEventsTest, IsNotReadyWhileTheUserHoldsTheButton) {
     const auto session = mouseEvents_.openSession();
     EXPECT_TRUE(session->readyPosition());
     user_.pointer().press(1);
@@ -99,7 +99,7 @@ TEST_F(LinuxMouseEventsTest, IsNotReadyWhileTheUserHoldsTheButton) {
     EXPECT_TRUE(session->readyPosition());
 }
 
-TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseOnceThePressBehindAGrabIsLetThrough) {
+TEST_F(MouseEventsTest, IsReadyForTheReleaseOnceThePressBehindAGrabIsLetThrough) {
     const auto session = mouseEvents_.openSession();
     const auto source = session->createEventSource();
     const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
@@ -114,7 +114,7 @@ TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseOnceThePressBehindAGrabIsLetThr
     EXPECT_TRUE(session->readyPosition());
 }
 
-TEST_F(LinuxMouseEventsTest, IsNotReadyForAPressWhileAGrabHoldsTheReleaseUp) {
+TEST_F(MouseEventsTest, IsNotReadyForAPressWhileAGrabHoldsTheReleaseUp) {
     const auto session = mouseEvents_.openSession();
     const auto source = session->createEventSource();
     source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80})->post();
@@ -126,7 +126,7 @@ TEST_F(LinuxMouseEventsTest, IsNotReadyForAPressWhileAGrabHoldsTheReleaseUp) {
     EXPECT_TRUE(session->readyPosition());
 }
 
-TEST_F(LinuxMouseEventsTest, APressNobodyAsksAboutIsFollowedByOthers) {
+TEST_F(MouseEventsTest, APressNobodyAsksAboutIsFollowedByOthers) {
     const auto session = mouseEvents_.openSession();
     for (int count = 0; count < 3; ++count) {
         click(*session);
@@ -134,7 +134,7 @@ TEST_F(LinuxMouseEventsTest, APressNobodyAsksAboutIsFollowedByOthers) {
     }
 }
 
-TEST_F(LinuxMouseEventsTest, PressesTheLogicalLeftButtonOfALeftHandedUser) {
+TEST_F(MouseEventsTest, PressesTheLogicalLeftButtonOfALeftHandedUser) {
     const auto rightHanded = user_.pointerMapping();
     auto leftHanded = rightHanded;
     std::swap(leftHanded.at(0), leftHanded.at(2));
@@ -150,7 +150,7 @@ TEST_F(LinuxMouseEventsTest, PressesTheLogicalLeftButtonOfALeftHandedUser) {
     EXPECT_EQ(user_.pointerMapping(), rightHanded);
 }
 
-TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseWhenTheUserChangesHandsRightBeforeThePress) {
+TEST_F(MouseEventsTest, IsReadyForTheReleaseWhenTheUserChangesHandsRightBeforeThePress) {
     const auto rightHanded = user_.pointerMapping();
     auto leftHanded = rightHanded;
     std::swap(leftHanded.at(0), leftHanded.at(2));
@@ -166,7 +166,7 @@ TEST_F(LinuxMouseEventsTest, IsReadyForTheReleaseWhenTheUserChangesHandsRightBef
     user_.setPointerMapping(rightHanded);
 }
 
-TEST_F(LinuxMouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
+TEST_F(MouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
     const auto mapping = user_.pointerMapping();
     auto withoutLeft = mapping;
     std::ranges::replace(withoutLeft, 1, 0);
@@ -181,7 +181,7 @@ TEST_F(LinuxMouseEventsTest, MakesNothingWhereNoButtonIsTheLeftOne) {
     expectLeftClick();
 }
 
-TEST_F(LinuxMouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
+TEST_F(MouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
     const auto session = mouseEvents_.openSession();
     const auto source = session->createEventSource();
     const auto down = source->createMouseEvent(MouseEventType::leftMouseDown, {120, 80});
@@ -201,7 +201,7 @@ TEST_F(LinuxMouseEventsTest, ALostConnectionIsReplacedAndTheButtonReleased) {
     expectLeftClick();
 }
 
-TEST_F(LinuxMouseEventsTest, LeavesNothingOnTheServer) {
+TEST_F(MouseEventsTest, LeavesNothingOnTheServer) {
     for (int round = 0; round < 3; ++round) {
         const auto session = mouseEvents_.openSession();
         EXPECT_EQ(windowsWithRecord().size(), 1);
@@ -211,14 +211,14 @@ TEST_F(LinuxMouseEventsTest, LeavesNothingOnTheServer) {
     EXPECT_TRUE(windowsWithRecord().empty());
 }
 
-TEST_F(LinuxMouseEventsTest, MoreSessionsThanTheServerHasPlacesForClients) {
+TEST_F(MouseEventsTest, MoreSessionsThanTheServerHasPlacesForClients) {
     constexpr int places = 2100;
     for (int round = 0; round < places; ++round) {
         ASSERT_NE(mouseEvents_.openSession()->createEventSource(), nullptr);
     }
 }
 
-TEST_F(LinuxMouseEventsTest, WorksOnAThreadOfItsOwn) {
+TEST_F(MouseEventsTest, WorksOnAThreadOfItsOwn) {
     std::thread([this] {
         const auto session = mouseEvents_.openSession();
         click(*session);
@@ -226,7 +226,7 @@ TEST_F(LinuxMouseEventsTest, WorksOnAThreadOfItsOwn) {
     expectLeftClick();
 }
 
-TEST(LinuxMouseEventsWithoutServerTest, EveryOperationFails) {
+TEST(MouseEventsWithoutServerTest, EveryOperationFails) {
     const auto server = x11::XcbConnection::open().value();
     const EnvironmentVariable display("DISPLAY", ":65000");
     const auto session = x11::MouseEvents(*server).openSession();

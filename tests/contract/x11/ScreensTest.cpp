@@ -8,9 +8,9 @@ namespace {
 
 using platform::Screen;
 
-class LinuxScreensTest : public WindowSystemTest {
+class ScreensTest : public WindowSystemTest {
   protected:
-    LinuxScreensTest()
+    ScreensTest()
         : WindowSystemTest(
               {.width = 1600, .height = 900, .windowManager = desktop::WindowManager::none}) {}
 
@@ -27,11 +27,11 @@ class LinuxScreensTest : public WindowSystemTest {
     x11::Screens screens_{events_};
 };
 
-TEST_F(LinuxScreensTest, OneScreenStandsAtTheOrigin) {
+TEST_F(ScreensTest, OneScreenStandsAtTheOrigin) {
     EXPECT_EQ(screens_.screens(), (std::vector<Screen>{{{0, 0, 1600, 900}}}));
 }
 
-TEST_F(LinuxScreensTest, ThePrimaryMonitorComesFirstAndIsWhatHeightsAreCountedFrom) {
+TEST_F(ScreensTest, ThePrimaryMonitorComesFirstAndIsWhatHeightsAreCountedFrom) {
     addMonitor("left", "600/100x500/100+0+100", "screen");
     addMonitor("*right", "1000/100x900/100+600+0");
     EXPECT_TRUE(turnUntilScreensAre({{{600, 0, 1000, 900}}, {{0, 300, 600, 500}}}));
@@ -39,20 +39,20 @@ TEST_F(LinuxScreensTest, ThePrimaryMonitorComesFirstAndIsWhatHeightsAreCountedFr
     EXPECT_EQ(screens_.toScreenSpace({10, 20}), (Point{10, 880}));
 }
 
-TEST_F(LinuxScreensTest, ThePrimaryMonitorNeedNotStandAtTheTop) {
+TEST_F(ScreensTest, ThePrimaryMonitorNeedNotStandAtTheTop) {
     addMonitor("*main", "800/100x600/100+0+300", "screen");
     addMonitor("above", "800/100x300/100+0+0");
     EXPECT_TRUE(turnUntilScreensAre({{{0, -300, 800, 600}}, {{0, 300, 800, 300}}}));
 }
 
-TEST_F(LinuxScreensTest, MonitorsThatShowTheSameAreOneScreen) {
+TEST_F(ScreensTest, MonitorsThatShowTheSameAreOneScreen) {
     addMonitor("one", "800/100x900/100+0+0", "screen");
     addMonitor("copy", "800/100x900/100+0+0");
     addMonitor("other", "800/100x900/100+800+0");
     EXPECT_TRUE(turnUntilScreensAre({{{0, 0, 800, 900}}, {{800, 0, 800, 900}}}));
 }
 
-TEST_F(LinuxScreensTest, AMonitorMayGoAway) {
+TEST_F(ScreensTest, AMonitorMayGoAway) {
     addMonitor("left", "800/100x900/100+0+0", "screen");
     addMonitor("right", "800/100x900/100+800+0");
     ASSERT_TRUE(turnUntil([this] { return screens_.screens().size() == 2; }));
@@ -60,7 +60,7 @@ TEST_F(LinuxScreensTest, AMonitorMayGoAway) {
     EXPECT_TRUE(turnUntilScreensAre({{{0, 0, 800, 900}}}));
 }
 
-TEST_F(LinuxScreensTest, WithoutAMonitorInUseThereIsNoScreen) {
+TEST_F(ScreensTest, WithoutAMonitorInUseThereIsNoScreen) {
     desktop_.run({"xrandr", "--fb", "1600x900", "--output", "screen", "--off"});
     ASSERT_TRUE(turnUntilScreensAre({}));
     EXPECT_EQ(screens_.toRoot({1, 2, 3, 4}), (Rectangle{1, 2, 3, 4}));

@@ -51,7 +51,7 @@ Rectangle outerArea(const DisplayConnection &connection, xcb_window_t window) {
     return {double(area->x), double(area->y), area->width + border, area->height + border};
 }
 
-class LinuxWindowListTest : public EveryWindowManagerTest {
+class WindowListTest : public EveryWindowManagerTest {
   protected:
     Entries entries() { return list_.onScreenWindows().value(); }
 
@@ -74,7 +74,7 @@ class LinuxWindowListTest : public EveryWindowManagerTest {
     x11::WindowList list_{events_.connection()};
 };
 
-TEST_P(LinuxWindowListTest, TheFrontMostComesFirst) {
+TEST_P(WindowListTest, TheFrontMostComesFirst) {
     const SampleWindow one(connection());
     const SampleWindow other(connection());
     show(one, "One");
@@ -87,7 +87,7 @@ TEST_P(LinuxWindowListTest, TheFrontMostComesFirst) {
         turnUntil([this] { return names(entries()) == std::vector<std::string>{"Other", "One"}; }));
 }
 
-TEST_P(LinuxWindowListTest, BoundsAreThoseOfTheFrame) {
+TEST_P(WindowListTest, BoundsAreThoseOfTheFrame) {
     const SampleWindow window(connection(), {.x = 200, .y = 150, .width = 320, .height = 240});
     show(window, "Framed");
     EXPECT_TRUE(turnUntil([&] {
@@ -97,7 +97,7 @@ TEST_P(LinuxWindowListTest, BoundsAreThoseOfTheFrame) {
     }));
 }
 
-TEST_P(LinuxWindowListTest, AShadowThatTheProgramDrawsItselfDoesNotCount) {
+TEST_P(WindowListTest, AShadowThatTheProgramDrawsItselfDoesNotCount) {
     const SampleWindow window(connection(), {.width = 340, .height = 250});
     // No frame from the window manager, and a shadow of different widths.
     window.setNumbers("_MOTIF_WM_HINTS", "_MOTIF_WM_HINTS", {2, 0, 0, 0, 0});
@@ -108,7 +108,7 @@ TEST_P(LinuxWindowListTest, AShadowThatTheProgramDrawsItselfDoesNotCount) {
               (Rectangle{outer.x + 10, outer.y + 30, 310, 180}));
 }
 
-TEST_P(LinuxWindowListTest, AMovedWindowIsWhereItIsNow) {
+TEST_P(WindowListTest, AMovedWindowIsWhereItIsNow) {
     const SampleWindow window(connection());
     show(window, "Moved");
     const auto before = named(entries(), "Moved")->bounds;
@@ -119,7 +119,7 @@ TEST_P(LinuxWindowListTest, AMovedWindowIsWhereItIsNow) {
     }));
 }
 
-TEST_P(LinuxWindowListTest, WhatIsNotOnScreenIsLeftOut) {
+TEST_P(WindowListTest, WhatIsNotOnScreenIsLeftOut) {
     const SampleWindow stays(connection());
     show(stays, "Stays");
     const SampleWindow minimised(connection());
@@ -133,7 +133,7 @@ TEST_P(LinuxWindowListTest, WhatIsNotOnScreenIsLeftOut) {
     EXPECT_TRUE(named(entries(), "Stays"));
 }
 
-TEST_P(LinuxWindowListTest, WindowsOfOtherWorkspacesAreLeftOut) {
+TEST_P(WindowListTest, WindowsOfOtherWorkspacesAreLeftOut) {
     const SampleWindow elsewhere(connection());
     const SampleWindow everywhere(connection());
     show(elsewhere, "Elsewhere");
@@ -146,7 +146,7 @@ TEST_P(LinuxWindowListTest, WindowsOfOtherWorkspacesAreLeftOut) {
     EXPECT_TRUE(named(entries(), "Everywhere"));
 }
 
-TEST_P(LinuxWindowListTest, OnlyOrdinaryWindowsAreOnLayerZero) {
+TEST_P(WindowListTest, OnlyOrdinaryWindowsAreOnLayerZero) {
     const std::map<std::string, bool> isOrdinary{
         {"NORMAL", true}, {"DIALOG", true}, {"UTILITY", true}, {"DOCK", false}, {"SPLASH", false}};
     for (const auto &[type, isOnLayerZero] : isOrdinary) {
@@ -157,7 +157,7 @@ TEST_P(LinuxWindowListTest, OnlyOrdinaryWindowsAreOnLayerZero) {
     }
 }
 
-TEST_P(LinuxWindowListTest, TheDesktopItselfIsLeftOut) {
+TEST_P(WindowListTest, TheDesktopItselfIsLeftOut) {
     const SampleWindow background(connection());
     background.setAtoms("_NET_WM_WINDOW_TYPE", {"_NET_WM_WINDOW_TYPE_DESKTOP"});
     background.setTitle("Background");
@@ -167,7 +167,7 @@ TEST_P(LinuxWindowListTest, TheDesktopItselfIsLeftOut) {
     EXPECT_FALSE(named(entries(), "Background"));
 }
 
-TEST_P(LinuxWindowListTest, TheServerKnowsBetterWhoseWindowItIs) {
+TEST_P(WindowListTest, TheServerKnowsBetterWhoseWindowItIs) {
     ClickClient client(desktop_);
     client.open({.title = "Honest"});
     client.open({.title = "Lying", .pid = 1});
@@ -178,7 +178,7 @@ TEST_P(LinuxWindowListTest, TheServerKnowsBetterWhoseWindowItIs) {
     }
 }
 
-TEST_P(LinuxWindowListTest, TitlesAreValidText) {
+TEST_P(WindowListTest, TitlesAreValidText) {
     const SampleWindow window(connection());
     show(window, "First");
     window.setTitle("Broken \xFF\xC3 end");
@@ -191,7 +191,7 @@ TEST_P(LinuxWindowListTest, TitlesAreValidText) {
     EXPECT_TRUE(turnUntilListed("Grüße – 窓"));
 }
 
-TEST_P(LinuxWindowListTest, AVeryLongTitleIsCutButThere) {
+TEST_P(WindowListTest, AVeryLongTitleIsCutButThere) {
     const SampleWindow window(connection());
     show(window, "Short");
     window.setTitle(std::string(200000, 'x'));
@@ -201,7 +201,7 @@ TEST_P(LinuxWindowListTest, AVeryLongTitleIsCutButThere) {
     }));
 }
 
-TEST_P(LinuxWindowListTest, OldProgramsHaveTitlesToo) {
+TEST_P(WindowListTest, OldProgramsHaveTitlesToo) {
     const SampleWindow latin(connection());
     latin.setText("WM_NAME", "STRING",
                   "Stra\xDF"
@@ -214,7 +214,7 @@ TEST_P(LinuxWindowListTest, OldProgramsHaveTitlesToo) {
     EXPECT_TRUE(turnUntilListed("A Ω z"));
 }
 
-TEST_P(LinuxWindowListTest, WindowsMayVanishWhileTheyAreRead) {
+TEST_P(WindowListTest, WindowsMayVanishWhileTheyAreRead) {
     const SampleWindow stays(connection());
     show(stays, "Stays");
     std::atomic<bool> isOver = false;
@@ -238,7 +238,7 @@ TEST_P(LinuxWindowListTest, WindowsMayVanishWhileTheyAreRead) {
     vanishing.join();
 }
 
-INSTANTIATE_TEST_SUITE_P(All, LinuxWindowListTest, windowManagers, windowManagerName);
+INSTANTIATE_TEST_SUITE_P(All, WindowListTest, windowManagers, windowManagerName);
 
 /// Where nobody manages windows, those of the root are listed.
 class UnmanagedWindowListTest : public WindowSystemTest {

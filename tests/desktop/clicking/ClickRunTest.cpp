@@ -25,7 +25,7 @@ std::vector<ButtonEvent> leftButtonOf(const std::vector<ButtonEvent> &events) {
     return left;
 }
 
-TEST_F(ClickRunTest, clicksUntilTheLimit) {
+TEST_F(ClickRunTest, ClicksUntilTheLimit) {
     const auto corvane = start({.clickRate = 20, .maxClicks = 15});
     keyboard_.pressHotKey();
     ASSERT_TRUE(corvane->waitForLog("Clicker finished after 15 clicks (limit reached)"))
@@ -44,7 +44,7 @@ TEST_F(ClickRunTest, clicksUntilTheLimit) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(ClickRunTest, keepsRateAndHold) {
+TEST_F(ClickRunTest, KeepsRateAndHold) {
     const auto corvane = start({.clickRate = 20, .maxClicks = 15});
     keyboard_.pressHotKey();
     ASSERT_TRUE(client_.waitForClicks(15)) << corvane->story();
@@ -65,7 +65,7 @@ TEST_F(ClickRunTest, keepsRateAndHold) {
     EXPECT_LE(median(periods), 120);
 }
 
-TEST_F(ClickRunTest, stopsBeforeTheNextClick) {
+TEST_F(ClickRunTest, StopsBeforeTheNextClick) {
     const auto corvane = start({.clickRate = 60, .timeUnit = "m"});
     keyboard_.pressHotKey();
     ASSERT_TRUE(client_.waitForClicks(2)) << corvane->story();
@@ -75,7 +75,7 @@ TEST_F(ClickRunTest, stopsBeforeTheNextClick) {
     EXPECT_EQ(clickCount(), 2);
 }
 
-TEST_F(ClickRunTest, runsAgainAfterAStop) {
+TEST_F(ClickRunTest, RunsAgainAfterAStop) {
     const auto corvane = start({.clickRate = 50, .maxClicks = 5});
     for (int run = 1; run <= 3; ++run) {
         keyboard_.pressHotKey();
@@ -87,7 +87,7 @@ TEST_F(ClickRunTest, runsAgainAfterAStop) {
     }
 }
 
-TEST_F(ClickRunTest, pressesTheLogicalLeftButtonOfALeftHandedMouse) {
+TEST_F(ClickRunTest, PressesTheLogicalLeftButtonOfALeftHandedMouse) {
     const auto corvane = start({.clickRate = 20, .maxClicks = 3});
     desktop_.run({"xmodmap", "-e", "pointer = 3 2 1"});
     keyboard_.pressHotKey();
@@ -95,7 +95,7 @@ TEST_F(ClickRunTest, pressesTheLogicalLeftButtonOfALeftHandedMouse) {
     EXPECT_EQ(clickCount(), 3);
 }
 
-TEST_F(ClickRunTest, leavesThePointerToTheUser) {
+TEST_F(ClickRunTest, LeavesThePointerToTheUser) {
     const auto corvane = start({.clickRate = 50});
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(2)) << corvane->story();

@@ -30,7 +30,7 @@ class ClockTest : public PickTest {
     }
 };
 
-TEST_F(ClockTest, runsGoOnAndTheHotKeyStopsThem) {
+TEST_F(ClockTest, RunsGoOnAndTheHotKeyStopsThem) {
     const auto corvane = start({.clickRate = 50});
     int runs = 0;
     for (const hours offset : offsets) {
@@ -48,7 +48,7 @@ TEST_F(ClockTest, runsGoOnAndTheHotKeyStopsThem) {
     }
 }
 
-TEST_F(ClockTest, zonesArePickedAndMenusWork) {
+TEST_F(ClockTest, ZonesArePickedAndMenusWork) {
     const auto corvane = start({.clickMode = "zone"});
     for (const hours offset : offsets) {
         desktop_.setServerClock(offset);

@@ -54,7 +54,7 @@ class EndToEndTest : public PickTest {
     std::unique_ptr<CorvaneProcess> corvane_ = start({.clickMode = "cursor", .clickRate = 50});
 };
 
-TEST_F(EndToEndTest, clicksAreWhereTheZoneIsWhileItsWindowMovesAcrossTheScreen) {
+TEST_F(EndToEndTest, ClicksAreWhereTheZoneIsWhileItsWindowMovesAcrossTheScreen) {
     ASSERT_TRUE(panel_.waitForItem());
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     pickAndStart();
@@ -85,7 +85,7 @@ TEST_F(EndToEndTest, clicksAreWhereTheZoneIsWhileItsWindowMovesAcrossTheScreen) 
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(EndToEndTest, aWindowThatIsDraggedFastPastThePointerIsClickedInItsZoneOnly) {
+TEST_F(EndToEndTest, AWindowThatIsDraggedFastPastThePointerIsClickedInItsZoneOnly) {
     ASSERT_TRUE(panel_.waitForItem());
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     pickAndStart();
@@ -111,7 +111,7 @@ TEST_F(EndToEndTest, aWindowThatIsDraggedFastPastThePointerIsClickedInItsZoneOnl
     EXPECT_TRUE(waitForMoreClicks(2)) << corvane_->story();
 }
 
-TEST_F(EndToEndTest, aWindowIsFoundAgainWhateverItIsCalled) {
+TEST_F(EndToEndTest, AWindowIsFoundAgainWhateverItIsCalled) {
     ASSERT_TRUE(panel_.waitForItem());
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     for (const std::string &title : {std::string(), std::string(3000, 'x'),

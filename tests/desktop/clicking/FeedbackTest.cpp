@@ -26,7 +26,7 @@ class FeedbackTest : public DesktopTest, public testing::WithParamInterface<bool
     }
 };
 
-TEST_P(FeedbackTest, theZoneIsOutlinedWhileTheRunLasts) {
+TEST_P(FeedbackTest, TheZoneIsOutlinedWhileTheRunLasts) {
     ASSERT_TRUE(isWindowDrawn());
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 1, .timeUnit = "h", .zone = zone});
@@ -45,7 +45,7 @@ TEST_P(FeedbackTest, theZoneIsOutlinedWhileTheRunLasts) {
     EXPECT_TRUE(looksLike(before));
 }
 
-TEST_P(FeedbackTest, everyClickShowsARippleThatGoesAway) {
+TEST_P(FeedbackTest, EveryClickShowsARippleThatGoesAway) {
     ASSERT_TRUE(isWindowDrawn());
     const auto corvane = start({.clickRate = 10, .maxClicks = 10});
     const Screenshot before = screenshot();
@@ -58,7 +58,7 @@ TEST_P(FeedbackTest, everyClickShowsARippleThatGoesAway) {
     EXPECT_TRUE(client_.waitForClicks(10));
 }
 
-TEST_P(FeedbackTest, clicksGoThroughOutlineBadgeAndRipple) {
+TEST_P(FeedbackTest, ClicksGoThroughOutlineBadgeAndRipple) {
     const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});
     // So far inside that no ripple lies over the badge.
     pointer_.moveTo({zone.x + 60, zone.y + 60});
@@ -76,7 +76,7 @@ TEST_P(FeedbackTest, clicksGoThroughOutlineBadgeAndRipple) {
     }));
 }
 
-TEST_P(FeedbackTest, theOutlineLiesOverAFullscreenWindow) {
+TEST_P(FeedbackTest, TheOutlineLiesOverAFullscreenWindow) {
     client_.open({.isFullscreen = true});
     const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});
     pointer_.moveTo({zone.x + 100, zone.y + 80});
@@ -91,7 +91,7 @@ INSTANTIATE_TEST_SUITE_P(Compositor, FeedbackTest, testing::Bool(), [](const aut
 
 class CompositorChangeTest : public DesktopTest {};
 
-TEST_F(CompositorChangeTest, theOutlineStaysWhenACompositorComesAndGoes) {
+TEST_F(CompositorChangeTest, TheOutlineStaysWhenACompositorComesAndGoes) {
     // Inside the zone, where no ring comes.
     constexpr Position corner{zone.x + 20, zone.y + 20};
     const auto corvane = start({.clickMode = "zone", .clickRate = 50, .zone = zone});

@@ -67,14 +67,14 @@ class RoundsTest : public DesktopTest {
     std::unique_ptr<CorvaneProcess> corvane_;
 };
 
-TEST_F(RoundsTest, aHundredRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(100); }
+TEST_F(RoundsTest, AHundredRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(100); }
 
 /// The same for so long that only those run it who ask for it.
 class RoundsSoak : public RoundsTest {};
 
-TEST_F(RoundsSoak, tenThousandRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(10'000); }
+TEST_F(RoundsSoak, TenThousandRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(10'000); }
 
-TEST_F(RoundsSoak, twoHundredThousandClicksAreExact) {
+TEST_F(RoundsSoak, TwoHundredThousandClicksAreExact) {
     constexpr int clicks = 200'000;
     constexpr std::chrono::hours farTooLong{2};
     corvane_ = start({.clickRate = 1000, .maxClicks = clicks});

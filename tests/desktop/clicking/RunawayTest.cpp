@@ -70,7 +70,7 @@ class RunawayTest : public DesktopTest {
     const DisplayConnection other_{desktop_.display()};
 };
 
-TEST_F(RunawayTest, whileAMenuOfAnotherProgramIsOpen) {
+TEST_F(RunawayTest, WhileAMenuOfAnotherProgramIsOpen) {
     const auto corvane = startRun();
     grabPointer(XCB_GRAB_MODE_ASYNC);
     grabKeyboard();
@@ -78,7 +78,7 @@ TEST_F(RunawayTest, whileAMenuOfAnotherProgramIsOpen) {
     EXPECT_EQ(corvane->logCount("Starting clicker: mode=cursor interval=0.01s maxClicks=0"), 1);
 }
 
-TEST_F(RunawayTest, whileItsOwnMenuIsOpen) {
+TEST_F(RunawayTest, WhileItsOwnMenuIsOpen) {
     // The pointer is outside the zone, so that the run does not choose from the menu.
     const auto corvane = start({.clickMode = "zone", .clickRate = 100, .zone = Area{0, 0, 10, 10}});
     keyboard_.pressHotKey();
@@ -91,7 +91,7 @@ TEST_F(RunawayTest, whileItsOwnMenuIsOpen) {
     EXPECT_TRUE(hasMenu());
 }
 
-TEST_F(RunawayTest, whileItsOwnAlertIsOpen) {
+TEST_F(RunawayTest, WhileItsOwnAlertIsOpen) {
     StatusPanel panel(desktop_);
     const auto corvane = start({.clickRate = 100});
     ASSERT_TRUE(panel.waitForItem());
@@ -104,20 +104,20 @@ TEST_F(RunawayTest, whileItsOwnAlertIsOpen) {
     EXPECT_TRUE(answerAlert(XK_Escape));
 }
 
-TEST_F(RunawayTest, whileAnotherProgramIsFullscreen) {
+TEST_F(RunawayTest, WhileAnotherProgramIsFullscreen) {
     client_.open({.title = "Film", .isFullscreen = true});
     keepWindowManagerOut();
     const auto corvane = startRun();
     expectStopsByKey(*corvane);
 }
 
-TEST_F(RunawayTest, whileTheTargetGrabsThePointer) {
+TEST_F(RunawayTest, WhileTheTargetGrabsThePointer) {
     const auto corvane = startRun();
     grabPointer(XCB_GRAB_MODE_ASYNC);
     expectStopsByKey(*corvane);
 }
 
-TEST_F(RunawayTest, aFrozenPointerHoldsTheRunBack) {
+TEST_F(RunawayTest, AFrozenPointerHoldsTheRunBack) {
     const auto corvane = startRun();
     freezePointer();
     letGo();
@@ -127,7 +127,7 @@ TEST_F(RunawayTest, aFrozenPointerHoldsTheRunBack) {
               "Clicker stopped after " + std::to_string(clickCount()) + " clicks");
 }
 
-TEST_F(RunawayTest, aStopWhileThePointerIsFrozenLeavesNoBurst) {
+TEST_F(RunawayTest, AStopWhileThePointerIsFrozenLeavesNoBurst) {
     const auto corvane = startRun();
     freezePointer();
     const int before = clickCount();
@@ -140,7 +140,7 @@ TEST_F(RunawayTest, aStopWhileThePointerIsFrozenLeavesNoBurst) {
     EXPECT_FALSE(pointer_.isLeftButtonDown());
 }
 
-TEST_F(RunawayTest, whileTheMainThreadIsBusy) {
+TEST_F(RunawayTest, WhileTheMainThreadIsBusy) {
     const auto corvane = startRun();
     {
         const PausedThread mainThread(corvane->process().pid());
@@ -161,7 +161,7 @@ TEST_F(RunawayTest, whileTheMainThreadIsBusy) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(RunawayTest, whileNeitherFilesNorLogCanBeWritten) {
+TEST_F(RunawayTest, WhileNeitherFilesNorLogCanBeWritten) {
     CorvaneProcess::Options options;
     options.mounts.makeReadOnly(desktop_.folder());
     StatusPanel panel(desktop_);

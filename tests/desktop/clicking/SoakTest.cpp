@@ -85,7 +85,7 @@ class LongRunTest : public DesktopTest {
     int stops_ = 0;
 };
 
-TEST_F(LongRunTest, fiftyClicksASecondLeaveNothingBehindAndStopAtOnce) { playFiftyASecond(100); }
+TEST_F(LongRunTest, FiftyClicksASecondLeaveNothingBehindAndStopAtOnce) { playFiftyASecond(100); }
 
 /// The same for so long that only those run it who ask for it.
 class Soak : public LongRunTest {
@@ -103,12 +103,12 @@ class Soak : public LongRunTest {
     int runs_ = 0;
 };
 
-TEST_F(Soak, aMinuteAtFiftyClicksASecondLeavesNothingBehind) {
+TEST_F(Soak, AMinuteAtFiftyClicksASecondLeavesNothingBehind) {
     // With the time the button is held, each takes thirty milliseconds.
     playFiftyASecond(2000);
 }
 
-TEST_F(Soak, tenThousandsOfClicksLeaveNothingBehind) {
+TEST_F(Soak, TenThousandsOfClicksLeaveNothingBehind) {
     corvane_ = start({.clickRate = 200, .maxClicks = 1000});
     playRuns(2);
     const Holdings before = holdings();

@@ -49,7 +49,7 @@ class SuddenEndTest : public DesktopTest {
 /// A signal that nobody expects to be sent, or a fault of the program.
 class SuddenSignalTest : public SuddenEndTest, public testing::WithParamInterface<int> {};
 
-TEST_P(SuddenSignalTest, theButtonIsUpAfterwards) {
+TEST_P(SuddenSignalTest, TheButtonIsUpAfterwards) {
     const auto corvane = start({.clickRate = 100});
     ASSERT_NO_FATAL_FAILURE(freezeWithButtonDown(*corvane));
     const auto helpers = childrenOf(corvane->process().pid());
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, SuddenSignalTest,
                              return std::string("signal") + sigabbrev_np(each.param);
                          });
 
-TEST_F(SuddenEndTest, betweenTwoClicksNothingIsLeftToDo) {
+TEST_F(SuddenEndTest, BetweenTwoClicksNothingIsLeftToDo) {
     const auto corvane = start({.clickRate = 60, .timeUnit = "m"});
     keyboard_.pressHotKey();
     ASSERT_TRUE(client_.waitForClicks(1)) << corvane->story();
@@ -81,7 +81,7 @@ TEST_F(SuddenEndTest, betweenTwoClicksNothingIsLeftToDo) {
     EXPECT_EQ(corvane->logCount(released), 0);
 }
 
-TEST_F(SuddenEndTest, theNextStartReleasesWhatNobodyCould) {
+TEST_F(SuddenEndTest, TheNextStartReleasesWhatNobodyCould) {
     const auto corvane = start({.clickRate = 100});
     ASSERT_NO_FATAL_FAILURE(freezeWithButtonDown(*corvane));
     const auto helpers = childrenOf(corvane->process().pid());
@@ -96,7 +96,7 @@ TEST_F(SuddenEndTest, theNextStartReleasesWhatNobodyCould) {
     EXPECT_EQ(next->logCount(released), 1) << next->story();
 }
 
-TEST_F(SuddenEndTest, aButtonTheUserHoldsIsLeftAlone) {
+TEST_F(SuddenEndTest, AButtonTheUserHoldsIsLeftAlone) {
     const auto corvane = start({.clickRate = 60, .timeUnit = "m"});
     keyboard_.pressHotKey();
     ASSERT_TRUE(client_.waitForClicks(1)) << corvane->story();
@@ -108,7 +108,7 @@ TEST_F(SuddenEndTest, aButtonTheUserHoldsIsLeftAlone) {
     pointer_.release();
 }
 
-TEST_F(SuddenEndTest, anOrderlyEndLeavesNoProcessBehind) {
+TEST_F(SuddenEndTest, AnOrderlyEndLeavesNoProcessBehind) {
     const auto corvane = start({});
     const auto helpers = childrenOf(corvane->process().pid());
     ASSERT_EQ(helpers.size(), 1);

@@ -18,7 +18,7 @@ class OtherUserTest : public DesktopTest, public testing::WithParamInterface<uid
     OtherUserTest() { keepWindowManagerOut(); }
 };
 
-TEST_P(OtherUserTest, getsNoCommandsByHavingMadeTheirFolder) {
+TEST_P(OtherUserTest, GetsNoCommandsByHavingMadeTheirFolder) {
     const std::filesystem::path place = "/tmp/corvane-" + std::to_string(geteuid());
     mkdir(place.c_str(), 0700);
     const std::filesystem::path trap = desktop_.folder() / "trap";

@@ -58,7 +58,7 @@ class DesktopFaultsTest : public DesktopTest {
     }
 };
 
-TEST_F(DesktopFaultsTest, theWindowManagerIsReplaced) {
+TEST_F(DesktopFaultsTest, TheWindowManagerIsReplaced) {
     const auto corvane = startZoneRun();
     const auto successor = killAndRestart("openbox");
     expectGoesOn(*corvane, "the window manager");
@@ -66,7 +66,7 @@ TEST_F(DesktopFaultsTest, theWindowManagerIsReplaced) {
 }
 
 /// It sees every click on its windows first, and the server loses clicks that come meanwhile.
-TEST_F(DesktopFaultsTest, aSlowWindowManagerLosesNoClick) {
+TEST_F(DesktopFaultsTest, ASlowWindowManagerLosesNoClick) {
     const int managed = client_.open({.x = 700, .y = 350});
     const auto corvane = start({.clickRate = 100, .maxClicks = 20});
     const Position window = client_.position(managed);
@@ -84,7 +84,7 @@ TEST_F(DesktopFaultsTest, aSlowWindowManagerLosesNoClick) {
     EXPECT_EQ(clickCount(), 20);
 }
 
-TEST_F(DesktopFaultsTest, theCompositorIsReplaced) {
+TEST_F(DesktopFaultsTest, TheCompositorIsReplaced) {
     const auto corvane = startZoneRun();
     desktop_.stopCompositor();
     expectGoesOn(*corvane, "the compositor's end");
@@ -93,7 +93,7 @@ TEST_F(DesktopFaultsTest, theCompositorIsReplaced) {
     expectStops(*corvane);
 }
 
-TEST_F(DesktopFaultsTest, thePanelIsReplaced) {
+TEST_F(DesktopFaultsTest, ThePanelIsReplaced) {
     const auto corvane = startZoneRun();
     auto panel = std::make_unique<StatusPanel>(desktop_);
     ASSERT_TRUE(panel->waitForItem());
@@ -105,7 +105,7 @@ TEST_F(DesktopFaultsTest, thePanelIsReplaced) {
     expectStops(*corvane);
 }
 
-TEST_F(DesktopFaultsTest, theMessageBusIsReplaced) {
+TEST_F(DesktopFaultsTest, TheMessageBusIsReplaced) {
     const auto corvane = startZoneRun();
     desktop_.stopMessageBus();
     expectGoesOn(*corvane, "the message bus's end");
@@ -114,7 +114,7 @@ TEST_F(DesktopFaultsTest, theMessageBusIsReplaced) {
     expectStops(*corvane);
 }
 
-TEST_F(DesktopFaultsTest, theKeyboardLayoutChanges) {
+TEST_F(DesktopFaultsTest, TheKeyboardLayoutChanges) {
     const auto corvane = startZoneRun();
     desktop_.run({"setxkbmap", "de"});
     expectGoesOn(*corvane, "the layout");
@@ -126,7 +126,7 @@ TEST_F(DesktopFaultsTest, theKeyboardLayoutChanges) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(DesktopFaultsTest, theUserChangesHands) {
+TEST_F(DesktopFaultsTest, TheUserChangesHands) {
     const auto corvane = startZoneRun();
     // The server refuses while a button is down.
     ASSERT_TRUE(waitUntil([this] {
@@ -143,7 +143,7 @@ TEST_F(DesktopFaultsTest, theUserChangesHands) {
     }
 }
 
-TEST_F(DesktopFaultsTest, theMonitorsChange) {
+TEST_F(DesktopFaultsTest, TheMonitorsChange) {
     const auto corvane = startZoneRun();
     desktop_.run({"xrandr", "--setmonitor", "Left", "640/160x800/200+0+0", "screen"});
     expectGoesOn(*corvane, "the first monitor");

@@ -24,7 +24,7 @@ class MessageBusTest : public DesktopTest {
     std::unique_ptr<StatusPanel> panel_ = std::make_unique<StatusPanel>(desktop_);
 };
 
-TEST_F(MessageBusTest, theItemReturnsWithItsMenu) {
+TEST_F(MessageBusTest, TheItemReturnsWithItsMenu) {
     const auto corvane = start({.clickRate = 50});
     ASSERT_TRUE(panel_->waitForItem()) << corvane->story();
     keyboard_.pressHotKey();
@@ -41,7 +41,7 @@ TEST_F(MessageBusTest, theItemReturnsWithItsMenu) {
     EXPECT_EQ(panel_->itemCount(), 1);
 }
 
-TEST_F(MessageBusTest, anAlertStaysOpenMeanwhile) {
+TEST_F(MessageBusTest, AnAlertStaysOpenMeanwhile) {
     const auto corvane = start({});
     ASSERT_TRUE(panel_->waitForItem()) << corvane->story();
     ASSERT_TRUE(panel_->choose("Save current config..."));
@@ -54,7 +54,7 @@ TEST_F(MessageBusTest, anAlertStaysOpenMeanwhile) {
     EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << corvane->story();
 }
 
-TEST_F(MessageBusTest, aBusThatComesLaterIsFound) {
+TEST_F(MessageBusTest, ABusThatComesLaterIsFound) {
     panel_.reset();
     desktop_.stopMessageBus();
     const auto corvane = start({.clickRate = 50});

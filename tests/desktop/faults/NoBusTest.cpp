@@ -58,7 +58,7 @@ class NoBusTest : public DesktopTest, public testing::WithParamInterface<Busless
     SessionManager session_{desktop_};
 };
 
-TEST_P(NoBusTest, theHotKeyStartsAndStopsAndASignalEnds) {
+TEST_P(NoBusTest, TheHotKeyStartsAndStopsAndASignalEnds) {
     const auto corvane = start({.clickRate = 50}, options());
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -72,7 +72,7 @@ TEST_P(NoBusTest, theHotKeyStartsAndStopsAndASignalEnds) {
     EXPECT_FALSE(pointer_.isLeftButtonDown());
 }
 
-TEST_P(NoBusTest, commandsReachIt) {
+TEST_P(NoBusTest, CommandsReachIt) {
     writeFile(profilesFile(desktop_), R"({"profiles": [
         {"id": "6F9619FF-8B86-D011-B42D-00CF4FC964FF", "name": "Slow",
          "clickMode": "cursor", "clickRate": 9, "timeUnit": "m", "maxClicks": 3}]})");
@@ -88,13 +88,13 @@ TEST_P(NoBusTest, commandsReachIt) {
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickRate\" : 9"));
 }
 
-TEST_P(NoBusTest, theDoctorReports) {
+TEST_P(NoBusTest, TheDoctorReports) {
     CorvaneProcess doctor(desktop_, options({"doctor"}));
     EXPECT_TRUE(doctor.process().waitForEnd().has_value()) << doctor.story();
     EXPECT_THAT(doctor.standardOutput(), HasSubstr("  Menu: "));
 }
 
-TEST_P(NoBusTest, aLogoutEndsTheRun) {
+TEST_P(NoBusTest, ALogoutEndsTheRun) {
     const auto corvane = start({.clickRate = 100}, options());
     ASSERT_TRUE(session_.waitForSaves(1)) << corvane->story();
     keyboard_.pressHotKey();

@@ -63,7 +63,7 @@ class WallClockTest : public DesktopTest {
     const WallClock clock_{desktop_};
 };
 
-TEST_F(WallClockTest, runsGoOnAtTheirRateAndTheHotKeyStopsThem) {
+TEST_F(WallClockTest, RunsGoOnAtTheirRateAndTheHotKeyStopsThem) {
     const auto corvane = startWithOwnClock({.clickRate = 20});
     constexpr int someClicks = 12;
     int runs = 0;
@@ -85,7 +85,7 @@ TEST_F(WallClockTest, runsGoOnAtTheirRateAndTheHotKeyStopsThem) {
     }
 }
 
-TEST_F(WallClockTest, savesStayWholeAndTheLastOneCounts) {
+TEST_F(WallClockTest, SavesStayWholeAndTheLastOneCounts) {
     std::vector<StoredProfile> profiles;
     for (std::size_t index = 0; index < offsets.size(); ++index) {
         const std::string number = std::to_string(index + 1);

@@ -29,7 +29,7 @@ class HotKeyTest : public DesktopTest {
     int stops_ = 0;
 };
 
-TEST_F(HotKeyTest, worksWithLocksOn) {
+TEST_F(HotKeyTest, WorksWithLocksOn) {
     const auto corvane = start({.clickRate = 20});
     EXPECT_EQ(corvane->logCount(registered), 1);
     lock(XK_Caps_Lock, XCB_MOD_MASK_LOCK);
@@ -38,7 +38,7 @@ TEST_F(HotKeyTest, worksWithLocksOn) {
     expectToggles(*corvane, Keyboard::physicalY);
 }
 
-TEST_F(HotKeyTest, isWhereTheLayoutHasY) {
+TEST_F(HotKeyTest, IsWhereTheLayoutHasY) {
     desktop_.run({"setxkbmap", "de"});
     const auto corvane = start({.clickRate = 20});
     expectToggles(*corvane, Keyboard::physicalZ);
@@ -46,13 +46,13 @@ TEST_F(HotKeyTest, isWhereTheLayoutHasY) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(HotKeyTest, isThePhysicalKeyWhereTheLayoutHasNoY) {
+TEST_F(HotKeyTest, IsThePhysicalKeyWhereTheLayoutHasNoY) {
     desktop_.run({"setxkbmap", "ru"});
     const auto corvane = start({.clickRate = 20});
     expectToggles(*corvane, Keyboard::physicalY);
 }
 
-TEST_F(HotKeyTest, followsANewLayout) {
+TEST_F(HotKeyTest, FollowsANewLayout) {
     const auto corvane = start({.clickRate = 20});
     expectToggles(*corvane, Keyboard::physicalY);
     desktop_.run({"setxkbmap", "de"});
@@ -67,7 +67,7 @@ TEST_F(HotKeyTest, followsANewLayout) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(HotKeyTest, worksInEveryGroupOfAKeyboardWithTwoLayouts) {
+TEST_F(HotKeyTest, WorksInEveryGroupOfAKeyboardWithTwoLayouts) {
     desktop_.run({"setxkbmap", "-layout", "us,ru", "-option", "grp:menu_toggle"});
     const auto corvane = start({.clickRate = 20});
     expectToggles(*corvane, Keyboard::physicalY);
@@ -76,7 +76,7 @@ TEST_F(HotKeyTest, worksInEveryGroupOfAKeyboardWithTwoLayouts) {
     expectToggles(*corvane, Keyboard::physicalY);
 }
 
-TEST_F(HotKeyTest, aHeldKeyTogglesOnce) {
+TEST_F(HotKeyTest, AHeldKeyTogglesOnce) {
     desktop_.run({"xset", "r", "rate", "150", "50"});
     const auto corvane = start({.clickRate = 50});
     keyboard_.holdHotKey();
@@ -86,7 +86,7 @@ TEST_F(HotKeyTest, aHeldKeyTogglesOnce) {
     EXPECT_EQ(corvane->logCount("Starting clicker: mode=cursor interval=0.02s maxClicks=0"), 1);
 }
 
-TEST_F(HotKeyTest, otherCombinationsDoNothing) {
+TEST_F(HotKeyTest, OtherCombinationsDoNothing) {
     const auto corvane = start({.clickRate = 50});
     keyboard_.press(keyboard_.keyOf(XK_Control_L));
     keyboard_.pressHotKey();
@@ -96,7 +96,7 @@ TEST_F(HotKeyTest, otherCombinationsDoNothing) {
     EXPECT_FALSE(corvane->waitForLogBeginning("Starting clicker", 1, std::chrono::seconds::zero()));
 }
 
-TEST_F(HotKeyTest, saysWhenAnotherProgramOwnsTheKey) {
+TEST_F(HotKeyTest, SaysWhenAnotherProgramOwnsTheKey) {
     const DisplayConnection other(desktop_.display());
     xcb_grab_key(other.get(), 0, other.root(), XCB_MOD_MASK_4 | XCB_MOD_MASK_SHIFT,
                  Keyboard::physicalY, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);

@@ -18,7 +18,7 @@ class EndTest : public DesktopTest, public testing::WithParamInterface<int> {
     EndTest() { keepWindowManagerOut(); }
 };
 
-TEST_P(EndTest, leavesTheButtonReleasedAndTheFilesWhole) {
+TEST_P(EndTest, LeavesTheButtonReleasedAndTheFilesWhole) {
     const auto corvane = start({.clickRate = 100});
     const std::string settings = readFile(settingsFile(desktop_));
     keyboard_.pressHotKey();
@@ -35,7 +35,7 @@ TEST_P(EndTest, leavesTheButtonReleasedAndTheFilesWhole) {
     EXPECT_EQ(readFile(settingsFile(desktop_)), settings);
 }
 
-TEST_P(EndTest, endsWhenIdle) {
+TEST_P(EndTest, EndsWhenIdle) {
     const auto corvane = start({});
     corvane->process().signal(GetParam());
     EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << corvane->story();
@@ -49,7 +49,7 @@ INSTANTIATE_TEST_SUITE_P(Signals, EndTest, testing::Values(SIGTERM, SIGINT, SIGH
 
 class LostServerTest : public DesktopTest {};
 
-TEST_F(LostServerTest, endsWithAnErrorAndSavesWhatWasChanged) {
+TEST_F(LostServerTest, EndsWithAnErrorAndSavesWhatWasChanged) {
     StatusPanel panel(desktop_);
     const auto corvane = start({.clickRate = 50});
     ASSERT_TRUE(panel.waitForItem()) << corvane->story();

@@ -34,7 +34,7 @@ class LogoutTest : public PickTest {
     SessionManager session_{desktop_};
 };
 
-TEST_F(LogoutTest, endsTheRunAndSavesWhatWasChanged) {
+TEST_F(LogoutTest, EndsTheRunAndSavesWhatWasChanged) {
     const auto corvane = startInSession({.clickRate = 100});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     ASSERT_TRUE(panel_.choose("Free Cursor"));
@@ -49,28 +49,28 @@ TEST_F(LogoutTest, endsTheRunAndSavesWhatWasChanged) {
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"cursor\""));
 }
 
-TEST_F(LogoutTest, endsAnIdleProgramAndDrainsItsSaves) {
+TEST_F(LogoutTest, EndsAnIdleProgramAndDrainsItsSaves) {
     const auto corvane = startInSession({});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     logOut(*corvane);
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"zone\""));
 }
 
-TEST_F(LogoutTest, anOpenAlertDoesNotHoldItUp) {
+TEST_F(LogoutTest, AnOpenAlertDoesNotHoldItUp) {
     const auto corvane = startInSession({});
     ASSERT_TRUE(panel_.choose("Save current config..."));
     ASSERT_TRUE(waitUntil([this] { return alert() != XCB_WINDOW_NONE; })) << corvane->story();
     logOut(*corvane);
 }
 
-TEST_F(LogoutTest, openSettingsDoNotHoldItUp) {
+TEST_F(LogoutTest, OpenSettingsDoNotHoldItUp) {
     const auto corvane = startInSession({});
     ASSERT_TRUE(panel_.choose("Settings..."));
     ASSERT_TRUE(waitUntil([this] { return alert() != XCB_WINDOW_NONE; })) << corvane->story();
     logOut(*corvane);
 }
 
-TEST_F(LogoutTest, anOpenPickerDoesNotHoldItUp) {
+TEST_F(LogoutTest, AnOpenPickerDoesNotHoldItUp) {
     const auto corvane = startInSession({.clickMode = "zone"});
     openPicker();
     logOut(*corvane);
@@ -78,14 +78,14 @@ TEST_F(LogoutTest, anOpenPickerDoesNotHoldItUp) {
 }
 
 /// What ends with the session is not started with the next one beside the login item.
-TEST_F(LogoutTest, theNextSessionStartsItOnlyAsTheUserHasSet) {
+TEST_F(LogoutTest, TheNextSessionStartsItOnlyAsTheUserHasSet) {
     const auto corvane = startInSession({});
     constexpr int never = 3;
     EXPECT_THAT(session_.members(),
                 testing::ElementsAre(testing::Field(&SessionMember::restartStyle, never)));
 }
 
-TEST_F(LogoutTest, aSaveWithoutALogoutDisturbsNothing) {
+TEST_F(LogoutTest, ASaveWithoutALogoutDisturbsNothing) {
     const auto corvane = startInSession({.clickRate = 50});
     ASSERT_TRUE(panel_.choose("Settings..."));
     ASSERT_TRUE(waitUntil([this] { return alert() != XCB_WINDOW_NONE; })) << corvane->story();
@@ -99,7 +99,7 @@ TEST_F(LogoutTest, aSaveWithoutALogoutDisturbsNothing) {
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
-TEST_F(LogoutTest, aSessionManagerThatCrashesEndsItInOrder) {
+TEST_F(LogoutTest, ASessionManagerThatCrashesEndsItInOrder) {
     const auto corvane = startInSession({.clickRate = 100});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     keyboard_.pressHotKey();

@@ -27,7 +27,7 @@ class SessionStateTest : public DesktopTest {
     LoginManager login_{desktop_};
 };
 
-TEST_F(SessionStateTest, aLockEndsTheRunAndTheLogSaysWhy) {
+TEST_F(SessionStateTest, ALockEndsTheRunAndTheLogSaysWhy) {
     const auto corvane = startInSession({.clickRate = 100});
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -44,7 +44,7 @@ TEST_F(SessionStateTest, aLockEndsTheRunAndTheLogSaysWhy) {
     EXPECT_TRUE(waitForMoreClicks(3)) << corvane->story();
 }
 
-TEST_F(SessionStateTest, anotherUserInFrontEndsTheRunAndTheLogSaysWhy) {
+TEST_F(SessionStateTest, AnotherUserInFrontEndsTheRunAndTheLogSaysWhy) {
     const auto corvane = startInSession({.clickRate = 100});
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -55,7 +55,7 @@ TEST_F(SessionStateTest, anotherUserInFrontEndsTheRunAndTheLogSaysWhy) {
 }
 
 /// A slow run, whose clicks let the saver come on in between.
-TEST_F(SessionStateTest, theServersScreenSaverEndsNothing) {
+TEST_F(SessionStateTest, TheServersScreenSaverEndsNothing) {
     const auto corvane = startInSession({.clickRate = 30, .timeUnit = "m"});
     desktop_.run({"xset", "s", "1"});
     keyboard_.pressHotKey();
@@ -65,7 +65,7 @@ TEST_F(SessionStateTest, theServersScreenSaverEndsNothing) {
     EXPECT_EQ(errorOfStart(), "");
 }
 
-TEST_F(SessionStateTest, sleepEndsNothing) {
+TEST_F(SessionStateTest, SleepEndsNothing) {
     const auto corvane = startInSession({.clickRate = 50});
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();

@@ -21,21 +21,21 @@ class StartTest : public DesktopTest {
     }
 };
 
-TEST_F(StartTest, tellsItsVersion) {
+TEST_F(StartTest, TellsItsVersion) {
     CorvaneProcess corvane(desktop_, {.arguments = {"--version"}});
     EXPECT_EQ(runToEnd(corvane).exitCode, 0);
     EXPECT_THAT(corvane.standardOutput(), testing::MatchesRegex("Corvane [0-9.]+ \\([0-9]+\\)\n"));
     EXPECT_EQ(corvane.standardError(), "");
 }
 
-TEST_F(StartTest, answersWithoutADisplay) {
+TEST_F(StartTest, AnswersWithoutADisplay) {
     CorvaneProcess corvane(desktop_, {.arguments = {"--help"}, .withoutVariables = {"DISPLAY"}});
     EXPECT_EQ(runToEnd(corvane).exitCode, 0);
     EXPECT_THAT(corvane.standardOutput(), StartsWith("Usage: corvane"));
     EXPECT_FALSE(std::filesystem::exists(settingsFile(desktop_)));
 }
 
-TEST_F(StartTest, refusesAnUnknownOption) {
+TEST_F(StartTest, RefusesAnUnknownOption) {
     CorvaneProcess corvane(desktop_, {.arguments = {"--frobnicate"}});
     EXPECT_GT(runToEnd(corvane).exitCode, 0);
     EXPECT_EQ(wholeLines(corvane.standardError()).size(), 1);
@@ -43,7 +43,7 @@ TEST_F(StartTest, refusesAnUnknownOption) {
     EXPECT_EQ(corvane.standardOutput(), "");
 }
 
-TEST_F(StartTest, saysInOneLineThatThereIsNoDisplay) {
+TEST_F(StartTest, SaysInOneLineThatThereIsNoDisplay) {
     CorvaneProcess without(desktop_, {.withoutVariables = {"DISPLAY"}});
     EXPECT_EQ(runToEnd(without).exitCode, 1);
     EXPECT_EQ(wholeLines(without.standardError()).size(), 1) << without.story();
@@ -53,7 +53,7 @@ TEST_F(StartTest, saysInOneLineThatThereIsNoDisplay) {
     EXPECT_EQ(wholeLines(unreachable.standardError()).size(), 1) << unreachable.story();
 }
 
-TEST_F(StartTest, aSecondStartSaysSoAndTheFirstGoesOn) {
+TEST_F(StartTest, ASecondStartSaysSoAndTheFirstGoesOn) {
     const auto first = start({.clickRate = 20});
     CorvaneProcess second(desktop_);
     EXPECT_EQ(runToEnd(second).exitCode, 0) << second.story();
@@ -69,7 +69,7 @@ TEST_F(StartTest, aSecondStartSaysSoAndTheFirstGoesOn) {
     EXPECT_TRUE(first->waitForLogBeginning("Clicker started")) << first->story();
 }
 
-TEST_F(StartTest, aSecondStartAtLoginShowsNothing) {
+TEST_F(StartTest, ASecondStartAtLoginShowsNothing) {
     const auto first = start({});
     CorvaneProcess atLogin(desktop_, {.arguments = {"--at-login"}});
     EXPECT_EQ(runToEnd(atLogin).exitCode, 0) << atLogin.story();
@@ -78,7 +78,7 @@ TEST_F(StartTest, aSecondStartAtLoginShowsNothing) {
     EXPECT_FALSE(hasMenu());
 }
 
-TEST_F(StartTest, printsNothingUnexpected) {
+TEST_F(StartTest, PrintsNothingUnexpected) {
     const auto corvane = start({});
     EXPECT_EQ(corvane->standardOutput(),
               "[Corvane] Loaded config from " + settingsFile(desktop_).string() + "\n");
@@ -91,7 +91,7 @@ class NoTestExtensionTest : public testing::Test {
     VirtualDesktop desktop_{{.withoutExtensions = {"XTEST"}}};
 };
 
-TEST_F(NoTestExtensionTest, startsButIsNotGranted) {
+TEST_F(NoTestExtensionTest, StartsButIsNotGranted) {
     CorvaneProcess corvane(desktop_);
     ASSERT_TRUE(corvane.waitUntilReady()) << corvane.story();
     EXPECT_EQ(corvane.logCount("Initial accessibility: false"), 1) << corvane.story();

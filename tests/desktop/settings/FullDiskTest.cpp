@@ -94,7 +94,7 @@ class FullDiskTest : public DesktopTest {
     StatusPanel panel_{desktop_};
 };
 
-TEST_F(FullDiskTest, aFullFileSystemCostsTheSavesOnly) {
+TEST_F(FullDiskTest, AFullFileSystemCostsTheSavesOnly) {
     const auto corvane = startWithSmallHome();
     const std::string before = settingsOf(*corvane);
     ASSERT_THAT(before, HasSubstr("\"clickMode\" : \"cursor\""));
@@ -112,7 +112,7 @@ TEST_F(FullDiskTest, aFullFileSystemCostsTheSavesOnly) {
 }
 
 /// Neither the settings nor the log nor what is printed.
-TEST_F(FullDiskTest, filesThatMayNotGrowCostTheFilesOnly) {
+TEST_F(FullDiskTest, FilesThatMayNotGrowCostTheFilesOnly) {
     const auto corvane = startAndAwaitItem({});
     const std::string before = settingsOf(*corvane);
     startRun(*corvane);

@@ -15,7 +15,7 @@ class LanguageTest : public DesktopTest {
     StatusPanel panel_{desktop_};
 };
 
-TEST_F(LanguageTest, theMenuSpeaksTheUsersLanguageAndTheLogEnglish) {
+TEST_F(LanguageTest, TheMenuSpeaksTheUsersLanguageAndTheLogEnglish) {
     const auto corvane =
         start({.clickRate = 10, .maxClicks = 2}, {.environment = {{"LANG", "de_DE.UTF-8"}}});
     ASSERT_TRUE(panel_.waitForItem()) << corvane->story();
@@ -30,7 +30,7 @@ TEST_F(LanguageTest, theMenuSpeaksTheUsersLanguageAndTheLogEnglish) {
     EXPECT_THAT(corvane->standardOutput(), HasSubstr("[Corvane] Loaded config from "));
 }
 
-TEST_F(LanguageTest, theListOfLanguagesGoesBeforeTheLocale) {
+TEST_F(LanguageTest, TheListOfLanguagesGoesBeforeTheLocale) {
     const auto corvane =
         start({}, {.environment = {{"LANG", "de_DE.UTF-8"}, {"LANGUAGE", "pt:ja:de"}}});
     ASSERT_TRUE(panel_.waitForItem()) << corvane->story();

@@ -107,7 +107,7 @@ std::vector<Damage> damages() {
          "number 2: windowAnchor: windowTitle: not a text"}};
 }
 
-TEST_F(ProfilesFileTest, aDamagedFileFailsAsAWholeAndStaysAsItIs) {
+TEST_F(ProfilesFileTest, ADamagedFileFailsAsAWholeAndStaysAsItIs) {
     for (const Damage &damage : damages()) {
         SCOPED_TRACE(damage.content);
         writeProfiles(damage.content);
@@ -120,7 +120,7 @@ TEST_F(ProfilesFileTest, aDamagedFileFailsAsAWholeAndStaysAsItIs) {
     }
 }
 
-TEST_F(ProfilesFileTest, withoutProfilesThatCanBeReadTheMenuHasNone) {
+TEST_F(ProfilesFileTest, WithoutProfilesThatCanBeReadTheMenuHasNone) {
     writeProfiles(fileWith(""));
     const auto corvane = start({});
     ASSERT_TRUE(panel_.waitForItem());
@@ -128,7 +128,7 @@ TEST_F(ProfilesFileTest, withoutProfilesThatCanBeReadTheMenuHasNone) {
     EXPECT_EQ(panel_.line("Good"), std::nullopt);
 }
 
-TEST_F(ProfilesFileTest, aFolderInItsPlaceFailsTheLoad) {
+TEST_F(ProfilesFileTest, AFolderInItsPlaceFailsTheLoad) {
     std::filesystem::create_directories(profilesFile(desktop_));
     const auto corvane = start({});
     EXPECT_EQ(failures(corvane->standardOutput()).size(), 1) << corvane->story();
@@ -136,7 +136,7 @@ TEST_F(ProfilesFileTest, aFolderInItsPlaceFailsTheLoad) {
     EXPECT_TRUE(std::filesystem::is_directory(profilesFile(desktop_)));
 }
 
-TEST_F(ProfilesFileTest, whatTheFormatAllowsIsRead) {
+TEST_F(ProfilesFileTest, WhatTheFormatAllowsIsRead) {
     writeProfiles(R"({"future":[1],"activeProfileID":null,"profiles":[)"
                   R"({"id":"0f8fad5b-d9cb-469f-a165-70867728950e","name":"","clickMode":"cursor",)"
                   R"("clickRate":5,"timeUnit":"s","maxClicks":0,"zoneRect":null,)"
@@ -146,7 +146,7 @@ TEST_F(ProfilesFileTest, whatTheFormatAllowsIsRead) {
     EXPECT_EQ(corvane->logCount("Loaded 1 profiles from " + profilesFile(desktop_).string()), 1);
 }
 
-TEST_F(ProfilesFileTest, aZoneOfAnySizeIsReadAndCostsNoOtherProfile) {
+TEST_F(ProfilesFileTest, AZoneOfAnySizeIsReadAndCostsNoOtherProfile) {
     writeProfiles(fileWith(std::string(id) + R"(,"name":"Wide",)" + settings +
                            R"(,"zoneRect":{"x":-1e39,"y":-1e39,"width":1e40,"height":2e39})"));
     const auto corvane = start({});
@@ -163,7 +163,7 @@ TEST_F(ProfilesFileTest, aZoneOfAnySizeIsReadAndCostsNoOtherProfile) {
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
-TEST_F(ProfilesFileTest, veryManyOddNamesAreInTheMenuAndSurviveBeingSaved) {
+TEST_F(ProfilesFileTest, VeryManyOddNamesAreInTheMenuAndSurviveBeingSaved) {
     const auto profiles = manyOddProfiles();
     writeProfiles(profilesText(profiles));
     auto corvane = start({.clickRate = 777});

@@ -36,7 +36,7 @@ class SettingsFilesTest : public DesktopTest {
     }
 };
 
-TEST_F(SettingsFilesTest, theFirstStartWritesTheDefaults) {
+TEST_F(SettingsFilesTest, TheFirstStartWritesTheDefaults) {
     const auto corvane = startWith({});
     EXPECT_EQ(corvane->standardOutput(),
               "[Corvane] Created default config at " + settingsFile(desktop_).string() + "\n");
@@ -44,7 +44,7 @@ TEST_F(SettingsFilesTest, theFirstStartWritesTheDefaults) {
     EXPECT_TRUE(runs(*corvane, defaultRun)) << corvane->story();
 }
 
-TEST_F(SettingsFilesTest, damagedSettingsStayAsTheyAreAndTheDefaultsHold) {
+TEST_F(SettingsFilesTest, DamagedSettingsStayAsTheyAreAndTheDefaultsHold) {
     for (const std::string damaged : {"", "[]", "{\"clickRate\": 7", "\xff\xfe not text"}) {
         writeSettings(desktop_, damaged);
         const auto corvane = startWith({});
@@ -57,7 +57,7 @@ TEST_F(SettingsFilesTest, damagedSettingsStayAsTheyAreAndTheDefaultsHold) {
     }
 }
 
-TEST_F(SettingsFilesTest, aFolderInTheWayOfTheBackupCostsNoSave) {
+TEST_F(SettingsFilesTest, AFolderInTheWayOfTheBackupCostsNoSave) {
     StatusPanel panel(desktop_);
     const auto corvane = startWith({});
     ASSERT_TRUE(panel.waitForItem()) << corvane->story();
@@ -73,7 +73,7 @@ TEST_F(SettingsFilesTest, aFolderInTheWayOfTheBackupCostsNoSave) {
         << corvane->story();
 }
 
-TEST_F(SettingsFilesTest, damagedProfilesStayAsTheyAre) {
+TEST_F(SettingsFilesTest, DamagedProfilesStayAsTheyAre) {
     writeFile(profilesFile(desktop_), "{ \"profiles\" : 3 }");
     const auto corvane = startWith({});
     EXPECT_THAT(corvane->standardOutput(), HasSubstr("[Corvane] Failed to load profiles: "));
@@ -81,7 +81,7 @@ TEST_F(SettingsFilesTest, damagedProfilesStayAsTheyAre) {
     EXPECT_TRUE(runs(*corvane, defaultRun)) << corvane->story();
 }
 
-TEST_F(SettingsFilesTest, withoutHomeThePasswordDatabaseSaysWhereTheFilesAre) {
+TEST_F(SettingsFilesTest, WithoutHomeThePasswordDatabaseSaysWhereTheFilesAre) {
     const std::filesystem::path passwords = desktop_.folder() / "passwd";
     writeFile(passwords, "someone:x:" + std::to_string(getuid()) + ":" + std::to_string(getgid()) +
                              "::" + desktop_.home().string() + ":/bin/sh\n");
@@ -93,7 +93,7 @@ TEST_F(SettingsFilesTest, withoutHomeThePasswordDatabaseSaysWhereTheFilesAre) {
     EXPECT_EQ(readFile(settingsFile(desktop_)), defaultSettings);
 }
 
-TEST_F(SettingsFilesTest, anUnwritableHomeCostsTheFilesOnly) {
+TEST_F(SettingsFilesTest, AnUnwritableHomeCostsTheFilesOnly) {
     CorvaneProcess::Options options;
     options.mounts.makeReadOnly(desktop_.home());
     const auto corvane = startWith(std::move(options));

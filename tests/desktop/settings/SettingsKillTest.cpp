@@ -94,11 +94,11 @@ class SettingsKillTest : public DesktopTest {
     std::set<std::string> found_;
 };
 
-TEST_F(SettingsKillTest, aKillLeavesBothFilesWhole) { playRounds(25); }
+TEST_F(SettingsKillTest, AKillLeavesBothFilesWhole) { playRounds(25); }
 
 using SettingsKillSoak = SettingsKillTest;
 
-TEST_F(SettingsKillSoak, fiveHundredKillsLeaveBothFilesWhole) { playRounds(500); }
+TEST_F(SettingsKillSoak, FiveHundredKillsLeaveBothFilesWhole) { playRounds(500); }
 
 } // namespace
 

@@ -35,7 +35,7 @@ class MenuTest : public DesktopTest {
     StatusPanel panel_{desktop_};
 };
 
-TEST_F(MenuTest, whileIdle) {
+TEST_F(MenuTest, WhileIdle) {
     const auto corvane = startOnPanel({.clickRate = 10, .maxClicks = 50});
     ASSERT_TRUE(waitForLine("Rate: 10/s — 50x"));
     EXPECT_THAT(panel_.menu(),
@@ -49,7 +49,7 @@ TEST_F(MenuTest, whileIdle) {
                             MenuLine{.title = "Settings..."}, MenuLine{.title = "Quit Corvane"}));
 }
 
-TEST_F(MenuTest, whileRunningOnlyStopAndQuitCanBeChosen) {
+TEST_F(MenuTest, WhileRunningOnlyStopAndQuitCanBeChosen) {
     const auto corvane =
         startOnPanel({.clickMode = "zone", .clickRate = 50, .zone = Area{0, 0, 300, 200}});
     ASSERT_TRUE(panel_.choose("Start"));
@@ -68,7 +68,7 @@ TEST_F(MenuTest, whileRunningOnlyStopAndQuitCanBeChosen) {
             disabled("Settings..."), MenuLine{.title = "Quit Corvane"}));
 }
 
-TEST_F(MenuTest, startsAndStopsARunAndCountsItsClicks) {
+TEST_F(MenuTest, StartsAndStopsARunAndCountsItsClicks) {
     const auto corvane = startOnPanel({.clickRate = 50});
     ASSERT_TRUE(panel_.choose("Start"));
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -82,7 +82,7 @@ TEST_F(MenuTest, startsAndStopsARunAndCountsItsClicks) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(MenuTest, aModeIsSaved) {
+TEST_F(MenuTest, AModeIsSaved) {
     const auto corvane = startOnPanel({.clickRate = 20});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     EXPECT_TRUE(waitForLine("Define zone..."));
@@ -94,7 +94,7 @@ TEST_F(MenuTest, aModeIsSaved) {
     }));
 }
 
-TEST_F(MenuTest, aChangeJustBeforeTheEndIsSaved) {
+TEST_F(MenuTest, AChangeJustBeforeTheEndIsSaved) {
     const auto corvane = startOnPanel({.clickRate = 20});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     ASSERT_TRUE(panel_.choose("Quit Corvane"));
@@ -102,7 +102,7 @@ TEST_F(MenuTest, aChangeJustBeforeTheEndIsSaved) {
     EXPECT_THAT(savedSettings(), HasSubstr("\"clickMode\" : \"zone\""));
 }
 
-TEST_F(MenuTest, aChangeJustBeforeASignalIsSaved) {
+TEST_F(MenuTest, AChangeJustBeforeASignalIsSaved) {
     const auto corvane = startOnPanel({.clickRate = 20});
     ASSERT_TRUE(panel_.choose("Defined Zone"));
     corvane->process().signal(SIGTERM);
@@ -110,7 +110,7 @@ TEST_F(MenuTest, aChangeJustBeforeASignalIsSaved) {
     EXPECT_THAT(savedSettings(), HasSubstr("\"clickMode\" : \"zone\""));
 }
 
-TEST_F(MenuTest, quittingEndsARun) {
+TEST_F(MenuTest, QuittingEndsARun) {
     const auto corvane = startOnPanel({.clickRate = 50});
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -120,7 +120,7 @@ TEST_F(MenuTest, quittingEndsARun) {
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
-TEST_F(MenuTest, profilesCanBeChosen) {
+TEST_F(MenuTest, ProfilesCanBeChosen) {
     writeFile(profilesFile(desktop_),
               R"({"profiles": [
   {"id": "0B0C6C2E-6AF5-4E6B-9D47-3B4D3C2A1F00", "name": "Fast & loose", "clickMode": "cursor",
@@ -146,7 +146,7 @@ class NotGrantedTest : public testing::Test {
     StatusPanel panel_{desktop_};
 };
 
-TEST_F(NotGrantedTest, offersTheWayOutAndNoStart) {
+TEST_F(NotGrantedTest, OffersTheWayOutAndNoStart) {
     CorvaneProcess corvane(desktop_);
     ASSERT_TRUE(corvane.waitUntilReady()) << corvane.story();
     ASSERT_TRUE(panel_.waitForItem());

@@ -46,7 +46,7 @@ class NoPanelTest : public DesktopTest {
     }
 };
 
-TEST_F(NoPanelTest, atLoginAPanelMayComeLate) {
+TEST_F(NoPanelTest, AtLoginAPanelMayComeLate) {
     const auto corvane = start({}, {.arguments = {"--at-login"}});
     // By the time one that the user has started gives up, this one has not.
     const VirtualDesktop beside({.takesStatusIcons = false});
@@ -58,7 +58,7 @@ TEST_F(NoPanelTest, atLoginAPanelMayComeLate) {
     EXPECT_EQ(windowCount(), 0) << corvane->story();
 }
 
-TEST_F(NoPanelTest, staysWithinReach) {
+TEST_F(NoPanelTest, StaysWithinReach) {
     const auto corvane = start({});
     // The settings, and once the notice over them.
     ASSERT_TRUE(waitForWindows(2)) << corvane->story();

@@ -49,7 +49,7 @@ class StoppedPanelTest : public DesktopTest {
     StatusPanel panel_{desktop_};
 };
 
-TEST_F(StoppedPanelTest, aRunStartsAndStopsByTheHotKeyMeanwhile) {
+TEST_F(StoppedPanelTest, ARunStartsAndStopsByTheHotKeyMeanwhile) {
     const auto corvane = start({.clickRate = 50});
     ASSERT_TRUE(panel_.waitForItem()) << corvane->story();
     stopPanel();
@@ -59,7 +59,7 @@ TEST_F(StoppedPanelTest, aRunStartsAndStopsByTheHotKeyMeanwhile) {
     expectItemWorks(*corvane);
 }
 
-TEST_F(StoppedPanelTest, itGetsTheItemWhenItGoesOn) {
+TEST_F(StoppedPanelTest, ItGetsTheItemWhenItGoesOn) {
     stopPanel();
     const auto corvane = start({.clickRate = 50});
     expectHotKeyStartsARun(*corvane);
@@ -70,7 +70,7 @@ TEST_F(StoppedPanelTest, itGetsTheItemWhenItGoesOn) {
     expectItemWorks(*corvane);
 }
 
-TEST_F(StoppedPanelTest, theProgramEndsBySignalWithoutIt) {
+TEST_F(StoppedPanelTest, TheProgramEndsBySignalWithoutIt) {
     const auto corvane = start({.clickRate = 50});
     ASSERT_TRUE(panel_.waitForItem()) << corvane->story();
     stopPanel();
@@ -81,7 +81,7 @@ TEST_F(StoppedPanelTest, theProgramEndsBySignalWithoutIt) {
     EXPECT_FALSE(pointer_.isLeftButtonDown());
 }
 
-TEST_F(StoppedPanelTest, theProgramQuitsBeforeItHasAnswered) {
+TEST_F(StoppedPanelTest, TheProgramQuitsBeforeItHasAnswered) {
     stopPanel();
     const auto corvane = start({.clickRate = 50});
     expectHotKeyStartsARun(*corvane);

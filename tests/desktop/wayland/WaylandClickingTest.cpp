@@ -13,7 +13,7 @@ using Kind = PointerEvent::Kind;
 
 class WaylandClickingTest : public WaylandTest {};
 
-TEST_F(WaylandClickingTest, everyClickArrivesWhereThePointerIs) {
+TEST_F(WaylandClickingTest, EveryClickArrivesWhereThePointerIs) {
     const auto corvane = start({.clickRate = 10, .maxClicks = 20});
     const int motions = client_.count(Kind::motion);
     desktop_.pressHotKey();
@@ -29,7 +29,7 @@ TEST_F(WaylandClickingTest, everyClickArrivesWhereThePointerIs) {
     }
 }
 
-TEST_F(WaylandClickingTest, theLimitIsKeptExactlyAndTheButtonIsHeld) {
+TEST_F(WaylandClickingTest, TheLimitIsKeptExactlyAndTheButtonIsHeld) {
     const auto corvane = start({.clickRate = 20, .maxClicks = 15});
     desktop_.pressHotKey();
     ASSERT_TRUE(client_.waitForClicks(15)) << corvane->story();
@@ -52,7 +52,7 @@ TEST_F(WaylandClickingTest, theLimitIsKeptExactlyAndTheButtonIsHeld) {
     EXPECT_LT(held[7], 2 * wanted);
 }
 
-TEST_F(WaylandClickingTest, theHotKeyStartsAndStops) {
+TEST_F(WaylandClickingTest, TheHotKeyStartsAndStops) {
     const auto corvane = start({.clickRate = 100});
     desktop_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(5)) << corvane->story();
@@ -62,7 +62,7 @@ TEST_F(WaylandClickingTest, theHotKeyStartsAndStops) {
     EXPECT_EQ(client_.pressCount(), client_.releaseCount());
 }
 
-TEST_F(WaylandClickingTest, aHeldHotKeyIsOnePress) {
+TEST_F(WaylandClickingTest, AHeldHotKeyIsOnePress) {
     const auto corvane = start({.clickRate = 100});
     desktop_.pressHotKey(std::chrono::milliseconds(1500));
     ASSERT_TRUE(waitForMoreClicks(5)) << corvane->story();
@@ -71,7 +71,7 @@ TEST_F(WaylandClickingTest, aHeldHotKeyIsOnePress) {
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
-TEST_F(WaylandClickingTest, aButtonTheUserHoldsIsLeftAlone) {
+TEST_F(WaylandClickingTest, AButtonTheUserHoldsIsLeftAlone) {
     const auto corvane = start({.clickRate = 100});
     client_.press();
     desktop_.pressHotKey();
@@ -82,7 +82,7 @@ TEST_F(WaylandClickingTest, aButtonTheUserHoldsIsLeftAlone) {
     EXPECT_TRUE(waitForMoreClicks(3)) << corvane->story();
 }
 
-TEST_F(WaylandClickingTest, aProgramKilledInAClickLeavesTheButtonUp) {
+TEST_F(WaylandClickingTest, AProgramKilledInAClickLeavesTheButtonUp) {
     const auto corvane = start({.clickRate = 100});
     desktop_.pressHotKey();
     ASSERT_TRUE(waitUntil([&] {
@@ -104,7 +104,7 @@ TEST_F(WaylandClickingTest, aProgramKilledInAClickLeavesTheButtonUp) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(WaylandClickingTest, aCompositorThatGoesEndsTheProgram) {
+TEST_F(WaylandClickingTest, ACompositorThatGoesEndsTheProgram) {
     const auto corvane = start({.clickRate = 100});
     desktop_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();

@@ -42,7 +42,7 @@ class WaylandZonesTest : public WaylandTest {
     }
 };
 
-TEST_F(WaylandZonesTest, clicksInsideOnlyAndThroughTheOutline) {
+TEST_F(WaylandZonesTest, ClicksInsideOnlyAndThroughTheOutline) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 50, .zone = Area{400, 320, 100, 80}});
     client_.moveTo({450, 360});
@@ -56,7 +56,7 @@ TEST_F(WaylandZonesTest, clicksInsideOnlyAndThroughTheOutline) {
     EXPECT_TRUE(clicksAt({401, 360}));
 }
 
-TEST_F(WaylandZonesTest, theOutlineIsSeenWhileARunLasts) {
+TEST_F(WaylandZonesTest, TheOutlineIsSeenWhileARunLasts) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 1, .zone = Area{400, 320, 100, 80}});
     constexpr Position outside{0, 0};
@@ -69,7 +69,7 @@ TEST_F(WaylandZonesTest, theOutlineIsSeenWhileARunLasts) {
     EXPECT_TRUE(waitUntil([&] { return desktop_.colourAt(edge) == window; })) << corvane->story();
 }
 
-TEST_F(WaylandZonesTest, anAnchoredZoneFollowsTheWindow) {
+TEST_F(WaylandZonesTest, AnAnchoredZoneFollowsTheWindow) {
     constexpr Area relative{100, 80, 120, 90};
     constexpr Position inZone{150, 120};
     const auto corvane =
@@ -95,7 +95,7 @@ TEST_F(WaylandZonesTest, anAnchoredZoneFollowsTheWindow) {
     }
 }
 
-TEST_F(WaylandZonesTest, aZoneIsDrawnAcrossTwoMonitors) {
+TEST_F(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
     const auto corvane = start({});
     openPicker();
     drag({1200, 100}, {1500, 340});
@@ -107,7 +107,7 @@ TEST_F(WaylandZonesTest, aZoneIsDrawnAcrossTwoMonitors) {
     EXPECT_EQ(client_.pressCount(), 0);
 }
 
-TEST_F(WaylandZonesTest, escapeCancelsAPick) {
+TEST_F(WaylandZonesTest, EscapeCancelsAPick) {
     const auto corvane = start({});
     openPicker();
     desktop_.tap("Escape");
@@ -118,7 +118,7 @@ TEST_F(WaylandZonesTest, escapeCancelsAPick) {
     EXPECT_TRUE(client_.waitForClicks(1));
 }
 
-TEST_F(WaylandZonesTest, aMonitorThatGoesTakesItsPickerAlong) {
+TEST_F(WaylandZonesTest, AMonitorThatGoesTakesItsPickerAlong) {
     const auto corvane = start({});
     openPicker();
     desktop_.command("output HEADLESS-2 disable");
@@ -127,7 +127,7 @@ TEST_F(WaylandZonesTest, aMonitorThatGoesTakesItsPickerAlong) {
         << corvane->story();
 }
 
-TEST_F(WaylandZonesTest, aMonitorThatGoesInARunLeavesTheRunAlone) {
+TEST_F(WaylandZonesTest, AMonitorThatGoesInARunLeavesTheRunAlone) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 50, .zone = Area{400, 320, 1000, 80}});
     client_.moveTo({450, 360});

@@ -41,7 +41,7 @@ class AnchorTest : public DesktopTest {
     }
 };
 
-TEST_F(AnchorTest, theZoneIsWhereTheWindowIs) {
+TEST_F(AnchorTest, TheZoneIsWhereTheWindowIs) {
     const auto corvane = start(settings());
     keyboard_.pressHotKey();
     const Position corner = frameCorner();
@@ -54,7 +54,7 @@ TEST_F(AnchorTest, theZoneIsWhereTheWindowIs) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_F(AnchorTest, theZoneFollowsTheWindow) {
+TEST_F(AnchorTest, TheZoneFollowsTheWindow) {
     const auto corvane = start(settings());
     pointer_.moveTo(client_.position(window_) + inZone);
     keyboard_.pressHotKey();
@@ -70,7 +70,7 @@ TEST_F(AnchorTest, theZoneFollowsTheWindow) {
 }
 
 /// The window's process is not the oldest of the application's two.
-TEST_F(AnchorTest, theZoneFollowsAWindowOfAYoungerProcess) {
+TEST_F(AnchorTest, TheZoneFollowsAWindowOfAYoungerProcess) {
     ClickClient younger(desktop_);
     const int window = younger.open({.title = "Younger", .x = 760, .y = 420});
     Settings anchored = settings();
@@ -88,7 +88,7 @@ TEST_F(AnchorTest, theZoneFollowsAWindowOfAYoungerProcess) {
     EXPECT_EQ(clickCount(), 0);
 }
 
-TEST_F(AnchorTest, theZoneStaysWhenTheWindowGoes) {
+TEST_F(AnchorTest, TheZoneStaysWhenTheWindowGoes) {
     ClickClient other(desktop_);
     const auto corvane = start(settings());
     pointer_.moveTo(client_.position(window_) + inZone);
@@ -104,7 +104,7 @@ TEST_F(AnchorTest, theZoneStaysWhenTheWindowGoes) {
     EXPECT_TRUE(other.waitForClicks(3)) << corvane->story();
 }
 
-TEST_F(AnchorTest, aNewTitleLosesTheWindow) {
+TEST_F(AnchorTest, ANewTitleLosesTheWindow) {
     const auto corvane = start(settings());
     pointer_.moveTo(client_.position(window_) + inZone);
     keyboard_.pressHotKey();
@@ -115,7 +115,7 @@ TEST_F(AnchorTest, aNewTitleLosesTheWindow) {
 }
 
 /// The server drops the connection with which the program watches other programs' windows.
-TEST_F(AnchorTest, theZoneFollowsAfterALostConnection) {
+TEST_F(AnchorTest, TheZoneFollowsAfterALostConnection) {
     const auto corvane = start(settings());
     pointer_.moveTo(client_.position(window_) + inZone);
     keyboard_.pressHotKey();
@@ -144,7 +144,7 @@ TEST_F(AnchorTest, theZoneFollowsAfterALostConnection) {
     EXPECT_TRUE(waitForMoreClicks(2)) << corvane->story();
 }
 
-TEST_F(AnchorTest, asksWhenTheWindowIsMissing) {
+TEST_F(AnchorTest, AsksWhenTheWindowIsMissing) {
     client_.retitle(window_, "Another");
     const auto corvane = start(settings());
     keyboard_.pressHotKey();

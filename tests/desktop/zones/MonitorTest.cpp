@@ -105,7 +105,7 @@ class MonitorTest : public PickTest {
     std::unique_ptr<CorvaneProcess> corvane_;
 };
 
-TEST_F(MonitorTest, everyMonitorIsCoveredAndNothingElse) {
+TEST_F(MonitorTest, EveryMonitorIsCoveredAndNothingElse) {
     openPicker();
     EXPECT_TRUE(waitUntil([this] {
         const Screenshot seen = screenshot();
@@ -120,7 +120,7 @@ TEST_F(MonitorTest, everyMonitorIsCoveredAndNothingElse) {
     EXPECT_TRUE(waitUntilIdle());
 }
 
-TEST_F(MonitorTest, aZoneOnAnyMonitorIsWhereItWasDrawn) {
+TEST_F(MonitorTest, AZoneOnAnyMonitorIsWhereItWasDrawn) {
     for (const Area &zone : {Area{60, 350, 200, 150}, Area{700, 200, 180, 120},
                              Area{1200, 60, 160, 140}, Area{430, 400, 240, 160}}) {
         pick(zone);
@@ -131,7 +131,7 @@ TEST_F(MonitorTest, aZoneOnAnyMonitorIsWhereItWasDrawn) {
     }
 }
 
-TEST_F(MonitorTest, aRunGoesOnWhenMonitorsGo) {
+TEST_F(MonitorTest, ARunGoesOnWhenMonitorsGo) {
     constexpr Area zone{700, 200, 180, 120};
     pick(zone);
     keyboard_.pressHotKey();
@@ -142,20 +142,20 @@ TEST_F(MonitorTest, aRunGoesOnWhenMonitorsGo) {
     expectRunIn(zone);
 }
 
-TEST_F(MonitorTest, aPickGoesOnWhenAMonitorGoes) {
+TEST_F(MonitorTest, APickGoesOnWhenAMonitorGoes) {
     openPicker();
     removeMonitor("right", right);
     finishPick({430, 400, 240, 160});
 }
 
-TEST_F(MonitorTest, aPickGoesOnWhenThePrimaryMonitorGoes) {
+TEST_F(MonitorTest, APickGoesOnWhenThePrimaryMonitorGoes) {
     openPicker();
     removeMonitor("middle", middle);
     finishPick({1200, 60, 160, 140});
     pick({60, 350, 200, 150});
 }
 
-TEST_F(MonitorTest, aPickThatLosesItsMonitorIsCancelledOnAnother) {
+TEST_F(MonitorTest, APickThatLosesItsMonitorIsCancelledOnAnother) {
     openPicker();
     removeMonitor("left", left);
     removeMonitor("middle", middle);

@@ -20,7 +20,7 @@ class ScaleTest : public PickTest, public testing::WithParamInterface<const char
         {.clickMode = "zone", .clickRate = 10}, {.environment = {{"QT_SCALE_FACTOR", GetParam()}}});
 };
 
-TEST_P(ScaleTest, zoneOutlineRingAndClicksAgreeToThePixel) {
+TEST_P(ScaleTest, ZoneOutlineRingAndClicksAgreeToThePixel) {
     openPicker();
     pointer_.drag({zone.x, zone.y}, {zone.x + zone.width, zone.y + zone.height});
     EXPECT_TRUE(corvane_->waitForLog("Zone selected: (403.0, 327.0, 151.0, 99.0)"))
@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(Factor, ScaleTest, testing::Values("1", "1.5", "2"), []
     return name;
 });
 
-TEST(NarrowScreenTest, anAlertHasRoomAtTwiceTheSize) {
+TEST(NarrowScreenTest, AnAlertHasRoomAtTwiceTheSize) {
     const VirtualDesktop desktop({.width = 640, .height = 960, .takesStatusIcons = false});
     CorvaneProcess corvane(desktop, {.environment = {{"QT_SCALE_FACTOR", "2"}}});
     std::optional<SeenWindow> notice;

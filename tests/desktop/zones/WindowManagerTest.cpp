@@ -23,9 +23,9 @@ Area moved(const Area &area, Position step) {
 Position operator+(Position one, Position other) { return {one.x + other.x, one.y + other.y}; }
 
 /// What holds under every window manager.
-class WindowManagers : public PickTest, public testing::WithParamInterface<const char *> {
+class WindowManagersTest : public PickTest, public testing::WithParamInterface<const char *> {
   protected:
-    WindowManagers() : PickTest({.windowManager = windowManagerNamed(GetParam())}) {}
+    WindowManagersTest() : PickTest({.windowManager = windowManagerNamed(GetParam())}) {}
 
     /// Picks the zone over whatever window is there and anchors it.
     void pickAnchoredZone() {
@@ -74,14 +74,14 @@ class WindowManagers : public PickTest, public testing::WithParamInterface<const
     Position shift_;
 };
 
-TEST_P(WindowManagers, windowsComeUpMoveAndGetClicks) {
+TEST_P(WindowManagersTest, WindowsComeUpMoveAndGetClicks) {
     client_.move(window_, {300, 200});
     pointer_.moveTo({350, 260});
     pointer_.click();
     EXPECT_TRUE(client_.waitForClicks(1));
 }
 
-TEST_P(WindowManagers, aZoneRunIsSeenAndTakesNothingAway) {
+TEST_P(WindowManagersTest, AZoneRunIsSeenAndTakesNothingAway) {
     pointer_.moveTo(inZone);
     const xcb_window_t focus = desktop_.connection().focus();
     keyboard_.pressHotKey();
@@ -106,20 +106,20 @@ TEST_P(WindowManagers, aZoneRunIsSeenAndTakesNothingAway) {
     EXPECT_TRUE(waitUntil([this] { return corvaneWindows(desktop_.connection()).empty(); }));
 }
 
-TEST_P(WindowManagers, aZonePickedOverAWindowStaysOnIt) {
+TEST_P(WindowManagersTest, AZonePickedOverAWindowStaysOnIt) {
     startAnchoredRun();
     expectToFollow({140, 60});
     expectToFollow({-230, -130});
 }
 
-TEST_P(WindowManagers, aWindowThatDrawsItsOwnFrameIsFollowed) {
+TEST_P(WindowManagersTest, AWindowThatDrawsItsOwnFrameIsFollowed) {
     client_.close(window_);
     window_ = client_.open({.x = 300, .y = 250, .ownShadow = 24});
     startAnchoredRun();
     expectToFollow({140, 60});
 }
 
-TEST_P(WindowManagers, aMinimisedWindowLeavesTheZoneUntilItComesBack) {
+TEST_P(WindowManagersTest, AMinimisedWindowLeavesTheZoneUntilItComesBack) {
     startAnchoredRun();
     const int beneath = client_.open({.title = "Other", .x = 200, .y = 180, .width = 700});
     pager_.activate(client_.windowId(window_));
@@ -135,7 +135,7 @@ TEST_P(WindowManagers, aMinimisedWindowLeavesTheZoneUntilItComesBack) {
     expectToFollow({120, -70});
 }
 
-TEST_P(WindowManagers, aWindowOnAnotherWorkspaceLeavesTheZoneUntilItIsSeen) {
+TEST_P(WindowManagersTest, AWindowOnAnotherWorkspaceLeavesTheZoneUntilItIsSeen) {
     startAnchoredRun();
     const xcb_window_t window = client_.windowId(window_);
     pager_.moveToWorkspace(window, 1);
@@ -152,7 +152,7 @@ TEST_P(WindowManagers, aWindowOnAnotherWorkspaceLeavesTheZoneUntilItIsSeen) {
     EXPECT_EQ(corvane_->log().back(), "WindowResolver: no matching window titled 'Target'");
 }
 
-TEST_P(WindowManagers, docksAndTheDesktopAreLookedThrough) {
+TEST_P(WindowManagersTest, DocksAndTheDesktopAreLookedThrough) {
     ClickClient fileManager(desktop_);
     fileManager.open({.title = "Desktop",
                       .className = "Desktop",
@@ -179,7 +179,7 @@ TEST_P(WindowManagers, docksAndTheDesktopAreLookedThrough) {
     EXPECT_TRUE(waitUntilIdle());
 }
 
-TEST_P(WindowManagers, aFullscreenWindowIsCoveredAndClicked) {
+TEST_P(WindowManagersTest, AFullscreenWindowIsCoveredAndClicked) {
     const int fullscreen = client_.open({.title = "Full", .isFullscreen = true});
     ASSERT_TRUE(waitUntil([&] { return client_.position(fullscreen) == Position{}; }));
     ASSERT_TRUE(waitUntil([this] { return isWhite(screenshot().at({1200, 700})); }));
@@ -195,7 +195,7 @@ TEST_P(WindowManagers, aFullscreenWindowIsCoveredAndClicked) {
     EXPECT_EQ(client_.events().back().window, fullscreen);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, WindowManagers,
+INSTANTIATE_TEST_SUITE_P(All, WindowManagersTest,
                          testing::Values("openbox", "xfwm4", "metacity", "marco", "kwin_x11"),
                          [](const auto &each) { return std::string(each.param); });
 

@@ -29,7 +29,7 @@ class WindowStormTest : public PickTest {
     WindowStorm unmanaged_{desktop_.display(), WindowStorm::Kind::unmanaged};
 };
 
-TEST_F(WindowStormTest, aZoneIsPickedAnchoredAndFollowed) {
+TEST_F(WindowStormTest, AZoneIsPickedAnchoredAndFollowed) {
     const auto corvane = start({.clickMode = "zone", .clickRate = 50});
     openPicker();
     pointer_.drag({400, 350}, {550, 450});
@@ -51,7 +51,7 @@ TEST_F(WindowStormTest, aZoneIsPickedAnchoredAndFollowed) {
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
 }
 
-TEST_F(WindowStormTest, runsStartAndStop) {
+TEST_F(WindowStormTest, RunsStartAndStop) {
     const auto corvane =
         start({.clickMode = "zone",
                .clickRate = 50,

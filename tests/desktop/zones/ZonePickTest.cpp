@@ -20,7 +20,7 @@ class ZonePickTest : public PickTest {
     std::unique_ptr<CorvaneProcess> corvane_ = start({.clickMode = "zone", .clickRate = 20});
 };
 
-TEST_F(ZonePickTest, aDragOnTheDesktopDefinesTheZone) {
+TEST_F(ZonePickTest, ADragOnTheDesktopDefinesTheZone) {
     openPicker();
     pointer_.drag(corner, {corner.x + 200, corner.y + 80});
     EXPECT_TRUE(corvane_->waitForLog("Zone selected: (900.0, 100.0, 200.0, 80.0)"))
@@ -32,14 +32,14 @@ TEST_F(ZonePickTest, aDragOnTheDesktopDefinesTheZone) {
     EXPECT_TRUE(panel_.line("Defined Zone (200×80)").has_value());
 }
 
-TEST_F(ZonePickTest, aDragTheOtherWayRoundIsTheSame) {
+TEST_F(ZonePickTest, ADragTheOtherWayRoundIsTheSame) {
     openPicker();
     pointer_.drag({corner.x + 200, corner.y + 80}, corner);
     EXPECT_TRUE(corvane_->waitForLog("Zone selected: (900.0, 100.0, 200.0, 80.0)"))
         << corvane_->story();
 }
 
-TEST_F(ZonePickTest, escapeCancels) {
+TEST_F(ZonePickTest, EscapeCancels) {
     openPicker();
     keyboard_.tap(keyboard_.keyOf(XK_a));
     keyboard_.tap(keyboard_.keyOf(XK_Escape));
@@ -48,7 +48,7 @@ TEST_F(ZonePickTest, escapeCancels) {
     EXPECT_THAT(readFile(settingsFile(desktop_)), Not(HasSubstr("zoneRect")));
 }
 
-TEST_F(ZonePickTest, escapeDuringADragCancels) {
+TEST_F(ZonePickTest, EscapeDuringADragCancels) {
     openPicker();
     pointer_.moveTo(corner);
     pointer_.press();
@@ -60,21 +60,21 @@ TEST_F(ZonePickTest, escapeDuringADragCancels) {
     EXPECT_EQ(corvane_->logCount("Zone picker cancelled"), 1);
 }
 
-TEST_F(ZonePickTest, aDragThatIsTooSmallCancels) {
+TEST_F(ZonePickTest, ADragThatIsTooSmallCancels) {
     openPicker();
     pointer_.drag(corner, {corner.x + 9, corner.y + 50});
     EXPECT_TRUE(corvane_->waitForLog("Zone picker cancelled")) << corvane_->story();
     EXPECT_TRUE(waitUntilIdle());
 }
 
-TEST_F(ZonePickTest, theSmallestZoneIsTenByTen) {
+TEST_F(ZonePickTest, TheSmallestZoneIsTenByTen) {
     openPicker();
     pointer_.drag(corner, {corner.x + 10, corner.y + 10});
     EXPECT_TRUE(corvane_->waitForLog("Zone selected: (900.0, 100.0, 10.0, 10.0)"))
         << corvane_->story();
 }
 
-TEST_F(ZonePickTest, overAWindowTheZoneCanBeAnchored) {
+TEST_F(ZonePickTest, OverAWindowTheZoneCanBeAnchored) {
     openPicker();
     pointer_.drag({400, 350}, {550, 450});
     EXPECT_TRUE(corvane_->waitForLog("Zone selected: (400.0, 350.0, 150.0, 100.0)"))
@@ -87,7 +87,7 @@ TEST_F(ZonePickTest, overAWindowTheZoneCanBeAnchored) {
     EXPECT_EQ(client_.pressCount(), 0);
 }
 
-TEST_F(ZonePickTest, theScreenIsDimmedAndTheDragIsDrawn) {
+TEST_F(ZonePickTest, TheScreenIsDimmedAndTheDragIsDrawn) {
     const auto brightness = [](Pixel pixel) { return pixel.red + pixel.green + pixel.blue; };
     const int before = brightness(screenshot().at(target));
     openPicker();

@@ -27,13 +27,13 @@ class ZoneRunTest : public DesktopTest {
         start({.clickMode = "zone", .clickRate = 50, .zone = Area{400, 320, 100, 80}});
 };
 
-TEST_F(ZoneRunTest, clicksInsideOnly) {
+TEST_F(ZoneRunTest, ClicksInsideOnly) {
     ASSERT_TRUE(clicksAt({450, 360})) << corvane_->story();
     EXPECT_TRUE(isQuietAt({600, 500}));
     EXPECT_TRUE(clicksAt({420, 330}));
 }
 
-TEST_F(ZoneRunTest, minimumEdgesAreInsideAndMaximumEdgesOutside) {
+TEST_F(ZoneRunTest, MinimumEdgesAreInsideAndMaximumEdgesOutside) {
     EXPECT_TRUE(clicksAt({400, 320})) << corvane_->story();
     EXPECT_TRUE(clicksAt({499, 399}));
     EXPECT_TRUE(isQuietAt({500, 360}));
@@ -44,7 +44,7 @@ TEST_F(ZoneRunTest, minimumEdgesAreInsideAndMaximumEdgesOutside) {
 
 class EmptyZoneTest : public DesktopTest {};
 
-TEST_F(EmptyZoneTest, isNeverClicked) {
+TEST_F(EmptyZoneTest, IsNeverClicked) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 50, .zone = Area{target.x, target.y, 0, 50}});
     keyboard_.pressHotKey();
@@ -54,7 +54,7 @@ TEST_F(EmptyZoneTest, isNeverClicked) {
     EXPECT_TRUE(corvane->waitForLog("Clicker stopped after 0 clicks")) << corvane->story();
 }
 
-TEST_F(EmptyZoneTest, zoneModeWithoutAZoneClicksEverywhere) {
+TEST_F(EmptyZoneTest, ZoneModeWithoutAZoneClicksEverywhere) {
     const auto corvane = start({.clickMode = "zone", .clickRate = 50});
     keyboard_.pressHotKey();
     EXPECT_TRUE(waitForMoreClicks(2)) << corvane->story();

@@ -7,11 +7,11 @@
 namespace corvane {
 namespace {
 
-TEST(ClickMode, HasTwoCasesInOrder) {
+TEST(ClickModeTest, HasTwoCasesInOrder) {
     EXPECT_EQ(allClickModes, (std::array{ClickMode::cursor, ClickMode::zone}));
 }
 
-TEST(ClickMode, ReadsBackItsStoredValue) {
+TEST(ClickModeTest, ReadsBackItsStoredValue) {
     EXPECT_EQ(storedValue(ClickMode::cursor), "cursor");
     EXPECT_EQ(storedValue(ClickMode::zone), "zone");
     for (const ClickMode mode : allClickModes) {
@@ -19,13 +19,13 @@ TEST(ClickMode, ReadsBackItsStoredValue) {
     }
 }
 
-TEST(ClickMode, KnowsNoOtherText) {
+TEST(ClickModeTest, KnowsNoOtherText) {
     for (const std::string_view text : {"", "left", "Cursor", "zone ", "Free Cursor"}) {
         EXPECT_EQ(clickModeFromStoredValue(text), std::nullopt) << text;
     }
 }
 
-TEST(ClickMode, ShowsANameThatIsLookedUpByTheEnglishText) {
+TEST(ClickModeTest, ShowsANameThatIsLookedUpByTheEnglishText) {
     EXPECT_EQ(displayName(ClickMode::cursor), "Free Cursor");
     EXPECT_EQ(displayName(ClickMode::zone), "Defined Zone");
     useTextLookup([](std::string_view english) { return "<" + std::string(english) + ">"; });

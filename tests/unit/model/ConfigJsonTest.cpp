@@ -18,7 +18,7 @@ std::string whyNot(std::string_view text) {
     return config ? "it was read" : config.error().description;
 }
 
-TEST(ConfigJson, WritesTheDefaultAsFourMembers) {
+TEST(ConfigJsonTest, WritesTheDefaultAsFourMembers) {
     EXPECT_EQ(encodeConfig({}), "{\n"
                                 "  \"clickMode\" : \"cursor\",\n"
                                 "  \"clickRate\" : 1,\n"
@@ -27,7 +27,7 @@ TEST(ConfigJson, WritesTheDefaultAsFourMembers) {
                                 "}");
 }
 
-TEST(ConfigJson, WritesEveryMemberSortedAndIndented) {
+TEST(ConfigJsonTest, WritesEveryMemberSortedAndIndented) {
     const CorvaneConfig config{
         .clickMode = ClickMode::zone,
         .zoneRect = CodableRect{100, -50.5, 300, 0.1},
@@ -60,16 +60,16 @@ TEST(ConfigJson, WritesEveryMemberSortedAndIndented) {
     EXPECT_EQ(decoded(*encodeConfig(config)), config);
 }
 
-TEST(ConfigJson, DoesNotWriteWhatCouldNotBeReadAgain) {
+TEST(ConfigJsonTest, DoesNotWriteWhatCouldNotBeReadAgain) {
     const double infinity = std::numeric_limits<double>::infinity();
     const auto text = encodeConfig({.zoneRect = CodableRect{0, 0, infinity, 1}});
     ASSERT_FALSE(text);
     EXPECT_EQ(text.error().description, "a number is not finite");
 }
 
-TEST(ConfigJson, AnEmptyObjectIsTheDefault) { EXPECT_EQ(decoded("{}"), CorvaneConfig{}); }
+TEST(ConfigJsonTest, AnEmptyObjectIsTheDefault) { EXPECT_EQ(decoded("{}"), CorvaneConfig{}); }
 
-TEST(ConfigJson, ReadsEachMember) {
+TEST(ConfigJsonTest, ReadsEachMember) {
     const CorvaneConfig config =
         decoded(R"({"clickMode":"zone","clickRate":0,"timeUnit":"h","maxClicks":5})");
     EXPECT_EQ(config, (CorvaneConfig{.clickMode = ClickMode::zone,
@@ -79,7 +79,7 @@ TEST(ConfigJson, ReadsEachMember) {
     EXPECT_EQ(config.clickInterval(), 1.0);
 }
 
-TEST(ConfigJson, AMemberOfTheWrongTypeTakesItsDefault) {
+TEST(ConfigJsonTest, AMemberOfTheWrongTypeTakesItsDefault) {
     for (const char *text :
          {R"({"clickMode":"left"})", R"({"clickMode":1})", R"({"clickRate":"10"})",
           R"({"clickRate":true})", R"({"clickRate":null})", R"({"clickRate":[3]})",
@@ -89,13 +89,13 @@ TEST(ConfigJson, AMemberOfTheWrongTypeTakesItsDefault) {
     }
 }
 
-TEST(ConfigJson, OneBadMemberNeverCostsTheOthers) {
+TEST(ConfigJsonTest, OneBadMemberNeverCostsTheOthers) {
     EXPECT_EQ(decoded(R"({"clickMode":7,"clickRate":5,"timeUnit":"m","maxClicks":"x",)"
                       R"("zoneRect":[],"windowAnchor":3})"),
               (CorvaneConfig{.clickRate = 5, .timeUnit = TimeUnit::minutes}));
 }
 
-TEST(ConfigJson, AnIncompleteRectangleIsNone) {
+TEST(ConfigJsonTest, AnIncompleteRectangleIsNone) {
     for (const char *text :
          {R"({"zoneRect":{"x":1,"y":2,"width":3}})", R"({"zoneRect":null})", R"({"zoneRect":{}})",
           R"({"zoneRect":{"x":1,"y":2,"width":3,"height":"4"}})",
@@ -104,7 +104,7 @@ TEST(ConfigJson, AnIncompleteRectangleIsNone) {
     }
 }
 
-TEST(ConfigJson, AnIncompleteAnchorIsNone) {
+TEST(ConfigJsonTest, AnIncompleteAnchorIsNone) {
     for (const char *text :
          {R"({"windowAnchor":{"bundleID":"b","windowTitle":5,)"
           R"("relativeRect":{"x":1,"y":2,"width":3,"height":4}}})",
@@ -116,18 +116,18 @@ TEST(ConfigJson, AnIncompleteAnchorIsNone) {
     }
 }
 
-TEST(ConfigJson, UnknownMembersAreIgnored) {
+TEST(ConfigJsonTest, UnknownMembersAreIgnored) {
     EXPECT_EQ(decoded(R"({"future":{"deep":[1,2,{}]},"clickRate":3,"ClickRate":9})"),
               CorvaneConfig{.clickRate = 3});
 }
 
-TEST(ConfigJson, AWholeNumberMayBeWrittenWithAFraction) {
+TEST(ConfigJsonTest, AWholeNumberMayBeWrittenWithAFraction) {
     EXPECT_EQ(decoded(R"({"clickRate":10.0})").clickRate, 10);
     EXPECT_EQ(decoded(R"({"clickRate":1e3})").clickRate, 1000);
     EXPECT_EQ(decoded(R"({"clickRate":-0.0})").clickRate, 0);
 }
 
-TEST(ConfigJson, AnIntegerBeyond64BitsTakesItsDefault) {
+TEST(ConfigJsonTest, AnIntegerBeyond64BitsTakesItsDefault) {
     EXPECT_EQ(decoded(R"({"clickRate":9223372036854775807})").clickRate,
               std::numeric_limits<std::int64_t>::max());
     EXPECT_EQ(decoded(R"({"clickRate":-9223372036854775808})").clickRate,
@@ -140,7 +140,7 @@ TEST(ConfigJson, AnIntegerBeyond64BitsTakesItsDefault) {
     }
 }
 
-TEST(ConfigJson, ANumberBeyondADoubleIsAnError) {
+TEST(ConfigJsonTest, ANumberBeyondADoubleIsAnError) {
     const std::string reason = "a number beyond the range of a double";
     EXPECT_EQ(whyNot(R"({"clickRate":1e999,"maxClicks":3})"), reason);
     EXPECT_EQ(whyNot(R"({"zoneRect":{"x":-1e999,"y":2,"width":3,"height":4}})"), reason);
@@ -149,22 +149,22 @@ TEST(ConfigJson, ANumberBeyondADoubleIsAnError) {
               (CodableRect{0, 2, 3, 4}));
 }
 
-TEST(ConfigJson, AZoneMayBeOfAnySizeAndAnywhere) {
+TEST(ConfigJsonTest, AZoneMayBeOfAnySizeAndAnywhere) {
     EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e90,"y":-1e90,"width":-1e19,"height":6e90}})").zoneRect,
               (CodableRect{1e90, -1e90, -1e19, 6e90}));
 }
 
-TEST(ConfigJson, OfTwoMembersOfOneNameTheLastCounts) {
+TEST(ConfigJsonTest, OfTwoMembersOfOneNameTheLastCounts) {
     EXPECT_EQ(decoded(R"({"clickRate":2,"clickRate":3})").clickRate, 3);
 }
 
-TEST(ConfigJson, WhatIsNotAnObjectIsAnError) {
+TEST(ConfigJsonTest, WhatIsNotAnObjectIsAnError) {
     for (const char *text : {"[]", "5", "null", "\"text\"", "true", "[{}]"}) {
         EXPECT_EQ(whyNot(text), "not an object") << text;
     }
 }
 
-TEST(ConfigJson, WhatIsNotJsonIsAnError) {
+TEST(ConfigJsonTest, WhatIsNotJsonIsAnError) {
     EXPECT_EQ(whyNot(""), "not valid JSON at byte 1");
     EXPECT_EQ(whyNot("{\"clickRate\":}"), "not valid JSON at byte 14");
     for (const char *text : {"   ", "{", "{]", "{} {}", "{'a':1}", "{\"a\":01}", "{\"a\":+1}",
@@ -173,7 +173,7 @@ TEST(ConfigJson, WhatIsNotJsonIsAnError) {
     }
 }
 
-TEST(ConfigJson, ABrokenEncodingIsAnError) {
+TEST(ConfigJsonTest, ABrokenEncodingIsAnError) {
     for (const char *text :
          {"{\"a\":\"\xff\"}", "{\"a\":\"\xc3\"}", "{\"a\":\"\xed\xa0\x80\"}", R"({"a":"\ud800"})",
           R"({"a":"\udc00\ud800"})", "\xff\xfe{\0}\0", R"({"a":"\ud83d\u0041"})"}) {
@@ -181,11 +181,11 @@ TEST(ConfigJson, ABrokenEncodingIsAnError) {
     }
 }
 
-TEST(ConfigJson, AByteOrderMarkIsSkipped) {
+TEST(ConfigJsonTest, AByteOrderMarkIsSkipped) {
     EXPECT_EQ(decoded("\xef\xbb\xbf{\"clickRate\":3}"), CorvaneConfig{.clickRate = 3});
 }
 
-TEST(ConfigJson, ANulByteIsAnErrorWhereverItStands) {
+TEST(ConfigJsonTest, ANulByteIsAnErrorWhereverItStands) {
     using namespace std::string_literals;
     EXPECT_EQ(whyNot("\0\0\0\0"s), "not valid JSON at byte 1");
     EXPECT_EQ(whyNot("{}\0"s), "not valid JSON at byte 3");
@@ -193,7 +193,7 @@ TEST(ConfigJson, ANulByteIsAnErrorWhereverItStands) {
     EXPECT_EQ(whyNot("{\"a\":\"\0\"}"s), "not valid JSON at byte 7");
 }
 
-TEST(ConfigJson, EscapedCharactersAreRead) {
+TEST(ConfigJsonTest, EscapedCharactersAreRead) {
     const CorvaneConfig config =
         decoded(R"({"windowAnchor":{"bundleID":"\u0000\ud83d\ude00","windowTitle":"\/\b\t\u00e9",)"
                 R"("relativeRect":{"x":1,"y":2,"width":3,"height":4}}})");
@@ -202,7 +202,7 @@ TEST(ConfigJson, EscapedCharactersAreRead) {
     EXPECT_EQ(config.windowAnchor->windowTitle, "/\b\té");
 }
 
-TEST(ConfigJson, VeryDeepNestingIsAnErrorAndNoOverflow) {
+TEST(ConfigJsonTest, VeryDeepNestingIsAnErrorAndNoOverflow) {
     constexpr std::size_t levels = 1'000'000;
     const std::string tooDeep = "nested more than 512 levels deep";
     const std::string opening(levels, '[');
@@ -218,7 +218,7 @@ TEST(ConfigJson, VeryDeepNestingIsAnErrorAndNoOverflow) {
     EXPECT_EQ(whyNot(objects + "1" + std::string(levels, '}')), tooDeep);
 }
 
-TEST(ConfigJson, NestingWithinTheLimitIsRead) {
+TEST(ConfigJsonTest, NestingWithinTheLimitIsRead) {
     const auto nested = [](std::size_t levels) {
         return "{\"a\":" + std::string(levels, '[') + "1" + std::string(levels, ']') +
                ",\"clickRate\":3}";

@@ -17,7 +17,7 @@ std::string limitLabel(std::int64_t maxClicks) {
     return CorvaneConfig{.maxClicks = maxClicks}.maxClicksLabel();
 }
 
-TEST(CorvaneConfig, BeginsWithTheDefaults) {
+TEST(CorvaneConfigTest, BeginsWithTheDefaults) {
     const CorvaneConfig config;
     EXPECT_EQ(config.clickMode, ClickMode::cursor);
     EXPECT_EQ(config.zoneRect, std::nullopt);
@@ -27,7 +27,7 @@ TEST(CorvaneConfig, BeginsWithTheDefaults) {
     EXPECT_EQ(config.maxClicks, 0);
 }
 
-TEST(CorvaneConfig, ClicksAtIntervalsOfUnitByRate) {
+TEST(CorvaneConfigTest, ClicksAtIntervalsOfUnitByRate) {
     EXPECT_EQ(interval(1, TimeUnit::seconds), 1.0);
     EXPECT_EQ(interval(10, TimeUnit::seconds), 0.1);
     EXPECT_EQ(interval(30, TimeUnit::minutes), 2.0);
@@ -35,7 +35,7 @@ TEST(CorvaneConfig, ClicksAtIntervalsOfUnitByRate) {
     EXPECT_EQ(interval(1000, TimeUnit::seconds), 0.001);
 }
 
-TEST(CorvaneConfig, ARateBelowOneClicksOnceASecondWhateverTheUnit) {
+TEST(CorvaneConfigTest, ARateBelowOneClicksOnceASecondWhateverTheUnit) {
     for (const TimeUnit unit : allTimeUnits) {
         EXPECT_EQ(interval(0, unit), 1.0);
         EXPECT_EQ(interval(-1, unit), 1.0);
@@ -43,20 +43,20 @@ TEST(CorvaneConfig, ARateBelowOneClicksOnceASecondWhateverTheUnit) {
     }
 }
 
-TEST(CorvaneConfig, AnIntervalHasNoLowerBound) {
+TEST(CorvaneConfigTest, AnIntervalHasNoLowerBound) {
     const double smallest = interval(std::numeric_limits<std::int64_t>::max(), TimeUnit::seconds);
     EXPECT_GT(smallest, 0);
     EXPECT_LT(smallest, 1e-18);
 }
 
-TEST(CorvaneConfig, LabelsItsLimit) {
+TEST(CorvaneConfigTest, LabelsItsLimit) {
     EXPECT_EQ(limitLabel(0), "unlimited");
     EXPECT_EQ(limitLabel(1), "1x");
     EXPECT_EQ(limitLabel(50), "50x");
     EXPECT_EQ(limitLabel(-5), "-5x");
 }
 
-TEST(CorvaneConfig, OnlyTheWordOfTheLimitIsTranslated) {
+TEST(CorvaneConfigTest, OnlyTheWordOfTheLimitIsTranslated) {
     useTextLookup([](std::string_view english) { return "<" + std::string(english) + ">"; });
     EXPECT_EQ(limitLabel(0), "<unlimited>");
     EXPECT_EQ(limitLabel(50), "50x");

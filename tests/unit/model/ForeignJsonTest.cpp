@@ -51,7 +51,7 @@ void expectIgnored(const std::string &text) {
     EXPECT_EQ(decodeProfileStore(storeBeside(text)), ProfileStore{});
 }
 
-TEST(ForeignJson, NumbersNoIntegerHoldsCostASettingAndAllProfiles) {
+TEST(ForeignJsonTest, NumbersNoIntegerHoldsCostASettingAndAllProfiles) {
     for (const char *number :
          {"9223372036854775808", "-9223372036854775809", "1e19", "0.5", "18446744073709551616"}) {
         EXPECT_EQ(decodeConfig(configWith(number)), CorvaneConfig{.maxClicks = 3}) << number;
@@ -62,7 +62,7 @@ TEST(ForeignJson, NumbersNoIntegerHoldsCostASettingAndAllProfiles) {
     }
 }
 
-TEST(ForeignJson, TheLargestAndTheSmallestIntegerAreRead) {
+TEST(ForeignJsonTest, TheLargestAndTheSmallestIntegerAreRead) {
     for (const char *number : {"9223372036854775807", "-9223372036854775808"}) {
         const std::int64_t value = std::stoll(number);
         EXPECT_EQ(decodeConfig(configWith(number))->clickRate, value);
@@ -70,7 +70,7 @@ TEST(ForeignJson, TheLargestAndTheSmallestIntegerAreRead) {
     }
 }
 
-TEST(ForeignJson, WhatIsNoNumberOfJsonIsAnError) {
+TEST(ForeignJsonTest, WhatIsNoNumberOfJsonIsAnError) {
     for (const char *number : {"NaN", "nan", "Infinity", "-Infinity", "0x10", "1.", ".5", "+1",
                                "01", "1e", "--1", "1_000"}) {
         expectNotJson(configWith(number));
@@ -79,7 +79,7 @@ TEST(ForeignJson, WhatIsNoNumberOfJsonIsAnError) {
     }
 }
 
-TEST(ForeignJson, ANumberBeyondADoubleIsAnErrorWhereverItStands) {
+TEST(ForeignJsonTest, ANumberBeyondADoubleIsAnErrorWhereverItStands) {
     const std::string reason = "a number beyond the range of a double";
     for (const std::string &number :
          {"1e999"s, "-1e999"s, "1e999.5"s, "1" + std::string(400, '0')}) {
@@ -90,7 +90,7 @@ TEST(ForeignJson, ANumberBeyondADoubleIsAnErrorWhereverItStands) {
     expectIgnored(R"("1e999")");
 }
 
-TEST(ForeignJson, OfMembersOfOneNameTheLastCounts) {
+TEST(ForeignJsonTest, OfMembersOfOneNameTheLastCounts) {
     EXPECT_EQ(decodeConfig(configWith("1,\"clickRate\":2"))->clickRate, 2);
     EXPECT_EQ(decodeConfig(configWith("2,\"clickRate\":\"2\""))->clickRate, 1);
     EXPECT_EQ(decodeProfileStore(storeWith("1,\"clickRate\":2"))->profiles.front().config.clickRate,
@@ -100,14 +100,14 @@ TEST(ForeignJson, OfMembersOfOneNameTheLastCounts) {
               "profiles: not a list");
 }
 
-TEST(ForeignJson, AZeroByteIsAnErrorWhereverItStands) {
+TEST(ForeignJsonTest, AZeroByteIsAnErrorWhereverItStands) {
     for (const std::string &text : {"\0"s, "{}\0"s, "{\"a\":\"\0\"}"s, "\0{}"s, "{\0}"s}) {
         expectNotJson(text);
     }
     expectIgnored(R"("\u0000")");
 }
 
-TEST(ForeignJson, ABrokenEncodingIsAnError) {
+TEST(ForeignJsonTest, ABrokenEncodingIsAnError) {
     for (const char *text :
          {R"("\ud800")", R"("\udc00")", R"("\udc00\ud800")", R"("\ud83dx")", R"("\ud83d\u0041")",
           "\"\xff\"", "\"\xc3\"", "\"\xed\xa0\x80\"", "\"\xc0\x80\"", "\"\xf5\x80\x80\x80\""}) {
@@ -117,7 +117,7 @@ TEST(ForeignJson, ABrokenEncodingIsAnError) {
     expectIgnored(R"("\ud83d\ude00")");
 }
 
-TEST(ForeignJson, AByteOrderMarkIsSkippedInUtf8Alone) {
+TEST(ForeignJsonTest, AByteOrderMarkIsSkippedInUtf8Alone) {
     const std::string mark = "\xef\xbb\xbf";
     EXPECT_EQ(decodeConfig(mark + configBeside("1")), CorvaneConfig{.clickRate = 3});
     EXPECT_EQ(decodeProfileStore(mark + storeBeside("1")), ProfileStore{});
@@ -127,7 +127,7 @@ TEST(ForeignJson, AByteOrderMarkIsSkippedInUtf8Alone) {
     expectNotJson("\xef\xbb{}");
 }
 
-TEST(ForeignJson, AMillionLevelsAreAnError) {
+TEST(ForeignJsonTest, AMillionLevelsAreAnError) {
     constexpr std::size_t levels = 1'000'000;
     const std::string reason = "nested more than 512 levels deep";
     const std::string opening(levels, '[');
@@ -142,7 +142,7 @@ TEST(ForeignJson, AMillionLevelsAreAnError) {
     }
 }
 
-TEST(ForeignJson, BracketsWithinTextAreNoLevels) {
+TEST(ForeignJsonTest, BracketsWithinTextAreNoLevels) {
     expectIgnored("\"" + std::string(10'000, '[') + "\"");
     expectIgnored(R"("\")" + std::string(10'000, '{') + R"(\\")");
     std::string flat = "[";
@@ -164,9 +164,9 @@ std::string largeText(std::size_t size) {
     return text + "0]";
 }
 
-TEST(ForeignJson, TenMegabytesAreRead) { expectIgnored(largeText(10'000'000)); }
+TEST(ForeignJsonTest, TenMegabytesAreRead) { expectIgnored(largeText(10'000'000)); }
 
-TEST(LargeForeignJson, AHundredMegabytesAreRead) { expectIgnored(largeText(100'000'000)); }
+TEST(LargeForeignJsonTest, AHundredMegabytesAreRead) { expectIgnored(largeText(100'000'000)); }
 
 } // namespace
 } // namespace corvane

@@ -9,7 +9,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-TEST(JsonWriting, LaysOutEmptyContainersOverThreeLines) {
+TEST(JsonWritingTest, LaysOutEmptyContainersOverThreeLines) {
     EXPECT_EQ(jsonText(Json::object()), "{\n\n}");
     EXPECT_EQ(jsonText(Json::array()), "[\n\n]");
     EXPECT_EQ(jsonText({{"a", Json::array()}, {"b", Json::object()}}), "{\n"
@@ -22,7 +22,7 @@ TEST(JsonWriting, LaysOutEmptyContainersOverThreeLines) {
                                                                        "}");
 }
 
-TEST(JsonWriting, LaysOutElementsOneALine) {
+TEST(JsonWritingTest, LaysOutElementsOneALine) {
     EXPECT_EQ(jsonText(Json::array({1, "two", true, nullptr, Json::array({3})})), "[\n"
                                                                                   "  1,\n"
                                                                                   "  \"two\",\n"
@@ -34,7 +34,7 @@ TEST(JsonWriting, LaysOutElementsOneALine) {
                                                                                   "]");
 }
 
-TEST(JsonWriting, SortsMembersByTheirKeys) {
+TEST(JsonWritingTest, SortsMembersByTheirKeys) {
     EXPECT_EQ(jsonText({{"b", 1}, {"a", 2}, {"B", 3}}), "{\n"
                                                         "  \"B\" : 3,\n"
                                                         "  \"a\" : 2,\n"
@@ -42,16 +42,16 @@ TEST(JsonWriting, SortsMembersByTheirKeys) {
                                                         "}");
 }
 
-TEST(JsonWriting, EscapesWhatHasToBeEscapedAndTheSlash) {
+TEST(JsonWritingTest, EscapesWhatHasToBeEscapedAndTheSlash) {
     EXPECT_EQ(jsonText("\" \\ / \b \f \n \r \t"), R"("\" \\ \/ \b \f \n \r \t")");
     EXPECT_EQ(jsonText(std::string("\0 \x01 \x0b \x1f", 7)), R"("\u0000 \u0001 \u000b \u001f")");
     EXPECT_EQ(jsonText("\x7f é 漢 😀 \u2028"), "\"\x7f é 漢 😀 \u2028\"");
     EXPECT_EQ(jsonText({{"a/b", 1}}), "{\n  \"a\\/b\" : 1\n}");
 }
 
-TEST(JsonWriting, MakesTextValid) { EXPECT_EQ(jsonText("a\xff\xc3"), "\"a\uFFFD\uFFFD\""); }
+TEST(JsonWritingTest, MakesTextValid) { EXPECT_EQ(jsonText("a\xff\xc3"), "\"a\uFFFD\uFFFD\""); }
 
-TEST(JsonWriting, WritesNumbersInTheirShortestForm) {
+TEST(JsonWritingTest, WritesNumbersInTheirShortestForm) {
     EXPECT_EQ(jsonText(100.0), "100");
     EXPECT_EQ(jsonText(0.1), "0.1");
     EXPECT_EQ(jsonText(-2.5), "-2.5");
@@ -59,7 +59,7 @@ TEST(JsonWriting, WritesNumbersInTheirShortestForm) {
     EXPECT_EQ(jsonText(std::numeric_limits<std::int64_t>::min()), "-9223372036854775808");
 }
 
-TEST(JsonWriting, RefusesNumbersThatAreNotFinite) {
+TEST(JsonWritingTest, RefusesNumbersThatAreNotFinite) {
     using Limits = std::numeric_limits<double>;
     EXPECT_FALSE(jsonText(Limits::infinity()));
     EXPECT_FALSE(jsonText({{"a", Json::array({1, -Limits::infinity()})}}));

@@ -40,7 +40,7 @@ std::string whyNot(std::string_view text) {
     return store ? "it was read" : store.error().description;
 }
 
-TEST(ProfileStoreJson, WritesAnEmptyStore) {
+TEST(ProfileStoreJsonTest, WritesAnEmptyStore) {
     EXPECT_EQ(encodeProfileStore({}), "{\n"
                                       "  \"profiles\" : [\n"
                                       "\n"
@@ -48,7 +48,7 @@ TEST(ProfileStoreJson, WritesAnEmptyStore) {
                                       "}");
 }
 
-TEST(ProfileStoreJson, WritesProfilesInTheirOrderWithSortedMembers) {
+TEST(ProfileStoreJsonTest, WritesProfilesInTheirOrderWithSortedMembers) {
     const ProfileStore store{
         .profiles = {{uuid(firstId), "Work", {}},
                      {uuid(secondId),
@@ -101,20 +101,20 @@ TEST(ProfileStoreJson, WritesProfilesInTheirOrderWithSortedMembers) {
     EXPECT_EQ(decodeProfileStore(*encodeProfileStore(store)), store);
 }
 
-TEST(ProfileStoreJson, ReadsAnEmptyStore) {
+TEST(ProfileStoreJsonTest, ReadsAnEmptyStore) {
     EXPECT_EQ(decodeProfileStore(R"({"profiles":[]})"), ProfileStore{});
     EXPECT_EQ(decodeProfileStore(R"({"profiles":[],"activeProfileID":null,"future":1})"),
               ProfileStore{});
 }
 
-TEST(ProfileStoreJson, KeepsAnActiveIdThatNamesNoProfile) {
+TEST(ProfileStoreJsonTest, KeepsAnActiveIdThatNamesNoProfile) {
     const auto store =
         decodeProfileStore(std::string(R"({"profiles":[],"activeProfileID":")") + secondId + "\"}");
     ASSERT_TRUE(store);
     EXPECT_EQ(store->activeProfileID, uuid(secondId));
 }
 
-TEST(ProfileStoreJson, ReadsAnIdInLowerCaseAndWritesItInUpperCase) {
+TEST(ProfileStoreJsonTest, ReadsAnIdInLowerCaseAndWritesItInUpperCase) {
     const auto store =
         decodeProfileStore(storeWith("id", "\"0f8fad5b-d9cb-469f-a165-70867728950e\""));
     ASSERT_TRUE(store);
@@ -122,7 +122,7 @@ TEST(ProfileStoreJson, ReadsAnIdInLowerCaseAndWritesItInUpperCase) {
     EXPECT_NE(encodeProfileStore(*store)->find(firstId), std::string::npos);
 }
 
-TEST(ProfileStoreJson, AProfileWithoutZoneAndAnchorKeepsNone) {
+TEST(ProfileStoreJsonTest, AProfileWithoutZoneAndAnchorKeepsNone) {
     const std::string id = std::string("\"") + firstId + "\"";
     for (const std::string optionals : {"", R"(,"zoneRect":null,"windowAnchor":null)"}) {
         std::string read = R"({"profiles":[{"id":)";
@@ -140,7 +140,7 @@ TEST(ProfileStoreJson, AProfileWithoutZoneAndAnchorKeepsNone) {
     }
 }
 
-TEST(ProfileStoreJson, AMissingMemberFailsTheWhole) {
+TEST(ProfileStoreJsonTest, AMissingMemberFailsTheWhole) {
     for (const std::string member :
          {"id", "name", "clickMode", "clickRate", "timeUnit", "maxClicks"}) {
         EXPECT_EQ(whyNot(storeWith(member, "")), "profiles: number 1: " + member + ": missing");
@@ -151,7 +151,7 @@ TEST(ProfileStoreJson, AMissingMemberFailsTheWhole) {
     EXPECT_EQ(whyNot(R"({"profiles":null})"), "profiles: missing");
 }
 
-TEST(ProfileStoreJson, AWrongMemberFailsTheWhole) {
+TEST(ProfileStoreJsonTest, AWrongMemberFailsTheWhole) {
     EXPECT_EQ(whyNot(storeWith("timeUnit", "\"seconds\"")),
               "profiles: number 1: timeUnit: not a known value");
     EXPECT_EQ(whyNot(storeWith("clickMode", "\"left\"")),
@@ -173,14 +173,14 @@ TEST(ProfileStoreJson, AWrongMemberFailsTheWhole) {
               "profiles: number 1: windowAnchor: not an object");
 }
 
-TEST(ProfileStoreJson, AZoneMayBeOfAnySize) {
+TEST(ProfileStoreJsonTest, AZoneMayBeOfAnySize) {
     const auto store =
         decodeProfileStore(storeWith("zoneRect", R"({"x":1,"y":2,"width":1e40,"height":4})"));
     ASSERT_TRUE(store);
     EXPECT_EQ(store->profiles.front().config.zoneRect, (CodableRect{1, 2, 1e40, 4}));
 }
 
-TEST(ProfileStoreJson, AWrongStoreFails) {
+TEST(ProfileStoreJsonTest, AWrongStoreFails) {
     EXPECT_EQ(whyNot("[]"), "not an object");
     EXPECT_EQ(whyNot(R"({"profiles":{}})"), "profiles: not a list");
     EXPECT_EQ(whyNot(R"({"profiles":[7]})"), "profiles: number 1: not an object");
@@ -191,7 +191,7 @@ TEST(ProfileStoreJson, AWrongStoreFails) {
     EXPECT_EQ(whyNot("profiles"), "not valid JSON at byte 1");
 }
 
-TEST(ProfileStoreJson, OneBadProfileFailsTheWhole) {
+TEST(ProfileStoreJsonTest, OneBadProfileFailsTheWhole) {
     std::string text = storeWith("", "");
     text.insert(text.size() - 2, ",{}");
     EXPECT_EQ(whyNot(text), "profiles: number 2: id: missing");

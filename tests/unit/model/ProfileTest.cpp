@@ -15,31 +15,31 @@ const CorvaneConfig anchored{.clickMode = ClickMode::zone,
                              .timeUnit = TimeUnit::seconds,
                              .maxClicks = 7};
 
-TEST(Profile, CopiesAllSixSettingsEitherWay) {
+TEST(ProfileTest, CopiesAllSixSettingsEitherWay) {
     const Profile profile = Profile::fromConfig("Work", anchored);
     EXPECT_EQ(profile.name, "Work");
     EXPECT_EQ(profile.config, anchored);
     EXPECT_EQ(profile.toConfig(), anchored);
 }
 
-TEST(Profile, GetsANewIdentityEachTime) {
+TEST(ProfileTest, GetsANewIdentityEachTime) {
     EXPECT_NE(Profile::fromConfig("Work", anchored).id, Profile::fromConfig("Work", anchored).id);
 }
 
-TEST(Profile, SummarisesModeRateAndApplication) {
+TEST(ProfileTest, SummarisesModeRateAndApplication) {
     testing::FakeApplications applications;
     applications.names["org.example.browser"] = "Browser";
     EXPECT_EQ(Profile::fromConfig("", anchored).summary(applications),
               "Defined Zone · 5/s · (Browser)");
 }
 
-TEST(Profile, SummarisesAnUnknownApplicationByItsIdentifier) {
+TEST(ProfileTest, SummarisesAnUnknownApplicationByItsIdentifier) {
     testing::FakeApplications applications;
     EXPECT_EQ(Profile::fromConfig("", anchored).summary(applications),
               "Defined Zone · 5/s · (org.example.browser)");
 }
 
-TEST(Profile, SummarisesAProfileWithoutAnAnchor) {
+TEST(ProfileTest, SummarisesAProfileWithoutAnAnchor) {
     testing::FakeApplications applications;
     const auto summary = [&](ClickMode mode, std::int64_t rate, TimeUnit unit) {
         const CorvaneConfig config{

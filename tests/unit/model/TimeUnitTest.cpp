@@ -5,11 +5,11 @@
 namespace corvane {
 namespace {
 
-TEST(TimeUnit, HasThreeCasesInOrder) {
+TEST(TimeUnitTest, HasThreeCasesInOrder) {
     EXPECT_EQ(allTimeUnits, (std::array{TimeUnit::seconds, TimeUnit::minutes, TimeUnit::hours}));
 }
 
-TEST(TimeUnit, ReadsBackItsStoredValue) {
+TEST(TimeUnitTest, ReadsBackItsStoredValue) {
     EXPECT_EQ(storedValue(TimeUnit::seconds), "s");
     EXPECT_EQ(storedValue(TimeUnit::minutes), "m");
     EXPECT_EQ(storedValue(TimeUnit::hours), "h");
@@ -18,13 +18,13 @@ TEST(TimeUnit, ReadsBackItsStoredValue) {
     }
 }
 
-TEST(TimeUnit, KnowsNoOtherText) {
+TEST(TimeUnitTest, KnowsNoOtherText) {
     for (const std::string_view text : {"", "seconds", "S", "d", "s "}) {
         EXPECT_EQ(timeUnitFromStoredValue(text), std::nullopt) << text;
     }
 }
 
-TEST(TimeUnit, IsWorthItsSeconds) {
+TEST(TimeUnitTest, IsWorthItsSeconds) {
     EXPECT_EQ(secondsPerUnit(TimeUnit::seconds), 1.0);
     EXPECT_EQ(secondsPerUnit(TimeUnit::minutes), 60.0);
     EXPECT_EQ(secondsPerUnit(TimeUnit::hours), 3600.0);

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::string_view text = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 
-TEST(Uuid, ReadsBackItsTextInEitherCase) {
+TEST(UuidTest, ReadsBackItsTextInEitherCase) {
     const auto uuid = Uuid::fromText(text);
     ASSERT_TRUE(uuid);
     EXPECT_EQ(uuid->text(), text);
@@ -17,7 +17,7 @@ TEST(Uuid, ReadsBackItsTextInEitherCase) {
     EXPECT_EQ(Uuid::fromText("0f8FAD5b-D9cB-469f-A165-70867728950E"), uuid);
 }
 
-TEST(Uuid, KnowsNoOtherText) {
+TEST(UuidTest, KnowsNoOtherText) {
     for (const std::string_view other :
          {"", "profile", "0F8FAD5B-D9CB-469F-A165-70867728950", "0F8FAD5BD9CB469FA16570867728950E",
           "{0F8FAD5B-D9CB-469F-A165-70867728950E}", "0F8FAD5B-D9CB-469F-A165-70867728950E ",
@@ -27,7 +27,7 @@ TEST(Uuid, KnowsNoOtherText) {
     }
 }
 
-TEST(Uuid, RandomOnesAreOfVersionFourAndDiffer) {
+TEST(UuidTest, RandomOnesAreOfVersionFourAndDiffer) {
     std::set<std::string> seen;
     for (int turn = 0; turn < 1000; ++turn) {
         const std::string random = Uuid::random().text();

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-TEST(WindowAnchor, IsEqualWhenAllItsFieldsAre) {
+TEST(WindowAnchorTest, IsEqualWhenAllItsFieldsAre) {
     const WindowAnchor anchor{"org.example.editor", "Notes", {1, 2, 3, 4}};
     EXPECT_EQ(anchor, (WindowAnchor{"org.example.editor", "Notes", {1, 2, 3, 4}}));
     EXPECT_NE(anchor, (WindowAnchor{"org.example.other", "Notes", {1, 2, 3, 4}}));
@@ -15,14 +15,14 @@ TEST(WindowAnchor, IsEqualWhenAllItsFieldsAre) {
     EXPECT_NE(anchor, (WindowAnchor{"org.example.editor", "Notes", {9, 2, 3, 4}}));
 }
 
-TEST(WindowAnchor, NamesTheApplicationAsTheSystemDoes) {
+TEST(WindowAnchorTest, NamesTheApplicationAsTheSystemDoes) {
     testing::FakeApplications applications;
     applications.names["org.example.editor"] = "Editor";
     const WindowAnchor anchor{"org.example.editor", "Notes", {}};
     EXPECT_EQ(anchor.appName(applications), "Editor");
 }
 
-TEST(WindowAnchor, NamesAnUnknownApplicationByItsIdentifier) {
+TEST(WindowAnchorTest, NamesAnUnknownApplicationByItsIdentifier) {
     testing::FakeApplications applications;
     const WindowAnchor anchor{"org.example.gone", "Notes", {}};
     EXPECT_EQ(anchor.appName(applications), "org.example.gone");

@@ -7,7 +7,7 @@
 namespace corvane {
 namespace {
 
-TEST(RippleWindow, IsCentredOnTheClickAndLetsClicksThrough) {
+TEST(RippleWindowTest, IsCentredOnTheClickAndLetsClicksThrough) {
     testing::RecordingPlatform platform;
     RippleWindow ripple(platform.overlayWindows(), {300, 100}, 1080);
     const BorderlessWindow expected{.frame = {275, 955, 50, 50},
@@ -19,11 +19,11 @@ TEST(RippleWindow, IsCentredOnTheClickAndLetsClicksThrough) {
     EXPECT_EQ(platform.overlayWindows().all().at(0)->window, expected);
 }
 
-TEST(RippleWindow, WithoutScreensThePointIsNotConverted) {
+TEST(RippleWindowTest, WithoutScreensThePointIsNotConverted) {
     EXPECT_EQ(RippleWindow::frameFor({300, 100}, std::nullopt), (Rectangle{275, 75, 50, 50}));
 }
 
-TEST(RippleWindow, GrowsAndFadesOnceAndThenTellsSo) {
+TEST(RippleWindowTest, GrowsAndFadesOnceAndThenTellsSo) {
     testing::RecordingPlatform platform;
     RippleWindow ripple(platform.overlayWindows(), {300, 100}, 1080);
     const auto native = platform.overlayWindows().all().at(0);

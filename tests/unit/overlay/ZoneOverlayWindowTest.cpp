@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-TEST(ZoneOverlayWindow, LiesOverTheZoneWithAStripForTheBadge) {
+TEST(ZoneOverlayWindowTest, LiesOverTheZoneWithAStripForTheBadge) {
     testing::RecordingPlatform platform;
     ZoneOverlayWindow overlay(platform.overlayWindows(), {100, 200, 300, 150}, 1080);
     const auto native = platform.overlayWindows().all().at(0);
@@ -31,7 +31,7 @@ TEST(ZoneOverlayWindow, LiesOverTheZoneWithAStripForTheBadge) {
     EXPECT_FALSE(native->isVisible);
 }
 
-TEST(ZoneOverlayWindow, IsLeftAloneWhileTheZoneStandsStill) {
+TEST(ZoneOverlayWindowTest, IsLeftAloneWhileTheZoneStandsStill) {
     testing::RecordingPlatform platform;
     ZoneOverlayWindow overlay(platform.overlayWindows(), {100, 200, 300, 150}, 1080);
     const auto native = platform.overlayWindows().all().at(0);
@@ -46,7 +46,7 @@ TEST(ZoneOverlayWindow, IsLeftAloneWhileTheZoneStandsStill) {
     EXPECT_EQ(native->drawingsSet, 1);
 }
 
-TEST(ZoneOverlayWindow, DrawsAZoneOfAnotherSizeAfresh) {
+TEST(ZoneOverlayWindowTest, DrawsAZoneOfAnotherSizeAfresh) {
     testing::RecordingPlatform platform;
     ZoneOverlayWindow overlay(platform.overlayWindows(), {100, 200, 300, 150}, 1080);
     const auto native = platform.overlayWindows().all().at(0);
@@ -56,17 +56,17 @@ TEST(ZoneOverlayWindow, DrawsAZoneOfAnotherSizeAfresh) {
     EXPECT_EQ(native->drawing, ZoneOverlayView::drawing({60, 74}));
 }
 
-TEST(ZoneOverlayWindow, LiesWhereAZoneOfNegativeSizeTakesClicks) {
+TEST(ZoneOverlayWindowTest, LiesWhereAZoneOfNegativeSizeTakesClicks) {
     EXPECT_EQ(ZoneOverlayWindow::frameFor({400, 350, -300, -150}, 1080),
               (Rectangle{100, 730, 300, 174}));
 }
 
-TEST(ZoneOverlayWindow, WithoutScreensTheZoneIsNotConverted) {
+TEST(ZoneOverlayWindowTest, WithoutScreensTheZoneIsNotConverted) {
     EXPECT_EQ(ZoneOverlayWindow::frameFor({100, 200, 300, 150}, std::nullopt),
               (Rectangle{100, 176, 300, 174}));
 }
 
-TEST(ZoneOverlayView, FillsOutlinesAndMarksTheZone) {
+TEST(ZoneOverlayViewTest, FillsOutlinesAndMarksTheZone) {
     const Drawing expected = {Shape{.path = {Path::Kind::rectangle, {0, 0, 300, 150}},
                                     .fill = Colour{ColourName::systemGreen, 0.15}},
                               Shape{.path = {Path::Kind::rectangle, {0.75, 0.75, 298.5, 148.5}},
@@ -82,7 +82,7 @@ TEST(ZoneOverlayView, FillsOutlinesAndMarksTheZone) {
     EXPECT_EQ(ZoneOverlayView::drawing({300, 174}), expected);
 }
 
-TEST(ZoneOverlayView, ANarrowZoneKeepsTheWholeBadge) {
+TEST(ZoneOverlayViewTest, ANarrowZoneKeepsTheWholeBadge) {
     const Drawing drawing = ZoneOverlayView::drawing({15, 54});
     EXPECT_EQ(std::get<Shape>(drawing.at(2)).path.bounds, (Rectangle{0, 30, 22, 22}));
 }

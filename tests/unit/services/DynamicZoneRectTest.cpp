@@ -8,14 +8,14 @@
 namespace corvane {
 namespace {
 
-TEST(DynamicZoneRect, HoldsWhatWasWrittenLast) {
+TEST(DynamicZoneRectTest, HoldsWhatWasWrittenLast) {
     DynamicZoneRect zone({1, 2, 3, 4});
     EXPECT_EQ(zone.rect(), (Rectangle{1, 2, 3, 4}));
     zone.setRect({5, 6, 7, 8});
     EXPECT_EQ(zone.rect(), (Rectangle{5, 6, 7, 8}));
 }
 
-TEST(DynamicZoneRect, IsNeverSeenHalfWritten) {
+TEST(DynamicZoneRectTest, IsNeverSeenHalfWritten) {
     DynamicZoneRect zone({0, 0, 0, 0});
     std::atomic isWriting = true;
     std::thread writer([&] {

@@ -5,7 +5,7 @@
 namespace corvane {
 namespace {
 
-TEST(Geometry, MinimumEdgesAreInsideAndMaximumEdgesOutside) {
+TEST(GeometryTest, MinimumEdgesAreInsideAndMaximumEdgesOutside) {
     const Rectangle zone{10, 20, 30, 40};
     EXPECT_TRUE(zone.contains({10, 20}));
     EXPECT_TRUE(zone.contains({39.9, 59.9}));
@@ -14,23 +14,23 @@ TEST(Geometry, MinimumEdgesAreInsideAndMaximumEdgesOutside) {
     EXPECT_FALSE(zone.contains({9.9, 30}));
 }
 
-TEST(Geometry, AnEmptyRectangleContainsNothing) {
+TEST(GeometryTest, AnEmptyRectangleContainsNothing) {
     EXPECT_FALSE((Rectangle{10, 20, 0, 40}).contains({10, 20}));
     EXPECT_FALSE((Rectangle{10, 20, 30, 0}).contains({10, 20}));
 }
 
-TEST(Geometry, ANegativeSizeMeansTheMirroredArea) {
+TEST(GeometryTest, ANegativeSizeMeansTheMirroredArea) {
     const Rectangle zone{40, 60, -30, -40};
     EXPECT_TRUE(zone.contains({10, 20}));
     EXPECT_FALSE(zone.contains({40, 60}));
 }
 
-TEST(Geometry, TheStandardFormOfARectangleIsTheSameAreaWithAPositiveSize) {
+TEST(GeometryTest, TheStandardFormOfARectangleIsTheSameAreaWithAPositiveSize) {
     EXPECT_EQ((Rectangle{40, 60, -30, -40}).standardised(), (Rectangle{10, 20, 30, 40}));
     EXPECT_EQ((Rectangle{0.1, 0.2, 0.3, 0}).standardised(), (Rectangle{0.1, 0.2, 0.3, 0}));
 }
 
-TEST(Geometry, FlipsBetweenTheSpacesEitherWay) {
+TEST(GeometryTest, FlipsBetweenTheSpacesEitherWay) {
     const Rectangle onScreen{100, 200, 300, 150};
     const Rectangle global = flipped(onScreen, 1080);
     EXPECT_EQ(global, (Rectangle{100, 730, 300, 150}));
@@ -38,7 +38,7 @@ TEST(Geometry, FlipsBetweenTheSpacesEitherWay) {
     EXPECT_EQ(flipped(Point{300, 100}, 1080), (Point{300, 980}));
 }
 
-TEST(Geometry, SpansTwoPointsInAnyOrder) {
+TEST(GeometryTest, SpansTwoPointsInAnyOrder) {
     const Rectangle expected{1, 2, 3, 4};
     EXPECT_EQ(Rectangle::spanning({1, 2}, {4, 6}), expected);
     EXPECT_EQ(Rectangle::spanning({4, 6}, {1, 2}), expected);

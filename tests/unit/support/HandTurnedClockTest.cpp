@@ -10,7 +10,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-TEST(HandTurnedClock, StandsStillUntilItIsTurned) {
+TEST(HandTurnedClockTest, StandsStillUntilItIsTurned) {
     HandTurnedClock clock;
     const platform::Instant start = clock.now();
     EXPECT_EQ(clock.now(), start);
@@ -20,7 +20,7 @@ TEST(HandTurnedClock, StandsStillUntilItIsTurned) {
     EXPECT_EQ(clock.now(), start + milliseconds(100));
 }
 
-TEST(HandTurnedClock, ReleasesAWaitingThreadAtItsDeadlineOnly) {
+TEST(HandTurnedClockTest, ReleasesAWaitingThreadAtItsDeadlineOnly) {
     HandTurnedClock clock;
     const auto wait = clock.makeWait();
     const platform::Instant deadline = clock.now() + milliseconds(100);
@@ -43,7 +43,7 @@ TEST(HandTurnedClock, ReleasesAWaitingThreadAtItsDeadlineOnly) {
     EXPECT_FALSE(wait->isCancelled());
 }
 
-TEST(HandTurnedClock, PreparesForADeadlineBeforeItTurnsToIt) {
+TEST(HandTurnedClockTest, PreparesForADeadlineBeforeItTurnsToIt) {
     HandTurnedClock clock;
     const auto wait = clock.makeWait();
     const platform::Instant deadline = clock.now() + milliseconds(100);
@@ -60,7 +60,7 @@ TEST(HandTurnedClock, PreparesForADeadlineBeforeItTurnsToIt) {
     EXPECT_EQ(calls.size(), 1U);
 }
 
-TEST(HandTurnedClock, ATestCanFollowALoopStepByStep) {
+TEST(HandTurnedClockTest, ATestCanFollowALoopStepByStep) {
     HandTurnedClock clock;
     const auto wait = clock.makeWait();
     std::atomic passes = 0;
@@ -79,7 +79,7 @@ TEST(HandTurnedClock, ATestCanFollowALoopStepByStep) {
     thread.join();
 }
 
-TEST(HandTurnedClock, CancellingEndsThisAndEveryLaterWait) {
+TEST(HandTurnedClockTest, CancellingEndsThisAndEveryLaterWait) {
     HandTurnedClock clock;
     const auto wait = clock.makeWait();
     const platform::Instant start = clock.now();
@@ -92,7 +92,7 @@ TEST(HandTurnedClock, CancellingEndsThisAndEveryLaterWait) {
     EXPECT_EQ(clock.now(), start);
 }
 
-TEST(HandTurnedClock, AHoldTurnsTheClockItself) {
+TEST(HandTurnedClockTest, AHoldTurnsTheClockItself) {
     HandTurnedClock clock;
     const platform::Instant start = clock.now();
     clock.hold(milliseconds(10));
@@ -100,7 +100,7 @@ TEST(HandTurnedClock, AHoldTurnsTheClockItself) {
     EXPECT_EQ(clock.holds(), std::vector<HandTurnedClock::Duration>{milliseconds(10)});
 }
 
-TEST(HandTurnedClock, AHoldBlocksWhereATestWantsToLookAtIt) {
+TEST(HandTurnedClockTest, AHoldBlocksWhereATestWantsToLookAtIt) {
     HandTurnedClock clock;
     clock.setHoldsBlock(true);
     std::atomic holds = 0;

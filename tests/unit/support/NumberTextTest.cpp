@@ -10,7 +10,7 @@ namespace {
 
 using Limits = std::numeric_limits<double>;
 
-TEST(NumberText, DecimalsAlwaysHaveAFractionOrAnExponent) {
+TEST(NumberTextTest, DecimalsAlwaysHaveAFractionOrAnExponent) {
     EXPECT_EQ(decimalText(1), "1.0");
     EXPECT_EQ(decimalText(0), "0.0");
     EXPECT_EQ(decimalText(-0.0), "-0.0");
@@ -22,7 +22,7 @@ TEST(NumberText, DecimalsAlwaysHaveAFractionOrAnExponent) {
     EXPECT_EQ(decimalText(1e15), "1000000000000000.0");
 }
 
-TEST(NumberText, SmallValuesAreWrittenWithAnExponent) {
+TEST(NumberTextTest, SmallValuesAreWrittenWithAnExponent) {
     EXPECT_EQ(decimalText(1e-4), "0.0001");
     EXPECT_EQ(decimalText(0.00012), "0.00012");
     EXPECT_EQ(decimalText(1e-5), "1e-05");
@@ -31,27 +31,27 @@ TEST(NumberText, SmallValuesAreWrittenWithAnExponent) {
     EXPECT_EQ(decimalText(Limits::denorm_min()), "5e-324");
 }
 
-TEST(NumberText, LargeValuesAreWrittenWithAnExponent) {
+TEST(NumberTextTest, LargeValuesAreWrittenWithAnExponent) {
     EXPECT_EQ(decimalText(std::nextafter(0x1p54, 0)), "18014398509481982.0");
     EXPECT_EQ(decimalText(0x1p54), "1.8014398509481984e+16");
     EXPECT_EQ(decimalText(1e20), "1e+20");
     EXPECT_EQ(decimalText(Limits::max()), "1.7976931348623157e+308");
 }
 
-TEST(NumberText, WhatIsNotFiniteIsStillAText) {
+TEST(NumberTextTest, WhatIsNotFiniteIsStillAText) {
     EXPECT_EQ(decimalText(Limits::infinity()), "inf");
     EXPECT_EQ(decimalText(-Limits::infinity()), "-inf");
     EXPECT_EQ(decimalText(Limits::quiet_NaN()), "nan");
 }
 
-TEST(NumberText, TheShortestFormHasNoFractionWhereNoneIsNeeded) {
+TEST(NumberTextTest, TheShortestFormHasNoFractionWhereNoneIsNeeded) {
     EXPECT_EQ(shortestNumberText(100), "100");
     EXPECT_EQ(shortestNumberText(-3), "-3");
     EXPECT_EQ(shortestNumberText(0.5), "0.5");
     EXPECT_EQ(shortestNumberText(1e-5), "1e-05");
 }
 
-TEST(NumberText, ReadsBackToTheSameValue) {
+TEST(NumberTextTest, ReadsBackToTheSameValue) {
     for (const double value : {0.1, 1.0 / 3, 2.0 / 3, 1e22, 123456.789, 5e-324, 0x1p53 + 2.0,
                                1.7976931348623157e308, 299.99999999999994}) {
         EXPECT_EQ(std::strtod(decimalText(value).c_str(), nullptr), value);
@@ -59,7 +59,7 @@ TEST(NumberText, ReadsBackToTheSameValue) {
     }
 }
 
-TEST(NumberText, WritesAFixedNumberOfDecimals) {
+TEST(NumberTextTest, WritesAFixedNumberOfDecimals) {
     EXPECT_EQ(fixedNumberText(0.1, 2), "0.10");
     EXPECT_EQ(fixedNumberText(1234.5678, 1), "1234.6");
     EXPECT_EQ(fixedNumberText(2.4, 0), "2");
@@ -67,7 +67,7 @@ TEST(NumberText, WritesAFixedNumberOfDecimals) {
     EXPECT_EQ(fixedNumberText(Limits::max(), 2).size(), 312U);
 }
 
-TEST(NumberText, TruncatesTowardZero) {
+TEST(NumberTextTest, TruncatesTowardZero) {
     EXPECT_EQ(truncatedNumberText(7.9), "7");
     EXPECT_EQ(truncatedNumberText(-7.9), "-7");
     EXPECT_EQ(truncatedNumberText(-0.5), "0");
@@ -76,7 +76,7 @@ TEST(NumberText, TruncatesTowardZero) {
     EXPECT_EQ(truncatedNumberText(Limits::quiet_NaN()), "nan");
 }
 
-TEST(NumberText, WritesARectangleInParentheses) {
+TEST(NumberTextTest, WritesARectangleInParentheses) {
     EXPECT_EQ(rectangleText({120, 80, 300, 200}), "(120.0, 80.0, 300.0, 200.0)");
     EXPECT_EQ(rectangleText({-0.5, 1e-7, 0.1, 3}), "(-0.5, 1e-07, 0.1, 3.0)");
 }

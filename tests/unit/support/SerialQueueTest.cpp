@@ -10,7 +10,7 @@
 namespace corvane {
 namespace {
 
-TEST(SerialQueue, DoesWorkInTheOrderGivenOnOneThreadOfItsOwn) {
+TEST(SerialQueueTest, DoesWorkInTheOrderGivenOnOneThreadOfItsOwn) {
     std::vector<int> order;
     std::vector<std::thread::id> threads;
     SerialQueue queue;
@@ -29,7 +29,7 @@ TEST(SerialQueue, DoesWorkInTheOrderGivenOnOneThreadOfItsOwn) {
     EXPECT_NE(threads.front(), std::this_thread::get_id());
 }
 
-TEST(SerialQueue, FinishesEverythingBeforeItGoes) {
+TEST(SerialQueueTest, FinishesEverythingBeforeItGoes) {
     std::atomic done = 0;
     {
         SerialQueue queue;
@@ -40,7 +40,7 @@ TEST(SerialQueue, FinishesEverythingBeforeItGoes) {
     EXPECT_EQ(done, 1000);
 }
 
-TEST(SerialQueue, FinishesAlsoWhatItsOwnWorkPosts) {
+TEST(SerialQueueTest, FinishesAlsoWhatItsOwnWorkPosts) {
     std::atomic done = 0;
     {
         SerialQueue queue;
@@ -55,7 +55,7 @@ TEST(SerialQueue, FinishesAlsoWhatItsOwnWorkPosts) {
     EXPECT_EQ(done, 3);
 }
 
-TEST(SerialQueue, TakesWorkFromManyThreads) {
+TEST(SerialQueueTest, TakesWorkFromManyThreads) {
     int done = 0;
     SerialQueue queue;
     constexpr int threadCount = 4;
@@ -75,7 +75,7 @@ TEST(SerialQueue, TakesWorkFromManyThreads) {
     EXPECT_EQ(done, 1000);
 }
 
-TEST(SerialQueue, DrainingAnIdleQueueReturns) {
+TEST(SerialQueueTest, DrainingAnIdleQueueReturns) {
     SerialQueue queue;
     queue.drain();
     queue.drain();

@@ -7,14 +7,14 @@
 namespace corvane {
 namespace {
 
-TEST(StandardOutput, PrintsOneLineAtOnce) {
+TEST(StandardOutputTest, PrintsOneLineAtOnce) {
     ::testing::internal::CaptureStdout();
     printLine("[Corvane] 100 % of \"it\" – \\n");
     printLine("");
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "[Corvane] 100 % of \"it\" – \\n\n\n");
 }
 
-TEST(StandardOutput, ASinkTakesTheLines) {
+TEST(StandardOutputTest, ASinkTakesTheLines) {
     ::testing::internal::CaptureStdout();
     {
         const testing::OutputCapture capture;

@@ -53,20 +53,20 @@ std::string page(const std::string &icon, const std::string &version) {
 
 const std::string icon = "    image /icons/corvane.png 96×96 rounded 22\n";
 
-TEST_F(AboutTabTest, saysWhatThisProgramIs) { EXPECT_EQ(tree(), page(icon, "2.1 (37)")); }
+TEST_F(AboutTabTest, SaysWhatThisProgramIs) { EXPECT_EQ(tree(), page(icon, "2.1 (37)")); }
 
-TEST_F(AboutTabTest, showsTheFirstVersionWhereTheProgramCarriesNone) {
+TEST_F(AboutTabTest, ShowsTheFirstVersionWhereTheProgramCarriesNone) {
     platform.application().version.reset();
     platform.application().build.reset();
     EXPECT_EQ(tree(), page(icon, "1.0 (1)"));
 }
 
-TEST_F(AboutTabTest, leavesOutAMissingIcon) {
+TEST_F(AboutTabTest, LeavesOutAMissingIcon) {
     platform.application().icon.reset();
     EXPECT_EQ(tree(), page("", "2.1 (37)"));
 }
 
-TEST_F(AboutTabTest, opensTheLinks) {
+TEST_F(AboutTabTest, OpensTheLinks) {
     const auto tab = std::make_shared<AboutTab>(platform.application(), platform.workspace());
     const ViewUser user(tab->body());
     user.followLink(product::makerPage);

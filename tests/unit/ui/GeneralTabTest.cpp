@@ -60,20 +60,20 @@ class GeneralTabTest : public ::testing::Test {
 
 const WindowAnchor anchor{"org.example.editor", "Report", {20, 30, 300, 200}};
 
-TEST_F(GeneralTabTest, showsTheIdentifierOfAnUnknownApplication) {
+TEST_F(GeneralTabTest, ShowsTheIdentifierOfAnUnknownApplication) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{1, 2, 3, 4};
     config.windowAnchor = anchor;
     EXPECT_THAT(user().texts(), Contains("Anchored to org.example.editor"));
 }
 
-TEST_F(GeneralTabTest, survivesAZoneBeyondWholeNumbers) {
+TEST_F(GeneralTabTest, SurvivesAZoneBeyondWholeNumbers) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{1e300, 0, -1e300, 9.3e18};
     EXPECT_THAT(user().texts(), Contains("Zone: 1e+300, 0 — -1e+300×9.3e+18"));
 }
 
-TEST_F(GeneralTabTest, changesTheModeAtOnce) {
+TEST_F(GeneralTabTest, ChangesTheModeAtOnce) {
     user().choose("Mode", "Defined Zone");
     EXPECT_EQ(changes, 1);
     EXPECT_THAT(user().texts(), Contains("No zone defined"));
@@ -81,7 +81,7 @@ TEST_F(GeneralTabTest, changesTheModeAtOnce) {
     EXPECT_THAT(user().texts(), Not(Contains("No zone defined")));
 }
 
-TEST_F(GeneralTabTest, derivesTheInterval) {
+TEST_F(GeneralTabTest, DerivesTheInterval) {
     const auto interval = [this](std::int64_t rate, const std::string &unit) {
         user().enterNumber("Rate", rate);
         user().choose("clicks per", unit);
@@ -100,7 +100,7 @@ TEST_F(GeneralTabTest, derivesTheInterval) {
     EXPECT_EQ(interval(std::numeric_limits<std::int64_t>::max(), "hour"), "= 1 click every 0.00s");
 }
 
-TEST_F(GeneralTabTest, saysUnlimitedForNoLimitOnly) {
+TEST_F(GeneralTabTest, SaysUnlimitedForNoLimitOnly) {
     EXPECT_THAT(user().texts(), Contains("(unlimited)"));
     user().enterNumber("Limit", 5);
     EXPECT_THAT(user().texts(), Not(Contains("(unlimited)")));
@@ -110,7 +110,7 @@ TEST_F(GeneralTabTest, saysUnlimitedForNoLimitOnly) {
     EXPECT_THAT(user().texts(), Contains("(unlimited)"));
 }
 
-TEST_F(GeneralTabTest, takesTypedNumbersAsTypedAndStepsWithinTheRange) {
+TEST_F(GeneralTabTest, TakesTypedNumbersAsTypedAndStepsWithinTheRange) {
     user().enterNumber("Rate", 20000);
     user().stepUp("Rate");
     user().pressReturn();
@@ -130,7 +130,7 @@ TEST_F(GeneralTabTest, takesTypedNumbersAsTypedAndStepsWithinTheRange) {
     EXPECT_EQ(saved[3].clickRate, 1);
 }
 
-TEST_F(GeneralTabTest, handsOverTheEditedConfiguration) {
+TEST_F(GeneralTabTest, HandsOverTheEditedConfiguration) {
     config.zoneRect = CodableRect{1, 2, 3, 4};
     config.windowAnchor = anchor;
     user().choose("Mode", "Defined Zone");
@@ -147,13 +147,13 @@ TEST_F(GeneralTabTest, handsOverTheEditedConfiguration) {
                                                 .maxClicks = 1}}));
 }
 
-TEST_F(GeneralTabTest, asksForAZone) {
+TEST_F(GeneralTabTest, AsksForAZone) {
     config.clickMode = ClickMode::zone;
     user().press("Define zone...");
     EXPECT_EQ(zoneSelections, 1);
 }
 
-TEST_F(GeneralTabTest, staysWithoutAnchorWhereThereIsNoZone) {
+TEST_F(GeneralTabTest, StaysWithoutAnchorWhereThereIsNoZone) {
     config.clickMode = ClickMode::zone;
     putWindowUnderZone();
     user().turn("Relative to a window", true);
@@ -162,7 +162,7 @@ TEST_F(GeneralTabTest, staysWithoutAnchorWhereThereIsNoZone) {
     EXPECT_EQ(anchorRemovals, 0);
 }
 
-TEST_F(GeneralTabTest, anchorsToTheWindowUnderTheZone) {
+TEST_F(GeneralTabTest, AnchorsToTheWindowUnderTheZone) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{120, 80, 300, 200};
     putWindowUnderZone();
@@ -175,7 +175,7 @@ TEST_F(GeneralTabTest, anchorsToTheWindowUnderTheZone) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(GeneralTabTest, saysWhenThereIsNoWindowUnderTheZone) {
+TEST_F(GeneralTabTest, SaysWhenThereIsNoWindowUnderTheZone) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{120, 80, 300, 200};
     user().turn("Relative to a window", true);
@@ -189,7 +189,7 @@ TEST_F(GeneralTabTest, saysWhenThereIsNoWindowUnderTheZone) {
     EXPECT_FALSE(user().isToggleOn("Relative to a window"));
 }
 
-TEST_F(GeneralTabTest, removesTheAnchorAtOnce) {
+TEST_F(GeneralTabTest, RemovesTheAnchorAtOnce) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{120, 80, 300, 200};
     config.windowAnchor = anchor;
@@ -200,7 +200,7 @@ TEST_F(GeneralTabTest, removesTheAnchorAtOnce) {
     EXPECT_THAT(user().texts(), Not(Contains("(Report)")));
 }
 
-TEST_F(GeneralTabTest, startsAtLoginAtOnce) {
+TEST_F(GeneralTabTest, StartsAtLoginAtOnce) {
     user().turn("Start at Login", true);
     EXPECT_TRUE(platform.loginItem().enabled);
     EXPECT_TRUE(user().isToggleOn("Start at Login"));
@@ -212,7 +212,7 @@ TEST_F(GeneralTabTest, startsAtLoginAtOnce) {
     EXPECT_TRUE(saved.empty());
 }
 
-TEST_F(GeneralTabTest, flipsTheLoginToggleBackWhenTheSystemRefuses) {
+TEST_F(GeneralTabTest, FlipsTheLoginToggleBackWhenTheSystemRefuses) {
     platform.loginItem().failure = Failure{"refused"};
     user().turn("Start at Login", true);
     EXPECT_FALSE(user().isToggleOn("Start at Login"));
@@ -220,14 +220,14 @@ TEST_F(GeneralTabTest, flipsTheLoginToggleBackWhenTheSystemRefuses) {
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(GeneralTabTest, staysOnWhenTheSystemKeepsTheLoginItem) {
+TEST_F(GeneralTabTest, StaysOnWhenTheSystemKeepsTheLoginItem) {
     platform.loginItem().enabled = true;
     platform.loginItem().failure = Failure{"refused"};
     user().turn("Start at Login", false);
     EXPECT_TRUE(user().isToggleOn("Start at Login"));
 }
 
-TEST_F(GeneralTabTest, doesNothingOnceItIsGone) {
+TEST_F(GeneralTabTest, DoesNothingOnceItIsGone) {
     auto gone = std::make_shared<GeneralTab>(config, platform.loginItem(), platform.alerts(),
                                              platform.applications(), resolver);
     gone->onSave = {[this](const CorvaneConfig &edited) { saved.push_back(edited); }};

@@ -124,7 +124,7 @@ std::string tab(const Cards &cards) {
 )tree";
 }
 
-TEST_F(GeneralTabViewTest, showsTheCursorModeWithoutAnythingAboutZones) {
+TEST_F(GeneralTabViewTest, ShowsTheCursorModeWithoutAnythingAboutZones) {
     EXPECT_EQ(tree(), tab({}));
     // Also where a zone is kept for later.
     config.zoneRect = CodableRect{120.4, 80, 300, 200};
@@ -132,19 +132,19 @@ TEST_F(GeneralTabViewTest, showsTheCursorModeWithoutAnythingAboutZones) {
     EXPECT_EQ(tree(), tab({}));
 }
 
-TEST_F(GeneralTabViewTest, showsThatTheProgramStartsAtLogin) {
+TEST_F(GeneralTabViewTest, ShowsThatTheProgramStartsAtLogin) {
     platform.loginItem().enabled = true;
     EXPECT_EQ(tree(), tab({.startAtLogin = "on"}));
 }
 
-TEST_F(ZoneViewTest, showsThatThereIsNoZone) { EXPECT_EQ(tree(), tab({.mode = zoneCard(noZone)})); }
+TEST_F(ZoneViewTest, ShowsThatThereIsNoZone) { EXPECT_EQ(tree(), tab({.mode = zoneCard(noZone)})); }
 
-TEST_F(ZoneViewTest, showsAZone) {
+TEST_F(ZoneViewTest, ShowsAZone) {
     config.zoneRect = CodableRect{120.4, 80, 300, 200};
     EXPECT_EQ(tree(), tab({.mode = zoneCard(R"("Zone: 120, 80 — 300×200", callout monospaced)")}));
 }
 
-TEST_F(ZoneViewTest, showsAnAnchoredZone) {
+TEST_F(ZoneViewTest, ShowsAnAnchoredZone) {
     config.zoneRect = CodableRect{-20.9, -0.5, 300.9, 200.9};
     config.windowAnchor = anchor;
     platform.applications().names = {{"org.example.editor", "Editor"}};
@@ -152,29 +152,29 @@ TEST_F(ZoneViewTest, showsAnAnchoredZone) {
                                             anchorRows("Editor"))}));
 }
 
-TEST_F(ZoneViewTest, showsAnAnchorThatHasLostItsZone) {
+TEST_F(ZoneViewTest, ShowsAnAnchorThatHasLostItsZone) {
     config.windowAnchor = anchor;
     EXPECT_EQ(tree(), tab({.mode = zoneCard(noZone, anchorRows("org.example.editor"))}));
 }
 
-TEST_F(GeneralTabViewTest, showsARateOfNothingAsAClickASecond) {
+TEST_F(GeneralTabViewTest, ShowsARateOfNothingAsAClickASecond) {
     config.clickRate = 0;
     config.timeUnit = TimeUnit::hours;
     EXPECT_EQ(tree(), tab({.rate = rateCard("0", "second minute *hour")}));
 }
 
-TEST_F(GeneralTabViewTest, showsARateByTheMinute) {
+TEST_F(GeneralTabViewTest, ShowsARateByTheMinute) {
     config.clickRate = 3;
     config.timeUnit = TimeUnit::minutes;
     EXPECT_EQ(tree(), tab({.rate = rateCard("3", "second *minute hour", "20.00")}));
 }
 
-TEST_F(GeneralTabViewTest, showsALimitWithoutAWordBelow) {
+TEST_F(GeneralTabViewTest, ShowsALimitWithoutAWordBelow) {
     config.maxClicks = 5;
     EXPECT_EQ(tree(), tab({.limit = limitCard("5")}));
 }
 
-TEST_F(GeneralTabViewTest, showsNumbersBeyondTheSteppers) {
+TEST_F(GeneralTabViewTest, ShowsNumbersBeyondTheSteppers) {
     config.clickRate = std::numeric_limits<std::int64_t>::max();
     config.maxClicks = std::numeric_limits<std::int64_t>::min();
     EXPECT_EQ(tree(), tab({.rate = rateCard("9223372036854775807", "*second minute hour", "0.00"),

@@ -78,7 +78,7 @@ const std::string saveCard =
         button "Save" prominent disabled
 )tree";
 
-TEST_F(ProfilesTabTest, showsTheEmptyCardAndTheSaveCardWithoutProfiles) {
+TEST_F(ProfilesTabTest, ShowsTheEmptyCardAndTheSaveCardWithoutProfiles) {
     EXPECT_EQ(tree(), R"tree(column center 16, padding 20, width 540, is "profiles"
   column center 0, padding 16, full width leading, on quaternary rounded 12
     column center 8, padding 24 0 24 0, full width center
@@ -116,37 +116,37 @@ std::string tabWithTwo(const std::string &slowBadge, const std::string &fastBadg
 const std::string badge =
     "            text \"Active\", caption2 semibold, blue, padding 2 6 2 6, on blue@0.15 capsule\n";
 
-TEST_F(TwoProfilesTabTest, listsTheProfilesAndMarksTheActiveOne) {
+TEST_F(TwoProfilesTabTest, ListsTheProfilesAndMarksTheActiveOne) {
     EXPECT_EQ(tree(), tabWithTwo(badge, ""));
 }
 
-TEST_F(TwoProfilesTabTest, marksTheSecondWhereThatIsActive) {
+TEST_F(TwoProfilesTabTest, MarksTheSecondWhereThatIsActive) {
     active = profiles[1].id;
     EXPECT_EQ(tree(), tabWithTwo("", badge));
 }
 
-TEST_F(TwoProfilesTabTest, marksNoneWhereNoneIsActive) {
+TEST_F(TwoProfilesTabTest, MarksNoneWhereNoneIsActive) {
     active.reset();
     EXPECT_EQ(tree(), tabWithTwo("", ""));
 }
 
-TEST_F(TwoProfilesTabTest, marksNoneWhereTheActiveOneIsNotInTheList) {
+TEST_F(TwoProfilesTabTest, MarksNoneWhereTheActiveOneIsNotInTheList) {
     active = *Uuid::fromText("CCCCCCCC-BBBB-4CCC-8DDD-EEEEEEEEEEEE");
     EXPECT_EQ(tree(), tabWithTwo("", ""));
 }
 
-TEST_F(TwoProfilesTabTest, loadsAProfile) {
+TEST_F(TwoProfilesTabTest, LoadsAProfile) {
     user().inside("Fast & furious_").press("Load");
     EXPECT_EQ(loaded, std::vector{profiles[1]});
 }
 
-TEST_F(TwoProfilesTabTest, deletesAProfileWithoutAsking) {
+TEST_F(TwoProfilesTabTest, DeletesAProfileWithoutAsking) {
     user().inside("Slow").chooseMenuItem("More", "Delete");
     EXPECT_EQ(deleted, std::vector{profiles[0].id});
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
 
-TEST_F(TwoProfilesTabTest, asksForANewName) {
+TEST_F(TwoProfilesTabTest, AsksForANewName) {
     rename({.button = 0, .fieldText = "Steady"});
     EXPECT_EQ(platform.alerts().shown,
               (std::vector{Alert{.messageText = "Rename Profile",
@@ -156,19 +156,19 @@ TEST_F(TwoProfilesTabTest, asksForANewName) {
     EXPECT_EQ(renamed, (std::vector{std::pair(profiles[0].id, std::string("Steady"))}));
 }
 
-TEST_F(TwoProfilesTabTest, takesTheWhiteSpaceOffANewName) {
+TEST_F(TwoProfilesTabTest, TakesTheWhiteSpaceOffANewName) {
     rename({.button = 0, .fieldText = " \t Slow and steady\n "});
     EXPECT_EQ(renamed, (std::vector{std::pair(profiles[0].id, std::string("Slow and steady"))}));
 }
 
-TEST_F(TwoProfilesTabTest, keepsTheNameWhenTheNewOneIsBlankOrCancelled) {
+TEST_F(TwoProfilesTabTest, KeepsTheNameWhenTheNewOneIsBlankOrCancelled) {
     rename({.button = 0, .fieldText = " \n\t "});
     rename({.button = 1, .fieldText = "Steady"});
     EXPECT_EQ(platform.alerts().shown.size(), 2U);
     EXPECT_TRUE(renamed.empty());
 }
 
-TEST_F(ProfilesTabTest, savesUnderATrimmedNameAndClearsTheField) {
+TEST_F(ProfilesTabTest, SavesUnderATrimmedNameAndClearsTheField) {
     EXPECT_FALSE(user().isButtonEnabled("Save"));
     user().type("Profile name", "   ");
     EXPECT_FALSE(user().isButtonEnabled("Save"));
@@ -182,7 +182,7 @@ TEST_F(ProfilesTabTest, savesUnderATrimmedNameAndClearsTheField) {
     EXPECT_EQ(changes, 3);
 }
 
-TEST_F(TwoProfilesTabTest, answersADialogThatOutlivesTheWindow) {
+TEST_F(TwoProfilesTabTest, AnswersADialogThatOutlivesTheWindow) {
     auto tab =
         std::make_shared<ProfilesTab>(profiles, active, platform.alerts(), platform.applications());
     tab->onRename = {

@@ -41,7 +41,7 @@ waitWithoutDescriptors(platform::ContinuousClock &clock) {
     return clock.makeWait();
 }
 
-TEST(LinuxClockTest, WithoutDescriptorsAWaitStillLastsUntilItsDeadline) {
+TEST(TimerClockTest, WithoutDescriptorsAWaitStillLastsUntilItsDeadline) {
     linux::Clock clock;
     const auto wait = waitWithoutDescriptors(clock);
     const auto deadline = clock.now() + milliseconds(30);
@@ -50,7 +50,7 @@ TEST(LinuxClockTest, WithoutDescriptorsAWaitStillLastsUntilItsDeadline) {
     EXPECT_LT(clock.now(), deadline + seconds(20));
 }
 
-TEST(LinuxClockTest, WithoutDescriptorsAWaitCanStillBeCancelled) {
+TEST(TimerClockTest, WithoutDescriptorsAWaitCanStillBeCancelled) {
     linux::Clock clock;
     const auto wait = waitWithoutDescriptors(clock);
     std::thread waiter([&] { wait->waitUntil(clock.now() + hours(1)); });

@@ -12,7 +12,7 @@ namespace {
 using testing::SizeIs;
 
 /// The tab "Profiles" of the real program, and the profiles of its menu.
-class ProfilesTabOnDesktop : public SettingsDesktopTest {
+class ProfilesTabOnDesktopTest : public SettingsDesktopTest {
   protected:
     /// Waits until the profiles file holds exactly that text; what it holds in the end.
     std::string savedProfilesAre(const std::string &expected) const {
@@ -41,7 +41,7 @@ class ProfilesTabOnDesktop : public SettingsDesktopTest {
 constexpr const char *firstID = "0F8FAD5B-D9CB-469F-A165-70867728950E";
 constexpr const char *secondID = "7C9E6679-7425-40DE-944B-E07FC1F90AE7";
 
-TEST_F(ProfilesTabOnDesktop, isReadInItsOrder) {
+TEST_F(ProfilesTabOnDesktopTest, IsReadInItsOrder) {
     writeFile(profilesFile(desktop_),
               profilesText({{.id = firstID, .name = "A & B_c"}, {.id = secondID, .name = "Two"}},
                            secondID));
@@ -78,7 +78,7 @@ TEST_F(ProfilesTabOnDesktop, isReadInItsOrder) {
     }
 }
 
-TEST_F(ProfilesTabOnDesktop, profilesAreSavedLoadedRenamedAndDeletedByKeyboard) {
+TEST_F(ProfilesTabOnDesktopTest, ProfilesAreSavedLoadedRenamedAndDeletedByKeyboard) {
     launch({.clickRate = 20});
     openTab("Profiles");
     typeName("fishing");
@@ -146,7 +146,7 @@ TEST_F(ProfilesTabOnDesktop, profilesAreSavedLoadedRenamedAndDeletedByKeyboard) 
     EXPECT_EQ(savedProfiles(), expected);
 }
 
-TEST_F(ProfilesTabOnDesktop, aRenamingIsCancelledByKeyboard) {
+TEST_F(ProfilesTabOnDesktopTest, ARenamingIsCancelledByKeyboard) {
     const std::string text = profilesText({{.id = firstID, .name = "One"}});
     writeFile(profilesFile(desktop_), text);
     launch({});
@@ -172,7 +172,7 @@ TEST_F(ProfilesTabOnDesktop, aRenamingIsCancelledByKeyboard) {
     EXPECT_EQ(savedProfiles(), text);
 }
 
-TEST_F(ProfilesTabOnDesktop, aProfileIsSavedFromTheMenuByKeyboard) {
+TEST_F(ProfilesTabOnDesktopTest, AProfileIsSavedFromTheMenuByKeyboard) {
     launch({.clickRate = 30});
     ASSERT_TRUE(panel_.choose("Save current config..."));
     ASSERT_TRUE(waitForActive("Save Profile"));
@@ -195,7 +195,7 @@ TEST_F(ProfilesTabOnDesktop, aProfileIsSavedFromTheMenuByKeyboard) {
     EXPECT_TRUE(waitUntil([this] { return isChecked("fishing"); }));
 }
 
-TEST_F(ProfilesTabOnDesktop, veryManyOddProfilesStayUsable) {
+TEST_F(ProfilesTabOnDesktopTest, VeryManyOddProfilesStayUsable) {
     auto profiles = manyOddProfiles();
     writeFile(profilesFile(desktop_), profilesText(profiles));
     launch({.clickRate = 20});
@@ -228,7 +228,7 @@ TEST_F(ProfilesTabOnDesktop, veryManyOddProfilesStayUsable) {
     EXPECT_EQ(savedProfiles() == expected, true);
 }
 
-TEST_F(ProfilesTabOnDesktop, loadingFromTheMenuReplacesAnOpenWindow) {
+TEST_F(ProfilesTabOnDesktopTest, LoadingFromTheMenuReplacesAnOpenWindow) {
     writeFile(profilesFile(desktop_),
               profilesText({{.id = firstID, .name = "Fast", .clickRate = "90"}}));
     launch({.clickRate = 20});

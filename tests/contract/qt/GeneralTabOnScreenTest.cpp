@@ -25,7 +25,7 @@ std::vector<std::string> first(std::size_t count, std::vector<std::string> lines
     return lines;
 }
 
-class GeneralTabOnScreen : public SettingsWindowTest {
+class GeneralTabOnScreenTest : public SettingsWindowTest {
   protected:
     QLineEdit &rate() const { return named<QLineEdit>(u"Rate"_s); }
     QLineEdit &limit() const { return named<QLineEdit>(u"Limit"_s); }
@@ -51,7 +51,7 @@ class GeneralTabOnScreen : public SettingsWindowTest {
     }
 };
 
-TEST_F(GeneralTabOnScreen, showsWhatBelongsToAZoneInItsPlace) {
+TEST_F(GeneralTabOnScreenTest, ShowsWhatBelongsToAZoneInItsPlace) {
     config.zoneRect = CodableRect{120.4, 80, 300, 200};
     config.windowAnchor = WindowAnchor{"org.example.editor", "Tom & Jerry _", {1, 2, 300, 200}};
     platform.loginItem().enabled = true;
@@ -76,7 +76,7 @@ TEST_F(GeneralTabOnScreen, showsWhatBelongsToAZoneInItsPlace) {
     EXPECT_TRUE(turnUntil([&] { return screenWindow().height() == height; }));
 }
 
-TEST_F(GeneralTabOnScreen, cutsALongWindowTitleRatherThanTheApplication) {
+TEST_F(GeneralTabOnScreenTest, CutsALongWindowTitleRatherThanTheApplication) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{1, 2, 3, 4};
     config.windowAnchor = WindowAnchor{"editor", std::string(300, 'w'), {1, 2, 3, 4}};
@@ -88,7 +88,7 @@ TEST_F(GeneralTabOnScreen, cutsALongWindowTitleRatherThanTheApplication) {
     EXPECT_EQ(screenWindow().width(), 540);
 }
 
-TEST_F(GeneralTabOnScreen, isAsWideAsItShouldBeAndCannotBeResized) {
+TEST_F(GeneralTabOnScreenTest, IsAsWideAsItShouldBeAndCannotBeResized) {
     open();
     const QWidget &widget = screenWindow();
     EXPECT_EQ(widget.width(), 540);
@@ -114,7 +114,7 @@ struct Edit {
     }
 };
 
-class NumberEditTest : public GeneralTabOnScreen, public ::testing::WithParamInterface<Edit> {};
+class NumberEditTest : public GeneralTabOnScreenTest, public ::testing::WithParamInterface<Edit> {};
 
 TEST_P(NumberEditTest, TakesANumberAsItIsTypedAndKeepsTheLastOne) {
     const auto &[name, keys, value, interval] = GetParam();
@@ -144,7 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Edit{"tooSmall", "-92233720368547758080", "-9223372036854775808", "1.00"}),
     [](const auto &edit) { return std::string(edit.param.name); });
 
-TEST_F(GeneralTabOnScreen, saysUnlimitedOnlyWhereThereIsNoLimit) {
+TEST_F(GeneralTabOnScreenTest, SaysUnlimitedOnlyWhereThereIsNoLimit) {
     open();
     retype(limit(), "5");
     EXPECT_FALSE(isSpoken("text '(unlimited)'"));
@@ -152,7 +152,7 @@ TEST_F(GeneralTabOnScreen, saysUnlimitedOnlyWhereThereIsNoLimit) {
     EXPECT_TRUE(isSpoken("text '(unlimited)'"));
 }
 
-TEST_F(GeneralTabOnScreen, letsTheFieldFollowTheStepper) {
+TEST_F(GeneralTabOnScreenTest, LetsTheFieldFollowTheStepper) {
     open();
     retype(rate(), "x");
     focus(rateStepper());
@@ -171,7 +171,7 @@ TEST_F(GeneralTabOnScreen, letsTheFieldFollowTheStepper) {
     EXPECT_EQ(rate().text(), u"9999"_s);
 }
 
-TEST_F(GeneralTabOnScreen, keepsFocusCursorAndSelectionWhileOtherThingsChange) {
+TEST_F(GeneralTabOnScreenTest, KeepsFocusCursorAndSelectionWhileOtherThingsChange) {
     open();
     retype(limit(), "12345");
     limit().setSelection(1, 3);
@@ -188,7 +188,7 @@ TEST_F(GeneralTabOnScreen, keepsFocusCursorAndSelectionWhileOtherThingsChange) {
     EXPECT_EQ(limit().text(), u"129345"_s);
 }
 
-TEST_F(GeneralTabOnScreen, performsOKWithReturnFromAnywhere) {
+TEST_F(GeneralTabOnScreenTest, PerformsOKWithReturnFromAnywhere) {
     config.clickMode = ClickMode::zone;
     open();
     std::size_t expected = 0;
@@ -207,7 +207,7 @@ TEST_F(GeneralTabOnScreen, performsOKWithReturnFromAnywhere) {
     EXPECT_EQ(window->isVisible(), true);
 }
 
-TEST_F(GeneralTabOnScreen, survivesItsEndInItsOwnHandler) {
+TEST_F(GeneralTabOnScreenTest, SurvivesItsEndInItsOwnHandler) {
     open();
     afterSaving = [this] { window.reset(); };
     QEventLoop loop;
@@ -224,7 +224,7 @@ TEST_F(GeneralTabOnScreen, survivesItsEndInItsOwnHandler) {
     EXPECT_TRUE(turnUntil([] { return QApplication::activeWindow() == nullptr; }));
 }
 
-TEST_F(GeneralTabOnScreen, ignoresItsToolbarOnceItIsGone) {
+TEST_F(GeneralTabOnScreenTest, IgnoresItsToolbarOnceItIsGone) {
     open();
     QEventLoop loop;
     QTimer::singleShot(0, &loop, [&] {
@@ -242,7 +242,7 @@ TEST_F(GeneralTabOnScreen, ignoresItsToolbarOnceItIsGone) {
     loop.exec();
 }
 
-TEST_F(GeneralTabOnScreen, goesThroughTheControlsInTheirOrder) {
+TEST_F(GeneralTabOnScreenTest, GoesThroughTheControlsInTheirOrder) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{1, 2, 3, 4};
     open();
@@ -266,7 +266,7 @@ TEST_F(GeneralTabOnScreen, goesThroughTheControlsInTheirOrder) {
     }
 }
 
-TEST_F(GeneralTabOnScreen, choosesTheModeWithTheArrowKeys) {
+TEST_F(GeneralTabOnScreenTest, ChoosesTheModeWithTheArrowKeys) {
     open();
     focus(named(u"Free Cursor"_s));
     strike(XK_Down);
@@ -278,7 +278,7 @@ TEST_F(GeneralTabOnScreen, choosesTheModeWithTheArrowKeys) {
     EXPECT_FALSE(isSpoken("text 'No zone defined'"));
 }
 
-TEST_F(GeneralTabOnScreen, showsTheToggleOnlyAsItsStateIs) {
+TEST_F(GeneralTabOnScreenTest, ShowsTheToggleOnlyAsItsStateIs) {
     config.clickMode = ClickMode::zone;
     config.zoneRect = CodableRect{1, 2, 3, 4};
     open();
@@ -299,7 +299,7 @@ TEST_F(GeneralTabOnScreen, showsTheToggleOnlyAsItsStateIs) {
     EXPECT_TRUE(named<QAbstractButton>(u"Start at Login"_s).isChecked());
 }
 
-TEST_F(GeneralTabOnScreen, dropsWhatWasTypedWhenTheTabIsShownAnew) {
+TEST_F(GeneralTabOnScreenTest, DropsWhatWasTypedWhenTheTabIsShownAnew) {
     open();
     retype(rate(), "1x");
     named<QAbstractButton>(u"General"_s).click();
@@ -310,7 +310,7 @@ TEST_F(GeneralTabOnScreen, dropsWhatWasTypedWhenTheTabIsShownAnew) {
     EXPECT_EQ(rate().text(), u"1"_s);
 }
 
-TEST_F(GeneralTabOnScreen, changesTabsWithTheArrowKeys) {
+TEST_F(GeneralTabOnScreenTest, ChangesTabsWithTheArrowKeys) {
     open();
     focus(named(u"General"_s));
     strike(XK_Right);
@@ -324,7 +324,7 @@ TEST_F(GeneralTabOnScreen, changesTabsWithTheArrowKeys) {
     EXPECT_EQ(screenWindow().windowTitle(), u"Profiles"_s);
 }
 
-TEST_F(GeneralTabOnScreen, isHiddenByEscapeAndByItsCloseButton) {
+TEST_F(GeneralTabOnScreenTest, IsHiddenByEscapeAndByItsCloseButton) {
     open();
     strike(XK_Escape, [this] { return !window->isVisible(); });
     window->makeKeyAndOrderFront();
@@ -333,7 +333,7 @@ TEST_F(GeneralTabOnScreen, isHiddenByEscapeAndByItsCloseButton) {
     EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
+TEST_F(GeneralTabOnScreenTest, FollowsTheColoursOfTheDesktop) {
     const Look before;
     config.clickMode = ClickMode::zone;
     open();
@@ -345,7 +345,7 @@ TEST_F(GeneralTabOnScreen, followsTheColoursOfTheDesktop) {
     }
 }
 
-TEST_F(GeneralTabOnScreen, outlinesWhatIsNotCheckedAlsoInTheDark) {
+TEST_F(GeneralTabOnScreenTest, OutlinesWhatIsNotCheckedAlsoInTheDark) {
     const Look before;
     open();
     QApplication::setPalette(QPalette(QColor(50, 50, 50), QColor(40, 40, 40)));

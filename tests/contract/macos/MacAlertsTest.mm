@@ -1,5 +1,4 @@
 #include "platform/macos/app/Alerts.h"
-
 #include "platform/macos/app/KeyboardFocus.h"
 #include "presentation/BorderlessWindow.h"
 

@@ -9,7 +9,7 @@ namespace {
 
 using testing::HasSubstr;
 
-class DoctorTest : public DesktopTest {
+class DoctorOnDesktopTest : public DesktopTest {
   protected:
     struct Report {
         std::optional<int> exitCode;
@@ -26,7 +26,7 @@ class DoctorTest : public DesktopTest {
     }
 };
 
-TEST_F(DoctorTest, worksWithoutCorvane) {
+TEST_F(DoctorOnDesktopTest, WorksWithoutCorvane) {
     const Report report = examine(desktop_);
     EXPECT_EQ(report.exitCode, 0) << report.text;
     EXPECT_THAT(report.text, HasSubstr("[ok]      Corvane: It is not running.\n"));
@@ -36,7 +36,7 @@ TEST_F(DoctorTest, worksWithoutCorvane) {
     EXPECT_FALSE(std::filesystem::exists(settingsFile(desktop_)));
 }
 
-TEST_F(DoctorTest, worksBesideCorvane) {
+TEST_F(DoctorOnDesktopTest, WorksBesideCorvane) {
     const auto corvane = start({});
     EXPECT_THAT(examine(desktop_).text,
                 HasSubstr("[ok]      Hot key: It belongs to the running Corvane.\n"));
@@ -45,7 +45,7 @@ TEST_F(DoctorTest, worksBesideCorvane) {
     EXPECT_THAT(examine(desktop_).text, HasSubstr("It is running, and clicking."));
 }
 
-TEST_F(DoctorTest, seesThePanelOnTheBus) {
+TEST_F(DoctorOnDesktopTest, SeesThePanelOnTheBus) {
     const StatusPanel panel(desktop_);
     EXPECT_TRUE(waitUntil([this] {
         return examine(desktop_).text.find("[ok]      Menu: A panel shows Corvane's symbol.") !=
@@ -53,7 +53,7 @@ TEST_F(DoctorTest, seesThePanelOnTheBus) {
     }));
 }
 
-TEST_F(DoctorTest, saysWhatIsMissing) {
+TEST_F(DoctorOnDesktopTest, SaysWhatIsMissing) {
     const VirtualDesktop desktop(
         {.windowManager = WindowManager::none, .withoutExtensions = {"XTEST"}});
     const Report report = examine(desktop);
@@ -62,13 +62,13 @@ TEST_F(DoctorTest, saysWhatIsMissing) {
     EXPECT_THAT(report.text, HasSubstr("[limited] Windows: No window manager"));
 }
 
-TEST_F(DoctorTest, doesNotNeedADisplay) {
+TEST_F(DoctorOnDesktopTest, DoesNotNeedADisplay) {
     const Report report = examine(desktop_, {.withoutVariables = {"DISPLAY"}});
     EXPECT_EQ(report.exitCode, 1);
     EXPECT_THAT(report.text, HasSubstr("[missing] Display: There is none"));
 }
 
-TEST_F(DoctorTest, isHonestAboutWayland) {
+TEST_F(DoctorOnDesktopTest, IsHonestAboutWayland) {
     const Report inside = examine(desktop_, {.environment = {{"WAYLAND_DISPLAY", "wayland-0"}}});
     EXPECT_THAT(inside.text, HasSubstr("[limited] Display: "));
     EXPECT_THAT(inside.text, HasSubstr("none of those in the Wayland session around it"));
@@ -78,7 +78,7 @@ TEST_F(DoctorTest, isHonestAboutWayland) {
     EXPECT_THAT(without.text, HasSubstr("a Wayland session without an X server"));
 }
 
-TEST_F(DoctorTest, namesAFileThatCannotBeWritten) {
+TEST_F(DoctorOnDesktopTest, NamesAFileThatCannotBeWritten) {
     CorvaneProcess::Options options;
     options.mounts.makeReadOnly(desktop_.home());
     const Report report = examine(desktop_, std::move(options));

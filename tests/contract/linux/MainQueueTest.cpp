@@ -1,6 +1,7 @@
+#include "platform/linux/timing/MainQueue.h"
+
 #include "EventLoop.h"
 #include "platform/linux/timing/Clock.h"
-#include "platform/linux/timing/MainQueue.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +15,7 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::nanoseconds;
 
-class LinuxMainQueueTest : public testing::Test {
+class MainQueueTest : public testing::Test {
   protected:
     nanoseconds timeUntilCalled(nanoseconds delay) {
         const auto start = clock_.now();
@@ -28,7 +29,7 @@ class LinuxMainQueueTest : public testing::Test {
     linux::MainQueue queue_;
 };
 
-TEST_F(LinuxMainQueueTest, ADelayIsNotRoundedUpToWholeMilliseconds) {
+TEST_F(MainQueueTest, ADelayIsNotRoundedUpToWholeMilliseconds) {
     constexpr microseconds delay(1500);
     constexpr microseconds closeEnough(1900);
     // A busy machine may be late most of the time, but hardly every time.

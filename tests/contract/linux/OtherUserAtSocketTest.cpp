@@ -25,9 +25,9 @@ using posix::CommandSocket;
 using posix::FileDescriptor;
 
 /// What another user of the machine can do at the socket for commands.
-class OtherUserTest : public testing::TestWithParam<uid_t> {
+class OtherUserAtSocketTest : public testing::TestWithParam<uid_t> {
   protected:
-    OtherUserTest() { allow(folder_.path(), 0777); }
+    OtherUserAtSocketTest() { allow(folder_.path(), 0777); }
 
     static void allow(const std::filesystem::path &path, mode_t mode) {
         ASSERT_EQ(chmod(path.c_str(), mode), 0);
@@ -53,7 +53,7 @@ class OtherUserTest : public testing::TestWithParam<uid_t> {
     int requests_ = 0;
 };
 
-TEST_P(OtherUserTest, CannotReachTheSocket) {
+TEST_P(OtherUserAtSocketTest, CannotReachTheSocket) {
     const auto socket = open();
     ASSERT_TRUE(socket);
     ASSERT_TRUE(posix::connectTo(path_));
@@ -65,7 +65,7 @@ TEST_P(OtherUserTest, CannotReachTheSocket) {
     });
 }
 
-TEST_P(OtherUserTest, IsTurnedAwayWhereTheFolderHasBeenOpened) {
+TEST_P(OtherUserAtSocketTest, IsTurnedAwayWhereTheFolderHasBeenOpened) {
     const auto socket = open();
     ASSERT_TRUE(socket);
     allow(path_.parent_path(), 0777);
@@ -80,7 +80,7 @@ TEST_P(OtherUserTest, IsTurnedAwayWhereTheFolderHasBeenOpened) {
     EXPECT_EQ(requests_, 0);
 }
 
-TEST_P(OtherUserTest, GetsNoCommandsByHavingBeenThereFirst) {
+TEST_P(OtherUserAtSocketTest, GetsNoCommandsByHavingBeenThereFirst) {
     std::optional<FileDescriptor> trap;
     actAs(GetParam(), [&] {
         ASSERT_EQ(mkdir(path_.parent_path().c_str(), 0700), 0);
@@ -94,8 +94,8 @@ TEST_P(OtherUserTest, GetsNoCommandsByHavingBeenThereFirst) {
 }
 
 // Who is not root cannot act as anybody else.
-GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(OtherUserTest);
-INSTANTIATE_TEST_SUITE_P(Users, OtherUserTest, testing::ValuesIn(desktop::otherUsers()));
+GTEST_ALLOW_UNINSTANTIATED_PARAMETERIZED_TEST(OtherUserAtSocketTest);
+INSTANTIATE_TEST_SUITE_P(Users, OtherUserAtSocketTest, testing::ValuesIn(desktop::otherUsers()));
 
 } // namespace
 

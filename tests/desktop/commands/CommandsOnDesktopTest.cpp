@@ -25,7 +25,7 @@ struct Route {
     }
 };
 
-class CommandTest : public DesktopTest, public testing::WithParamInterface<Route> {
+class CommandsOnDesktopTest : public DesktopTest, public testing::WithParamInterface<Route> {
   protected:
     struct Result {
         std::optional<int> exitCode;
@@ -53,14 +53,14 @@ class CommandTest : public DesktopTest, public testing::WithParamInterface<Route
     }
 };
 
-TEST_P(CommandTest, nothingIsRunning) {
+TEST_P(CommandsOnDesktopTest, NothingIsRunning) {
     const Result result = command({"start"});
     EXPECT_EQ(result.exitCode, 3);
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.error, "corvane: Corvane is not running\n");
 }
 
-TEST_P(CommandTest, startsAndStops) {
+TEST_P(CommandsOnDesktopTest, StartsAndStops) {
     const auto corvane = startProgram({.clickRate = 20});
     EXPECT_EQ(command({"start"}).output, "Clicking started.\n");
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
@@ -72,7 +72,7 @@ TEST_P(CommandTest, startsAndStops) {
     EXPECT_THAT(command({"status", "--json"}).output, HasSubstr("\"status\" : \"idle\""));
 }
 
-TEST_P(CommandTest, togglesLikeTheHotKey) {
+TEST_P(CommandsOnDesktopTest, TogglesLikeTheHotKey) {
     const auto corvane = startProgram({.clickRate = 20});
     EXPECT_EQ(command({"toggle"}).exitCode, 0);
     ASSERT_TRUE(waitForMoreClicks(1)) << corvane->story();
@@ -80,7 +80,7 @@ TEST_P(CommandTest, togglesLikeTheHotKey) {
     EXPECT_TRUE(staysQuiet());
 }
 
-TEST_P(CommandTest, opensTheSettingsUnlessItClicks) {
+TEST_P(CommandsOnDesktopTest, OpensTheSettingsUnlessItClicks) {
     const auto corvane = startProgram({.clickRate = 1});
     EXPECT_EQ(command({"start"}).exitCode, 0);
     const Result refused = command({"settings"});
@@ -93,7 +93,7 @@ TEST_P(CommandTest, opensTheSettingsUnlessItClicks) {
     EXPECT_TRUE(waitUntil([this] { return hasSettings(); })) << corvane->story();
 }
 
-TEST_P(CommandTest, letsTheUserDrawAZone) {
+TEST_P(CommandsOnDesktopTest, LetsTheUserDrawAZone) {
     const auto corvane = startProgram({});
     EXPECT_EQ(command({"select-zone"}).exitCode, 0);
     EXPECT_THAT(command({"status"}).output, StartsWith("A zone is being drawn\n"));
@@ -102,7 +102,7 @@ TEST_P(CommandTest, letsTheUserDrawAZone) {
         << corvane->story();
 }
 
-TEST_P(CommandTest, listsAndLoadsProfiles) {
+TEST_P(CommandsOnDesktopTest, ListsAndLoadsProfiles) {
     writeFile(profilesFile(desktop_), R"({"profiles": [
         {"id": "6F9619FF-8B86-D011-B42D-00CF4FC964FF", "name": "Zwei Wörter",
          "clickMode": "cursor", "clickRate": 9, "timeUnit": "m", "maxClicks": 3}]})");
@@ -114,7 +114,7 @@ TEST_P(CommandTest, listsAndLoadsProfiles) {
               "Idle\nSet to click at the cursor, 9/m, up to 3 times\nProfile: Zwei Wörter\n");
 }
 
-TEST_P(CommandTest, endsTheProgram) {
+TEST_P(CommandsOnDesktopTest, EndsTheProgram) {
     const auto corvane = startProgram({.clickRate = 50});
     EXPECT_EQ(command({"start"}).exitCode, 0);
     const Result quit = command({"quit"});
@@ -124,7 +124,7 @@ TEST_P(CommandTest, endsTheProgram) {
     EXPECT_EQ(command({"status"}).exitCode, 3);
 }
 
-TEST_P(CommandTest, theNextProgramMayFollowAtOnceOnQuit) {
+TEST_P(CommandsOnDesktopTest, TheNextProgramMayFollowAtOnceOnQuit) {
     std::vector<std::unique_ptr<CorvaneProcess>> programs;
     for (int round = 0; round < 5; ++round) {
         programs.push_back(startProgram({}));
@@ -133,7 +133,7 @@ TEST_P(CommandTest, theNextProgramMayFollowAtOnceOnQuit) {
     }
 }
 
-TEST_P(CommandTest, launchesTheProgramWhereNoneIsRunning) {
+TEST_P(CommandsOnDesktopTest, LaunchesTheProgramWhereNoneIsRunning) {
     writeSettings(desktop_, Settings{.clickRate = 20}.text());
     CorvaneProcess launched(desktop_, {.arguments = {"--launch", "start"},
                                        .withoutVariables = GetParam().withoutVariables});
@@ -143,14 +143,14 @@ TEST_P(CommandTest, launchesTheProgramWhereNoneIsRunning) {
     EXPECT_TRUE(launched.process().isRunning());
 }
 
-TEST_P(CommandTest, saysWhatItDoesNotUnderstand) {
+TEST_P(CommandsOnDesktopTest, SaysWhatItDoesNotUnderstand) {
     const Result result = command({"profile"});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.output, "");
     EXPECT_EQ(result.error, "corvane: 'profile' needs 'list' or 'load NAME'; try --help\n");
 }
 
-INSTANTIATE_TEST_SUITE_P(Routes, CommandTest,
+INSTANTIATE_TEST_SUITE_P(Routes, CommandsOnDesktopTest,
                          testing::Values(Route{.name = "runtimeFolder", .withoutVariables = {}},
                                          Route{.name = "temporaryFolder",
                                                .withoutVariables = {"XDG_RUNTIME_DIR"}}),

@@ -10,9 +10,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class AboutTabOnScreen : public SettingsWindowTest {};
+class AboutTabOnScreenTest : public SettingsWindowTest {};
 
-TEST_F(AboutTabOnScreen, followsTheColoursOfTheDesktop) {
+TEST_F(AboutTabOnScreenTest, FollowsTheColoursOfTheDesktop) {
     const Look before;
     open("about");
     const auto picture = [this](const QString &name) {
@@ -30,7 +30,7 @@ TEST_F(AboutTabOnScreen, followsTheColoursOfTheDesktop) {
     }
 }
 
-TEST_F(AboutTabOnScreen, saysWhatItShowsAndOpensLinks) {
+TEST_F(AboutTabOnScreenTest, SaysWhatItShowsAndOpensLinks) {
     platform.application().icon = ":/AppIcon.svg";
     open("about");
     EXPECT_EQ(spoken(), lines("text 'Corvane'\n"
@@ -45,7 +45,7 @@ TEST_F(AboutTabOnScreen, saysWhatItShowsAndOpensLinks) {
               std::vector<std::string>{"https://corvane.example/donate"});
 }
 
-TEST_F(AboutTabOnScreen, survivesAnIconThatIsNoPicture) {
+TEST_F(AboutTabOnScreenTest, SurvivesAnIconThatIsNoPicture) {
     platform.application().icon = "/nowhere/icon.png";
     open("about");
     EXPECT_FALSE(screenWindow().grab().isNull());

@@ -14,14 +14,14 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-class SettingsWindowOnDesktop : public SettingsDesktopTest {
+class SettingsWindowOnDesktopTest : public SettingsDesktopTest {
   protected:
     std::vector<std::uint32_t> property(xcb_window_t window, const char *name) const {
         return desktop_.connection().properties(window, name);
     }
 };
 
-TEST_F(SettingsWindowOnDesktop, hasAFixedSizeInTheMiddleOfTheScreen) {
+TEST_F(SettingsWindowOnDesktopTest, HasAFixedSizeInTheMiddleOfTheScreen) {
     launch({});
     open();
     const SeenWindow window = active("General").value();
@@ -56,7 +56,7 @@ TEST_F(SettingsWindowOnDesktop, hasAFixedSizeInTheMiddleOfTheScreen) {
     EXPECT_NEAR(window.middle().y, screen.height_in_pixels / 2.0, 60);
 }
 
-TEST_F(SettingsWindowOnDesktop, keepsItsTabWhenChosenAgainAndComesBackNewOnceClosed) {
+TEST_F(SettingsWindowOnDesktopTest, KeepsItsTabWhenChosenAgainAndComesBackNewOnceClosed) {
     launch({});
     openTab("About");
     const xcb_window_t former = active("About").value().id;
@@ -67,7 +67,7 @@ TEST_F(SettingsWindowOnDesktop, keepsItsTabWhenChosenAgainAndComesBackNewOnceClo
     EXPECT_NE(active("General").value().id, former);
 }
 
-TEST_F(SettingsWindowOnDesktop, comesBackFromWhereAWindowManagerHasPutIt) {
+TEST_F(SettingsWindowOnDesktopTest, ComesBackFromWhereAWindowManagerHasPutIt) {
     launch({});
     openTab("Profiles");
     const xcb_window_t window = active("Profiles").value().id;
@@ -78,7 +78,7 @@ TEST_F(SettingsWindowOnDesktop, comesBackFromWhereAWindowManagerHasPutIt) {
     EXPECT_EQ(active("Profiles").value().id, window);
 }
 
-TEST_F(SettingsWindowOnDesktop, saysWhatThisProgramIs) {
+TEST_F(SettingsWindowOnDesktopTest, SaysWhatThisProgramIs) {
     launch({});
     openTab("About");
     const auto lines = reader_.window("About");

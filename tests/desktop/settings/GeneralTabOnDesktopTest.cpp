@@ -16,7 +16,7 @@ using testing::ElementsAreArray;
 constexpr Area zone{420, 330, 60, 40};
 
 /// The tab "General" of the real program.
-class GeneralTabOnDesktop : public SettingsDesktopTest {
+class GeneralTabOnDesktopTest : public SettingsDesktopTest {
   protected:
     /// Where the zone lies in the frame of the other program's window.
     Position zoneInFrame() const {
@@ -38,7 +38,7 @@ const Settings anchored{
     .anchor =
         Settings::Anchor{.application = "Target", .title = "Target", .relative = {10, 20, 60, 40}}};
 
-TEST_F(GeneralTabOnDesktop, isReadInItsOrder) {
+TEST_F(GeneralTabOnDesktopTest, IsReadInItsOrder) {
     launch(anchored);
     open();
     const std::vector<std::string> expected = {"frame 'General'",
@@ -70,7 +70,7 @@ TEST_F(GeneralTabOnDesktop, isReadInItsOrder) {
     EXPECT_EQ(said("General", expected), expected);
 }
 
-TEST_F(GeneralTabOnDesktop, everySettingIsEditedSavedAndKept) {
+TEST_F(GeneralTabOnDesktopTest, EverySettingIsEditedSavedAndKept) {
     launch({.clickRate = 20, .zone = zone});
     open();
     ASSERT_TRUE(tabTo("radio button 'Free Cursor' checked"));
@@ -141,7 +141,7 @@ TEST_F(GeneralTabOnDesktop, everySettingIsEditedSavedAndKept) {
     EXPECT_THAT(said("General", edited), ElementsAreArray(edited));
 }
 
-TEST_F(GeneralTabOnDesktop, editsAreDroppedWhenTheWindowOrTheTabIsLeft) {
+TEST_F(GeneralTabOnDesktopTest, EditsAreDroppedWhenTheWindowOrTheTabIsLeft) {
     launch({.clickRate = 20});
     open();
     ASSERT_TRUE(tabTo("text 'Rate' = '20'"));
@@ -172,7 +172,7 @@ TEST_F(GeneralTabOnDesktop, editsAreDroppedWhenTheWindowOrTheTabIsLeft) {
     EXPECT_EQ(savedSettings(expected), expected);
 }
 
-TEST_F(GeneralTabOnDesktop, aPickHidesTheWindowAndBringsANewOneWithItsZone) {
+TEST_F(GeneralTabOnDesktopTest, APickHidesTheWindowAndBringsANewOneWithItsZone) {
     launch({.clickMode = "zone"});
     open();
     const xcb_window_t former = active("General").value().id;
@@ -206,7 +206,7 @@ TEST_F(GeneralTabOnDesktop, aPickHidesTheWindowAndBringsANewOneWithItsZone) {
     EXPECT_EQ(savedSettings(expected), expected);
 }
 
-TEST_F(GeneralTabOnDesktop, startingAtLoginFollowsTheEntryOfTheDesktop) {
+TEST_F(GeneralTabOnDesktopTest, StartingAtLoginFollowsTheEntryOfTheDesktop) {
     writeFile(loginEntry(),
               "[Desktop Entry]\nType=Application\nName=Corvane\nExec=/bin/sh\nHidden=true\n");
     launch({});

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class ProfilesTabOnScreen : public SettingsWindowTest {
+class ProfilesTabOnScreenTest : public SettingsWindowTest {
   protected:
     void addProfile(const std::string &name) {
         profiles.push_back(Profile::fromConfig(name, config));
@@ -29,7 +29,7 @@ class ProfilesTabOnScreen : public SettingsWindowTest {
     QAbstractButton &saveButton() const { return named<QAbstractButton>(u"Save"_s); }
 };
 
-TEST_F(ProfilesTabOnScreen, saysWhatItShowsWithoutProfiles) {
+TEST_F(ProfilesTabOnScreenTest, SaysWhatItShowsWithoutProfiles) {
     open("profiles");
     EXPECT_EQ(spoken(), lines("text 'No profiles'\n"
                               "text 'Save your current configuration as a profile to quickly "
@@ -39,7 +39,7 @@ TEST_F(ProfilesTabOnScreen, saysWhatItShowsWithoutProfiles) {
                               "button 'Save' disabled"));
 }
 
-TEST_F(ProfilesTabOnScreen, saysWhatItShowsWithProfiles) {
+TEST_F(ProfilesTabOnScreenTest, SaysWhatItShowsWithProfiles) {
     addProfile("A & B_c");
     addProfile("Two");
     open("profiles");
@@ -60,7 +60,7 @@ TEST_F(ProfilesTabOnScreen, saysWhatItShowsWithProfiles) {
                               "button 'Save' disabled"));
 }
 
-TEST_F(ProfilesTabOnScreen, savesUnderTheNameThatIsTyped) {
+TEST_F(ProfilesTabOnScreenTest, SavesUnderTheNameThatIsTyped) {
     open("profiles");
     focus(nameField());
     strike(XK_space);
@@ -77,7 +77,7 @@ TEST_F(ProfilesTabOnScreen, savesUnderTheNameThatIsTyped) {
     EXPECT_FALSE(saveButton().isEnabled());
 }
 
-TEST_F(ProfilesTabOnScreen, pressesTheButtonWithTheFocusWithReturn) {
+TEST_F(ProfilesTabOnScreenTest, PressesTheButtonWithTheFocusWithReturn) {
     addProfile("One");
     open("profiles");
     focus(nameField());
@@ -88,7 +88,7 @@ TEST_F(ProfilesTabOnScreen, pressesTheButtonWithTheFocusWithReturn) {
     EXPECT_TRUE(savedProfiles.empty());
 }
 
-TEST_F(ProfilesTabOnScreen, deletesFromTheMenuAndKeepsTheOtherRows) {
+TEST_F(ProfilesTabOnScreenTest, DeletesFromTheMenuAndKeepsTheOtherRows) {
     addProfile("One");
     addProfile("Two");
     open("profiles");
@@ -108,7 +108,7 @@ TEST_F(ProfilesTabOnScreen, deletesFromTheMenuAndKeepsTheOtherRows) {
     EXPECT_EQ(spoken().at(1), "group 'Two'");
 }
 
-TEST_F(ProfilesTabOnScreen, staysUsableWithVeryManyOddProfiles) {
+TEST_F(ProfilesTabOnScreenTest, StaysUsableWithVeryManyOddProfiles) {
     const std::vector<std::string> odd = {std::string(10000, 'W'),
                                           "\U0001F600\U0001F3FD",
                                           "\u0645\u0631\u062D\u0628\u0627",
@@ -162,7 +162,7 @@ class WidgetWatch : public QObject {
     std::set<const QObject *> busy_;
 };
 
-TEST_F(ProfilesTabOnScreen, aLetterInTheNameLeavesVeryManyProfilesAlone) {
+TEST_F(ProfilesTabOnScreenTest, ALetterInTheNameLeavesVeryManyProfilesAlone) {
     while (profiles.size() < 500) {
         addProfile("Profile");
     }
@@ -179,7 +179,7 @@ TEST_F(ProfilesTabOnScreen, aLetterInTheNameLeavesVeryManyProfilesAlone) {
     EXPECT_LT(watch.count(), profiles.size() / 2);
 }
 
-TEST_F(ProfilesTabOnScreen, keepsTheKeyboardNearWhatIsGone) {
+TEST_F(ProfilesTabOnScreenTest, KeepsTheKeyboardNearWhatIsGone) {
     addProfile("One");
     addProfile("Two");
     open("profiles");
@@ -203,7 +203,7 @@ TEST_F(ProfilesTabOnScreen, keepsTheKeyboardNearWhatIsGone) {
     EXPECT_EQ(focused(), u"Profile name"_s);
 }
 
-TEST_F(ProfilesTabOnScreen, staysOnTheScreenWhenItGrows) {
+TEST_F(ProfilesTabOnScreenTest, StaysOnTheScreenWhenItGrows) {
     for (int index = 0; index < 30; ++index) {
         addProfile("Profile");
     }
