@@ -1,6 +1,6 @@
 #pragma once
 
-#include "harness/VirtualDesktop.h"
+#include "harness/servers/VirtualDesktop.h"
 
 #include <memory>
 #include <string>

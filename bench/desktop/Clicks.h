@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Samples.h"
-#include "harness/ClickClient.h"
+#include "harness/actors/ClickClient.h"
 
 #include <cstdint>
 #include <vector>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "harness/Keyboard.h"
+#include "harness/actors/Keyboard.h"
 
 namespace corvane::bench {
 

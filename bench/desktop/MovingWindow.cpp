@@ -1,6 +1,6 @@
 #include "MovingWindow.h"
 
-#include "harness/WindowTree.h"
+#include "harness/probes/WindowTree.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <algorithm>

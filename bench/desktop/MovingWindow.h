@@ -2,7 +2,7 @@
 
 #include "Samples.h"
 #include "harness/Settings.h"
-#include "harness/VirtualDesktop.h"
+#include "harness/servers/VirtualDesktop.h"
 
 #include <xcb/xcb.h>
 

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Clicks.h"
-#include "harness/ClickClient.h"
-#include "harness/CorvaneProcess.h"
-#include "harness/Keyboard.h"
-#include "harness/Pointer.h"
 #include "harness/Settings.h"
-#include "harness/StatusPanel.h"
-#include "harness/VirtualDesktop.h"
+#include "harness/actors/ClickClient.h"
+#include "harness/actors/CorvaneProcess.h"
+#include "harness/actors/Keyboard.h"
+#include "harness/actors/Pointer.h"
+#include "harness/actors/StatusPanel.h"
+#include "harness/servers/VirtualDesktop.h"
 
 #include <chrono>
 #include <cstddef>

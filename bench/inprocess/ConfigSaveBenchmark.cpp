@@ -3,9 +3,9 @@
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
 #include "state/AppState.h"
-#include "support/RecordingPlatform.h"
 #include "support/SerialQueue.h"
 #include "support/TemporaryDirectory.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <benchmark/benchmark.h>
 

@@ -2,8 +2,8 @@
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
 #include "state/AppState.h"
-#include "support/RecordingPlatform.h"
 #include "support/SerialQueue.h"
+#include "support/recorder/RecordingPlatform.h"
 #include "ui/StatusBarController.h"
 
 #include <benchmark/benchmark.h>

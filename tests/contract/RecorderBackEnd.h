@@ -1,7 +1,7 @@
 #pragma once
 
 #include "BackEnd.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
 
-#include "harness/WindowTree.h"
+#include "harness/probes/WindowTree.h"
 
 #include <algorithm>
 #include <utility>

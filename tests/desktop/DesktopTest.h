@@ -1,12 +1,12 @@
 #pragma once
 
-#include "harness/ClickClient.h"
-#include "harness/CorvaneProcess.h"
-#include "harness/Keyboard.h"
-#include "harness/Pointer.h"
 #include "harness/Settings.h"
-#include "harness/VirtualDesktop.h"
 #include "harness/WaitUntil.h"
+#include "harness/actors/ClickClient.h"
+#include "harness/actors/CorvaneProcess.h"
+#include "harness/actors/Keyboard.h"
+#include "harness/actors/Pointer.h"
+#include "harness/servers/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "harness/ClickClient.h"
-#include "harness/Keyboard.h"
-#include "harness/Pointer.h"
-#include "harness/PrivateMounts.h"
-#include "harness/Screenshot.h"
 #include "harness/TextFile.h"
-#include "harness/VirtualDesktop.h"
+#include "harness/actors/ClickClient.h"
+#include "harness/actors/Keyboard.h"
+#include "harness/actors/Pointer.h"
+#include "harness/probes/Screenshot.h"
+#include "harness/servers/PrivateMounts.h"
+#include "harness/servers/VirtualDesktop.h"
 
 #include <X11/keysym.h>
 #include <gtest/gtest.h>

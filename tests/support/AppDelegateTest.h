@@ -3,7 +3,7 @@
 #include "app/AppDelegate.h"
 #include "app/SharedServices.h"
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "services/ClickerService.h"
-#include "support/HandTurnedClock.h"
 #include "support/LogCapture.h"
-#include "support/RecordingMouseEvents.h"
 #include "support/RunCallbacks.h"
+#include "support/recorder/HandTurnedClock.h"
+#include "support/recorder/RecordingMouseEvents.h"
 
 #include <gtest/gtest.h>
 

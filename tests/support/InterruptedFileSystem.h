@@ -1,6 +1,6 @@
 #pragma once
 
-#include "support/MemoryFileSystem.h"
+#include "support/recorder/MemoryFileSystem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
 #include "platform/Accessibility.h"
 
-#include "ClickClient.h"
 #include "EnvironmentVariable.h"
 #include "LinuxBackEnd.h"
-#include "VirtualDesktop.h"
+#include "actors/ClickClient.h"
 #include "platform/Applications.h"
+#include "servers/VirtualDesktop.h"
 
 #include <QApplication>
 #include <QWidget>

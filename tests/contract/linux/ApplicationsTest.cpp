@@ -1,10 +1,10 @@
 #include "platform/linux/Applications.h"
 
-#include "ClickClient.h"
 #include "SampleWindow.h"
 #include "TemporaryFolder.h"
 #include "TextFile.h"
 #include "WindowSystemTest.h"
+#include "actors/ClickClient.h"
 #include "platform/linux/timing/MainQueue.h"
 
 #include <limits>

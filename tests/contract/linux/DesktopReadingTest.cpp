@@ -1,9 +1,9 @@
 #include "platform/linux/DesktopReading.h"
 
 #include "EnvironmentVariable.h"
-#include "VirtualDesktop.h"
 #include "platform/x11/connection/XcbEvents.h"
 #include "platform/x11/hotkey/HotKeys.h"
+#include "servers/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "LinuxBackEnd.h"
 
 #include "EventLoop.h"
-#include "Pointer.h"
 #include "RecorderBackEnd.h"
+#include "actors/Pointer.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>

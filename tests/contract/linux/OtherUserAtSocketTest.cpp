@@ -1,6 +1,6 @@
 #include "EventLoop.h"
 #include "TemporaryFolder.h"
-#include "harness/AnotherUser.h"
+#include "harness/actors/AnotherUser.h"
 #include "platform/linux/timing/MainQueue.h"
 #include "platform/posix/CommandMessage.h"
 #include "platform/posix/CommandSender.h"

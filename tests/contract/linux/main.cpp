@@ -1,5 +1,5 @@
-#include "VirtualDesktop.h"
 #include "platform/freedesktop/bus/SessionBus.h"
+#include "servers/VirtualDesktop.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #import "MacBackEnd.h"
 #include "platform/Platform.h"
 #include "platform/SettingsWindows.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 #include "ui/AboutTab.h"
 #include "ui/GeneralTab.h"
 #include "ui/ProfilesTab.h"

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "harness/DisplayConnection.h"
-#include "harness/Keyboard.h"
+#include "harness/actors/Keyboard.h"
 #include "platform/qt/settings/SettingsWindows.h"
 #include "services/WindowResolver.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 #include "ui/ConfigWindow.h"
 #include "ui/GeneralTab.h"
 #include "ui/ProfilesTab.h"

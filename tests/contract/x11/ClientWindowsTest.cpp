@@ -1,9 +1,9 @@
 #include "platform/x11/windows/ClientWindows.h"
 
-#include "ClickClient.h"
 #include "SampleWindow.h"
 #include "WaitUntil.h"
 #include "WindowSystemTest.h"
+#include "actors/ClickClient.h"
 #include "platform/linux/timing/MainQueue.h"
 
 #include <xcb/xcb.h>

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "Pointer.h"
 #include "SampleWindow.h"
-#include "Screenshot.h"
 #include "WindowSystemTest.h"
+#include "actors/Pointer.h"
 #include "platform/drawing/SymbolImages.h"
 #include "platform/x11/overlay/OverlayWindows.h"
 #include "platform/x11/screens/Screens.h"
+#include "probes/Screenshot.h"
 
 #include <cstdlib>
 #include <functional>

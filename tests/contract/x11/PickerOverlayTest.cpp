@@ -1,5 +1,5 @@
-#include "Keyboard.h"
 #include "OverlayTest.h"
+#include "actors/Keyboard.h"
 #include "overlay/OverlayWindow.h"
 
 #include <xcb/xcb.h>

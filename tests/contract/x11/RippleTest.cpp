@@ -1,6 +1,6 @@
-#include "ClickClient.h"
 #include "OverlayTest.h"
 #include "WaitUntil.h"
+#include "actors/ClickClient.h"
 #include "overlay/RippleWindow.h"
 #include "overlay/ZoneOverlayWindow.h"
 

@@ -1,7 +1,7 @@
 #include "platform/x11/connection/ServerAbilities.h"
 
 #include "EnvironmentVariable.h"
-#include "VirtualDesktop.h"
+#include "servers/VirtualDesktop.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "platform/x11/windows/WindowList.h"
 
-#include "ClickClient.h"
 #include "SampleWindow.h"
 #include "WindowSystemTest.h"
+#include "actors/ClickClient.h"
 #include "platform/linux/environment/TextDecoding.h"
 
 #include <algorithm>

@@ -2,9 +2,9 @@
 
 #include "EnvironmentVariable.h"
 #include "EventLoop.h"
-#include "VirtualDesktop.h"
-#include "WindowManager.h"
 #include "platform/x11/connection/XcbEvents.h"
+#include "servers/VirtualDesktop.h"
+#include "servers/WindowManager.h"
 
 #include <gtest/gtest.h>
 

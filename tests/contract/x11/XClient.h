@@ -1,8 +1,8 @@
 #pragma once
 
 #include "DisplayConnection.h"
-#include "Keyboard.h"
-#include "Pointer.h"
+#include "actors/Keyboard.h"
+#include "actors/Pointer.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <xcb/xcb.h>

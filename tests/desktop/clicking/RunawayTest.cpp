@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/PausedThread.h"
-#include "harness/StatusPanel.h"
+#include "harness/actors/PausedThread.h"
+#include "harness/actors/StatusPanel.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <X11/keysym.h>

@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/Holdings.h"
-#include "harness/WindowTree.h"
+#include "harness/probes/Holdings.h"
+#include "harness/probes/WindowTree.h"
 
 namespace corvane::desktop {
 

@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/ProcessTable.h"
+#include "harness/probes/ProcessTable.h"
 
 #include <csignal>
 #include <vector>

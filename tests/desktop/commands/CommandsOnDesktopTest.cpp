@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
 #include "harness/TextFile.h"
-#include "harness/WindowTree.h"
+#include "harness/probes/WindowTree.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>

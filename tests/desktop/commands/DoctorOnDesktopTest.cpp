@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/StatusPanel.h"
+#include "harness/actors/StatusPanel.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/AnotherUser.h"
+#include "harness/actors/AnotherUser.h"
 #include "platform/posix/UnixSocket.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "DesktopTest.h"
-#include "harness/ProcessTable.h"
-#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
+#include "harness/actors/StatusPanel.h"
+#include "harness/probes/ProcessTable.h"
 
 #include <csignal>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/SessionManager.h"
 #include "harness/TextFile.h"
+#include "harness/servers/SessionManager.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "harness/WallClock.h"
+#include "harness/servers/WallClock.h"
 
 #include "DesktopTest.h"
 #include "harness/ProfilesText.h"

@@ -1,7 +1,7 @@
 #include "ChildProcess.h"
 
-#include "PrivateMounts.h"
 #include "TextFile.h"
+#include "servers/PrivateMounts.h"
 
 #include <array>
 #include <atomic>

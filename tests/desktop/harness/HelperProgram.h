@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "VirtualDesktop.h"
+#include "servers/VirtualDesktop.h"
 
 #include <cstddef>
 #include <memory>

@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
+#include "harness/actors/StatusPanel.h"
 
 #include <gmock/gmock.h>
 

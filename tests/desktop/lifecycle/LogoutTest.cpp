@@ -1,6 +1,6 @@
 #include "PickTest.h"
-#include "harness/SessionManager.h"
 #include "harness/TextFile.h"
+#include "harness/servers/SessionManager.h"
 
 #include <X11/keysym.h>
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/LoginManager.h"
+#include "harness/servers/LoginManager.h"
 
 namespace corvane::desktop {
 

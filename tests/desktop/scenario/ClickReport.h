@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ClickClient.h"
+#include "actors/ClickClient.h"
 
 #include <string>
 #include <vector>

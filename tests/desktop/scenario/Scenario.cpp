@@ -1,9 +1,9 @@
 #include "Scenario.h"
 
 #include "ClickReport.h"
-#include "Screenshot.h"
 #include "WaitUntil.h"
-#include "WindowTree.h"
+#include "probes/Screenshot.h"
+#include "probes/WindowTree.h"
 
 #include <X11/keysym.h>
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "ClickClient.h"
-#include "CorvaneProcess.h"
-#include "Keyboard.h"
-#include "Pointer.h"
 #include "Settings.h"
-#include "VirtualDesktop.h"
+#include "actors/ClickClient.h"
+#include "actors/CorvaneProcess.h"
+#include "actors/Keyboard.h"
+#include "actors/Pointer.h"
+#include "servers/VirtualDesktop.h"
 
 #include <filesystem>
 #include <memory>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "CorvaneProcess.h"
 #include "Settings.h"
-#include "WaylandClient.h"
-#include "WaylandDesktop.h"
+#include "actors/CorvaneProcess.h"
+#include "actors/WaylandClient.h"
+#include "servers/WaylandDesktop.h"
 
 #include <filesystem>
 #include <memory>

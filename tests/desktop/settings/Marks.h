@@ -1,7 +1,7 @@
 #pragma once
 
-#include "harness/Screenshot.h"
 #include "harness/Settings.h"
+#include "harness/probes/Screenshot.h"
 
 #include <optional>
 

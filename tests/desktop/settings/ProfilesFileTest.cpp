@@ -1,7 +1,7 @@
 #include "DesktopTest.h"
 #include "harness/ProfilesText.h"
-#include "harness/StatusPanel.h"
 #include "harness/TextFile.h"
+#include "harness/actors/StatusPanel.h"
 
 #include <gmock/gmock.h>
 

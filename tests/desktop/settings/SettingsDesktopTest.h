@@ -1,9 +1,9 @@
 #pragma once
 
 #include "DesktopTest.h"
-#include "harness/ScreenReader.h"
-#include "harness/StatusPanel.h"
-#include "harness/WindowTree.h"
+#include "harness/actors/ScreenReader.h"
+#include "harness/actors/StatusPanel.h"
+#include "harness/probes/WindowTree.h"
 
 #include <memory>
 #include <optional>

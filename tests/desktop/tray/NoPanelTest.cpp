@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/StatusPanel.h"
-#include "harness/WindowTree.h"
+#include "harness/actors/StatusPanel.h"
+#include "harness/probes/WindowTree.h"
 
 #include <X11/keysym.h>
 

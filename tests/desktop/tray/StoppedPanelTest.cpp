@@ -1,6 +1,6 @@
 #include "DesktopTest.h"
-#include "harness/ProcessTable.h"
-#include "harness/StatusPanel.h"
+#include "harness/actors/StatusPanel.h"
+#include "harness/probes/ProcessTable.h"
 
 #include <csignal>
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "harness/CorvaneProcess.h"
 #include "harness/Settings.h"
 #include "harness/WaitUntil.h"
-#include "harness/WaylandClient.h"
-#include "harness/WaylandDesktop.h"
+#include "harness/actors/CorvaneProcess.h"
+#include "harness/actors/WaylandClient.h"
+#include "harness/servers/WaylandDesktop.h"
 
 #include <gtest/gtest.h>
 

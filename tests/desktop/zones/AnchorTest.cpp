@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/ServerSockets.h"
+#include "harness/servers/ServerSockets.h"
 
 #include <X11/keysym.h>
 

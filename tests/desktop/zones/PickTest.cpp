@@ -1,7 +1,7 @@
 #include "PickTest.h"
 
 #include "harness/TextFile.h"
-#include "harness/WindowTree.h"
+#include "harness/probes/WindowTree.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "DesktopTest.h"
 #include "Marks.h"
-#include "harness/StatusPanel.h"
+#include "harness/actors/StatusPanel.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,5 @@
 #include "PickTest.h"
-#include "harness/WindowTree.h"
+#include "harness/probes/WindowTree.h"
 
 #include <X11/keysym.h>
 

@@ -1,8 +1,8 @@
-#include "harness/WindowManager.h"
+#include "harness/servers/WindowManager.h"
 
 #include "PickTest.h"
-#include "harness/Pager.h"
-#include "harness/WindowTree.h"
+#include "harness/actors/Pager.h"
+#include "harness/probes/WindowTree.h"
 
 #include <X11/keysym.h>
 

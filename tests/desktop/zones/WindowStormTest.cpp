@@ -1,4 +1,4 @@
-#include "harness/WindowStorm.h"
+#include "harness/actors/WindowStorm.h"
 
 #include "PickTest.h"
 

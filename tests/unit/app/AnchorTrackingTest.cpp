@@ -3,7 +3,7 @@
 #include "services/DynamicZoneRect.h"
 #include "services/WindowResolver.h"
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "app/Doctor.h"
 
 #include "support/Log.h"
-#include "support/MemoryFileSystem.h"
+#include "support/recorder/MemoryFileSystem.h"
 
 #include <gmock/gmock.h>
 

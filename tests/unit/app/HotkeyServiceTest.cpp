@@ -1,7 +1,7 @@
 #include "app/HotkeyService.h"
 
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

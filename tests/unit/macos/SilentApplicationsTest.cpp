@@ -1,6 +1,6 @@
 #include "platform/macos/logic/SilentApplications.h"
 
-#include "support/HandTurnedClock.h"
+#include "support/recorder/HandTurnedClock.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "overlay/RippleWindow.h"
 
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "overlay/ZoneOverlayWindow.h"
 
 #include "overlay/ZoneOverlayView.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
 #include "services/ClickBacklog.h"
 #include "services/ClickCount.h"
 #include "services/ClickerService.h"
-#include "support/HandTurnedClock.h"
 #include "support/LogCapture.h"
-#include "support/RecordingMouseEvents.h"
+#include "support/recorder/HandTurnedClock.h"
+#include "support/recorder/RecordingMouseEvents.h"
 
 #include <gtest/gtest.h>
 

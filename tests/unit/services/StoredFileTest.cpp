@@ -3,8 +3,8 @@
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
 #include "support/LogCapture.h"
-#include "support/MemoryFileSystem.h"
 #include "support/OutputCapture.h"
+#include "support/recorder/MemoryFileSystem.h"
 
 #include <gtest/gtest.h>
 

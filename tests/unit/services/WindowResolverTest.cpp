@@ -2,7 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include "overlay/OverlayWindow.h"
 #include "support/Localised.h"
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

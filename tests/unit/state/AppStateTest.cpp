@@ -6,8 +6,8 @@
 #include "support/Localised.h"
 #include "support/LogCapture.h"
 #include "support/OutputCapture.h"
-#include "support/RecordingPlatform.h"
 #include "support/SerialQueue.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "state/Availability.h"
 
 #include "app/SharedServices.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "support/HandTurnedClock.h"
+#include "support/recorder/HandTurnedClock.h"
 
 #include <gtest/gtest.h>
 

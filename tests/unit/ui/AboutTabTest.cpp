@@ -1,8 +1,8 @@
 #include "ui/AboutTab.h"
 
 #include "support/ReadableView.h"
-#include "support/RecordingPlatform.h"
 #include "support/ViewUser.h"
+#include "support/recorder/RecordingPlatform.h"
 #include "ui/Product.h"
 
 #include <gtest/gtest.h>

@@ -2,8 +2,8 @@
 
 #include "services/WindowResolver.h"
 #include "support/LogCapture.h"
-#include "support/RecordingPlatform.h"
 #include "support/ViewUser.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

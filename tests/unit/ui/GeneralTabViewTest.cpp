@@ -1,5 +1,5 @@
 #include "support/ReadableView.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 #include "ui/GeneralTab.h"
 
 #include <gtest/gtest.h>

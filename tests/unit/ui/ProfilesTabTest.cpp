@@ -1,8 +1,8 @@
 #include "ui/ProfilesTab.h"
 
 #include "support/ReadableView.h"
-#include "support/RecordingPlatform.h"
 #include "support/ViewUser.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 
 #include "app/SharedServices.h"
 #include "support/MenuListing.h"
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
 

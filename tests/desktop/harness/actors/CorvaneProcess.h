@@ -1,9 +1,9 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "Desktop.h"
 #include "GrowingFile.h"
-#include "PrivateMounts.h"
+#include "servers/Desktop.h"
+#include "servers/PrivateMounts.h"
 
 #include <filesystem>
 #include <memory>

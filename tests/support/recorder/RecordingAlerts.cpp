@@ -1,4 +1,4 @@
-#include "support/RecordingAlerts.h"
+#include "support/recorder/RecordingAlerts.h"
 
 namespace corvane::testing {
 

@@ -1,4 +1,4 @@
-#include "support/RecordingStatusBar.h"
+#include "support/recorder/RecordingStatusBar.h"
 
 #include <stdexcept>
 #include <utility>

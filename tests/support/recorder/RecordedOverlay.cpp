@@ -1,4 +1,4 @@
-#include "support/RecordedOverlay.h"
+#include "support/recorder/RecordedOverlay.h"
 
 #include <functional>
 #include <utility>

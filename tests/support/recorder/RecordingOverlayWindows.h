@@ -2,7 +2,7 @@
 
 #include "platform/OverlayWindows.h"
 #include "support/OneThread.h"
-#include "support/RecordedOverlay.h"
+#include "support/recorder/RecordedOverlay.h"
 
 #include <memory>
 #include <vector>

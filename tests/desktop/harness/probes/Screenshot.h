@@ -1,7 +1,7 @@
 #pragma once
 
 #include "DisplayConnection.h"
-#include "Pointer.h"
+#include "actors/Pointer.h"
 
 #include <cstdint>
 #include <filesystem>

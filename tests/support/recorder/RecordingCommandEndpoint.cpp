@@ -1,4 +1,4 @@
-#include "support/RecordingCommandEndpoint.h"
+#include "support/recorder/RecordingCommandEndpoint.h"
 
 #include <stdexcept>
 #include <utility>

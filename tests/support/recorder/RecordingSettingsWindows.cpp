@@ -1,4 +1,4 @@
-#include "support/RecordingSettingsWindows.h"
+#include "support/recorder/RecordingSettingsWindows.h"
 
 #include <stdexcept>
 #include <utility>

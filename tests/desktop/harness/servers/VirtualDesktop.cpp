@@ -1,9 +1,9 @@
 #include "VirtualDesktop.h"
 
-#include "ProbeWindow.h"
 #include "TextFile.h"
-#include "TransparencyProbe.h"
 #include "WaitUntil.h"
+#include "probes/ProbeWindow.h"
+#include "probes/TransparencyProbe.h"
 
 #include <csignal>
 #include <stdexcept>

@@ -3,7 +3,7 @@
 #include "ChildProcess.h"
 #include "GrowingFile.h"
 #include "Pointer.h"
-#include "VirtualDesktop.h"
+#include "servers/VirtualDesktop.h"
 
 #include <xcb/xcb.h>
 

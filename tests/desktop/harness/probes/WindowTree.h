@@ -1,8 +1,8 @@
 #pragma once
 
 #include "DisplayConnection.h"
-#include "Pointer.h"
 #include "Settings.h"
+#include "actors/Pointer.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "ServerSockets.h"
 
-#include "ProcessTable.h"
 #include "WaitUntil.h"
+#include "probes/ProcessTable.h"
 
 #include <algorithm>
 #include <cerrno>

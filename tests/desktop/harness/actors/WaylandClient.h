@@ -3,7 +3,7 @@
 #include "ChildProcess.h"
 #include "GrowingFile.h"
 #include "Pointer.h"
-#include "WaylandDesktop.h"
+#include "servers/WaylandDesktop.h"
 
 #include <cstdint>
 #include <memory>

@@ -2,8 +2,8 @@
 
 #include "Desktop.h"
 #include "DisplayConnection.h"
-#include "Pointer.h"
-#include "Screenshot.h"
+#include "actors/Pointer.h"
+#include "probes/Screenshot.h"
 
 #include <chrono>
 #include <filesystem>

@@ -1,4 +1,4 @@
-#include "support/RecordingOverlayWindows.h"
+#include "support/recorder/RecordingOverlayWindows.h"
 
 #include <algorithm>
 #include <iterator>

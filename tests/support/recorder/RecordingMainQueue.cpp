@@ -1,4 +1,4 @@
-#include "support/RecordingMainQueue.h"
+#include "support/recorder/RecordingMainQueue.h"
 
 #include "support/Patience.h"
 

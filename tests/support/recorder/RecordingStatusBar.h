@@ -2,7 +2,7 @@
 
 #include "platform/StatusBar.h"
 #include "support/OneThread.h"
-#include "support/RecordedStatusItem.h"
+#include "support/recorder/RecordedStatusItem.h"
 
 #include <memory>
 #include <optional>

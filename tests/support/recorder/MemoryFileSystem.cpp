@@ -1,4 +1,4 @@
-#include "support/MemoryFileSystem.h"
+#include "support/recorder/MemoryFileSystem.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,4 +1,4 @@
-#include "support/RecordingMouseEvents.h"
+#include "support/recorder/RecordingMouseEvents.h"
 
 #include "support/OneThread.h"
 #include "support/Patience.h"

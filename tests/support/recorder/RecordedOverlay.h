@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/OverlayWindows.h"
-#include "support/RecordingAlerts.h"
+#include "support/recorder/RecordingAlerts.h"
 
 #include <vector>
 

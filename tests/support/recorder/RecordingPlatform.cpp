@@ -1,4 +1,4 @@
-#include "support/RecordingPlatform.h"
+#include "support/recorder/RecordingPlatform.h"
 
 namespace corvane::testing {
 

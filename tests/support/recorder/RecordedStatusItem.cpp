@@ -1,4 +1,4 @@
-#include "support/RecordedStatusItem.h"
+#include "support/recorder/RecordedStatusItem.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "support/RecordingHotKeys.h"
+#include "support/recorder/RecordingHotKeys.h"
 
 #include <algorithm>
 #include <utility>

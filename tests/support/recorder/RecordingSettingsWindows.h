@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/SettingsWindows.h"
-#include "support/RecordedSettingsWindow.h"
+#include "support/recorder/RecordedSettingsWindow.h"
 
 #include <memory>
 #include <vector>

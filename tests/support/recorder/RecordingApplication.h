@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Application.h"
-#include "support/RecordingAlerts.h"
+#include "support/recorder/RecordingAlerts.h"
 
 namespace corvane::testing {
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/MainQueue.h"
-#include "support/HandTurnedClock.h"
 #include "support/OneThread.h"
+#include "support/recorder/HandTurnedClock.h"
 
 #include <condition_variable>
 #include <cstddef>
