@@ -20,10 +20,12 @@ class WaylandZonesTest : public WaylandTest {
         return waitUntil([this] { return staysQuiet(); });
     }
 
-    /// Has the running program show the picker, and waits until it dims both monitors.
+    /// Has the running program show the picker, and waits until it dims a window on each monitor:
+    /// where there is none, a compositor may show black, which cannot get darker.
     void openPicker() {
-        constexpr Position onFirst{10, 10};
-        constexpr Position onSecond{1290, 10};
+        constexpr Position onSecond{1400, 200};
+        constexpr Position onFirst = target;
+        client_.open({.title = "Other", .application = "Other", .position = onSecond});
         const Pixel first = desktop_.colourAt(onFirst);
         const Pixel second = desktop_.colourAt(onSecond);
         CorvaneProcess command(desktop_, {.arguments = {"select-zone"}});

@@ -58,7 +58,7 @@ focus_follows_mouse no
 for_window [app_id=".*"] floating enable
 for_window [class=".*"] floating enable
 xwayland enable
-exec sh -c 'xhost +local:; echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
+exec sh -c 'echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
                                  variables.string() + "'\n" + settings + "\n");
     Environment environment = this->environment();
     environment["WLR_BACKENDS"] = "headless";
@@ -67,9 +67,10 @@ exec sh -c 'xhost +local:; echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
     environment["WLR_HEADLESS_OUTPUTS"] = "2";
     std::vector<std::string> arguments{"sway", "-c", configuration};
     if (geteuid() == 0) {
-        // sway refuses to be root; in a namespace of its own it is somebody else to itself. To its
-        // Xwayland the tests are another user, whom xhost admits.
-        arguments.insert(arguments.begin(), {"unshare", "--map-user=1000", "--map-group=1000"});
+        // sway refuses to be root; in a namespace of its own it is nobody to itself, and so is
+        // everyone else to it: its Xwayland admits the tests as its own user. That user has to have
+        // a name, because Xwayland 24 admits by name.
+        arguments.insert(arguments.begin(), {"unshare", "--map-user=65534", "--map-group=65534"});
     }
     compositor_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
         .arguments = arguments, .environment = environment, .outputFolder = output()});
