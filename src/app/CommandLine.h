@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/LaunchCause.h"
-#include "presentation/Command.h"
+#include "presentation/CommandRequest.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "presentation/Command.h"
+#include "presentation/CommandRequest.h"
 
 #include <cstddef>
 #include <optional>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/posix/FileDescriptor.h"
-#include "presentation/Command.h"
+#include "presentation/CommandRequest.h"
 #include "support/Failure.h"
 
 #include <expected>

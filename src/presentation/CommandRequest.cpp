@@ -1,4 +1,4 @@
-#include "presentation/Command.h"
+#include "presentation/CommandRequest.h"
 
 #include <algorithm>
 #include <charconv>
