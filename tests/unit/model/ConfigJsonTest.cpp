@@ -140,11 +140,10 @@ TEST(ConfigJsonTest, AnIntegerBeyond64BitsTakesItsDefault) {
     }
 }
 
-TEST(ConfigJsonTest, ANumberBeyondADoubleIsAnError) {
-    const std::string reason = "a number beyond the range of a double";
-    EXPECT_EQ(whyNot(R"({"clickRate":1e999,"maxClicks":3})"), reason);
-    EXPECT_EQ(whyNot(R"({"zoneRect":{"x":-1e999,"y":2,"width":3,"height":4}})"), reason);
-    EXPECT_EQ(whyNot(R"({"clickRate":1)" + std::string(400, '0') + "}"), reason);
+TEST(ConfigJsonTest, ANumberBeyondADoubleTakesItsDefault) {
+    EXPECT_EQ(decoded(R"({"clickRate":1e999,"maxClicks":3})"), CorvaneConfig{.maxClicks = 3});
+    EXPECT_EQ(decoded(R"({"zoneRect":{"x":-1e999,"y":2,"width":3,"height":4},"clickRate":5})"),
+              CorvaneConfig{.clickRate = 5});
     EXPECT_EQ(decoded(R"({"zoneRect":{"x":1e-999,"y":2,"width":3,"height":4}})").zoneRect,
               (CodableRect{0, 2, 3, 4}));
 }

@@ -79,15 +79,37 @@ TEST(ForeignJsonTest, WhatIsNoNumberOfJsonIsAnError) {
     }
 }
 
-TEST(ForeignJsonTest, ANumberBeyondADoubleIsAnErrorWhereverItStands) {
-    const std::string reason = "a number beyond the range of a double";
+TEST(ForeignJsonTest, ANumberBeyondADoubleCostsASettingAndAllProfiles) {
     for (const std::string &number :
-         {"1e999"s, "-1e999"s, "1e999.5"s, "1" + std::string(400, '0')}) {
-        expectNotJson(configWith(number), reason);
-        expectNotJson(storeWith(number), reason);
-        expectNotJson(configBeside(number), reason);
+         {"1e309"s, "1e999"s, "-1e999"s, "1.25E+999"s, "0.1e1000"s, "1" + std::string(400, '0')}) {
+        EXPECT_EQ(decodeConfig(configWith(number)), CorvaneConfig{.maxClicks = 3}) << number;
+        EXPECT_EQ(problemOf(decodeProfileStore(storeWith(number))),
+                  "profiles: number 1: clickRate: not a whole number of 64 bits");
+        expectIgnored(number);
+        expectIgnored("[" + number + "," + number + "]");
     }
+    EXPECT_EQ(problemOf(decodeConfig("1e999")), "not an object");
     expectIgnored(R"("1e999")");
+}
+
+TEST(ForeignJsonTest, WhatIsNoNumberOfJsonIsAnErrorOfAnySize) {
+    for (const char *number : {"1e999.5", "01e999", "1.e999", "1e+-999", "--1e999", "1e999e1"}) {
+        expectNotJson(configWith(number));
+        expectNotJson(storeWith(number));
+        expectNotJson(configBeside(number));
+    }
+}
+
+TEST(ForeignJsonTest, ANumberBeyondADoubleChangesNothingAroundIt) {
+    const std::string name = R"(say \"1e999\" \\)";
+    const auto store = decodeProfileStore(R"({"future":1e9999,"profiles":[{"id":")" +
+                                          std::string(id) + R"(","name":")" + name +
+                                          R"(","clickMode":"cursor","timeUnit":"s","maxClicks":3,)"
+                                          R"("clickRate":1}]})");
+    ASSERT_TRUE(store) << problemOf(store);
+    EXPECT_EQ(store->profiles.at(0).name, R"(say "1e999" \)");
+    EXPECT_EQ(problemOf(decodeConfig(R"({"future":1e9999,"clickRate":})")),
+              "not valid JSON at byte 30");
 }
 
 TEST(ForeignJsonTest, OfMembersOfOneNameTheLastCounts) {
@@ -150,6 +172,11 @@ TEST(ForeignJsonTest, BracketsWithinTextAreNoLevels) {
         flat += "[],";
     }
     expectIgnored(flat + "0]");
+}
+
+TEST(ForeignJsonTest, BracketsAfterTextThatEndsInABackslashAreLevels) {
+    const std::string deep = R"(["\\",)" + std::string(600, '[') + std::string(600, ']') + "]";
+    expectNotJson(configBeside(deep), "nested more than 512 levels deep");
 }
 
 /// A member of every kind, again and again, in that many bytes. A reader that looks back at all
