@@ -177,6 +177,15 @@ TEST_F(ZonePickerServiceTest, EscapeDuringADragAnswersNothing) {
     EXPECT_TRUE(platform.overlayWindows().living().empty());
 }
 
+TEST_F(ZonePickerServiceTest, ADragCutShortLeavesTheNextPickNoOrigin) {
+    pick();
+    overlay()->mouseDown({100, 100});
+    overlay()->keyDown(platform::Key::escape);
+    pick();
+    platform.overlayWindows().visible().front()->mouseUp({300, 300});
+    EXPECT_EQ(answers, std::vector(2, std::optional<ZonePickResult>()));
+}
+
 TEST_F(ZonePickerServiceTest, EscapeOnTheScreenWithTheKeyboardUncoversAll) {
     platform.screens().list = {primaryScreen, secondScreen};
     pick();
