@@ -35,7 +35,9 @@ TEST(CommandLineTest, Helps) {
         const auto commandLine = parse({option});
         EXPECT_EQ(commandLine.request, Request::answer);
         EXPECT_EQ(commandLine.answer.result, CommandResult::done);
-        for (const char *word : {"--version", "--at-login", "\n⇧⌘Y or Corvane's menu "}) {
+        for (const char *word : {"--version", "--at-login", "\n⇧⌘Y or Corvane's menu ",
+                                 "\nWith --launch, Corvane is started first",
+                                 "0 done, 1 refused, 2 not understood, 3 no Corvane is running"}) {
             EXPECT_NE(commandLine.answer.output.find(word), std::string::npos) << word;
         }
         for (const char *command : {"start", "stop", "toggle", "status", "select-zone", "settings",
