@@ -1,6 +1,7 @@
 #include "support/ClickerServiceTest.h"
 
 #include "support/Log.h"
+#include "support/Patience.h"
 
 #include <limits>
 #include <pthread.h>
@@ -202,6 +203,18 @@ TEST_F(ClickerServiceTest, LinesAndCallbacksOfARunComeInOrder) {
     EXPECT_EQ(log_.messages(),
               (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1", "opened", "clicked",
                      "Clicker finished after 1 clicks (limit reached)", "finished"}));
+}
+
+TEST_F(ClickerServiceTest, AStartReleasesTheRunsThatHaveEnded) {
+    auto held = std::make_shared<int>();
+    const std::weak_ptr ofFirstRun(held);
+    clicker_.start({}, nullptr, [held = std::move(held)](auto, auto) {}, [] {});
+    const auto deadline = std::chrono::steady_clock::now() + patience;
+    while (!ofFirstRun.expired() && std::chrono::steady_clock::now() < deadline) {
+        start({});
+        ASSERT_TRUE(awaitWait());
+    }
+    EXPECT_TRUE(ofFirstRun.expired());
 }
 
 TEST_F(ClickerServiceTest, TheCursorIsReadJustBeforeTheClickIsDue) {
