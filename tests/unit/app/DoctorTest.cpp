@@ -246,7 +246,8 @@ TEST(DoctorTest, SaysWhatIsWrongWithDamagedFilesAndWhatBecomesOfThem) {
 
 TEST(DoctorTest, FilesThatAreSoundOrNotThereAreNotDamaged) {
     testing::MemoryFileSystem files;
-    files.put("/home/user/.config/corvane/config.json", R"({"clickRate" : 7})");
+    files.put("/home/user/.config/corvane/config.json",
+              R"({"clickRate" : 7, "maxClicks" : 1e999})");
     const auto facts = withContents({{.path = "/home/user/.config/corvane/config.json"},
                                      {.path = "/home/user/.config/corvane/profiles.json"},
                                      {.path = logPath}},
