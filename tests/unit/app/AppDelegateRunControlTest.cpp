@@ -60,6 +60,14 @@ TEST_F(AppDelegateRunControlTest, ARunClicksCountsAndIsShown) {
     EXPECT_EQ(state().clickCount, 1);
 }
 
+TEST_F(AppDelegateRunControlTest, ARunIsShownBeforeItsFirstClick) {
+    delegate->startClicking();
+    EXPECT_EQ(statusItem().titles().front(), "Running");
+    EXPECT_TRUE(statusItem().icon->dot);
+    platform.mainQueue().turnUntilIdle();
+    stopAndAwait();
+}
+
 TEST_F(AppDelegateRunControlTest, ARateBelowOneIsLoggedAsOneSecond) {
     state().config.clickRate = 0;
     state().config.timeUnit = TimeUnit::hours;
@@ -263,6 +271,20 @@ TEST_F(AppDelegateRunControlTest, TheHotKeyAsksNoSecondTimeWhileTheQuestionIsOpe
     platform.mainQueue().turnUntilIdle();
     EXPECT_EQ(platform.alerts().shown.size(), 1U);
     EXPECT_EQ(state().status, ClickStatus::idle);
+}
+
+TEST_F(AppDelegateRunControlTest, AWindowThatComesBackDuringTheQuestionStartsNoRunUnderIt) {
+    anchorZone();
+    platform.applications().runningApplications.clear();
+    platform.alerts().whileShown = [this](const Alert &) {
+        anchorZone();
+        platform.hotKeys().press();
+        platform.mainQueue().turnUntilIdle();
+        EXPECT_EQ(state().status, ClickStatus::idle);
+    };
+    delegate->startClicking();
+    platform.mainQueue().turnUntilIdle();
+    EXPECT_EQ(platform.alerts().shown.size(), 1U);
 }
 
 TEST_F(AppDelegateRunControlTest, AStartRightAfterAStopGoesOn) {
