@@ -245,6 +245,16 @@ TEST_F(AppDelegateRunControlTest, AMissingWindowAsksAndCancelChangesNothing) {
     EXPECT_EQ(platform.mouseEvents().openedSessions(), 0U);
 }
 
+TEST_F(AppDelegateRunControlTest, EveryStartAsksForAWindowThatIsStillMissing) {
+    anchorZone();
+    platform.applications().runningApplications.clear();
+    for (std::size_t questions = 1; questions <= 2; ++questions) {
+        delegate->startClicking();
+        platform.mainQueue().turnUntilIdle();
+        EXPECT_EQ(platform.alerts().shown.size(), questions);
+    }
+}
+
 TEST_F(AppDelegateRunControlTest, AMissingWindowMayBeReplacedByTheLastPosition) {
     anchorZone();
     state().config.clickMode = ClickMode::zone;
