@@ -94,6 +94,18 @@ class ClientWindowsTest : public EveryWindowManagerTest {
     x11::ClientWindows clientWindows_{x11::XcbConnection::open().value(), mainQueue_};
 };
 
+TEST_P(ClientWindowsTest, AreTheSameObjectsWhileNothingChanges) {
+    const SampleWindow window(connection());
+    show(window, "Sample");
+    const auto windows = [this] { return clientWindows_.accessibilityWindowsOf({getpid()}); };
+    // The list is read again every half second.
+    EXPECT_TRUE(turnUntil([&] { return windows() == windows(); }));
+    const auto before = windows();
+    window.setTitle("Renamed");
+    ASSERT_TRUE(turnUntil([this] { return named("Renamed").has_value(); }));
+    EXPECT_NE(windows(), before);
+}
+
 TEST_P(ClientWindowsTest, AnApplicationWithoutWindowsHasAnEmptyList) {
     EXPECT_TRUE(answers().empty());
 }

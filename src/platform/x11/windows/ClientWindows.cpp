@@ -53,20 +53,25 @@ ClientWindows::Owners ClientWindows::topLevelOwners() {
 
 ClientWindows::Windows ClientWindows::windowsOf(const std::set<std::int32_t> &processes) {
     catchUp();
-    return watch_->windowsOf(processes);
+    return *watch_->windowsOf(processes);
 }
 
 std::shared_ptr<const platform::AccessibilityWindows>
 ClientWindows::accessibilityWindowsOf(const std::set<std::int32_t> &processes) {
-    const Windows windows = windowsOf(processes);
+    catchUp();
+    auto windows = watch_->windowsOf(processes);
     if (connection_->isLost()) {
         return nullptr;
     }
-    auto result = std::make_shared<platform::AccessibilityWindows>();
-    for (const auto &info : windows) {
-        result->push_back(std::make_unique<ClientWindow>(info));
+    if (windows != windows_) {
+        auto wrapped = std::make_shared<platform::AccessibilityWindows>();
+        for (const auto &info : *windows) {
+            wrapped->push_back(std::make_unique<ClientWindow>(info));
+        }
+        windows_ = std::move(windows);
+        accessibilityWindows_ = std::move(wrapped);
     }
-    return result;
+    return accessibilityWindows_;
 }
 
 void ClientWindows::catchUp() {

@@ -36,7 +36,8 @@ class ClientWindows {
     Windows windowsOf(const std::set<std::int32_t> &processes);
 
     /// The same as `platform::Accessibility` gives them: a window that is minimised, hidden or on
-    /// another workspace has neither position nor size. Null while they cannot be read.
+    /// another workspace has neither position nor size. Null while they cannot be read. The same
+    /// pointer again while nothing changes.
     std::shared_ptr<const platform::AccessibilityWindows>
     accessibilityWindowsOf(const std::set<std::int32_t> &processes);
 
@@ -54,6 +55,9 @@ class ClientWindows {
     std::unique_ptr<XcbConnection> connection_;
     /// Of that connection; null only while both are replaced.
     std::unique_ptr<WindowWatch> watch_;
+    /// What was read last, as the watch gives it and as `accessibilityWindowsOf` does.
+    std::shared_ptr<const Windows> windows_;
+    std::shared_ptr<const platform::AccessibilityWindows> accessibilityWindows_;
     Clock::time_point nextReplacement_;
     bool wasRead_ = false;
     /// Absent while nobody reads.

@@ -33,6 +33,7 @@ void WindowWatch::catchUp() {
 void WindowWatch::rest() {
     rootEvents_.reset();
     watched_.clear();
+    windows_.reset();
     // Meanwhile a window may go and another get its number.
     owners_.reset();
     connection_.flush();
@@ -65,6 +66,7 @@ void WindowWatch::refreshList() {
         owners->push_back(known.at(window));
     }
     owners_ = std::move(owners);
+    windows_.reset();
     isListStale_ = false;
     listRead_ = Clock::now();
 }
@@ -73,27 +75,34 @@ std::vector<WindowOwner> WindowWatch::topLevelOwners() const {
     return reader_.owners(reader_.topLevelWindows());
 }
 
-WindowWatch::Windows WindowWatch::windowsOf(const std::set<std::int32_t> &processes) {
+std::shared_ptr<const WindowWatch::Windows>
+WindowWatch::windowsOf(const std::set<std::int32_t> &processes) {
+    const auto owners = this->owners();
     if (processes != watchedProcesses_) {
         watched_.clear();
+        windows_.reset();
         watchedProcesses_ = processes;
     }
+    if (windows_) {
+        return windows_;
+    }
     std::vector<xcb_window_t> windows;
-    for (const WindowOwner &owner : *owners()) {
+    for (const WindowOwner &owner : *owners) {
         if (owner.processIdentifier && processes.contains(*owner.processIdentifier)) {
             windows.push_back(owner.window);
         }
     }
     refresh(windows);
-    Windows found;
+    auto found = std::make_shared<Windows>();
     for (const xcb_window_t window : windows) {
         const auto watched = watched_.find(window);
         if (watched != watched_.end() && watched->second.info->layer == 0 &&
             !watched->second.info->isDesktop) {
-            found.push_back(watched->second.info);
+            found->push_back(watched->second.info);
         }
     }
-    return found;
+    windows_ = std::move(found);
+    return windows_;
 }
 
 void WindowWatch::refresh(const std::vector<xcb_window_t> &windows) {
@@ -189,7 +198,7 @@ void WindowWatch::rootChanged(xcb_atom_t property) {
         isListStale_ = true;
     } else if (property == atoms.currentDesktop) {
         for (auto &[window, watched] : watched_) {
-            watched.isStale = true;
+            markStale(watched);
         }
     }
 }
@@ -197,7 +206,7 @@ void WindowWatch::rootChanged(xcb_atom_t property) {
 void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
     for (auto &[client, watched] : watched_) {
         if (client == window || watched.isIn(window)) {
-            watched.isStale = true;
+            markStale(watched);
             if (isReparented) {
                 watched.ancestry.reset();
             }
@@ -209,9 +218,15 @@ void WindowWatch::windowChanged(xcb_window_t window, bool isReparented) {
 void WindowWatch::windowMoved(xcb_window_t window, const xcb_generic_event_t &event) {
     for (auto &[client, watched] : watched_) {
         if (watched.isIn(window)) {
+            windows_.reset();
             watched.isStale = !watched.ancestry->update(event) || watched.isStale;
         }
     }
+}
+
+void WindowWatch::markStale(Watched &watched) {
+    watched.isStale = true;
+    windows_.reset();
 }
 
 bool WindowWatch::isOfInterest(xcb_atom_t property) const {

@@ -34,7 +34,9 @@ class WindowWatch {
     /// As `ClientWindows` gives them.
     std::shared_ptr<const Owners> owners();
     Owners topLevelOwners() const;
-    Windows windowsOf(const std::set<std::int32_t> &processes);
+    /// The same pointer again until one of the windows or the list changes, or half a second has
+    /// passed.
+    std::shared_ptr<const Windows> windowsOf(const std::set<std::int32_t> &processes);
 
   private:
     using Clock = std::chrono::steady_clock;
@@ -55,6 +57,7 @@ class WindowWatch {
     void refresh(const std::vector<xcb_window_t> &windows);
     void readAgain(const std::vector<xcb_window_t> &stale);
     Watched &watch(xcb_window_t window);
+    void markStale(Watched &watched);
 
     void handle(const xcb_generic_event_t &event);
     void rootChanged(xcb_atom_t property);
@@ -72,6 +75,9 @@ class WindowWatch {
     /// The windows of `watchedProcesses_`.
     std::map<xcb_window_t, Watched> watched_;
     std::set<std::int32_t> watchedProcesses_;
+    /// Null after a change. Without it a pass over a window of a process with 40 windows takes
+    /// 51,000 instructions instead of 20,000.
+    std::shared_ptr<const Windows> windows_;
     /// Absent while nobody reads.
     std::optional<EventMasks::Selection> rootEvents_;
 };
