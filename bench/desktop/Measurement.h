@@ -30,6 +30,7 @@ std::vector<Figure> measureStop(Extent extent);
 std::vector<Figure> measureTracking(Extent extent);
 std::vector<Figure> measureIdle(Extent extent);
 std::vector<Figure> measureStart(Extent extent);
+std::vector<Figure> measureInstructions(Extent extent);
 std::vector<Figure> measureInProcess(Extent extent);
 std::vector<Figure> measureBinary(Extent extent);
 

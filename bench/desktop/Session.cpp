@@ -16,17 +16,22 @@ Session::Session(const Options &options) : desktop_({.hasCompositor = options.ha
     pointer_.moveTo(target);
 }
 
-std::unique_ptr<desktop::CorvaneProcess> Session::start(const desktop::Settings &settings) {
+std::unique_ptr<desktop::CorvaneProcess> Session::start(const desktop::Settings &settings,
+                                                        const std::vector<std::string> &launcher) {
     constexpr std::chrono::milliseconds timeToRest{300};
+    // A profiler makes the program some fifty times slower.
+    const int slowness = launcher.empty() ? 1 : 10;
     const int items = panel_.itemCount();
     desktop::writeSettings(desktop_, settings.text());
-    auto corvane = std::make_unique<desktop::CorvaneProcess>(desktop_);
-    const bool isReady =
-        corvane->waitUntilReady() && desktop::waitUntil([&] { return panel_.itemCount() > items; });
+    auto corvane = std::make_unique<desktop::CorvaneProcess>(
+        desktop_, desktop::CorvaneProcess::Options{.launcher = launcher});
+    const auto limit = slowness * desktop::patience;
+    const bool isReady = corvane->waitForLogBeginning("Hotkey (", 1, limit) &&
+                         desktop::waitUntil([&] { return panel_.itemCount() > items; }, limit);
     if (!isReady) {
         throw std::runtime_error("The program does not start:\n" + corvane->story());
     }
-    std::this_thread::sleep_for(timeToRest);
+    std::this_thread::sleep_for(slowness * timeToRest);
     return corvane;
 }
 

@@ -12,7 +12,9 @@
 #include <chrono>
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvane::bench {
 
@@ -35,7 +37,9 @@ class Session {
     const desktop::StatusPanel &panel() const { return panel_; }
 
     /// Starts the program with these settings and waits until it is ready and has come to rest.
-    std::unique_ptr<desktop::CorvaneProcess> start(const desktop::Settings &settings);
+    /// `launcher` runs the program, such as a profiler with its arguments.
+    std::unique_ptr<desktop::CorvaneProcess> start(const desktop::Settings &settings,
+                                                   const std::vector<std::string> &launcher = {});
 
     /// Waits until the window has got that many clicks in all; throws when they do not come.
     void awaitClicks(int count);

@@ -2,7 +2,7 @@
 #include "Measurement.h"
 #include "MovingWindow.h"
 #include "ProcessUsage.h"
-#include "Session.h"
+#include "TrackedRun.h"
 #include "support/Log.h"
 
 #include <thread>
@@ -10,45 +10,6 @@
 namespace corvane::bench {
 
 namespace {
-
-constexpr int windowCount = 40;
-
-/// Opens the windows and starts a run that follows the last of them, with the pointer outside its
-/// zone so that nothing is clicked.
-class TrackedRun {
-  public:
-    TrackedRun() : window_(openWindows()), corvane_(start()) {}
-
-    pid_t process() { return corvane_->process().pid(); }
-    Session &session() { return session_; }
-    xcb_window_t window() { return session_.client().windowId(window_); }
-
-    static constexpr desktop::Area relativeZone{40, 40, 120, 90};
-
-  private:
-    int openWindows() {
-        for (int count = 1; count < windowCount; ++count) {
-            session_.client().open({.title = "Other", .x = 20 * count, .y = 10 * count});
-        }
-        return session_.client().open({.title = "Followed", .className = "Followed", .y = 60});
-    }
-
-    std::unique_ptr<desktop::CorvaneProcess> start() {
-        auto corvane = session_.start(
-            {.clickMode = "zone",
-             .clickRate = 1,
-             .zone = relativeZone,
-             .anchor = desktop::Settings::Anchor{"Followed", "Followed", relativeZone}});
-        session_.pointer().moveTo({1200, 780});
-        session_.keyboard().pressHotKey();
-        requireLog(*corvane, "Starting clicker");
-        return corvane;
-    }
-
-    Session session_;
-    int window_;
-    std::unique_ptr<desktop::CorvaneProcess> corvane_;
-};
 
 /// The share of a core in percent, second by second, while `work` is done again and again.
 template <typename Work>
@@ -82,6 +43,7 @@ Samples bareCoreShares(const std::filesystem::path &logFile, int seconds) {
 std::vector<Figure> measureTracking(Extent extent) {
     const int seconds = extent == Extent::quick ? 3 : 15;
     TrackedRun run;
+    run.start();
     const Samples bare = bareCoreShares(run.session().desktop().folder() / "bare.log", seconds);
     const Samples still = coreShares(run.process(), seconds, [](std::chrono::seconds stretch) {
         std::this_thread::sleep_for(stretch);

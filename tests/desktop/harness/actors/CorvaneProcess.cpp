@@ -39,7 +39,8 @@ CorvaneProcess::CorvaneProcess(const Desktop &desktop, Options options)
       newLog_(logFile_) {
     ensureLogExists();
     options.mounts.replace(logPath, logFile_);
-    std::vector<std::string> arguments{CORVANE_PROGRAM};
+    std::vector<std::string> arguments = options.launcher;
+    arguments.emplace_back(CORVANE_PROGRAM);
     arguments.insert(arguments.end(), options.arguments.begin(), options.arguments.end());
     Environment environment = desktop.environment();
     for (const auto &[name, value] : options.environment) {

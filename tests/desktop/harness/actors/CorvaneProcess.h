@@ -19,6 +19,8 @@ namespace corvane::desktop {
 class CorvaneProcess {
   public:
     struct Options {
+        /// What runs the program, such as a profiler with its arguments; nothing by default.
+        std::vector<std::string> launcher;
         std::vector<std::string> arguments;
         /// Variables to set beside those of the desktop.
         Environment environment;
