@@ -256,6 +256,24 @@ Finding windowManagerFinding(const std::string &windowManager, const DesktopFact
             .remedy = "Use a window manager that offers them, if you anchor zones to windows."};
 }
 
+/// The window server names other programs' windows only to those that may record the screen;
+/// Corvane reads the titles through Accessibility instead.
+Finding windowTitlesFinding(const std::optional<Running> &running) {
+    if (!running) {
+        return {.subject = "Windows",
+                .statement = "Only a running Corvane can tell whether it may read their titles."};
+    }
+    if (running->isAccessibilityGranted) {
+        return {.subject = "Windows",
+                .statement = "Corvane reads their titles through Accessibility. It need not be "
+                             "allowed to record the screen."};
+    }
+    return {.grade = Grade::limited,
+            .subject = "Windows",
+            .statement = "Without the Accessibility permission they have neither titles nor "
+                         "places: zones cannot follow windows."};
+}
+
 std::vector<Finding> fileFindings(const std::vector<FileFact> &files) {
     std::vector<Finding> findings;
     for (const FileFact &file : files) {
@@ -322,6 +340,9 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
     }
     if (desktop.windowManager) {
         findings.push_back(windowManagerFinding(*desktop.windowManager, desktop));
+    }
+    if (desktop.displayServer == DisplayServer::macos) {
+        findings.push_back(windowTitlesFinding(running));
     }
     std::ranges::move(fileFindings(files), std::back_inserter(findings));
 

@@ -64,7 +64,7 @@ TEST(DoctorTest, WhereNobodyTellsWhoHasTheHotKeyThatIsSaid) {
 TEST(DoctorTest, LeavesOutWhatPlaysNoPart) {
     const auto report = diagnose({.displayServer = DisplayServer::macos}).output;
     EXPECT_THAT(report, HasSubstr("Display: Corvane is on the desktop of macOS."));
-    for (const char *subject : {"Hot key", "Menu", "Compositor", "Windows"}) {
+    for (const char *subject : {"Hot key", "Menu", "Compositor"}) {
         EXPECT_THAT(report, Not(HasSubstr(subject)));
     }
 }
@@ -90,6 +90,19 @@ TEST(DoctorTest, OnMacosOnlyTheRunningProgramKnowsItsPermission) {
     EXPECT_THAT(refused.output, HasSubstr("System Settings, Privacy & Security"));
     EXPECT_THAT(diagnose(desktop, running("idle", true)).output,
                 HasSubstr("[ok]      Clicks: They reach other applications."));
+}
+
+TEST(DoctorTest, OnMacosTitlesOfWindowsTakeTheAccessibilityPermission) {
+    const DesktopFacts desktop{.displayServer = DisplayServer::macos};
+    EXPECT_THAT(diagnose(desktop).output,
+                HasSubstr("[ok]      Windows: Only a running Corvane can tell"));
+    EXPECT_THAT(diagnose(desktop, running("idle", true)).output,
+                HasSubstr("[ok]      Windows: Corvane reads their titles through Accessibility. "
+                          "It need not be allowed to record the screen."));
+    EXPECT_THAT(diagnose(desktop, running("idle", true, false)).output,
+                HasSubstr("[limited] Windows: Without the Accessibility permission they have "
+                          "neither titles nor places"));
+    EXPECT_THAT(diagnose(goodDesktop).output, Not(HasSubstr("titles")));
 }
 
 TEST(DoctorTest, NamesTheHotKeyAsTheSystemDoes) {
