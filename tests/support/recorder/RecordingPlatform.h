@@ -50,8 +50,9 @@ class RecordingPlatform : public platform::Platform {
     /// Makes the system behave as Apple documents its own: it refuses the keyboard to programs that
     /// are not in front and login items of programs that are not signed, keeps the names of windows
     /// to itself, gives a hot key to everybody, and always shows status items; under an alert it
-    /// lets nothing reach overlays. That an alert does not refuse the end of the program is a
-    /// property of the alert's window.
+    /// lets nothing reach overlays. Where the back end can lift such a limit, the program must not
+    /// depend on that. An alert that refuses the end of the program is `refusesEndUnder`: the back
+    /// end lifts that one for every alert.
     void behaveAsMac();
 
     /// Lets time pass for the main thread: turns the clock from one timer to the next and the main

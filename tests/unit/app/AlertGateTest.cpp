@@ -94,5 +94,57 @@ TEST_F(AlertGateTest, AZoneDrawnMeanwhileIsNotAnchored) {
     EXPECT_FALSE(state().config.windowAnchor);
 }
 
+TEST_F(AlertGateTest, APickerThatReceivesNothingMeanwhileGoesOnAfterwards) {
+    platform.overlayWindows().deafUnder = &platform.alerts();
+    delegate->selectZone();
+    platform.mainQueue().turnUntilIdle();
+    const auto picker = platform.overlayWindows().visible().front();
+    const auto drag = [&picker] {
+        picker->mouseDown({100, 200});
+        picker->mouseUp({400, 350});
+    };
+    whileAskingForAName(drag);
+    EXPECT_EQ(state().status, ClickStatus::pickingZone);
+    drag();
+    platform.mainQueue().turnUntilIdle();
+    EXPECT_EQ(state().status, ClickStatus::idle);
+    EXPECT_TRUE(state().config.zoneRect);
+}
+
+TEST_F(AlertGateTest, TheProgramEndsUnderTheAlert) {
+    whileAskingForAName([this] {
+        startRunning();
+        platform.commandEndpoint().send({"quit"});
+        platform.mainQueue().turn();
+        ASSERT_EQ(platform.application().terminations, 1);
+        delegate->applicationWillTerminate();
+        shared.clickerService.awaitEnd();
+    });
+    EXPECT_EQ(platform.commandEndpoint().answers,
+              std::vector{CommandAnswer{.output = "Corvane ends.\n"}});
+    EXPECT_TRUE(platform.hotKeys().registered().empty());
+    EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
+}
+
+TEST_F(AlertGateTest, AnEndThatTheSystemRefusesIsMadeUpForByTheNextOne) {
+    platform.application().refusesEndUnder = &platform.alerts();
+    whileAskingForAName([this] {
+        platform.commandEndpoint().send({"quit"});
+        platform.mainQueue().turn();
+        statusItem().choose("Quit Corvane");
+        EXPECT_EQ(platform.application().terminations, 0);
+        platform.hotKeys().press();
+        platform.mainQueue().turn();
+        EXPECT_EQ(state().status, ClickStatus::running);
+    });
+    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    EXPECT_TRUE(platform.commandEndpoint().isListening());
+    statusItem().choose("Quit Corvane");
+    EXPECT_EQ(platform.application().terminations, 1);
+    delegate->applicationWillTerminate();
+    EXPECT_EQ(platform.commandEndpoint().answers,
+              std::vector{CommandAnswer{.output = "Corvane ends.\n"}});
+}
+
 } // namespace
 } // namespace corvane
