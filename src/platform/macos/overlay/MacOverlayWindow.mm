@@ -57,4 +57,10 @@ NSWindowCollectionBehavior collectionBehaviour(const corvane::BorderlessWindow &
     return _windowDescription.canBecomeKey;
 }
 
+/// A picker may lie above an alert that has opened later, whose buttons it covers: it can be drawn
+/// in or cancelled all the same.
+- (BOOL)worksWhenModal {
+    return _windowDescription.canBecomeKey;
+}
+
 @end
