@@ -1,7 +1,7 @@
 #include "platform/qt/controls/FieldWidgets.h"
 
 #include "platform/qt/controls/ViewStyling.h"
-#include "presentation/WholeNumber.h"
+#include "platform/views/NumberEditing.h"
 
 #include <QFocusEvent>
 
@@ -14,7 +14,7 @@ NumberFieldWidget::NumberFieldWidget() {
     setMinimumHeight(controlHeight);
     setTextMargins(fieldMargin, 0, fieldMargin, 0);
     connect(this, &QLineEdit::textEdited, this, &NumberFieldWidget::takeOver);
-    showValue();
+    showValue(field().value, Rendering::discardsTyping);
 }
 
 void NumberFieldWidget::render(const View &view, Rendering rendering) {
@@ -24,23 +24,20 @@ void NumberFieldWidget::render(const View &view, Rendering rendering) {
         setFixedWidth(static_cast<int>(std::lround(*view.width)));
     }
     setAccessibleName(QString::fromStdString(view.accessibilityLabel));
-    const bool isTyped = wholeNumber(text().toStdString()) == field().value;
-    if (rendering == Rendering::discardsTyping || (field().value != former && !isTyped)) {
-        showValue();
-    }
+    showValue(former, rendering);
 }
 
 void NumberFieldWidget::takeOver(const QString &text) {
-    const auto typed = wholeNumber(text.toStdString());
-    if (typed && *typed != field().value) {
-        field().changed(*typed);
+    if (const auto value = views::typedValue(text.toStdString(), field().value)) {
+        field().changed(*value);
     }
 }
 
-void NumberFieldWidget::showValue() {
-    const QString text = QString::fromStdString(wholeNumberText(field().value));
-    if (this->text() != text) {
-        setText(text);
+void NumberFieldWidget::showValue(std::int64_t former, Rendering rendering) {
+    const bool isEditing = rendering == Rendering::keepsTyping;
+    if (const auto next =
+            views::textToShow(former, field().value, text().toStdString(), isEditing)) {
+        setText(QString::fromStdString(*next));
     }
 }
 
@@ -48,7 +45,7 @@ void NumberFieldWidget::focusOutEvent(QFocusEvent *event) {
     QLineEdit::focusOutEvent(event);
     // Opening the field's context menu does not end the editing.
     if (event->reason() != Qt::PopupFocusReason) {
-        showValue();
+        showValue(field().value, Rendering::discardsTyping);
     }
 }
 

@@ -4,6 +4,8 @@
 
 #include <QLineEdit>
 
+#include <cstdint>
+
 namespace corvane::qt {
 
 /// Shows a number field.
@@ -20,7 +22,8 @@ class NumberFieldWidget : public QLineEdit, public ViewWidget {
   private:
     const NumberField &field() const { return std::get<NumberField>(view_.content); }
     void takeOver(const QString &text);
-    void showValue();
+    /// Shows the value, which was `former` until now.
+    void showValue(std::int64_t former, Rendering rendering);
 
     View view_{NumberField{}};
 };

@@ -50,7 +50,7 @@ void LinkWidget::render(const View &view, Rendering rendering) {
 
 void LinkWidget::showLabel(Rendering rendering) {
     const View &label = link().label.front();
-    const ViewKind kind = kindOf(label);
+    const WidgetKind kind = kindOf(label);
     if (!label_ || kind != labelKind_) {
         if (label_) {
             delete &label_->widget();

@@ -29,7 +29,7 @@ class LinkWidget : public QAbstractButton, public ViewWidget, public AccessibleR
 
     drawing::SymbolImages &symbols_;
     View view_{Link{}};
-    ViewKind labelKind_;
+    WidgetKind labelKind_;
     ViewWidget *label_ = nullptr;
 };
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 // NOLINTBEGIN(cppcoreguidelines-owning-memory): a widget owns those inside it
@@ -112,24 +113,29 @@ void StackWidget::renderFrame(const View &view) {
 }
 
 /// Reuses for each view the child of its kind, else makes a new one, and removes the rest.
-std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<View> &views) {
+std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<View> &children) {
+    std::vector<WidgetKind> formerKinds;
+    std::vector<WidgetKind> nextKinds;
+    std::ranges::transform(children_, std::back_inserter(formerKinds), &Child::kind);
+    std::ranges::transform(children, std::back_inserter(nextKinds), kindOf);
+    const auto matches = views::matched(formerKinds, nextKinds);
     std::vector<Child> former = std::exchange(children_, {});
-    std::vector<Child> matched;
-    for (const View &view : views) {
-        const ViewKind kind = kindOf(view);
-        const auto found = std::ranges::find(former, kind, &Child::kind);
-        if (found == former.end()) {
-            matched.push_back({kind, makeViewWidget(view, symbols_), true});
-            matched.back().widget->widget().setParent(this);
+    std::vector<Child> next;
+    for (std::size_t index = 0; index < children.size(); ++index) {
+        if (matches[index]) {
+            ViewWidget *widget = std::exchange(former[*matches[index]].widget, nullptr);
+            next.push_back({nextKinds[index], widget, false});
         } else {
-            matched.push_back({kind, found->widget, false});
-            former.erase(found);
+            next.push_back({nextKinds[index], makeViewWidget(children[index], symbols_), true});
+            next.back().widget->widget().setParent(this);
         }
     }
     for (const Child &child : former) {
-        retire(*child.widget);
+        if (child.widget) {
+            retire(*child.widget);
+        }
     }
-    return matched;
+    return next;
 }
 
 /// Deleted later, because one of its handlers may be running.

@@ -27,7 +27,7 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
 
   private:
     struct Child {
-        ViewKind kind;
+        WidgetKind kind;
         ViewWidget *widget = nullptr;
         bool isNew = false;
     };
@@ -42,7 +42,7 @@ class StackWidget : public QWidget, public ViewWidget, public AccessibleRole {
 
     void renderFrame(const View &view);
     void renderStack(const Stack &stack, Rendering rendering);
-    std::vector<Child> matchChildren(const std::vector<View> &views);
+    std::vector<Child> matchChildren(const std::vector<View> &children);
     static void retire(ViewWidget &child);
     void arrange(const Stack &stack);
     void align(const View &view);

@@ -48,12 +48,9 @@ struct WidgetMaker {
 
 } // namespace
 
-ViewKind kindOf(const View &view) {
-    const auto *picker = std::get_if<Picker>(&view.content);
-    return {.content = view.content.index(),
-            .variety = picker ? static_cast<std::size_t>(picker->style) : 0,
-            .isBoxed = hasFrame(view) && !std::holds_alternative<Stack>(view.content),
-            .identity = view.identity};
+WidgetKind kindOf(const View &view) {
+    return {.view = views::kindOf(view),
+            .isBoxed = hasFrame(view) && !std::holds_alternative<Stack>(view.content)};
 }
 
 ViewWidget *makeViewWidget(const View &view, drawing::SymbolImages &symbols) {

@@ -1,9 +1,7 @@
 #pragma once
 
+#include "platform/views/ViewMatching.h"
 #include "presentation/View.h"
-
-#include <cstddef>
-#include <string>
 
 class QWidget;
 
@@ -31,17 +29,15 @@ class ViewWidget {
 };
 
 /// What two views must have in common to be shown, one after the other, by the same widget.
-struct ViewKind {
-    std::size_t content = 0;
-    std::size_t variety = 0;
+struct WidgetKind {
+    views::ViewKind view;
     /// Inside a box, because the content's own widget has no padding or background.
     bool isBoxed = false;
-    std::string identity{};
 
-    bool operator==(const ViewKind &) const = default;
+    bool operator==(const WidgetKind &) const = default;
 };
 
-ViewKind kindOf(const View &view);
+WidgetKind kindOf(const View &view);
 
 /// A widget for views of this kind, which does not show this one yet. The caller owns it until it
 /// has a parent. `symbols` outlives it.

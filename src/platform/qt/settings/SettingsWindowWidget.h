@@ -49,7 +49,7 @@ class SettingsWindowWidget : public QWidget, public AccessibleRole {
     ToolbarWidget *toolbar_;
     QScrollArea *scrollArea_;
     ViewWidget *content_ = nullptr;
-    ViewKind contentKind_;
+    WidgetKind contentKind_;
 };
 
 } // namespace corvane::qt
