@@ -1,4 +1,5 @@
 #import "MacBackEnd.h"
+#import "Pictures.h"
 #include "platform/Platform.h"
 #include "platform/SettingsWindows.h"
 #include "support/recorder/RecordingPlatform.h"
@@ -37,11 +38,15 @@ class MacSettingsTabsTest : public ::testing::Test {
         return nil;
     }
 
-    void show(const View &tab) {
+    void show(const View &tab, const std::string &name) {
         window_->setContent(tab);
         window_->makeKeyAndOrderFront();
-        [native() displayIfNeeded];
-        expectSound(native().contentView);
+        for (NSAppearanceName appearance in @[ NSAppearanceNameAqua, NSAppearanceNameDarkAqua ]) {
+            native().appearance = [NSAppearance appearanceNamed:appearance];
+            [native() displayIfNeeded];
+            expectSound(native().contentView);
+            keepPicture(name + "-" + appearance.UTF8String);
+        }
     }
 
     /// Nothing is ambiguous, and every control has at least its natural size.
@@ -72,8 +77,10 @@ TEST_F(MacSettingsTabsTest, EachTabIsLaidOutWhole) {
     config.clickMode = ClickMode::zone;
     show(std::make_shared<GeneralTab>(config, recorder_.loginItem(), recorder_.alerts(),
                                       recorder_.applications(), resolver_)
-             ->body());
-    show(std::make_shared<AboutTab>(recorder_.application(), recorder_.workspace())->body());
+             ->body(),
+         "general");
+    show(std::make_shared<AboutTab>(recorder_.application(), recorder_.workspace())->body(),
+         "about");
 }
 
 TEST_F(MacSettingsTabsTest, ManyProfilesScrollInAWindowThatFitsTheScreen) {
@@ -83,7 +90,8 @@ TEST_F(MacSettingsTabsTest, ManyProfilesScrollInAWindowThatFitsTheScreen) {
     }
     show(std::make_shared<ProfilesTab>(profiles, std::nullopt, recorder_.alerts(),
                                        recorder_.applications())
-             ->body());
+             ->body(),
+         "profiles");
     EXPECT_LE(NSHeight(native().frame), NSHeight(native().screen.visibleFrame));
     EXPECT_GT(NSHeight(scrollView().documentView.frame), 300 * 40);
     EXPECT_GT(NSHeight(scrollView().documentView.frame), NSHeight(scrollView().frame));

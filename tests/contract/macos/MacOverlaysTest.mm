@@ -1,5 +1,7 @@
 #import "MacBackEnd.h"
+#import "Pictures.h"
 #include "overlay/RippleWindow.h"
+#include "overlay/ZoneOverlayWindow.h"
 #import "platform/macos/overlay/MacOverlayWindow.h"
 
 #import <AppKit/AppKit.h>
@@ -11,15 +13,31 @@ namespace corvane::contract {
 
 namespace {
 
-NSUInteger overlayCount() {
+enum class Which { all, shown };
+
+NSUInteger overlayCount(Which which) {
     NSUInteger count = 0;
     for (NSWindow *window in NSApp.windows) {
-        count += [window isKindOfClass:MacOverlayWindow.class] ? 1 : 0;
+        const bool counts = [window isKindOfClass:MacOverlayWindow.class] &&
+                            (which == Which::all || window.visible);
+        count += counts ? 1 : 0;
     }
     return count;
 }
 
-TEST(MacRipplesTest, TwoThousandRipplesLeaveAFewWindowsBehind) {
+TEST(MacOverlaysTest, AZoneIsOutlinedAndGoes) {
+    MacBackEnd backEnd;
+    {
+        ZoneOverlayWindow outline(backEnd.platform().overlayWindows(), {200, 200, 400, 250},
+                                  NSHeight(NSScreen.screens.firstObject.frame));
+        outline.orderFront();
+        EXPECT_EQ(overlayCount(Which::shown), 1U);
+        keepPicture("zone");
+    }
+    EXPECT_EQ(overlayCount(Which::shown), 0U);
+}
+
+TEST(MacOverlaysTest, TwoThousandRipplesLeaveAFewWindowsBehind) {
     constexpr int ripples = 2000;
     constexpr std::size_t atOnce = 50;
     MacBackEnd backEnd;
@@ -36,7 +54,7 @@ TEST(MacRipplesTest, TwoThousandRipplesLeaveAFewWindowsBehind) {
             shown.clear();
         }
     }
-    EXPECT_LE(overlayCount(), 64U);
+    EXPECT_LE(overlayCount(Which::all), 64U);
 }
 
 } // namespace
