@@ -93,6 +93,11 @@ std::string representedObject(id sender) {
     return NO;
 }
 
+/// The menu's items are enabled under an alert too: what may be done then is decided elsewhere.
+- (BOOL)worksWhenModal {
+    return YES;
+}
+
 - (void)startClicking:(id)sender {
     [self send:corvane::ActionID::startClicking from:sender];
 }
