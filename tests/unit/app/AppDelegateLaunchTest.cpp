@@ -31,6 +31,14 @@ TEST_F(AppDelegateLaunchTest, WithoutPermissionTheUserIsAskedOnceAndTheHotKeySti
     EXPECT_EQ(platform.accessibility().prompts, 1);
 }
 
+TEST_F(AppDelegateLaunchTest, ASessionThatIsLockedAtTheLaunchRefusesAStart) {
+    platform.userSession().become(platform::SessionState::locked);
+    launch();
+    delegate->startClicking();
+    EXPECT_EQ(state().status, ClickStatus::idle);
+    EXPECT_EQ(logged("Cannot start: the session is locked"), 1);
+}
+
 TEST_F(AppDelegateLaunchTest, WithPermissionThatIsLogged) {
     launch();
     EXPECT_EQ(logged("Initial accessibility: true"), 1);
@@ -209,6 +217,16 @@ TEST_F(AppDelegateLaunchTest, StartingTheProgramAgainShowsTheMenu) {
     launch();
     delegate->applicationShouldHandleReopen();
     EXPECT_EQ(statusItem().menusOpened, 1);
+}
+
+TEST_F(AppDelegateLaunchTest, StartingTheProgramAgainShowsTheMenuOfARunAlsoWithoutAPanel) {
+    platform.statusBar().isPresent = false;
+    launch();
+    startRunning();
+    delegate->applicationShouldHandleReopen();
+    EXPECT_EQ(statusItem().menusOpened, 1);
+    delegate->stopClicking();
+    awaitIdle();
 }
 
 TEST_F(AppDelegateLaunchTest, ARefusedHotKeyIsSaidInTheToolTipAndNotTriedAgain) {

@@ -96,6 +96,7 @@ TEST_F(AppDelegateRunControlTest, TheModeCommandsChangeOnlyTheConfiguration) {
     startRunning();
     delegate->setModeZone();
     EXPECT_EQ(state().config.clickMode, ClickMode::zone);
+    EXPECT_TRUE(statusItem().find("Defined Zone")->isOn);
     settle();
     EXPECT_NE(configFile().find(R"("clickMode" : "zone")"), std::string::npos);
     EXPECT_EQ(state().status, ClickStatus::running);
@@ -396,6 +397,13 @@ TEST_P(UnusableSessionTest, RefusesEveryStartUntilItIsActiveAgain) {
     EXPECT_EQ(state().status, ClickStatus::idle);
     startRunning();
     EXPECT_EQ(state().status, ClickStatus::running);
+}
+
+TEST_P(UnusableSessionTest, DisablesTheMenusStartUntilItIsActiveAgain) {
+    platform.userSession().become(GetParam().state);
+    EXPECT_FALSE(statusItem().find("Start")->isEnabled);
+    platform.userSession().become(platform::SessionState::active);
+    EXPECT_TRUE(statusItem().find("Start")->isEnabled);
 }
 
 TEST_P(UnusableSessionTest, IsTheReasonThatACommandGetsForARefusedStart) {
