@@ -6,6 +6,9 @@
 #include "platform/linux/environment/TextDecoding.h"
 #include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/connection/Connection.h"
+#include "platform/wayland/kwin/HotKeys.h"
+#include "platform/wayland/kwin/Permission.h"
+#include "platform/wayland/kwin/Windows.h"
 #include "platform/wayland/sway/HotKeys.h"
 #include "platform/wayland/sway/Windows.h"
 #include "platform/x11/connection/ServerAbilities.h"
@@ -76,30 +79,42 @@ DesktopFacts factsWithoutServer() {
             .isWaylandSession = isWaylandSession()};
 }
 
-HotKeyState stateInSway(const HotKey &hotKey) {
-    const wayland::sway::HotKeys hotKeys;
+template <typename HotKeys>
+HotKeyState stateAmong(const HotKeys &hotKeys, const HotKey &hotKey) {
     if (!hotKeys.isOffered()) {
         return HotKeyState::notOffered;
     }
     return hotKeys.isTaken(hotKey) ? HotKeyState::taken : HotKeyState::free;
 }
 
+/// What the compositor's own interface offers beside the Wayland protocol.
+void readCompositor(const wayland::Connection &compositor, const HotKey &hotKey,
+                    DesktopFacts &facts) {
+    if (compositor.virtualPointers() == nullptr) {
+        facts.hotKey = stateAmong(wayland::kwin::HotKeys(), hotKey);
+        facts.windowManager = wayland::kwin::Windows().windows() ? "KWin" : "";
+    } else {
+        facts.hotKey = stateAmong(wayland::sway::HotKeys(), hotKey);
+        facts.windowManager = wayland::sway::Windows().windows() ? "sway" : "";
+    }
+}
+
 /// Nothing where the compositor lets no program click.
 std::optional<DesktopFacts> factsOfCompositor(const x11::XcbConnection &xwayland,
                                               const HotKey &hotKey) {
-    const auto compositor = wayland::Connection::open();
+    const auto compositor = wayland::kwin::openWithPermission(wayland::Connection::open());
     if (!compositor || !wayland::letsProgramsClick(*compositor)) {
         return std::nullopt;
     }
-    return DesktopFacts{.displayServer = DisplayServer::wayland,
-                        .displayName = environmentVariable("DISPLAY"),
-                        .isWaylandSession = true,
-                        .takesClicks = true,
-                        .hotKey = stateInSway(hotKey),
-                        .hotKeyName = drawing::hotKeyText(hotKey),
-                        .statusArea = statusAreaOf(xwayland),
-                        .hasCompositor = true,
-                        .windowManager = wayland::sway::Windows().windows() ? "sway" : ""};
+    DesktopFacts facts{.displayServer = DisplayServer::wayland,
+                       .displayName = environmentVariable("DISPLAY"),
+                       .isWaylandSession = true,
+                       .takesClicks = true,
+                       .hotKeyName = drawing::hotKeyText(hotKey),
+                       .statusArea = statusAreaOf(xwayland),
+                       .hasCompositor = true};
+    readCompositor(*compositor, hotKey, facts);
+    return facts;
 }
 
 } // namespace

@@ -1,5 +1,9 @@
 #include "platform/linux/WaylandSystem.h"
 
+#include "platform/wayland/kwin/HotKeys.h"
+#include "platform/wayland/kwin/Windows.h"
+#include "platform/wayland/sway/HotKeys.h"
+#include "platform/wayland/sway/Windows.h"
 #include "platform/wayland/windows/AccessibilityWindows.h"
 #include "presentation/AccessibilityGuide.h"
 
@@ -7,13 +11,44 @@
 
 namespace corvane::linux {
 
+namespace {
+
+/// By what the compositor offers, as the clicks are made.
+bool isKWin(const wayland::Connection &connection) {
+    return connection.virtualPointers() == nullptr;
+}
+
+template <typename Facility, typename KWin, typename Sway>
+std::unique_ptr<Facility> make(bool isKWin) {
+    if (isKWin) {
+        return std::make_unique<KWin>();
+    }
+    return std::make_unique<Sway>();
+}
+
+wayland::MouseEvents::CursorReaders readersOf(wayland::kwin::Cursor *cursor) {
+    if (cursor == nullptr) {
+        return {};
+    }
+    return [cursor] { return cursor->read(); };
+}
+
+} // namespace
+
 WaylandSystem::WaylandSystem(wayland::Events &events, drawing::SymbolImages &symbols,
                              qt::OwnWindows ownWindows)
-    : screens_(events.connection()),
+    : kwinCursor_(isKWin(events.connection()) ? std::make_unique<wayland::kwin::Cursor>()
+                                              : nullptr),
+      mouseEvents_(readersOf(kwinCursor_.get())),
+      screens_(events.connection()),
       overlayWindows_(events.connection(), screens_, symbols),
-      windowList_(windows_),
-      applications_(windows_, freedesktop::DesktopEntries::ofUser()),
-      accessibility_(*this, std::move(ownWindows)) {}
+      windows_(make<wayland::Windows, wayland::kwin::Windows, wayland::sway::Windows>(kwinCursor_ !=
+                                                                                      nullptr)),
+      windowList_(*windows_),
+      applications_(*windows_, freedesktop::DesktopEntries::ofUser()),
+      accessibility_(*this, std::move(ownWindows)),
+      hotKeys_(make<platform::HotKeys, wayland::kwin::HotKeys, wayland::sway::HotKeys>(
+          kwinCursor_ != nullptr)) {}
 
 void WaylandSystem::Accessibility::openSettings() {
     guideWindow_.show(accessibilityGuide(AccessibilityObstacle::none));
@@ -21,7 +56,7 @@ void WaylandSystem::Accessibility::openSettings() {
 
 std::shared_ptr<const platform::AccessibilityWindows>
 WaylandSystem::Accessibility::windows(std::int32_t processIdentifier) {
-    return wayland::accessibilityWindows(system_.windows_,
+    return wayland::accessibilityWindows(*system_.windows_,
                                          system_.applications_.processesWith(processIdentifier));
 }
 

@@ -6,11 +6,12 @@
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/connection/Events.h"
+#include "platform/wayland/kwin/Cursor.h"
 #include "platform/wayland/overlay/OverlayWindows.h"
 #include "platform/wayland/screens/Screens.h"
-#include "platform/wayland/sway/HotKeys.h"
-#include "platform/wayland/sway/Windows.h"
 #include "platform/wayland/windows/WindowList.h"
+
+#include <memory>
 
 namespace corvane::linux {
 
@@ -23,7 +24,7 @@ class WaylandSystem : public WindowSystem {
 
     platform::Accessibility &accessibility() override { return accessibility_; }
     platform::Applications &applications() override { return applications_; }
-    platform::HotKeys &hotKeys() override { return hotKeys_; }
+    platform::HotKeys &hotKeys() override { return *hotKeys_; }
     platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
     platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
     platform::Screens &screens() override { return screens_; }
@@ -48,14 +49,16 @@ class WaylandSystem : public WindowSystem {
         qt::AccessibilityGuideWindow guideWindow_;
     };
 
+    /// Null where the compositor is not KWin.
+    const std::unique_ptr<wayland::kwin::Cursor> kwinCursor_;
     wayland::MouseEvents mouseEvents_;
     wayland::Screens screens_;
     wayland::OverlayWindows overlayWindows_;
-    wayland::sway::Windows windows_;
+    const std::unique_ptr<wayland::Windows> windows_;
     wayland::WindowList windowList_;
     WaylandApplications applications_;
     Accessibility accessibility_;
-    wayland::sway::HotKeys hotKeys_;
+    const std::unique_ptr<platform::HotKeys> hotKeys_;
 };
 
 } // namespace corvane::linux

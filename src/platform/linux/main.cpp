@@ -17,6 +17,7 @@
 #include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/click/PressedButtonRecord.h"
 #include "platform/wayland/connection/Events.h"
+#include "platform/wayland/kwin/Permission.h"
 #include "platform/x11/click/ButtonReports.h"
 #include "platform/x11/click/PressedButtonRecord.h"
 #include "platform/x11/connection/ServerAbilities.h"
@@ -86,7 +87,9 @@ void releaseButtonOf(pid_t owner) {
 
 /// The Wayland compositor behind an X server, if it lets programs click; null else.
 std::unique_ptr<wayland::Events> compositorAround(const x11::XcbConnection &server) {
-    auto compositor = x11::isInsideWayland(server) ? wayland::Connection::open() : nullptr;
+    auto compositor = x11::isInsideWayland(server)
+                          ? wayland::kwin::openWithPermission(wayland::Connection::open())
+                          : nullptr;
     return compositor && wayland::letsProgramsClick(*compositor)
                ? std::make_unique<wayland::Events>(std::move(compositor), compositorLost)
                : nullptr;

@@ -50,11 +50,39 @@ class VirtualPointer : public ClickDevice {
     const Handle<zwlr_virtual_pointer_v1> pointer_;
 };
 
+/// KWin's pointing device for programs that have the right to it.
+class FakeInput : public ClickDevice {
+  public:
+    explicit FakeInput(Connection &connection) : connection_(connection) {
+        org_kde_kwin_fake_input_authenticate(connection_.fakeInput(), "Corvane",
+                                             "press the left mouse button");
+    }
+
+    void press() override { send(WL_POINTER_BUTTON_STATE_PRESSED); }
+    void release() override { send(WL_POINTER_BUTTON_STATE_RELEASED); }
+
+    /// KWin does so whenever a surface changes.
+    void refreshFocus() override {}
+
+  private:
+    void send(wl_pointer_button_state state) {
+        org_kde_kwin_fake_input_button(connection_.fakeInput(), BTN_LEFT, state);
+        connection_.flush();
+    }
+
+    Connection &connection_;
+};
+
 } // namespace
 
 std::unique_ptr<ClickDevice> ClickDevice::make(Connection &connection) {
-    return connection.virtualPointers() != nullptr ? std::make_unique<VirtualPointer>(connection)
-                                                   : nullptr;
+    if (connection.virtualPointers() != nullptr) {
+        return std::make_unique<VirtualPointer>(connection);
+    }
+    if (connection.fakeInput() != nullptr) {
+        return std::make_unique<FakeInput>(connection);
+    }
+    return nullptr;
 }
 
 } // namespace corvane::wayland

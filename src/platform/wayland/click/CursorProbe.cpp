@@ -57,7 +57,7 @@ CursorProbe::CursorProbe(Connection &connection, ClickDevice &device)
                 point_ = point;
             }}) {}
 
-std::optional<Point> CursorProbe::find() {
+std::optional<Point> CursorProbe::position() {
     auto found = last_ ? findNear(*last_) : std::nullopt;
     if (!found) {
         found = findAnywhere();

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "platform/wayland/click/ClickDevice.h"
+#include "platform/wayland/click/CursorReader.h"
 #include "platform/wayland/connection/Connection.h"
 #include "platform/wayland/connection/Seat.h"
 #include "platform/wayland/connection/SharedImage.h"
-#include "support/Geometry.h"
 
 #include <memory>
 #include <optional>
@@ -15,7 +15,7 @@ namespace corvane::wayland {
 /// Finds the pointer, whose position no wlroots compositor gives away: transparent surfaces are
 /// shown for a moment, and the one beneath the pointer receives the position. The window that lies
 /// there sees the pointer leave and come back.
-class CursorProbe {
+class CursorProbe : public CursorReader {
   public:
     /// Null when the connection is lost. The connection, which offers the layer shell, and the
     /// device outlive the probe.
@@ -23,11 +23,10 @@ class CursorProbe {
 
     CursorProbe(const CursorProbe &) = delete;
     CursorProbe &operator=(const CursorProbe &) = delete;
-    ~CursorProbe() = default;
+    ~CursorProbe() override = default;
 
-    /// Global display space. Nothing when the pointer cannot be found now, as while a button is
-    /// held or another program has the pointer to itself.
-    std::optional<Point> find();
+    /// Nothing while a button is held or another program has the pointer to itself.
+    std::optional<Point> position() override;
 
   private:
     class Surface;

@@ -48,16 +48,20 @@ class ButtonSource : public platform::MouseEventSource {
 } // namespace
 
 bool letsProgramsClick(const Connection &connection) {
-    return connection.virtualPointers() != nullptr && connection.compositor() != nullptr &&
-           connection.sharedMemory() != nullptr && connection.viewporter() != nullptr &&
-           connection.layerShell() != nullptr;
+    const bool canShow = connection.compositor() != nullptr &&
+                         connection.sharedMemory() != nullptr && connection.layerShell() != nullptr;
+    const bool canProbe =
+        connection.virtualPointers() != nullptr && connection.viewporter() != nullptr;
+    return canShow && (canProbe || connection.fakeInput() != nullptr);
 }
 
 std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
-    return std::make_unique<MouseSession>();
+    return std::make_unique<MouseSession>(cursorReaders_ ? cursorReaders_() : nullptr);
 }
 
-MouseSession::MouseSession() { connect(); }
+MouseSession::MouseSession(std::unique_ptr<CursorReader> cursor) : reader_(std::move(cursor)) {
+    connect();
+}
 
 /// The last release of the button must not be lost with the connection.
 MouseSession::~MouseSession() {
@@ -66,10 +70,10 @@ MouseSession::~MouseSession() {
     }
 }
 
-/// While a button is held the cursor cannot be found; where it was at the press is known.
+/// While a button is held a probe does not find the cursor; where it was at the press is known.
 std::optional<Point> MouseSession::readyPosition() {
     if (!isPressed_) {
-        position_ = ensureUsable() && cursor_ ? cursor_->find() : std::nullopt;
+        position_ = ensureUsable() ? cursorPosition() : std::nullopt;
     }
     return position_;
 }
@@ -101,6 +105,13 @@ void MouseSession::release() {
     isPressed_ = false;
 }
 
+std::optional<Point> MouseSession::cursorPosition() const {
+    if (reader_) {
+        return reader_->position();
+    }
+    return probe_ ? probe_->position() : std::nullopt;
+}
+
 bool MouseSession::ensureUsable() {
     if (!isUsable()) {
         connect();
@@ -109,11 +120,11 @@ bool MouseSession::ensureUsable() {
 }
 
 void MouseSession::connect() {
-    cursor_.reset();
+    probe_.reset();
     device_.reset();
     connection_ = Connection::open();
     device_ = connection_ ? ClickDevice::make(*connection_) : nullptr;
-    cursor_ = device_ ? CursorProbe::make(*connection_, *device_) : nullptr;
+    probe_ = device_ && !reader_ ? CursorProbe::make(*connection_, *device_) : nullptr;
 }
 
 } // namespace corvane::wayland

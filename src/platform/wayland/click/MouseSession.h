@@ -3,6 +3,7 @@
 #include "platform/MouseEvents.h"
 #include "platform/wayland/click/ClickDevice.h"
 #include "platform/wayland/click/CursorProbe.h"
+#include "platform/wayland/click/CursorReader.h"
 #include "platform/wayland/click/PressedButtonRecord.h"
 #include "platform/wayland/connection/Connection.h"
 
@@ -15,7 +16,8 @@ namespace corvane::wayland {
 /// compositor lives is replaced; without one every operation fails.
 class MouseSession : public platform::MouseSession {
   public:
-    MouseSession();
+    /// Without a reader the cursor is found by a probe.
+    explicit MouseSession(std::unique_ptr<CursorReader> cursor);
     ~MouseSession() override;
 
     MouseSession(const MouseSession &) = delete;
@@ -31,6 +33,7 @@ class MouseSession : public platform::MouseSession {
   private:
     bool isUsable() const { return device_ && !connection_->isLost(); }
     bool ensureUsable();
+    std::optional<Point> cursorPosition() const;
     void connect();
 
     const PressedButtonRecord record_{PressedButtonRecord::Missing::create};
@@ -39,7 +42,9 @@ class MouseSession : public platform::MouseSession {
     std::optional<Point> position_;
     std::unique_ptr<Connection> connection_;
     std::unique_ptr<ClickDevice> device_;
-    std::unique_ptr<CursorProbe> cursor_;
+    const std::unique_ptr<CursorReader> reader_;
+    /// Null where there is a reader.
+    std::unique_ptr<CursorProbe> probe_;
 };
 
 } // namespace corvane::wayland

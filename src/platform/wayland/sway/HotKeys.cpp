@@ -1,7 +1,7 @@
 #include "platform/wayland/sway/HotKeys.h"
 
 #include "platform/wayland/sway/Bindings.h"
-#include "platform/wayland/sway/Json.h"
+#include "platform/wayland/windows/Json.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,6 +1,6 @@
 #include "platform/wayland/sway/Windows.h"
 
-#include "platform/wayland/sway/Json.h"
+#include "platform/wayland/windows/Json.h"
 
 #include <algorithm>
 #include <iterator>

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvane::wayland::sway {
+namespace corvane::wayland {
 
 /// The member of that name; null where there is none, also of what is no object.
 inline const nlohmann::json &memberOf(const nlohmann::json &object, const char *key) {
@@ -33,4 +33,4 @@ inline bool flagAt(const nlohmann::json &object, const char *key) {
     return member.is_boolean() && member.get<bool>();
 }
 
-} // namespace corvane::wayland::sway
+} // namespace corvane::wayland

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/wayland/kwin/Script.h"
+#include "platform/wayland/windows/Windows.h"
+
+#include <QTimer>
+
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace corvane::wayland::kwin {
+
+/// The windows of KWin's list. KWin reports changes only while somebody reads it. Main thread.
+class Windows : public wayland::Windows {
+  public:
+    Windows();
+
+    std::optional<std::vector<Window>> windows() override;
+
+  private:
+    void follow();
+
+    std::unique_ptr<Script> script_;
+    std::optional<std::vector<Window>> windows_;
+    QTimer unreadTimer_;
+};
+
+/// The windows of a list as our script writes it, front-most first; nothing where it is none.
+std::optional<std::vector<Window>> windowsOf(std::string_view list);
+
+} // namespace corvane::wayland::kwin
