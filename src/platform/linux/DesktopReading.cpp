@@ -92,7 +92,8 @@ void readCompositor(const wayland::Connection &compositor, const HotKey &hotKey,
                     DesktopFacts &facts) {
     if (compositor.virtualPointers() == nullptr) {
         facts.hotKey = stateAmong(wayland::kwin::HotKeys(), hotKey);
-        facts.windowManager = wayland::kwin::Windows().windows() ? "KWin" : "";
+        facts.windowManager =
+            wayland::kwin::Windows(QStringLiteral("corvane-doctor")).windows() ? "KWin" : "";
     } else {
         facts.hotKey = stateAmong(wayland::sway::HotKeys(), hotKey);
         facts.windowManager = wayland::sway::Windows().windows() ? "sway" : "";

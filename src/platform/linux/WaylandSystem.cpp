@@ -18,12 +18,18 @@ bool isKWin(const wayland::Connection &connection) {
     return connection.virtualPointers() == nullptr;
 }
 
-template <typename Facility, typename KWin, typename Sway>
-std::unique_ptr<Facility> make(bool isKWin) {
+std::unique_ptr<wayland::Windows> windowsOf(bool isKWin) {
     if (isKWin) {
-        return std::make_unique<KWin>();
+        return std::make_unique<wayland::kwin::Windows>(QStringLiteral("corvane-windows"));
     }
-    return std::make_unique<Sway>();
+    return std::make_unique<wayland::sway::Windows>();
+}
+
+std::unique_ptr<platform::HotKeys> hotKeysOf(bool isKWin) {
+    if (isKWin) {
+        return std::make_unique<wayland::kwin::HotKeys>();
+    }
+    return std::make_unique<wayland::sway::HotKeys>();
 }
 
 wayland::MouseEvents::CursorReaders readersOf(wayland::kwin::Cursor *cursor) {
@@ -42,13 +48,11 @@ WaylandSystem::WaylandSystem(wayland::Events &events, drawing::SymbolImages &sym
       mouseEvents_(readersOf(kwinCursor_.get())),
       screens_(events.connection()),
       overlayWindows_(events.connection(), screens_, symbols),
-      windows_(make<wayland::Windows, wayland::kwin::Windows, wayland::sway::Windows>(kwinCursor_ !=
-                                                                                      nullptr)),
+      windows_(windowsOf(kwinCursor_ != nullptr)),
       windowList_(*windows_),
       applications_(*windows_, freedesktop::DesktopEntries::ofUser()),
       accessibility_(*this, std::move(ownWindows)),
-      hotKeys_(make<platform::HotKeys, wayland::kwin::HotKeys, wayland::sway::HotKeys>(
-          kwinCursor_ != nullptr)) {}
+      hotKeys_(hotKeysOf(kwinCursor_ != nullptr)) {}
 
 void WaylandSystem::Accessibility::openSettings() {
     guideWindow_.show(accessibilityGuide(AccessibilityObstacle::none));

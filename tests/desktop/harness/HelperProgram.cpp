@@ -31,4 +31,10 @@ std::vector<std::string> HelperProgram::ask(const std::string &command, const st
     return answer;
 }
 
+void HelperProgram::demand(const std::string &command) {
+    if (ask(command).back() != "done") {
+        throw std::runtime_error("Refused: " + command);
+    }
+}
+
 } // namespace corvane::desktop

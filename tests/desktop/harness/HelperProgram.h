@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "servers/VirtualDesktop.h"
+#include "servers/Desktop.h"
 
 #include <cstddef>
 #include <memory>
@@ -14,14 +14,17 @@ namespace corvane::desktop {
 /// A program beside the one under test that carries out commands and answers in lines.
 class HelperProgram {
   public:
-    HelperProgram(const VirtualDesktop &desktop, const std::string &program)
+    HelperProgram(const Desktop &desktop, const std::string &program)
         : HelperProgram(desktop, std::vector{program}) {}
-    HelperProgram(const VirtualDesktop &desktop, std::vector<std::string> arguments)
+    HelperProgram(const Desktop &desktop, std::vector<std::string> arguments)
         : process_(desktop.start(std::move(arguments))) {}
 
     /// The lines of the answer; the last one is "done" or "refused". Lines that say
     /// `notice` come unasked and are left out. Throws when no answer comes.
     std::vector<std::string> ask(const std::string &command, const std::string &notice = {});
+
+    /// Throws when the command is refused.
+    void demand(const std::string &command);
 
     ChildProcess &process() { return *process_; }
     const ChildProcess &process() const { return *process_; }

@@ -22,14 +22,17 @@ void tell(const std::string &line) { std::cout << line << std::endl; }
 
 } // namespace
 
-WaylandScenario::WaylandScenario(std::filesystem::path pictures) : pictures_(std::move(pictures)) {
+WaylandScenario::WaylandScenario(std::string compositor, std::filesystem::path pictures)
+    : compositor_(std::move(compositor)),
+      pictures_(std::move(pictures)),
+      ownDesktop_(makeWaylandDesktop(compositor_)) {
     std::filesystem::create_directories(pictures_);
     client_.open({.position = window});
 }
 
 bool WaylandScenario::play() {
-    tell(
-        "A private Wayland desktop is ready: sway, two monitors, and a window of another program.");
+    tell("A private Wayland desktop is ready: " + compositor_ +
+         ", two monitors, and a window of another program.");
     playLimitedRun();
     playAnchoredZone();
     expect(desktop_.isWhole(), "the compositor kept running");
@@ -44,7 +47,7 @@ void WaylandScenario::playLimitedRun() {
     tell("The hot key is pressed.");
     desktop_.pressHotKey();
     waitForMoreClicks(clickLimit / 2);
-    takePicture("sway-run");
+    takePicture("run");
     corvane->waitForLog("Clicker finished after " + std::to_string(clickLimit) +
                         " clicks (limit reached)");
     client_.waitForClicks(clickLimit);
@@ -64,14 +67,14 @@ void WaylandScenario::playAnchoredZone() {
     client_.moveTo(window + inZone);
     desktop_.pressHotKey();
     expect(waitForMoreClicks(5), "the zone is clicked");
-    takePicture("sway-zone");
+    takePicture("zone");
     constexpr Position moved{100, 420};
     desktop_.place("Target", moved);
     expect(waitUntil([this] { return staysQuiet(); }),
            "the place the zone has left is not clicked");
     client_.moveTo(moved + inZone);
     expect(waitForMoreClicks(5), "the zone is clicked where the window has taken it");
-    takePicture("sway-zone-moved");
+    takePicture("zone-moved");
     desktop_.pressHotKey();
     expect(corvane->waitForLogBeginning("Clicker stopped after "), "the hot key stops the run");
     end(*corvane);
@@ -102,7 +105,7 @@ bool WaylandScenario::staysQuiet() const {
 }
 
 void WaylandScenario::takePicture(const std::string &name) const {
-    const std::filesystem::path file = pictures_ / (name + ".png");
+    const std::filesystem::path file = pictures_ / (compositor_ + "-" + name + ".png");
     desktop_.saveScreenshot(file);
     tell("  picture: " + std::filesystem::absolute(file).string());
 }

@@ -3,7 +3,7 @@
 #include "Settings.h"
 #include "actors/CorvaneProcess.h"
 #include "actors/WaylandClient.h"
-#include "servers/WaylandDesktop.h"
+#include "servers/Compositors.h"
 
 #include <filesystem>
 #include <memory>
@@ -14,8 +14,9 @@ namespace corvane::desktop {
 /// What a user sees of Corvane in a Wayland session, told on standard output.
 class WaylandScenario {
   public:
-    /// Pictures of the desktop go to `pictures`, which is made where missing.
-    explicit WaylandScenario(std::filesystem::path pictures);
+    /// On a desktop with the compositor of that name. Pictures of the desktop go to `pictures`,
+    /// which is made where missing.
+    WaylandScenario(std::string compositor, std::filesystem::path pictures);
 
     /// Plays both acts; whether everything went as it should.
     bool play();
@@ -35,8 +36,10 @@ class WaylandScenario {
     /// Tells whether it is so; the scenario fails if not.
     void expect(bool isSo, const std::string &what);
 
+    const std::string compositor_;
     const std::filesystem::path pictures_;
-    WaylandDesktop desktop_;
+    const std::unique_ptr<WaylandDesktop> ownDesktop_;
+    WaylandDesktop &desktop_ = *ownDesktop_;
     WaylandClient client_{desktop_};
     bool isAsItShould_ = true;
 };

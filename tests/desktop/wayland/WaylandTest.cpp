@@ -14,10 +14,41 @@ bool WaylandTest::waitForMoreClicks(int count) {
     return waitUntil([&] { return client_.pressCount() >= before + count; });
 }
 
+bool WaylandTest::clicksAt(Position position) {
+    client_.moveTo(position);
+    return waitForMoreClicks(2);
+}
+
+bool WaylandTest::isQuietAt(Position position) {
+    client_.moveTo(position);
+    return waitUntil([this] { return staysQuiet(); });
+}
+
 bool WaylandTest::staysQuiet() {
     constexpr std::chrono::milliseconds aWhile{300};
     const int before = client_.pressCount();
     return !waitUntil([&] { return client_.pressCount() > before; }, aWhile);
+}
+
+void WaylandTest::openPicker() {
+    constexpr Position onSecond{1400, 200};
+    constexpr Position onFirst = target;
+    client_.open({.title = "Other", .application = "Other", .position = onSecond});
+    const Pixel first = desktop_.colourAt(onFirst);
+    const Pixel second = desktop_.colourAt(onSecond);
+    CorvaneProcess command(desktop_, {.arguments = {"select-zone"}});
+    ASSERT_EQ(command.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << command.story();
+    ASSERT_TRUE(waitUntil([&] {
+        return desktop_.colourAt(onFirst) != first && desktop_.colourAt(onSecond) != second;
+    }));
+}
+
+void WaylandTest::drag(Position from, Position to) {
+    client_.moveTo(from);
+    client_.press();
+    client_.moveTo({(from.x + to.x) / 2, (from.y + to.y) / 2});
+    client_.moveTo(to);
+    client_.release();
 }
 
 } // namespace corvane::desktop

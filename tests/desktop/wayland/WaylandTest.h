@@ -4,12 +4,13 @@
 #include "harness/WaitUntil.h"
 #include "harness/actors/CorvaneProcess.h"
 #include "harness/actors/WaylandClient.h"
-#include "harness/servers/WaylandDesktop.h"
+#include "harness/servers/Compositors.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace corvane::desktop {
 
@@ -19,8 +20,8 @@ class WaylandTest : public testing::Test {
     static constexpr Position corner{300, 250};
     static constexpr Position target{500, 400};
 
-    explicit WaylandTest(const std::string &compositorSettings = {})
-        : desktop_(compositorSettings) {
+    explicit WaylandTest(std::unique_ptr<WaylandDesktop> desktop)
+        : ownDesktop_(std::move(desktop)) {
         client_.moveTo(target);
     }
 
@@ -33,9 +34,32 @@ class WaylandTest : public testing::Test {
     /// Whether nothing is clicked for a while, many times the interval of the fastest run.
     bool staysQuiet();
 
-    WaylandDesktop desktop_;
+    /// Moves the pointer there and waits for clicks.
+    bool clicksAt(Position position);
+
+    /// A click for which the pointer was read before it moved may still be under way.
+    bool isQuietAt(Position position);
+
+    /// Has the running program show the picker, and waits until it dims a window on each monitor:
+    /// where there is none, a compositor may show black, which cannot get darker.
+    void openPicker();
+
+    void drag(Position from, Position to);
+
+    const std::unique_ptr<WaylandDesktop> ownDesktop_;
+    WaylandDesktop &desktop_ = *ownDesktop_;
     WaylandClient client_{desktop_};
     int window_ = client_.open({.position = corner});
 };
+
+/// A test that passes on every compositor.
+class EveryCompositorTest : public WaylandTest, public testing::WithParamInterface<std::string> {
+  protected:
+    EveryCompositorTest() : WaylandTest(makeWaylandDesktop(GetParam())) {}
+};
+
+#define CORVANE_EVERY_COMPOSITOR(Suite)                                                            \
+    INSTANTIATE_TEST_SUITE_P(, Suite, testing::ValuesIn(compositors),                              \
+                             [](const auto &test) { return test.param; })
 
 } // namespace corvane::desktop

@@ -7,44 +7,9 @@ namespace corvane::desktop {
 
 namespace {
 
-class WaylandZonesTest : public WaylandTest {
-  protected:
-    bool clicksAt(Position position) {
-        client_.moveTo(position);
-        return waitForMoreClicks(2);
-    }
+class WaylandZonesTest : public EveryCompositorTest {};
 
-    /// A click for which the pointer was read before it moved may still be under way.
-    bool isQuietAt(Position position) {
-        client_.moveTo(position);
-        return waitUntil([this] { return staysQuiet(); });
-    }
-
-    /// Has the running program show the picker, and waits until it dims a window on each monitor:
-    /// where there is none, a compositor may show black, which cannot get darker.
-    void openPicker() {
-        constexpr Position onSecond{1400, 200};
-        constexpr Position onFirst = target;
-        client_.open({.title = "Other", .application = "Other", .position = onSecond});
-        const Pixel first = desktop_.colourAt(onFirst);
-        const Pixel second = desktop_.colourAt(onSecond);
-        CorvaneProcess command(desktop_, {.arguments = {"select-zone"}});
-        ASSERT_EQ(command.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << command.story();
-        ASSERT_TRUE(waitUntil([&] {
-            return desktop_.colourAt(onFirst) != first && desktop_.colourAt(onSecond) != second;
-        }));
-    }
-
-    void drag(Position from, Position to) {
-        client_.moveTo(from);
-        client_.press();
-        client_.moveTo({(from.x + to.x) / 2, (from.y + to.y) / 2});
-        client_.moveTo(to);
-        client_.release();
-    }
-};
-
-TEST_F(WaylandZonesTest, ClicksInsideOnlyAndThroughTheOutline) {
+TEST_P(WaylandZonesTest, ClicksInsideOnlyAndThroughTheOutline) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 50, .zone = Area{400, 320, 100, 80}});
     client_.moveTo({450, 360});
@@ -58,7 +23,7 @@ TEST_F(WaylandZonesTest, ClicksInsideOnlyAndThroughTheOutline) {
     EXPECT_TRUE(clicksAt({401, 360}));
 }
 
-TEST_F(WaylandZonesTest, TheOutlineIsSeenWhileARunLasts) {
+TEST_P(WaylandZonesTest, TheOutlineIsSeenWhileARunLasts) {
     const auto corvane =
         start({.clickMode = "zone", .clickRate = 1, .zone = Area{400, 320, 100, 80}});
     constexpr Position outside{0, 0};
@@ -71,7 +36,7 @@ TEST_F(WaylandZonesTest, TheOutlineIsSeenWhileARunLasts) {
     EXPECT_TRUE(waitUntil([&] { return desktop_.colourAt(edge) == window; })) << corvane->story();
 }
 
-TEST_F(WaylandZonesTest, AnAnchoredZoneFollowsTheWindow) {
+TEST_P(WaylandZonesTest, AnAnchoredZoneFollowsTheWindow) {
     constexpr Area relative{100, 80, 120, 90};
     constexpr Position inZone{150, 120};
     const auto corvane =
@@ -97,7 +62,7 @@ TEST_F(WaylandZonesTest, AnAnchoredZoneFollowsTheWindow) {
     }
 }
 
-TEST_F(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
+TEST_P(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
     const auto corvane = start({});
     openPicker();
     drag({1200, 100}, {1500, 340});
@@ -109,10 +74,10 @@ TEST_F(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
     EXPECT_EQ(client_.pressCount(), 0);
 }
 
-TEST_F(WaylandZonesTest, EscapeCancelsAPick) {
+TEST_P(WaylandZonesTest, EscapeCancelsAPick) {
     const auto corvane = start({});
     openPicker();
-    desktop_.tap("Escape");
+    desktop_.tapEscape();
     EXPECT_TRUE(corvane->waitForLog("Zone picker cancelled")) << corvane->story();
     client_.moveTo(target);
     client_.press();
@@ -120,26 +85,7 @@ TEST_F(WaylandZonesTest, EscapeCancelsAPick) {
     EXPECT_TRUE(client_.waitForClicks(1));
 }
 
-TEST_F(WaylandZonesTest, AMonitorThatGoesTakesItsPickerAlong) {
-    const auto corvane = start({});
-    openPicker();
-    desktop_.command("output HEADLESS-2 disable");
-    drag({900, 100}, {1100, 200});
-    EXPECT_TRUE(corvane->waitForLog("Zone selected: (900.0, 100.0, 200.0, 100.0)"))
-        << corvane->story();
-}
-
-TEST_F(WaylandZonesTest, AMonitorThatGoesInARunLeavesTheRunAlone) {
-    const auto corvane =
-        start({.clickMode = "zone", .clickRate = 50, .zone = Area{400, 320, 1000, 80}});
-    client_.moveTo({450, 360});
-    desktop_.pressHotKey();
-    ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
-    desktop_.command("output HEADLESS-2 disable");
-    EXPECT_TRUE(clicksAt({460, 360})) << corvane->story();
-    desktop_.command("output HEADLESS-2 enable");
-    EXPECT_TRUE(clicksAt({450, 360})) << corvane->story();
-}
+CORVANE_EVERY_COMPOSITOR(WaylandZonesTest);
 
 } // namespace
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <chrono>
 #include <iterator>
+#include <utility>
 
 namespace corvane::wayland::kwin {
 
@@ -18,16 +19,19 @@ using nlohmann::json;
 /// Who follows a window reads the list many times a second.
 constexpr std::chrono::seconds unreadForLong{2};
 
-/// KWin 5.27 and KWin 6 differ in names. A window that is raised changes the order of all; one
-/// report covers what changes in one iteration of KWin's event loop.
+/// KWin 5.27 and KWin 6 differ in names. Of a Wayland client the resource name is that of the file
+/// it was started from; its application identifier is the name of its desktop file. A window that
+/// is raised changes the order of all; one report covers what changes in one iteration of KWin's
+/// event loop.
 constexpr const char *scriptText = R"(
-const all = () => workspace.windowList ? workspace.windowList() : workspace.clientList();
-const isHere = w => w.onAllDesktops || (w.desktops !== undefined
-    ? w.desktops.indexOf(workspace.currentDesktop) >= 0 : w.desktop === workspace.currentDesktop);
+const isKWin6 = workspace.windowList !== undefined;
+const all = () => isKWin6 ? workspace.windowList() : workspace.clientList();
+const isHere = w => w.onAllDesktops || (isKWin6
+    ? w.desktops.includes(workspace.currentDesktop) : w.desktop === workspace.currentDesktop);
 const isOrdinary = w => w.normalWindow || w.dialog || w.utility;
 const describe = w => ({
-    title: w.caption, instance: String(w.resourceName), class: String(w.resourceClass), pid: w.pid,
-    x: w.frameGeometry.x, y: w.frameGeometry.y, width: w.frameGeometry.width,
+    title: w.caption, instance: w.desktopFileName || w.resourceName, class: w.resourceClass,
+    pid: w.pid, x: w.frameGeometry.x, y: w.frameGeometry.y, width: w.frameGeometry.width,
     height: w.frameGeometry.height, isOnScreen: !w.minimized && isHere(w) });
 const inFront = (a, b) => b.stackingOrder - a.stackingOrder;
 const reportWindows = () =>
@@ -39,7 +43,7 @@ timer.timeout.connect(reportWindows);
 const changed = () => timer.start();
 const follow = w => {
     for (const signal of [w.frameGeometryChanged, w.captionChanged, w.minimizedChanged,
-                          w.stackingOrderChanged, w.desktopChanged, w.desktopsChanged]) {
+                          w.stackingOrderChanged, isKWin6 ? w.desktopsChanged : w.desktopChanged]) {
         if (signal) signal.connect(changed);
     }
 };
@@ -73,7 +77,7 @@ std::optional<std::vector<Window>> windowsOf(std::string_view list) {
     return windows;
 }
 
-Windows::Windows() {
+Windows::Windows(QString scriptName) : scriptName_(std::move(scriptName)) {
     unreadTimer_.setSingleShot(true);
     unreadTimer_.setInterval(unreadForLong);
     QObject::connect(&unreadTimer_, &QTimer::timeout, [this] {
@@ -96,7 +100,7 @@ std::optional<std::vector<Window>> Windows::windows() {
 
 void Windows::follow() {
     script_ = std::make_unique<Script>(
-        u"corvane-windows"_s, QString::fromLatin1(scriptText), [this](const QVariantList &values) {
+        scriptName_, QString::fromLatin1(scriptText), [this](const QVariantList &values) {
             const QByteArray list = values.value(0).toString().toUtf8();
             if (auto windows = windowsOf({list.data(), static_cast<std::size_t>(list.size())})) {
                 windows_ = std::move(windows);

@@ -15,13 +15,15 @@ namespace corvane::wayland::kwin {
 /// The windows of KWin's list. KWin reports changes only while somebody reads it. Main thread.
 class Windows : public wayland::Windows {
   public:
-    Windows();
+    /// `scriptName` is the reader's own; see Script.
+    explicit Windows(QString scriptName);
 
     std::optional<std::vector<Window>> windows() override;
 
   private:
     void follow();
 
+    const QString scriptName_;
     std::unique_ptr<Script> script_;
     std::optional<std::vector<Window>> windows_;
     QTimer unreadTimer_;

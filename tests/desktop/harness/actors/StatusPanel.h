@@ -1,6 +1,7 @@
 #pragma once
 
 #include "HelperProgram.h"
+#include "servers/VirtualDesktop.h"
 
 #include <optional>
 #include <string>

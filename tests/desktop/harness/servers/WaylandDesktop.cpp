@@ -5,115 +5,40 @@
 
 #include <QColor>
 #include <QImage>
-#include <nlohmann/json.hpp>
 
 #include <csignal>
 #include <optional>
 #include <stdexcept>
 
-#include <unistd.h>
-
 namespace corvane::desktop {
 
-namespace {
-
-using nlohmann::json;
-
-/// The place of the window of that title in a tree of sway's.
-std::optional<Position> positionIn(const json &node, const std::string &title) {
-    if (node.value("name", json()) == title && node.contains("pid")) {
-        const json &area = node.at("rect");
-        return Position{area.at("x").get<int>(), area.at("y").get<int>()};
-    }
-    for (const char *children : {"nodes", "floating_nodes"}) {
-        for (const json &child : node.value(children, json::array())) {
-            if (const auto found = positionIn(child, title)) {
-                return found;
-            }
-        }
-    }
-    return std::nullopt;
-}
-
-std::string criteria(const std::string &title) { return "[title=\"^" + title + "$\"]"; }
-
-} // namespace
-
-WaylandDesktop::WaylandDesktop(const std::string &settings) {
-    startMessageBus();
-    startCompositor(settings);
-    takeStatusIcons();
-    constexpr const char *anHourInMilliseconds = "3600000";
-    keyboard_ = start({"wtype", "-s", anHourInMilliseconds, "-k", "Shift_L"});
-}
-
-void WaylandDesktop::startCompositor(const std::string &settings) {
-    const auto configuration = folder() / "sway.conf";
-    const auto variables = folder() / "sway-environment";
-    writeFile(configuration, R"(output HEADLESS-1 resolution 1280x800 position 0,0
-output HEADLESS-2 resolution 800x600 position 1280,0
-default_border none
-default_floating_border none
-focus_follows_mouse no
-for_window [app_id=".*"] floating enable
-for_window [class=".*"] floating enable
-xwayland enable
-exec sh -c 'echo "$WAYLAND_DISPLAY $SWAYSOCK $DISPLAY" > )" +
-                                 variables.string() + "'\n" + settings + "\n");
-    Environment environment = this->environment();
-    environment["WLR_BACKENDS"] = "headless";
-    environment["WLR_RENDERER"] = "pixman";
-    environment["WLR_LIBINPUT_NO_DEVICES"] = "1";
-    environment["WLR_HEADLESS_OUTPUTS"] = "2";
-    std::vector<std::string> arguments{"sway", "-c", configuration};
-    if (geteuid() == 0) {
-        // sway refuses to be root; in a namespace of its own it is nobody to itself, and so is
-        // everyone else to it: its Xwayland admits the tests as its own user. That user has to have
-        // a name, because Xwayland 24 admits by name.
-        arguments.insert(arguments.begin(), {"unshare", "--map-user=65534", "--map-group=65534"});
-    }
+void WaylandDesktop::startCompositor(const std::vector<std::string> &arguments,
+                                     const Environment &environment,
+                                     const std::vector<std::string> &variables) {
     compositor_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
         .arguments = arguments, .environment = environment, .outputFolder = output()});
     std::vector<std::string> values;
-    require("sway", *compositor_, [&] {
-        const auto lines = wholeLines(readFile(variables));
+    require("The compositor", *compositor_, [&] {
+        const auto lines = wholeLines(readFile(sessionVariables()));
         values = lines.empty() ? std::vector<std::string>() : split(lines.front(), ' ');
-        return values.size() == 3;
+        return values.size() == variables.size();
     });
-    set("WAYLAND_DISPLAY", values[0]);
-    set("SWAYSOCK", values[1]);
-    set("DISPLAY", values[2]);
+    for (std::size_t index = 0; index < variables.size(); ++index) {
+        set(variables[index], values[index]);
+    }
 }
 
-/// A program without a status icon would open its settings window.
 void WaylandDesktop::takeStatusIcons() {
     connection_ = std::make_unique<DisplayConnection>(environment().at("DISPLAY"));
     connection_->takeSelection("_NET_SYSTEM_TRAY_S0");
 }
 
-void WaylandDesktop::command(const std::string &text) const { run({"swaymsg", "--", text}); }
-
 void WaylandDesktop::place(const std::string &title, Position position) const {
-    command(criteria(title) + " move absolute position " + std::to_string(position.x) + " " +
-            std::to_string(position.y));
-    if (!waitUntil([&] {
-            return positionIn(json::parse(run({"swaymsg", "-r", "-t", "get_tree"})), title) ==
-                   position;
-        })) {
+    requestPlace(title, position);
+    if (!waitUntil([&] { return positionOf(title) == position; })) {
         throw std::runtime_error("The window did not move");
     }
 }
-
-bool WaylandDesktop::shows(const std::string &title) const {
-    return positionIn(json::parse(run({"swaymsg", "-r", "-t", "get_tree"})), title).has_value();
-}
-
-void WaylandDesktop::pressHotKey(std::chrono::milliseconds held) const {
-    run({"wtype", "-M", "logo", "-M", "shift", "-P", "y", "-s", std::to_string(held.count() + 1),
-         "-p", "y", "-m", "shift", "-m", "logo"});
-}
-
-void WaylandDesktop::tap(const std::string &key) const { run({"wtype", "-k", key}); }
 
 Pixel WaylandDesktop::colourAt(Position position) const {
     const auto file = folder() / "screen.png";

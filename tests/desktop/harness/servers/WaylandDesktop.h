@@ -9,36 +9,32 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace corvane::desktop {
 
-/// A Wayland desktop nobody looks at: sway with XWayland and two monitors side by side, 1280 by 800
-/// and 800 by 600 pixels. Ready to be used when constructed; ends with its owner.
+/// A Wayland desktop nobody looks at, with XWayland and two monitors side by side, the first one of
+/// 1280 by 800 pixels. Ready to be used when constructed; ends with its owner.
 class WaylandDesktop : public Desktop {
   public:
-    /// `settings` are further lines of the compositor's configuration.
-    explicit WaylandDesktop(const std::string &settings = {});
-
-    /// Has the compositor carry out one of its commands; throws when it refuses.
-    void command(const std::string &text) const;
+    virtual ~WaylandDesktop() = default;
 
     /// Moves a window, found by its title, and waits until it is there.
     void place(const std::string &title, Position position) const;
 
     /// Whether the compositor shows a window of that title.
-    bool shows(const std::string &title) const;
+    bool shows(const std::string &title) const { return positionOf(title).has_value(); }
 
     /// Presses Super, Shift and Y as on a keyboard, and holds them that long.
-    void pressHotKey(std::chrono::milliseconds held = {}) const;
+    virtual void pressHotKey(std::chrono::milliseconds held = {}) const = 0;
 
-    /// Taps a key, as xkb names it.
-    void tap(const std::string &key) const;
+    virtual void tapEscape() const = 0;
 
     /// The colour that the monitors show there.
     Pixel colourAt(Position position) const;
 
     /// Saves what all monitors show; throws when that fails.
-    void saveScreenshot(const std::filesystem::path &file) const { run({"grim", file}); }
+    virtual void saveScreenshot(const std::filesystem::path &file) const = 0;
 
     /// Whether the compositor still runs.
     bool isWhole() const { return compositor_->isRunning(); }
@@ -46,13 +42,23 @@ class WaylandDesktop : public Desktop {
     /// Takes the compositor away from everybody.
     void stopCompositor();
 
-  private:
-    void startCompositor(const std::string &settings);
+  protected:
+    WaylandDesktop() = default;
+
+    /// Starts the compositor, whose session has to write the values of these variables into
+    /// `sessionVariables`, and adopts them.
+    void startCompositor(const std::vector<std::string> &arguments, const Environment &environment,
+                         const std::vector<std::string> &variables);
+    std::filesystem::path sessionVariables() const { return folder() / "session-variables"; }
+
+    /// A program without a status icon would open its settings window.
     void takeStatusIcons();
 
+  private:
+    virtual void requestPlace(const std::string &title, Position position) const = 0;
+    virtual std::optional<Position> positionOf(const std::string &title) const = 0;
+
     std::unique_ptr<ChildProcess> compositor_;
-    /// A keyboard that is always there, so that programs listen to it.
-    std::unique_ptr<ChildProcess> keyboard_;
     /// To the X server for XWayland's clients.
     std::unique_ptr<DisplayConnection> connection_;
 };

@@ -2,6 +2,7 @@
 
 #include "ClientWindow.h"
 #include "CommandInput.h"
+#include "KWinControl.h"
 #include "Mouse.h"
 #include "platform/wayland/connection/Events.h"
 #include "platform/wayland/connection/Seat.h"
@@ -32,6 +33,7 @@ class ClientProgram {
     xdg_wm_base *shell_ = nullptr;
     wayland::Handle<wl_registry> registry_;
     const std::unique_ptr<Mouse> mouse_;
+    const KWinControl control_;
     std::map<int, ClientWindow> windows_;
     wl_surface *beneathPointer_ = nullptr;
     Point point_{};

@@ -42,11 +42,35 @@ class VirtualMouse : public Mouse {
     const wayland::Handle<zwlr_virtual_pointer_v1> pointer_;
 };
 
+class KWinMouse : public Mouse {
+  public:
+    explicit KWinMouse(const wayland::Connection &connection) : input_(connection.fakeInput()) {
+        org_kde_kwin_fake_input_authenticate(input_, "test", "test");
+    }
+
+    void moveTo(Point place) override {
+        org_kde_kwin_fake_input_pointer_motion_absolute(input_, wl_fixed_from_double(place.x),
+                                                        wl_fixed_from_double(place.y));
+    }
+
+    void change(std::uint32_t button, bool isPress) override {
+        org_kde_kwin_fake_input_button(input_, button, isPress ? 1 : 0);
+    }
+
+  private:
+    org_kde_kwin_fake_input *const input_;
+};
+
 } // namespace
 
 std::unique_ptr<Mouse> Mouse::make(const wayland::Connection &connection) {
-    return connection.virtualPointers() != nullptr ? std::make_unique<VirtualMouse>(connection)
-                                                   : nullptr;
+    if (connection.virtualPointers() != nullptr) {
+        return std::make_unique<VirtualMouse>(connection);
+    }
+    if (connection.fakeInput() != nullptr) {
+        return std::make_unique<KWinMouse>(connection);
+    }
+    return nullptr;
 }
 
 } // namespace corvane::desktop

@@ -1,0 +1,15 @@
+#include "Compositors.h"
+
+#include "KWinDesktop.h"
+#include "SwayDesktop.h"
+
+namespace corvane::desktop {
+
+std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor) {
+    if (compositor == "kwin") {
+        return std::make_unique<KWinDesktop>();
+    }
+    return std::make_unique<SwayDesktop>();
+}
+
+} // namespace corvane::desktop

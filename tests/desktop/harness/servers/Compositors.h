@@ -1,0 +1,17 @@
+#pragma once
+
+#include "WaylandDesktop.h"
+
+#include <array>
+#include <memory>
+#include <string>
+
+namespace corvane::desktop {
+
+/// The compositors that a Wayland desktop can have here.
+inline const std::array<std::string, 2> compositors{"sway", "kwin"};
+
+/// A desktop with the compositor of that name.
+std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor);
+
+} // namespace corvane::desktop

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "HelperProgram.h"
+#include "WaylandDesktop.h"
+
+#include <memory>
+#include <string>
+
+namespace corvane::desktop {
+
+/// KWin as on KDE Plasma, both monitors of 1280 by 800 pixels.
+class KWinDesktop : public WaylandDesktop {
+  public:
+    /// Whether KWin has been given the desktop file by which it lets Corvane click.
+    enum class Permission { given, missing };
+
+    explicit KWinDesktop(Permission permission = Permission::given);
+
+    void pressHotKey(std::chrono::milliseconds held = {}) const override;
+    void tapEscape() const override;
+    void saveScreenshot(const std::filesystem::path &file) const override;
+
+  private:
+    void writeSettings() const;
+    void permit(const std::string &program) const;
+    void startKWin();
+    void change(int key, bool isPress) const;
+    void requestPlace(const std::string &title, Position position) const override;
+    std::optional<Position> positionOf(const std::string &title) const override;
+
+    /// Reaches KWin for the tests. Its keyboard is always there.
+    std::unique_ptr<HelperProgram> control_;
+};
+
+} // namespace corvane::desktop
