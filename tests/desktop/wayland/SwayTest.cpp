@@ -1,6 +1,8 @@
 #include "WaylandTest.h"
 #include "harness/servers/SwayDesktop.h"
 
+#include <string>
+
 namespace corvane::desktop {
 
 namespace {
@@ -44,13 +46,19 @@ TEST_F(SwayTest, AMonitorThatGoesInARunLeavesTheRunAlone) {
     EXPECT_TRUE(clicksAt({450, 360})) << corvane->story();
 }
 
-/// The monitors show `scale` pixels for a unit of the layout.
-class ScaledSwayTest : public WaylandTest, public testing::WithParamInterface<const char *> {
+/// What the first monitor needs to be 1280 by 800 units large at that scale.
+struct Scale {
+    std::string name;
+    std::string scale;
+    std::string resolution;
+};
+
+class ScaledSwayTest : public WaylandTest, public testing::WithParamInterface<Scale> {
   protected:
     ScaledSwayTest()
         : WaylandTest(std::make_unique<SwayDesktop>(
-              std::string("output HEADLESS-1 resolution 2560x1600 scale ") + GetParam() +
-              "\noutput HEADLESS-2 scale " + GetParam() + " position 1280 0")) {}
+              "output HEADLESS-1 resolution " + GetParam().resolution + " scale " +
+              GetParam().scale + "\noutput HEADLESS-2 scale " + GetParam().scale)) {}
 };
 
 TEST_P(ScaledSwayTest, ClicksArriveAtTheEdgesOfTheZone) {
@@ -75,9 +83,10 @@ TEST_P(ScaledSwayTest, AZoneIsDrawnInUnitsOfTheLayout) {
         << corvane->story();
 }
 
-INSTANTIATE_TEST_SUITE_P(, ScaledSwayTest, testing::Values("1.5", "2"), [](const auto &test) {
-    return test.param == std::string("2") ? "twice" : "oneAndAHalf";
-});
+INSTANTIATE_TEST_SUITE_P(, ScaledSwayTest,
+                         testing::Values(Scale{"oneAndAHalf", "1.5", "1920x1200"},
+                                         Scale{"twice", "2", "2560x1600"}),
+                         [](const auto &test) { return test.param.name; });
 
 } // namespace
 
