@@ -97,7 +97,7 @@ Finding displayFinding(const DesktopFacts &desktop) {
                     ") for X programs. Clicks could reach those programs only, and "
                     "would reach the wrong one while the cursor is over any other "
                     "window. This compositor offers programs no way to click, so Corvane "
-                    "does not click here. It does on sway, labwc and others of their kind.",
+                    "does not click here. It does on KDE Plasma, sway and others of sway's kind.",
                 .remedy = chooseX11};
     case DisplayServer::wayland:
         return {.subject = "Display",

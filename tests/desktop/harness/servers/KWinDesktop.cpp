@@ -58,7 +58,8 @@ void KWinDesktop::pressHotKey(std::chrono::milliseconds held) const {
         change(key, true);
     }
     std::this_thread::sleep_for(held);
-    for (const int key : {KEY_Y, KEY_LEFTSHIFT, KEY_LEFTMETA}) {
+    // While Super alone is held, KWin takes the first click to move the window.
+    for (const int key : {KEY_Y, KEY_LEFTMETA, KEY_LEFTSHIFT}) {
         change(key, false);
     }
 }

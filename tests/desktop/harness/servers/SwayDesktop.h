@@ -18,7 +18,10 @@ class SwayDesktop : public WaylandDesktop {
 
     void pressHotKey(std::chrono::milliseconds held = {}) const override;
     void tapEscape() const override { run({"wtype", "-k", "Escape"}); }
-    void saveScreenshot(const std::filesystem::path &file) const override { run({"grim", file}); }
+    void saveScreenshot(const std::filesystem::path &file) const override {
+        // One pixel for a unit of the layout.
+        run({"grim", "-s", "1", file});
+    }
 
   private:
     void startSway(const std::string &settings);
