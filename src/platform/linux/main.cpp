@@ -71,18 +71,24 @@ void serverLost() {
     std::exit(EXIT_FAILURE); // NOLINT(concurrency-mt-unsafe)
 }
 
-/// Where both the program and its watchdog were killed, the button is still down.
-void releaseButtonLeftDown(const x11::XcbConnection *server,
-                           std::optional<pid_t> owner = std::nullopt) {
-    const bool wasDownInServer = server != nullptr && x11::releaseRecordedButtons(*server, owner);
-    if (wayland::releaseRecordedButton() || wasDownInServer) {
+void logRelease(bool wasDown) {
+    if (wasDown) {
         log("Released the mouse button after an unexpected end");
     }
 }
 
+/// Where both the program and its watchdog were killed, the button is still down.
+void releaseButtonLeftDown(const x11::XcbConnection &server) {
+    logRelease(wayland::releaseRecordedButton());
+    logRelease(x11::releaseRecordedButtons(server, std::nullopt));
+}
+
+/// The compositor first: it works also where XWayland hangs.
 void releaseButtonOf(pid_t owner) {
-    const auto server = x11::XcbConnection::open();
-    releaseButtonLeftDown(server ? server->get() : nullptr, owner);
+    logRelease(wayland::releaseRecordedButton());
+    if (const auto server = x11::XcbConnection::open()) {
+        logRelease(x11::releaseRecordedButtons(**server, owner));
+    }
 }
 
 /// The Wayland compositor behind an X server, if it lets programs click; null else.
@@ -145,6 +151,8 @@ int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowCon
     CorvaneApp app(platform);
     MissingPanel missingPanel(platform, app.sharedServices(), app.appDelegate());
     runningApp = &app;
+    // Registered last, it runs before the toolkit's globals are destroyed, with which threads work.
+    std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
     app.appDelegate().applicationDidFinishLaunching(
         [&missingPanel, &commandLine] { missingPanel.await(commandLine.cause); });
     const int status = QApplication::exec();
@@ -179,9 +187,8 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
         std::puts("Corvane is running already.");
         endAtOnce(print({.result = instance.error().result, .error = instance.error().error}));
     }
-    releaseButtonLeftDown(&events.connection());
+    releaseButtonLeftDown(events.connection());
     const UnixSignals signals([] { QApplication::exit(EXIT_SUCCESS); });
-    std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)
     auto windowConnection = events.connection().openAnother();
     if (!windowConnection) {
         serverLost();
