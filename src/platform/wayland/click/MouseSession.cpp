@@ -1,51 +1,12 @@
 #include "platform/wayland/click/MouseSession.h"
 
+#include "platform/wayland/click/ButtonSource.h"
 #include "platform/wayland/click/MouseEvents.h"
 
 #include <optional>
 #include <utility>
 
 namespace corvane::wayland {
-
-namespace {
-
-/// Presses or releases the button wherever the cursor is: the program never moves it.
-class ButtonEvent : public platform::MouseEvent {
-  public:
-    ButtonEvent(MouseSession &session, platform::MouseEventType type)
-        : session_(session),
-          type_(type) {}
-
-    /// The compositor's clients count clicks themselves, from the time between them.
-    void setClickState(std::int64_t /*state*/) override {}
-
-    void post() override {
-        if (type_ == platform::MouseEventType::leftMouseDown) {
-            session_.press();
-        } else {
-            session_.release();
-        }
-    }
-
-  private:
-    MouseSession &session_;
-    const platform::MouseEventType type_;
-};
-
-class ButtonSource : public platform::MouseEventSource {
-  public:
-    explicit ButtonSource(MouseSession &session) : session_(session) {}
-
-    std::unique_ptr<platform::MouseEvent> createMouseEvent(platform::MouseEventType type,
-                                                           Point /*location*/) override {
-        return std::make_unique<ButtonEvent>(session_, type);
-    }
-
-  private:
-    MouseSession &session_;
-};
-
-} // namespace
 
 bool letsProgramsClick(const Connection &connection) {
     const bool canShow = connection.compositor() != nullptr &&
@@ -79,7 +40,8 @@ std::optional<Point> MouseSession::readyPosition() {
 }
 
 std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
-    return std::make_unique<ButtonSource>(*this);
+    return std::make_unique<ButtonSource>(
+        [this](bool isPressed) { isPressed ? press() : release(); });
 }
 
 void MouseSession::press() {
