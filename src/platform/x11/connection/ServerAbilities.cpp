@@ -50,4 +50,10 @@ bool isInsideWayland(const XcbConnection &connection) {
     return offersExtension(connection, "XWAYLAND") || hasMonitorNamedLike(connection, "XWAYLAND");
 }
 
+bool losesInputShapes(const XcbConnection &connection) {
+    constexpr std::uint32_t firstThatKeepsThem = 12400000;
+    return xcb_get_setup(connection.get())->release_number < firstThatKeepsThem &&
+           isInsideWayland(connection);
+}
+
 } // namespace corvane::x11

@@ -82,7 +82,10 @@ void Overlay::orderFront() {
     }
     isShown_ = true;
     paint();
-    surface_.show(windowFrame(), traits_.level, staysOnTop);
+    // What has nothing to show but an animation is shown with that, to be replaced less often.
+    if (staysOnTop || !surface_.kind().isReplaced) {
+        surface_.show(windowFrame(), traits_.level, staysOnTop);
+    }
 }
 
 void Overlay::makeKeyAndOrderFront() {
@@ -156,7 +159,10 @@ void Overlay::setDrawing(const Drawing &drawing) {
 }
 
 void Overlay::play(const Animation &animation, std::function<void()> completion) {
-    content_->play(scene_, animation, std::move(completion));
+    const bool hasPicture = content_->play(scene_, animation, std::move(completion));
+    if (isShown_ && hasPicture && surface_.kind().isReplaced && scene_.isEmpty()) {
+        surface_.show(windowFrame(), traits_.level, false);
+    }
 }
 
 Blending Overlay::blending() const {

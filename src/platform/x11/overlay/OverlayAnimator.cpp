@@ -74,14 +74,16 @@ void OverlayAnimator::setTimer() {
 
 OverlayPlayback::OverlayPlayback(OverlayAnimator &animator, OverlaySurface &surface,
                                  std::shared_ptr<OverlayFrames> frames,
-                                 std::function<void()> completion)
+                                 std::function<void()> completion, bool isShown)
     : animator_(animator),
       surface_(surface),
       frames_(std::move(frames)),
       completion_(std::move(completion)),
       start_(animator.now()) {
     animator_.add(*this);
-    show(0);
+    if (isShown) {
+        show(isStill() ? frames_->frames().count() / 3 : 0);
+    }
 }
 
 OverlayPlayback::~OverlayPlayback() { animator_.remove(*this); }
@@ -93,7 +95,7 @@ void OverlayPlayback::changeTo(std::shared_ptr<OverlayFrames> frames) {
 
 bool OverlayPlayback::advanceTo(platform::Instant now) {
     const std::size_t index = frames_->frames().indexAt(now - start_);
-    if (index != index_) {
+    if (index != index_ && !isStill()) {
         show(index);
     }
     return !frames_->frames().isOverAt(now - start_);

@@ -31,6 +31,7 @@ class OverlayAnimator {
     void remove(OverlayPlayback &playback);
 
     platform::Instant now() const { return clock_.now(); }
+    std::size_t runningCount() const { return running_.size(); }
 
   private:
     void advanceWhileAwake();
@@ -50,9 +51,11 @@ class OverlayAnimator {
 /// An animation on a surface, from now on. Destroying it ends it without completion. Main thread.
 class OverlayPlayback {
   public:
-    /// The animator and the surface outlive the playback.
+    /// The animator and the surface outlive the playback. A surface that is replaced with each
+    /// change shows one frame all the time, or none where `isShown` is false.
     OverlayPlayback(OverlayAnimator &animator, OverlaySurface &surface,
-                    std::shared_ptr<OverlayFrames> frames, std::function<void()> completion);
+                    std::shared_ptr<OverlayFrames> frames, std::function<void()> completion,
+                    bool isShown);
     ~OverlayPlayback();
 
     OverlayPlayback(const OverlayPlayback &) = delete;
@@ -69,6 +72,7 @@ class OverlayPlayback {
     void complete();
 
   private:
+    bool isStill() const { return surface_.kind().isReplaced; }
     void show(std::size_t index);
 
     OverlayAnimator &animator_;

@@ -57,11 +57,14 @@ void OverlayContent::show(const Drawing &drawing) {
     paintTimer_->start(shortestPaintInterval - elapsed);
 }
 
-void OverlayContent::play(const drawing::OverlayScene &scene, const Animation &animation,
+bool OverlayContent::play(const drawing::OverlayScene &scene, const Animation &animation,
                           std::function<void()> completion) {
+    constexpr std::size_t mostStills = 4;
+    const bool isShown = !surface_->kind().isReplaced || animator_.runningCount() < mostStills;
     scene_ = scene;
     playback_ = std::make_unique<OverlayPlayback>(
-        animator_, *surface_, renderer_.frames(scene_, animation), std::move(completion));
+        animator_, *surface_, renderer_.frames(scene_, animation), std::move(completion), isShown);
+    return isShown;
 }
 
 bool OverlayContent::canPaintChanges() const {

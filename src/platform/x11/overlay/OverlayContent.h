@@ -28,8 +28,9 @@ class OverlayContent {
     /// Paints what differs from the scene's drawing; at once, or 8 ms after it was painted last.
     void show(const Drawing &drawing);
 
-    /// Plays an animation over a scene, then calls `completion` once.
-    void play(const drawing::OverlayScene &scene, const Animation &animation,
+    /// Plays an animation over a scene, then calls `completion` once. False where nothing of it is
+    /// shown, because each picture would take a new window and enough are on the screen.
+    bool play(const drawing::OverlayScene &scene, const Animation &animation,
               std::function<void()> completion);
 
   private:

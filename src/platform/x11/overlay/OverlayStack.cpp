@@ -48,6 +48,14 @@ void OverlayStack::remove(xcb_window_t window) {
     updateEventMask();
 }
 
+void OverlayStack::replace(xcb_window_t window, xcb_window_t successor) {
+    const auto entry = std::ranges::find(entries_, window, &Entry::window);
+    if (entry != entries_.end()) {
+        entry->window = successor;
+        stackBelowNext(entry);
+    }
+}
+
 bool OverlayStack::contains(xcb_window_t window) const {
     return std::ranges::find(entries_, window, &Entry::window) != entries_.end();
 }

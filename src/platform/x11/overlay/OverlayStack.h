@@ -36,6 +36,8 @@ class OverlayStack {
     /// that is shown for a moment is not worth the wake-ups.
     void insert(xcb_window_t window, int level, bool staysOnTop);
     void remove(xcb_window_t window);
+    /// Puts a window in the place of one that is in the stack.
+    void replace(xcb_window_t window, xcb_window_t successor);
 
   private:
     struct Entry {

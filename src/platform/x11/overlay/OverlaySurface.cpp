@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <string_view>
 #include <utility>
@@ -42,19 +43,18 @@ xcb_rectangle_t serverRectangle(const QRect &rectangle) {
 OverlaySurface::OverlaySurface(const OverlayVisual &visual, OverlayStack &stack, const Kind &kind)
     : visual_(visual),
       stack_(stack),
-      kind_(kind),
-      window_(xcb_generate_id(visual.connection().get())) {
+      kind_(kind) {
     create();
-    setProperties();
-    if (kind.ignoresMouseEvents) {
-        letMouseEventsThrough();
-    }
 }
 
-OverlaySurface::~OverlaySurface() { xcb_destroy_window(visual_.connection().get(), window_); }
+OverlaySurface::~OverlaySurface() {
+    destroyFormer();
+    xcb_destroy_window(visual_.connection().get(), window_);
+}
 
 void OverlaySurface::create() {
     const XcbConnection &connection = visual_.connection();
+    window_ = xcb_generate_id(connection.get());
     const xcb_cursor_t cursor = kind_.cursor == Cursor::crosshair ? crosshairCursor(connection) : 0;
     constexpr std::uint32_t input = XCB_EVENT_MASK_BUTTON_PRESS | XCB_EVENT_MASK_BUTTON_RELEASE |
                                     XCB_EVENT_MASK_BUTTON_1_MOTION | XCB_EVENT_MASK_KEY_PRESS;
@@ -67,6 +67,37 @@ void OverlaySurface::create() {
                       values.data());
     if (cursor != XCB_CURSOR_NONE) {
         xcb_free_cursor(connection.get(), cursor);
+    }
+    setProperties();
+    if (kind_.ignoresMouseEvents) {
+        letMouseEventsThrough();
+    }
+}
+
+void OverlaySurface::replace() {
+    constexpr std::chrono::milliseconds untilShown(50);
+    const OverlayStack::EventMaskGuard guard(stack_);
+    destroyFormer();
+    former_ = window_;
+    create();
+    setBackground();
+    configure();
+    stack_.replace(former_, window_);
+    map();
+    if (!formerTimer_) {
+        formerTimer_ = std::make_unique<QTimer>();
+        formerTimer_->setSingleShot(true);
+        QObject::connect(formerTimer_.get(), &QTimer::timeout, [this] {
+            destroyFormer();
+            visual_.connection().flush();
+        });
+    }
+    formerTimer_->start(untilShown);
+}
+
+void OverlaySurface::destroyFormer() {
+    if (former_ != XCB_WINDOW_NONE) {
+        xcb_destroy_window(visual_.connection().get(), std::exchange(former_, XCB_WINDOW_NONE));
     }
 }
 
@@ -96,7 +127,9 @@ void OverlaySurface::letMouseEventsThrough() const {
 void OverlaySurface::show(const QRect &frame, int level, bool staysOnTop) {
     const OverlayStack::EventMaskGuard guard(stack_);
     stack_.insert(window_, level, staysOnTop);
-    configure(frame);
+    frame_ = frame;
+    isShown_ = true;
+    configure();
     map();
 }
 
@@ -108,22 +141,29 @@ void OverlaySurface::raise(int level, bool staysOnTop) {
 void OverlaySurface::hide() {
     const OverlayStack::EventMaskGuard guard(stack_);
     stack_.remove(window_);
+    isShown_ = false;
+    destroyFormer();
     unmap();
 }
 
 void OverlaySurface::place(const QRect &frame) {
+    frame_ = frame;
+    if (isShown_ && kind_.isReplaced) {
+        replace();
+        return;
+    }
     const OverlayStack::EventMaskGuard guard(stack_);
-    configure(frame);
+    configure();
 }
 
 void OverlaySurface::unmap() { xcb_unmap_window(visual_.connection().get(), window_); }
 
 void OverlaySurface::map() { xcb_map_window(visual_.connection().get(), window_); }
 
-void OverlaySurface::configure(const QRect &frame) const {
+void OverlaySurface::configure() const {
     const std::array<std::uint32_t, 4> values{
-        static_cast<std::uint32_t>(frame.x()), static_cast<std::uint32_t>(frame.y()),
-        static_cast<std::uint32_t>(frame.width()), static_cast<std::uint32_t>(frame.height())};
+        static_cast<std::uint32_t>(frame_.x()), static_cast<std::uint32_t>(frame_.y()),
+        static_cast<std::uint32_t>(frame_.width()), static_cast<std::uint32_t>(frame_.height())};
     xcb_configure_window(visual_.connection().get(), window_,
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH |
                              XCB_CONFIG_WINDOW_HEIGHT,
@@ -131,6 +171,11 @@ void OverlaySurface::configure(const QRect &frame) const {
 }
 
 void OverlaySurface::paint(const OverlayImage &image) {
+    if (isShown_ && kind_.isReplaced) {
+        keepBackground(image);
+        replace();
+        return;
+    }
     // The server paints the background of areas that a larger shape uncovers, so most frames of an
     // animation that is cut out send their shape only.
     const auto &shape = image.shape();
@@ -141,13 +186,19 @@ void OverlaySurface::paint(const OverlayImage &image) {
         return;
     }
     constexpr std::uint16_t everything = 0;
-    setBackground(image);
+    keepBackground(image);
+    setBackground();
     setShape(image);
     xcb_clear_area(visual_.connection().get(), 0, window_, 0, 0, everything, everything);
 }
 
 void OverlaySurface::paint(const OverlayImage &image, const QRegion &changed) {
-    setBackground(image);
+    if (isShown_ && kind_.isReplaced) {
+        paint(image);
+        return;
+    }
+    keepBackground(image);
+    setBackground();
     setShape(image);
     for (const QRect &rectangle : changed) {
         const xcb_rectangle_t area = serverRectangle(rectangle);
@@ -156,14 +207,17 @@ void OverlaySurface::paint(const OverlayImage &image, const QRegion &changed) {
     }
 }
 
+void OverlaySurface::keepBackground(const OverlayImage &image) {
+    colour_ = image.colour();
+    pixmap_ = image.pixmap();
+}
+
 /// The image becomes the window's background, which the server repaints by itself.
-void OverlaySurface::setBackground(const OverlayImage &image) {
+void OverlaySurface::setBackground() const {
     xcb_connection_t *const connection = visual_.connection().get();
     constexpr QRgb transparent = 0;
-    colour_ = image.colour();
-    if (image.pixmap() != XCB_PIXMAP_NONE) {
-        const std::uint32_t pixmap = image.pixmap();
-        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXMAP, &pixmap);
+    if (pixmap_ != XCB_PIXMAP_NONE) {
+        xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXMAP, &pixmap_);
     } else {
         const std::uint32_t pixel = colour_.value_or(transparent);
         xcb_change_window_attributes(connection, window_, XCB_CW_BACK_PIXEL, &pixel);

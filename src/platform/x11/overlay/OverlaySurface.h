@@ -7,6 +7,7 @@
 #include <QRect>
 #include <QRegion>
 #include <QRgb>
+#include <QTimer>
 
 #include <cstddef>
 #include <memory>
@@ -22,6 +23,9 @@ class OverlaySurface {
     struct Kind {
         bool ignoresMouseEvents = true;
         Cursor cursor = Cursor::arrow;
+        /// Whether a new window takes the place of the old one with each change on the screen,
+        /// where the compositor would let a changed one take the mouse.
+        bool isReplaced = false;
 
         bool operator==(const Kind &) const = default;
     };
@@ -54,16 +58,27 @@ class OverlaySurface {
 
   private:
     void create();
+    /// Puts a new window in the place of the one that is on the screen.
+    void replace();
+    void destroyFormer();
     void setProperties() const;
     void letMouseEventsThrough() const;
-    void configure(const QRect &frame) const;
-    void setBackground(const OverlayImage &image);
+    void configure() const;
+    void keepBackground(const OverlayImage &image);
+    void setBackground() const;
     void setShape(const OverlayImage &image);
 
     const OverlayVisual &visual_;
     OverlayStack &stack_;
     const Kind kind_;
-    const xcb_window_t window_;
+    xcb_window_t window_ = XCB_WINDOW_NONE;
+    /// Stays beneath its successor until that is surely on the screen.
+    xcb_window_t former_ = XCB_WINDOW_NONE;
+    std::unique_ptr<QTimer> formerTimer_;
+    bool isShown_ = false;
+    QRect frame_;
+    /// The background where it is an image.
+    xcb_pixmap_t pixmap_ = XCB_PIXMAP_NONE;
     /// The background where it is one colour.
     std::optional<QRgb> colour_;
     bool hasShape_ = false;

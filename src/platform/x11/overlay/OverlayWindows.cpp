@@ -1,6 +1,7 @@
 #include "platform/x11/overlay/OverlayWindows.h"
 
 #include "platform/drawing/UnshownOverlay.h"
+#include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/overlay/Overlay.h"
 #include "platform/x11/overlay/OverlayAnimator.h"
 #include "platform/x11/overlay/OverlayImage.h"
@@ -37,8 +38,13 @@ struct OverlayWindows::Shared {
 
 OverlayWindows::OverlayWindows(XcbEvents &events, const Screens &screens,
                                drawing::SymbolImages &symbols)
+    : OverlayWindows(events, screens, symbols, x11::losesInputShapes(events.connection())) {}
+
+OverlayWindows::OverlayWindows(XcbEvents &events, const Screens &screens,
+                               drawing::SymbolImages &symbols, bool losesInputShapes)
     : events_(events),
-      screens_(screens) {
+      screens_(screens),
+      losesInputShapes_(losesInputShapes) {
     const XcbConnection &connection = events.connection();
     auto visual = OverlayVisual::find(connection);
     if (visual && connection.extension(xcb_xfixes_id) != nullptr &&
@@ -55,8 +61,10 @@ std::unique_ptr<platform::NativeOverlay> OverlayWindows::create(const Borderless
         return std::make_unique<drawing::UnshownOverlay>(window.frame);
     }
     auto content = std::make_unique<OverlayContent>(
-        shared_->surfaces.take({window.ignoresMouseEvents, window.cursor}), shared_->renderer,
-        shared_->animator);
+        shared_->surfaces.take({.ignoresMouseEvents = window.ignoresMouseEvents,
+                                .cursor = window.cursor,
+                                .isReplaced = window.ignoresMouseEvents && losesInputShapes_}),
+        shared_->renderer, shared_->animator);
     return std::make_unique<Overlay>(window, std::move(events), std::move(content), events_,
                                      screens_, shared_->beneath, shared_->keyboard);
 }

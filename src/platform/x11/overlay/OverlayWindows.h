@@ -14,6 +14,10 @@ class OverlayWindows : public platform::OverlayWindows {
   public:
     /// Everything given outlives the overlays, and this outlives every overlay it makes.
     OverlayWindows(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols);
+    /// The same for a compositor that needs a new window for each change (`losesInputShapes`), or
+    /// does not.
+    OverlayWindows(XcbEvents &events, const Screens &screens, drawing::SymbolImages &symbols,
+                   bool losesInputShapes);
     ~OverlayWindows() override;
 
     OverlayWindows(const OverlayWindows &) = delete;
@@ -27,6 +31,7 @@ class OverlayWindows : public platform::OverlayWindows {
 
     XcbEvents &events_;
     const Screens &screens_;
+    const bool losesInputShapes_;
     /// Null where the server cannot show overlays that let the mouse through.
     std::unique_ptr<Shared> shared_;
 };
