@@ -23,6 +23,9 @@ class FileDescriptor {
     int get() const { return descriptor_; }
     bool isOpen() const { return descriptor_ >= 0; }
 
+    /// Gives it away; the receiver closes it.
+    int release() { return std::exchange(descriptor_, -1); }
+
     /// Closes it now; false when the system reports that something written was lost.
     bool close() {
         const int descriptor = std::exchange(descriptor_, -1);

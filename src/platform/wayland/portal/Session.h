@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/posix/FileDescriptor.h"
+#include "support/Geometry.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+
+#include <atomic>
+#include <cstdint>
+#include <vector>
+
+namespace corvane::wayland::portal {
+
+constexpr const char *portalService = "org.freedesktop.portal.Desktop";
+constexpr const char *portalPath = "/org/freedesktop/portal/desktop";
+constexpr const char *remoteDesktopInterface = "org.freedesktop.portal.RemoteDesktop";
+constexpr const char *screenCastInterface = "org.freedesktop.portal.ScreenCast";
+
+/// Which pointing devices a session is for, as the portal counts them.
+constexpr std::uint32_t pointerDevice = 2;
+
+/// A method of the portal.
+QDBusMessage portalCall(const char *interface, const QString &method,
+                        const QVariantList &arguments);
+
+/// A monitor that the user has chosen for a session.
+struct Stream {
+    /// The node of PipeWire that casts it.
+    std::uint32_t node = 0;
+    /// Global display space.
+    Rectangle frame{};
+
+    bool operator==(const Stream &) const = default;
+};
+
+/// A remote desktop session that the user has agreed to: the right to press the button and to cast
+/// monitors. Destroying it gives the right back. Any thread.
+class Session {
+  public:
+    Session(QDBusConnection bus, QString path, std::vector<Stream> streams);
+    ~Session();
+
+    Session(const Session &) = delete;
+    Session &operator=(const Session &) = delete;
+
+    const QString &path() const { return path_; }
+    const std::vector<Stream> &streams() const { return streams_; }
+
+    /// False once the user or the desktop has ended it.
+    bool isOpen() const { return isOpen_; }
+    void markEnded() { isOpen_ = false; }
+
+    /// Presses or releases the left button where the cursor is, without waiting for the desktop.
+    /// The calls of all threads are carried out in their order.
+    void setButton(bool isPressed);
+
+    /// A connection to PipeWire that shows only the session's streams; closed where there is none.
+    /// Waits for the portal.
+    posix::FileDescriptor openPipeWire() const;
+
+  private:
+    QDBusConnection bus_;
+    const QString path_;
+    const std::vector<Stream> streams_;
+    std::atomic<bool> isOpen_ = true;
+};
+
+} // namespace corvane::wayland::portal
