@@ -92,12 +92,12 @@ Finding displayFinding(const DesktopFacts &desktop) {
     case DisplayServer::xwayland:
         return {.grade = Grade::missing,
                 .subject = "Display",
-                .statement =
-                    "This is a Wayland session, with XWayland (" + desktop.displayName +
-                    ") for X programs. Clicks could reach those programs only, and "
-                    "would reach the wrong one while the cursor is over any other "
-                    "window. This compositor offers programs no way to click, so Corvane "
-                    "does not click here. It does on KDE Plasma, sway and others of sway's kind.",
+                .statement = "This is a Wayland session, with XWayland (" + desktop.displayName +
+                             ") for X programs. Clicks could reach those programs only, and "
+                             "would reach the wrong one while the cursor is over any other "
+                             "window. This compositor offers programs no way to click, so Corvane "
+                             "does not click here. It does on KDE Plasma, GNOME, sway and others "
+                             "of sway's kind.",
                 .remedy = chooseX11};
     case DisplayServer::wayland:
         return {.subject = "Display",
@@ -122,7 +122,22 @@ Finding displayFinding(const DesktopFacts &desktop) {
 }
 
 /// The running Corvane knows best: on macOS the right is each program's own.
+Finding consentFinding(const std::optional<Running> &running) {
+    if (!running) {
+        return {.subject = "Clicks",
+                .statement = "The desktop asks you at Corvane's start whether they may reach other "
+                             "applications."};
+    }
+    return {.grade = Grade::missing,
+            .subject = "Clicks",
+            .statement = "You have not allowed them, or not any more.",
+            .remedy = "Start clicking: Corvane then says what to choose, and the desktop asks."};
+}
+
 Finding clicksFinding(const DesktopFacts &desktop, const std::optional<Running> &running) {
+    if (desktop.needsConsent && !(running && running->isAccessibilityGranted)) {
+        return consentFinding(running);
+    }
     if (!running && !desktop.takesClicks) {
         return {.subject = "Clicks",
                 .statement = "Only a running Corvane can tell whether they reach other "
@@ -166,9 +181,19 @@ Finding hotKeyTaken(const std::string &hotKeyName, const char *doubt) {
                       bindKey};
 }
 
+Finding hotKeyNotOffered() {
+    return {.grade = Grade::limited,
+            .subject = "Hot key",
+            .statement = "This compositor gives programs no hot keys.",
+            .remedy = bindKey};
+}
+
 Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> &running) {
     if (desktop.displayServer == DisplayServer::xwayland) {
         return hotKeyInWayland();
+    }
+    if (desktop.hotKey == HotKeyState::notOffered) {
+        return hotKeyNotOffered();
     }
     if (desktop.hotKey == HotKeyState::unknown && (!running || running->isHotkeyRegistered)) {
         return {.subject = "Hot key",
@@ -187,10 +212,6 @@ Finding hotKeyFinding(const DesktopFacts &desktop, const std::optional<Running> 
     case HotKeyState::taken:
         return hotKeyTaken(desktop.hotKeyName, "");
     case HotKeyState::notOffered:
-        return {.grade = Grade::limited,
-                .subject = "Hot key",
-                .statement = "This compositor gives programs no hot keys.",
-                .remedy = bindKey};
     case HotKeyState::noSuchKey:
     case HotKeyState::unknown:
         break;
@@ -326,7 +347,8 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
                        const std::optional<CommandAnswer> &runningStatus) {
     const auto running = readRunning(runningStatus);
     std::vector<Finding> findings{programFinding(runningStatus, running), displayFinding(desktop)};
-    if (desktop.takesClicks || desktop.displayServer == DisplayServer::macos) {
+    if (desktop.takesClicks || desktop.needsConsent ||
+        desktop.displayServer == DisplayServer::macos) {
         findings.push_back(clicksFinding(desktop, running));
     }
     if (desktop.hotKey) {

@@ -56,6 +56,9 @@ struct DesktopFacts {
     bool isWaylandSession = false;
     /// Whether the system lets this program click.
     std::optional<bool> takesClicks{};
+    /// Whether the desktop asks the user before it lets a program click; how the user has answered
+    /// only a running Corvane can tell.
+    bool needsConsent = false;
     std::optional<HotKeyState> hotKey{};
     /// The hot key as this system writes it, such as "Super+Shift+Y".
     std::string hotKeyName{};

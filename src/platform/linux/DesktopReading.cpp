@@ -2,6 +2,7 @@
 
 #include "platform/drawing/MenuText.h"
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
+#include "platform/linux/PortalSystem.h"
 #include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/TextDecoding.h"
 #include "platform/wayland/click/MouseEvents.h"
@@ -118,6 +119,23 @@ std::optional<DesktopFacts> factsOfCompositor(const x11::XcbConnection &xwayland
     return facts;
 }
 
+/// Nothing where the desktop's portal lets no program click.
+std::optional<DesktopFacts> factsOfPortal(const x11::XcbConnection &xwayland,
+                                          const HotKey &hotKey) {
+    if (!PortalSystem::isOffered()) {
+        return std::nullopt;
+    }
+    return DesktopFacts{.displayServer = DisplayServer::wayland,
+                        .displayName = environmentVariable("DISPLAY"),
+                        .isWaylandSession = true,
+                        .needsConsent = true,
+                        .hotKey = HotKeyState::notOffered,
+                        .hotKeyName = drawing::hotKeyText(hotKey),
+                        .statusArea = statusAreaOf(xwayland),
+                        .hasCompositor = true,
+                        .windowManager = ""};
+}
+
 } // namespace
 
 bool isWaylandSession() {
@@ -135,6 +153,9 @@ DesktopFacts readDesktopFacts(const HotKey &hotKey) {
     const bool isXwayland = x11::isInsideWayland(connection);
     if (isXwayland) {
         if (const auto facts = factsOfCompositor(connection, hotKey)) {
+            return *facts;
+        }
+        if (const auto facts = factsOfPortal(connection, hotKey)) {
             return *facts;
         }
     }

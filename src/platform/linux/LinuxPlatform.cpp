@@ -1,10 +1,12 @@
 #include "platform/linux/LinuxPlatform.h"
 
 #include "platform/freedesktop/bus/SessionBus.h"
+#include "platform/linux/PortalSystem.h"
 #include "platform/linux/WaylandSystem.h"
 #include "platform/linux/X11System.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
+#include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/XcbEvents.h"
 #include "platform/x11/windows/OwnWindows.h"
 
@@ -33,6 +35,11 @@ std::unique_ptr<WindowSystem> windowSystem(x11::XcbEvents &events,
     qt::OwnWindows own = ownWindows(events.connection());
     if (compositor != nullptr) {
         return std::make_unique<WaylandSystem>(*compositor, symbols, std::move(own));
+    }
+    if (x11::isInsideWayland(events.connection())) {
+        if (auto portal = PortalSystem::connect(events, symbols, own)) {
+            return portal;
+        }
     }
     return std::make_unique<X11System>(events, std::move(windowConnection), mainQueue, symbols,
                                        std::move(own));

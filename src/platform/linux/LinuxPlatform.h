@@ -16,7 +16,9 @@
 #include "platform/qt/alerts/Alerts.h"
 #include "platform/qt/settings/SettingsWindows.h"
 
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace corvane::wayland {
 
@@ -40,7 +42,8 @@ class LinuxPlatform : public platform::Platform {
     /// The program handles `firstCommand` when it is up, if there is one. Other programs' windows
     /// are watched through a connection that is for nothing else. With a compositor's events,
     /// where it lets programs click, it is the window system instead of the X server; null without.
-    /// The events outlive the platform.
+    /// Under other compositors the desktop's portal is used where it has all that is needed. The
+    /// events outlive the platform.
     LinuxPlatform(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
                   wayland::Events *compositor = nullptr, const CommandRequest &firstCommand = {});
 
@@ -63,6 +66,11 @@ class LinuxPlatform : public platform::Platform {
     platform::UserSession &userSession() override { return userSession_; }
     platform::WindowList &windowList() override { return windowSystem_->windowList(); }
     platform::Workspace &workspace() override { return workspace_; }
+
+    /// Calls `lost` on the main thread whenever the desktop takes the right to click back.
+    void whenClicksEnd(std::function<void()> lost) {
+        windowSystem_->whenClicksEnd(std::move(lost));
+    }
 
   private:
     posix::PosixFileSystem fileSystem_;

@@ -8,6 +8,8 @@
 #include "platform/Screens.h"
 #include "platform/WindowList.h"
 
+#include <functional>
+
 namespace corvane::linux {
 
 /// The facilities that the window system provides, of one kind throughout. Main thread.
@@ -22,6 +24,9 @@ class WindowSystem {
     virtual platform::OverlayWindows &overlayWindows() = 0;
     virtual platform::Screens &screens() = 0;
     virtual platform::WindowList &windowList() = 0;
+
+    /// Calls `lost` whenever the right to click is taken back; never where nobody grants it.
+    virtual void whenClicksEnd(std::function<void()> /*lost*/) {}
 };
 
 } // namespace corvane::linux

@@ -355,16 +355,6 @@ TEST_F(AppDelegateRunControlTest, AMainThreadThatIsBusyIsWaitedFor) {
     EXPECT_EQ(platform.mouseEvents().posted().size(), before);
 }
 
-TEST_F(AppDelegateRunControlTest, AMainThreadThatShowsTheClicksHoldsUpNone) {
-    state().config = {.clickRate = std::numeric_limits<std::int64_t>::max(), .maxClicks = 100};
-    delegate->startClicking();
-    ASSERT_TRUE(platform.mainQueue().turnUntil([this] {
-        platform.clock().advance(std::chrono::milliseconds(5));
-        return state().status == ClickStatus::idle;
-    }));
-    EXPECT_EQ(state().clickCount, 100);
-}
-
 /// A session that cannot be clicked in, and how the log and the command line say so.
 struct UnusableSession {
     platform::SessionState state;

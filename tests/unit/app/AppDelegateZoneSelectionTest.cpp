@@ -61,14 +61,6 @@ TEST_F(AppDelegateZoneSelectionTest, APickStopsTheRunFirst) {
     EXPECT_EQ(platform.overlayWindows().visible().size(), 1U);
 }
 
-TEST_F(AppDelegateZoneSelectionTest, AStopLeavesAnOpenPickAlone) {
-    openPicker();
-    delegate->stopClicking();
-    platform.mainQueue().turnUntilIdle();
-    EXPECT_EQ(state().status, ClickStatus::pickingZone);
-    EXPECT_EQ(platform.overlayWindows().visible().size(), 1U);
-}
-
 TEST_F(AppDelegateZoneSelectionTest, TheHotKeyStartsARunOverTheOpenPickerAndThePickLeavesItAlone) {
     openPicker();
     platform.hotKeys().press();

@@ -144,6 +144,27 @@ TEST(DoctorTest, ACompositorThatLetsProgramsClickIsADesktop) {
     EXPECT_THAT(report.output, HasSubstr("[ok]      Hot key: "));
 }
 
+DesktopFacts desktopThatAsks() {
+    DesktopFacts desktop = goodDesktop;
+    desktop.displayServer = DisplayServer::wayland;
+    desktop.takesClicks = std::nullopt;
+    desktop.needsConsent = true;
+    desktop.hotKey = HotKeyState::notOffered;
+    return desktop;
+}
+
+TEST(DoctorTest, OnlyTheRunningProgramKnowsHowTheUserHasAnsweredTheDesktop) {
+    EXPECT_THAT(diagnose(desktopThatAsks()).output,
+                HasSubstr("[ok]      Clicks: The desktop asks"));
+    const auto granted = diagnose(desktopThatAsks(), running("idle", false, true));
+    EXPECT_EQ(granted.result, CommandResult::done);
+    EXPECT_THAT(granted.output, HasSubstr("[ok]      Clicks: They reach other"));
+    EXPECT_THAT(granted.output, HasSubstr("[limited] Hot key: This compositor gives"));
+    const auto refused = diagnose(desktopThatAsks(), running("idle", false, false));
+    EXPECT_EQ(refused.result, CommandResult::refused);
+    EXPECT_THAT(refused.output, HasSubstr("[missing] Clicks: You have not allowed"));
+}
+
 TEST(DoctorTest, ACompositorMayHaveNeitherHotKeysNorWindowsForPrograms) {
     DesktopFacts desktop = goodDesktop;
     desktop.displayServer = DisplayServer::wayland;

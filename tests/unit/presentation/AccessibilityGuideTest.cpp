@@ -35,6 +35,29 @@ TEST(AccessibilityGuideTest, SaysWhenNothingIsMissing) {
     EXPECT_EQ(guide.paragraphs.size(), 1U);
 }
 
+TEST(AccessibilityGuideTest, LeadsToTheDesktopsQuestion) {
+    for (const auto obstacle :
+         {AccessibilityObstacle::consentNeeded, AccessibilityObstacle::consentRefused,
+          AccessibilityObstacle::consentWithoutPointer, AccessibilityObstacle::consentWithoutScreen,
+          AccessibilityObstacle::consentEnded}) {
+        const auto guide = accessibilityGuide(obstacle);
+        EXPECT_TRUE(isAnsweredByUser(obstacle));
+        EXPECT_EQ(guide.heading, "Corvane cannot click in other applications");
+        EXPECT_EQ(guide.closeButton, "Continue");
+        ASSERT_EQ(guide.paragraphs.size(), 2U);
+        EXPECT_THAT(guide.paragraphs[1], HasSubstr("choose every screen"));
+        EXPECT_THAT(guide.paragraphs[1], HasSubstr("Allow Remote Interaction"));
+    }
+}
+
+TEST(AccessibilityGuideTest, NamesTheMissingLibrary) {
+    const auto guide = accessibilityGuide(AccessibilityObstacle::noScreenCast);
+    EXPECT_FALSE(isAnsweredByUser(AccessibilityObstacle::noScreenCast));
+    EXPECT_EQ(guide.closeButton, "Close");
+    ASSERT_EQ(guide.paragraphs.size(), 1U);
+    EXPECT_THAT(guide.paragraphs[0], HasSubstr("libpipewire-0.3"));
+}
+
 TEST(AccessibilityGuideTest, IsInTheUsersLanguage) {
     useTextLookup([](std::string_view english) { return "<" + std::string(english) + ">"; });
     const auto guide = accessibilityGuide(AccessibilityObstacle::waylandSession);

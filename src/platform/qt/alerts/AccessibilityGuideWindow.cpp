@@ -47,15 +47,23 @@ void fill(QDialog &dialog, const AccessibilityGuide &guide) {
 
 } // namespace
 
-AccessibilityGuideWindow::~AccessibilityGuideWindow() { delete dialog_; } // NOLINT
+AccessibilityGuideWindow::~AccessibilityGuideWindow() { close(); }
 
-void AccessibilityGuideWindow::show(const AccessibilityGuide &guide) {
-    delete dialog_;        // NOLINT: no other owner
+void AccessibilityGuideWindow::show(const AccessibilityGuide &guide,
+                                    std::function<void()> confirmed) {
+    close();
     dialog_ = new QDialog; // NOLINT
     dialog_->setAttribute(Qt::WA_DeleteOnClose);
     fill(*dialog_, guide);
+    if (confirmed) {
+        QObject::connect(dialog_, &QDialog::accepted, std::move(confirmed));
+    }
     dialog_->show();
     ownWindows_.bringToFront(*dialog_);
+}
+
+void AccessibilityGuideWindow::close() {
+    delete dialog_; // NOLINT: no other owner
 }
 
 } // namespace corvane::qt

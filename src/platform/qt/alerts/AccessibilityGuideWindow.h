@@ -5,6 +5,7 @@
 
 #include <QPointer>
 
+#include <functional>
 #include <utility>
 
 class QDialog;
@@ -20,8 +21,11 @@ class AccessibilityGuideWindow {
     AccessibilityGuideWindow(const AccessibilityGuideWindow &) = delete;
     AccessibilityGuideWindow &operator=(const AccessibilityGuideWindow &) = delete;
 
-    /// Opens the window, in place of one that is open, and gives it the keyboard.
-    void show(const AccessibilityGuide &guide);
+    /// Opens the window, in place of one that is open, and gives it the keyboard. Calls `confirmed`
+    /// when the user presses the button, and not when the window is merely closed.
+    void show(const AccessibilityGuide &guide, std::function<void()> confirmed = {});
+
+    void close();
 
   private:
     const OwnWindows ownWindows_;
