@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/linux/WaylandApplications.h"
+#include "platform/linux/Accessibility.h"
+#include "platform/linux/Applications.h"
 #include "platform/linux/WindowSystem.h"
-#include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/connection/Events.h"
 #include "platform/wayland/kwin/Cursor.h"
@@ -31,24 +31,6 @@ class WaylandSystem : public WindowSystem {
     platform::WindowList &windowList() override { return windowList_; }
 
   private:
-    /// The system is chosen where clicks reach other programs: nothing is left to be granted.
-    class Accessibility : public platform::Accessibility {
-      public:
-        Accessibility(WaylandSystem &system, qt::OwnWindows ownWindows)
-            : system_(system),
-              guideWindow_(std::move(ownWindows)) {}
-
-        bool isProcessTrusted() override { return true; }
-        bool isProcessTrustedWithPrompt() override { return true; }
-        void openSettings() override;
-        std::shared_ptr<const platform::AccessibilityWindows>
-        windows(std::int32_t processIdentifier) override;
-
-      private:
-        WaylandSystem &system_;
-        qt::AccessibilityGuideWindow guideWindow_;
-    };
-
     /// Null where the compositor is not KWin.
     const std::unique_ptr<wayland::kwin::Cursor> kwinCursor_;
     wayland::MouseEvents mouseEvents_;
@@ -56,7 +38,7 @@ class WaylandSystem : public WindowSystem {
     wayland::OverlayWindows overlayWindows_;
     const std::unique_ptr<wayland::Windows> windows_;
     wayland::WindowList windowList_;
-    WaylandApplications applications_;
+    Applications applications_;
     Accessibility accessibility_;
     const std::unique_ptr<platform::HotKeys> hotKeys_;
 };

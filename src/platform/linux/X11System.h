@@ -15,6 +15,9 @@
 
 namespace corvane::linux {
 
+/// The owners of the windows of other programs, which outlive the source.
+WindowOwnerSource windowOwners(x11::ClientWindows &windows);
+
 /// The X server as the window system.
 class X11System : public WindowSystem {
   public:

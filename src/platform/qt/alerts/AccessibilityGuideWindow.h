@@ -1,15 +1,24 @@
 #pragma once
 
 #include "platform/qt/OwnWindows.h"
-#include "presentation/AccessibilityGuide.h"
 
 #include <QPointer>
 
+#include <string>
 #include <utility>
+#include <vector>
 
 class QDialog;
 
 namespace corvane::qt {
+
+/// The texts of a page that explains what is missing and how to get it.
+struct AccessibilityGuide {
+    std::string title;
+    std::string heading;
+    std::vector<std::string> paragraphs;
+    std::string closeButton;
+};
 
 /// Shows a guide in a window of its own, one at a time. Main thread.
 class AccessibilityGuideWindow {

@@ -1,8 +1,8 @@
-#include "presentation/AccessibilityGuide.h"
+#include "platform/linux/AccessibilityGuide.h"
 
 #include "support/Localised.h"
 
-namespace corvane {
+namespace corvane::linux {
 
 namespace {
 
@@ -35,11 +35,11 @@ std::vector<std::string> paragraphsFor(AccessibilityObstacle obstacle) {
 
 } // namespace
 
-AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle) {
+qt::AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle) {
     return {.title = localised("Accessibility"),
             .heading = headingFor(obstacle),
             .paragraphs = paragraphsFor(obstacle),
             .closeButton = localised("Close")};
 }
 
-} // namespace corvane
+} // namespace corvane::linux
