@@ -5,8 +5,8 @@
 #include "platform/linux/X11System.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
+#include "platform/x11/connection/QtConnection.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/windows/OwnWindows.h"
 
 #include <QCoreApplication>
 

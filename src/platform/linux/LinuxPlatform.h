@@ -5,7 +5,7 @@
 #include "platform/freedesktop/applications/Workspace.h"
 #include "platform/freedesktop/autostart/LoginItem.h"
 #include "platform/freedesktop/presence/UserSession.h"
-#include "platform/linux/StatusBar.h"
+#include "platform/linux/StatusItem.h"
 #include "platform/linux/WindowSystem.h"
 #include "platform/linux/commands/CommandEndpoint.h"
 #include "platform/linux/environment/Localisation.h"

@@ -1,7 +1,6 @@
-#include "platform/x11/click/ButtonReports.h"
-
 #include "EventLoop.h"
 #include "XClient.h"
+#include "platform/x11/connection/QtConnection.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <QAbstractNativeEventFilter>

@@ -3,7 +3,7 @@
 #include "platform/HotKeys.h"
 #include "platform/linux/windowing/HotKeyHandlers.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/hotkey/KeyboardChanges.h"
+#include "platform/x11/hotkey/Keyboard.h"
 #include "platform/x11/hotkey/RawKeys.h"
 
 #include <utility>
