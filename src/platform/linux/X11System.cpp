@@ -18,7 +18,7 @@ WindowOwners ownersOf(const x11::ClientWindows::Owners &windows) {
     return owners;
 }
 
-/// The session does not change while the server runs; its extensions are asked for anew.
+/// Whether the server is an XWayland never changes; the extensions are read each time.
 std::function<AccessibilityObstacle()> obstacleOf(const x11::XcbConnection &connection) {
     return [&connection, isInsideWayland = x11::isInsideWayland(connection)] {
         if (isInsideWayland) {

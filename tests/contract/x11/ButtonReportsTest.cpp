@@ -12,7 +12,7 @@ namespace corvane::contract {
 
 namespace {
 
-/// Counts what the toolkit hears from the keyboard extension about the state of the keyboard.
+/// Counts the XKB StateNotify events that Qt receives.
 class KeyboardListener : public QAbstractNativeEventFilter {
   public:
     KeyboardListener() { QCoreApplication::instance()->installNativeEventFilter(this); }

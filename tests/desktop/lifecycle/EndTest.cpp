@@ -12,7 +12,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// How the program ends, by the signal that asks it to.
+/// How the program ends, by signal.
 class EndTest : public DesktopTest, public testing::WithParamInterface<int> {
   protected:
     EndTest() { keepWindowManagerOut(); }

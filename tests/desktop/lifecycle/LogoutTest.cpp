@@ -13,7 +13,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The user logs out, and the session manager asks the program to save and to end.
+/// The user logs out: the session manager makes the program save and end.
 class LogoutTest : public PickTest {
   protected:
     LogoutTest() { keepWindowManagerOut(); }

@@ -81,7 +81,7 @@ void Connection::addOutput(std::uint32_t name, std::uint32_t version) {
     placeOutputs();
 }
 
-/// The outputs and what tells their places are announced in any order.
+/// Outputs and the object that reports their positions are announced in any order.
 void Connection::placeOutputs() {
     for (const auto &output : outputs_) {
         if (outputManager_ && !output->isFollowed()) {

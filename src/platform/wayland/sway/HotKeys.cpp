@@ -72,7 +72,7 @@ HotKeys::registerHotKey(const HotKey &hotKey) {
     if (!isOffered()) {
         return std::unexpected(refused);
     }
-    // sway would replace the user's own binding without a word.
+    // sway would silently replace the user's own binding.
     if (isTaken(hotKey)) {
         return std::unexpected(taken);
     }

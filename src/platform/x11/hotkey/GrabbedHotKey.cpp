@@ -143,7 +143,7 @@ void GrabbedHotKey::handle(const xcb_generic_event_t &event) {
     // In key events, which all have the same form, the detail is the key.
     const auto &key = reinterpret_cast<const xcb_key_press_event_t &>(event);
     if (changes_.isChange(event)) {
-        // A key that is not to be had now may be to be had under the next layout.
+        // A key that cannot be grabbed under this layout may be free under the next.
         grab();
     } else if (const auto raw = rawKeys_.follow(event)) {
         handleRaw(*raw);
@@ -154,7 +154,7 @@ void GrabbedHotKey::handle(const xcb_generic_event_t &event) {
     }
 }
 
-/// Comes beside the event of the grab where the grab is not kept out.
+/// Where no other program has grabbed the keyboard, the event of the grab comes as well.
 void GrabbedHotKey::handleRaw(const RawKey &event) {
     if (!isOurKey(event.key)) {
         return;

@@ -65,12 +65,12 @@ class GrabbedHotKey : public platform::RegisteredHotKey {
 
     bool isHeard() const override { return grab_ != nullptr; }
 
-    /// Takes the key of the present layout, unless it is taken already. 0 where that succeeds, else
-    /// the X error code.
+    /// Grabs the key of the present layout, unless it is grabbed already. 0 where that succeeds,
+    /// else the X error code.
     platform::HotKeyStatus grab();
 
   private:
-    /// The two ways in which one press may be heard of.
+    /// The two ways in which the server reports a press; it may report one press both ways.
     enum class Report { grabbed, raw };
 
     void handle(const xcb_generic_event_t &event);

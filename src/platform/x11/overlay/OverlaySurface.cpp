@@ -70,7 +70,7 @@ void OverlaySurface::create() {
     }
 }
 
-/// Keeps compositing managers from adding a shadow or an animation: the type of a dragged picture
+/// Keeps compositing managers from adding a shadow or an animation: the type of a dragged image
 /// is the one that all of them leave alone.
 void OverlaySurface::setProperties() const {
     xcb_connection_t *const connection = visual_.connection().get();

@@ -29,7 +29,7 @@ void WindowWatch::catchUp() {
     }
 }
 
-/// Without this, events that nobody reads would pile up.
+/// Without this, unread events would pile up.
 void WindowWatch::rest() {
     rootEvents_.reset();
     watched_.clear();
