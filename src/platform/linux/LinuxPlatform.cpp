@@ -48,6 +48,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       application_(ownWindows(events.connection())),
       windowSystem_(
           windowSystem(events, std::move(windowConnection), compositor, mainQueue_, symbols_)),
+      facilities_(windowSystem_->facilities()),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
       alerts_(ownWindows(events.connection())),

@@ -22,13 +22,10 @@ class WaylandSystem : public WindowSystem {
     WaylandSystem(wayland::Events &events, drawing::SymbolImages &symbols,
                   qt::OwnWindows ownWindows);
 
-    platform::Accessibility &accessibility() override { return accessibility_; }
-    platform::Applications &applications() override { return applications_; }
-    platform::HotKeys &hotKeys() override { return *hotKeys_; }
-    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
-    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
-    platform::Screens &screens() override { return screens_; }
-    platform::WindowList &windowList() override { return windowList_; }
+    Facilities facilities() override {
+        return {accessibility_,  applications_, *hotKeys_,  mouseEvents_,
+                overlayWindows_, screens_,      windowList_};
+    }
 
   private:
     /// Null where the compositor is not KWin.
