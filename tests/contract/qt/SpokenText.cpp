@@ -37,7 +37,7 @@ SpokenControl controlOf(QAccessibleInterface &item) {
     if (item.role() == QAccessible::EditableText) {
         control.text = item.text(QAccessible::Value).toStdString();
     } else if (auto *value = item.valueInterface()) {
-        control.number = value->currentValue().toDouble();
+        control.number = value->currentValue().toString().toStdString();
     }
     return control;
 }

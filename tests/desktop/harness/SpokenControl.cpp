@@ -33,7 +33,7 @@ std::optional<std::string> SpokenControl::line() const {
     }
     std::string line = role + " " + quoted(name);
     if (number) {
-        line += " = " + std::to_string(static_cast<long long>(*number));
+        line += " = " + *number;
     } else if (text) {
         line += " = " + quoted(*text);
     }

@@ -12,7 +12,8 @@ struct SpokenControl {
     std::string name;
     /// The text that can be edited.
     std::optional<std::string> text{};
-    std::optional<double> number{};
+    /// In digits.
+    std::optional<std::string> number{};
     bool isSelected = false;
     bool isChecked = false;
     bool isEnabled = true;

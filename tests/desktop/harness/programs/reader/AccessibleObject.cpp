@@ -56,7 +56,8 @@ SpokenControl AccessibleObject::control() const {
                           .description =
                               property(accessible, u"Description"_s).toString().toStdString()};
     if (control.role == "spin box" && has(value)) {
-        control.number = property(value, u"CurrentValue"_s).toDouble();
+        const double number = property(value, u"CurrentValue"_s).toDouble();
+        control.number = QString::number(number, 'f', 0).toStdString();
     } else if (has(editableText)) {
         control.text = call(text, u"GetText"_s, {0, -1}).toString().toStdString();
     }
