@@ -13,19 +13,19 @@ class CommandEndpoint {
   public:
     virtual ~CommandEndpoint() = default;
 
-    /// Carries out a request and answers it once through `reply`: at once or later, on the main
-    /// thread.
-    using Obey = std::function<void(const CommandRequest &request, const CommandReply &reply)>;
+    /// Handles a request and answers it once through `reply`, at once or later, on the main thread.
+    using RequestHandler =
+        std::function<void(const CommandRequest &request, const CommandReply &reply)>;
 
-    /// Passes on every whole request from now on, those of one process in their order. What another
-    /// user sends, and what is no request, is turned away unheard. Called once. A way in that
-    /// cannot be opened is logged.
-    virtual void listen(Obey obey) = 0;
+    /// Passes on every complete request from now on, those of one process in their order. Malformed
+    /// requests and those of other users are dropped. Called once. A way in that cannot be opened
+    /// is logged.
+    virtual void listen(RequestHandler handler) = 0;
 
-    /// Closes all ways in, then calls `sayGoodbye`, within which what was asked before can still be
-    /// answered: who reads such an answer finds nobody running. Returns when the answers are on
-    /// their way. Called once at most.
-    virtual void close(const std::function<void()> &sayGoodbye) = 0;
+    /// Closes all ways in, then calls `announceEnd`, within which earlier requests can still be
+    /// answered: a client that has read such an answer finds no program running. Returns when the
+    /// answers are on their way. Called once at most.
+    virtual void close(const std::function<void()> &announceEnd) = 0;
 };
 
 } // namespace corvane::platform

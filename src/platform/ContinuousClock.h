@@ -39,7 +39,7 @@ class ContinuousClock {
     virtual Instant now() const = 0;
 
     /// Blocks the calling thread for `duration`; nothing ends it early.
-    virtual void hold(std::chrono::nanoseconds duration) = 0;
+    virtual void sleepFor(std::chrono::nanoseconds duration) = 0;
 
     /// A fresh wait on this clock; never null. The clock outlives it.
     virtual std::unique_ptr<CancellableWait> makeWait() = 0;

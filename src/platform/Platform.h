@@ -22,8 +22,9 @@ class UserSession;
 class WindowList;
 class Workspace;
 
-/// Everything the program asks of the system it runs on. The native program builds one, hands it to
-/// `CorvaneApp` and keeps it until after the app is gone. Each facility says its own thread.
+/// Access to every facility of the system that the program runs on. The native program builds one,
+/// hands it to `CorvaneApp` and keeps it until after the app is gone. Each facility says its own
+/// thread.
 ///
 /// To add a facility: an abstract class in this folder (thread, coordinate space, units, ordering
 /// and failure in its comments, no default bodies), an accessor here, an implementation in each

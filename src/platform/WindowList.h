@@ -9,7 +9,7 @@
 
 namespace corvane::platform {
 
-/// One window of the screen; what the system does not tell is absent.
+/// One window on the screen; what the system does not report is absent.
 struct WindowListEntry {
     /// Global display space, the window's frame included.
     std::optional<Rectangle> bounds{};

@@ -150,7 +150,7 @@ bool ClickRun::click(platform::MouseSession &mouse, Point position) {
         }
         pressed.emplace(*down, *up);
     }
-    clock_.hold(holdTime);
+    clock_.sleepFor(holdTime);
     // While another program's grab holds the press up, the release has to wait.
     awaitReadyMouse(mouse, clock_.now());
     return true;

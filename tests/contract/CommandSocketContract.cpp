@@ -1,8 +1,8 @@
 #include "BackEnd.h"
 #include "TemporaryFolder.h"
 #include "platform/Platform.h"
+#include "platform/posix/CommandClient.h"
 #include "platform/posix/CommandMessage.h"
-#include "platform/posix/CommandSender.h"
 #include "platform/posix/CommandSocket.h"
 #include "platform/posix/PrivateFolder.h"
 #include "platform/posix/UnixSocket.h"
@@ -137,8 +137,8 @@ TEST_P(CommandSocketContract, TurnsAwayWhatIsTooLong) {
     EXPECT_TRUE(requests_.empty());
 }
 
-TEST_P(CommandSocketContract, DoesNotObeyHalfARequest) {
-    open({.patience = std::chrono::milliseconds(50)});
+TEST_P(CommandSocketContract, DropsHalfARequest) {
+    open({.requestTimeout = std::chrono::milliseconds(50)});
     const std::string whole = posix::encodeWords({"start"});
     const auto slow = posix::connectTo(path_);
     ASSERT_TRUE(slow);
@@ -152,8 +152,8 @@ TEST_P(CommandSocketContract, DoesNotObeyHalfARequest) {
     EXPECT_TRUE(requests_.empty());
 }
 
-TEST_P(CommandSocketContract, SilentSendersKeepNobodyWaitingForLong) {
-    open({.patience = std::chrono::milliseconds(50), .mostConnections = 2});
+TEST_P(CommandSocketContract, SilentClientsDelayOthersOnlyBriefly) {
+    open({.requestTimeout = std::chrono::milliseconds(50), .mostConnections = 2});
     std::array<std::optional<FileDescriptor>, 5> silent;
     for (auto &sender : silent) {
         sender = posix::connectTo(path_);

@@ -150,7 +150,7 @@ TEST_P(MainQueueContract, CallsThatWereMissedAreMadeUpForByOne) {
     const auto timer = queue().every(milliseconds(1), [this] {
         ran_.push_back(1);
         if (ran_.size() == 1) {
-            platform().clock().hold(milliseconds(50));
+            platform().clock().sleepFor(milliseconds(50));
         }
     });
     ASSERT_TRUE(backEnd().turnUntil([this] { return ran_.size() >= 3; }));

@@ -3,6 +3,7 @@
 #include "harness/probes/WindowTree.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
 namespace corvane::desktop {
@@ -60,6 +61,14 @@ bool DesktopTest::staysQuiet() {
 bool DesktopTest::waitForMoreClicks(int count) {
     const int before = clickCount();
     return waitUntil([&] { return clickCount() >= before + count; });
+}
+
+void DesktopTest::expectRunEnded(const CorvaneProcess &corvane) {
+    EXPECT_FALSE(pointer_.isLeftButtonDown());
+    waitForEverything();
+    EXPECT_EQ(client_.pressCount(), client_.releaseCount());
+    EXPECT_EQ(corvane.log().back(),
+              "Clicker stopped after " + std::to_string(clickCount()) + " clicks");
 }
 
 bool DesktopTest::answerAlert(xcb_keysym_t key) {

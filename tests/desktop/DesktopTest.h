@@ -47,6 +47,10 @@ class DesktopTest : public testing::Test {
     /// Waits until a run clicks.
     bool waitForMoreClicks(int count);
 
+    /// Expects that the button is released, that every press has its release and that the last line
+    /// of the log counts the clicks.
+    void expectRunEnded(const CorvaneProcess &corvane);
+
     /// Waits until an alert of the program has the keyboard, presses the key and waits until the
     /// alert is gone.
     bool answerAlert(xcb_keysym_t key);

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::size_t longestMessage = 1000;
 
-void obey(const CommandRequest &words) {
+void handle(const CommandRequest &words) {
     const auto command = Command::parse(words);
     require(command || !command.error().description.empty(), "a refusal has a reason");
     const CommandLine line = CommandLine::parse(words, {.version = "1.0", .hotKeyName = "F1"});
@@ -50,14 +50,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const std::string_view text = fuzz::textOf(data, size);
     receiveInPieces(text);
     if (const auto words = decodeWords(text)) {
-        obey(*words);
+        handle(*words);
         if (const auto answer = decodeAnswer(*words)) {
             require(decodeAnswer(*decodeWords(encodeAnswer(*answer))) == answer,
                     "an answer arrives as it was sent");
         }
     }
     if (const auto words = commandInUrl("corvane:" + std::string(text))) {
-        obey(*words);
+        handle(*words);
     }
     return 0;
 }

@@ -15,7 +15,7 @@ namespace corvane::testing {
 /// The click engine with a recorded mouse and a clock turned by hand.
 class ClickerServiceTest : public ::testing::Test {
   protected:
-    ~ClickerServiceTest() override { clock_.setHoldsBlock(false); }
+    ~ClickerServiceTest() override { clock_.setSleepsBlock(false); }
 
     void start(const CorvaneConfig &config, std::shared_ptr<DynamicZoneRect> liveZone = nullptr) {
         clicker_.start(config, std::move(liveZone), callbacks_.onClick(), callbacks_.onFinish());

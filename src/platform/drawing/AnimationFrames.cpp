@@ -37,22 +37,17 @@ void fade(std::optional<Colour> &colour, double opacity) {
     }
 }
 
-std::size_t frameCount(const Animation &animation) {
-    const double frames = std::chrono::duration<double>(animation.duration) /
-                          std::chrono::duration<double>(AnimationFrames::interval);
+std::size_t frameCount(FrameTimes::Duration length) {
+    const double frames =
+        std::chrono::duration<double>(length) / std::chrono::duration<double>(FrameTimes::interval);
     return static_cast<std::size_t>(std::max(1.0, std::round(frames))) + 1;
 }
 
 } // namespace
 
-AnimationFrames::AnimationFrames(const OverlayPainter &painter, OverlayScene scene,
-                                 Animation animation)
-    : painter_(painter),
-      scene_(std::move(scene)),
-      animation_(std::move(animation)),
-      count_(frameCount(animation_)) {}
+FrameTimes::FrameTimes(Duration length) : length_(length), count_(frameCount(length)) {}
 
-std::size_t AnimationFrames::indexAt(Duration elapsed) const {
+std::size_t FrameTimes::indexAt(Duration elapsed) const {
     const std::size_t last = count_ - 1;
     if (isOverAt(elapsed)) {
         return last;
@@ -60,6 +55,13 @@ std::size_t AnimationFrames::indexAt(Duration elapsed) const {
     const auto passed = static_cast<std::size_t>(std::max(Duration(0), elapsed) / interval);
     return std::min(passed, last - 1);
 }
+
+AnimationFrames::AnimationFrames(const OverlayPainter &painter, OverlayScene scene,
+                                 Animation animation)
+    : painter_(painter),
+      scene_(std::move(scene)),
+      animation_(std::move(animation)),
+      count_(FrameTimes(animation_.duration).count()) {}
 
 QImage AnimationFrames::paint(std::size_t index) const {
     const double progress = static_cast<double>(index) / static_cast<double>(count_ - 1);

@@ -13,15 +13,30 @@
 
 namespace corvane::drawing {
 
-/// The frames of an animation over a scene, numbered from 0; painted anew with each call, so that
-/// whoever shows them keeps them in its own form. Main thread.
-class AnimationFrames {
+/// When the frames of an animation are shown. They are numbered from 0.
+class FrameTimes {
   public:
     using Duration = std::chrono::nanoseconds;
 
     /// From one frame to the next.
     static constexpr std::chrono::microseconds interval{16667};
 
+    explicit FrameTimes(Duration length);
+
+    std::size_t count() const { return count_; }
+    /// The frame to be seen that long after the start.
+    std::size_t indexAt(Duration elapsed) const;
+    bool isOverAt(Duration elapsed) const { return elapsed >= length_; }
+
+  private:
+    const Duration length_;
+    const std::size_t count_;
+};
+
+/// The frames of an animation over a scene. They are painted anew with each call: back ends keep
+/// them in their own form. Main thread.
+class AnimationFrames {
+  public:
     /// The painter outlives the frames.
     AnimationFrames(const OverlayPainter &painter, OverlayScene scene, Animation animation);
 
@@ -30,12 +45,7 @@ class AnimationFrames {
         return animation_ == animation && scene_ == scene;
     }
     const OverlayScene &scene() const { return scene_; }
-    const Animation &animation() const { return animation_; }
     std::size_t count() const { return count_; }
-
-    /// The frame to be seen that long after the start.
-    std::size_t indexAt(Duration elapsed) const;
-    bool isOverAt(Duration elapsed) const { return elapsed >= animation_.duration; }
 
     /// The part of the scene that the window shows; premultiplied 32-bit.
     QImage paint(std::size_t index) const;

@@ -169,18 +169,21 @@ void OverlayPainter::paint(QPainter &painter, const OverlayScene &scene,
     }
 }
 
-QRegion OverlayPainter::difference(const Drawing &one, const Drawing &other, QSize size) {
+QRegion OverlayPainter::difference(const OverlayScene &one, const OverlayScene &other) {
+    const Drawing &before = one.drawing;
+    const Drawing &after = other.drawing;
+    const int height = other.size.height();
     QRegion region;
-    for (std::size_t index = 0; index < std::max(one.size(), other.size()); ++index) {
-        if (index >= one.size()) {
-            region += pixelsOf(other[index], size.height());
-        } else if (index >= other.size()) {
-            region += pixelsOf(one[index], size.height());
-        } else if (one[index] != other[index]) {
-            region += drawing::difference(one[index], other[index], size.height());
+    for (std::size_t index = 0; index < std::max(before.size(), after.size()); ++index) {
+        if (index >= before.size()) {
+            region += pixelsOf(after[index], height);
+        } else if (index >= after.size()) {
+            region += pixelsOf(before[index], height);
+        } else if (before[index] != after[index]) {
+            region += drawing::difference(before[index], after[index], height);
         }
     }
-    return region.intersected(QRect(QPoint(), size));
+    return region.intersected(other.part).translated(-other.part.topLeft());
 }
 
 } // namespace corvane::drawing

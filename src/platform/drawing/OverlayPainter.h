@@ -21,8 +21,9 @@ class OverlayPainter {
     /// 32-bit.
     QImage paint(const OverlayScene &scene, const QRect &piece) const;
 
-    /// Where two drawings in a window of that size may look different.
-    static QRegion difference(const Drawing &one, const Drawing &other, QSize size);
+    /// Where two scenes that differ in their drawings only may look different, in pixels from the
+    /// top left corner of the part that is shown.
+    static QRegion difference(const OverlayScene &one, const OverlayScene &other);
 
   private:
     void paint(QPainter &painter, const OverlayScene &scene, const Shape &shape) const;

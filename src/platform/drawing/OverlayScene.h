@@ -2,6 +2,7 @@
 
 #include "presentation/Colour.h"
 #include "presentation/Drawing.h"
+#include "support/Geometry.h"
 
 #include <QImage>
 #include <QRect>
@@ -38,11 +39,23 @@ struct OverlayScene {
     }
     bool isEmpty() const { return drawing.empty() && !hasBackground(); }
 
-    bool operator==(const OverlayScene &other) const {
+    /// Whether they differ in their drawings at most.
+    bool differsInDrawingOnly(const OverlayScene &other) const {
         return size == other.size && part == other.part && blending == other.blending &&
-               background == other.background && backdrop.cacheKey() == other.backdrop.cacheKey() &&
-               drawing == other.drawing;
+               background == other.background && backdrop.cacheKey() == other.backdrop.cacheKey();
+    }
+
+    bool operator==(const OverlayScene &other) const {
+        return differsInDrawingOnly(other) && drawing == other.drawing;
     }
 };
+
+/// The nearest pixels, at least one: window systems have no windows without an area.
+QRect pixelsOf(const Rectangle &rectangle);
+Rectangle rectangleOf(const QRect &pixels);
+
+/// The part of a frame that an overlay shows, from the frame's top left corner: all of it, unless
+/// it is larger than the desktop.
+QRect shownPart(const QRect &frame, const QRect &desktop);
 
 } // namespace corvane::drawing

@@ -1,19 +1,33 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/linux/AccessibilityGuide.h"
 #include "platform/linux/Applications.h"
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
-#include "platform/x11/connection/XcbConnection.h"
-#include "platform/x11/windows/ClientWindows.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <set>
 
 namespace corvane::linux {
 
-/// The right to act on other applications: here a matter of the server and the session.
+/// How a window system gives access to other programs.
+struct AccessibilitySource {
+    /// What keeps clicks from reaching them now.
+    std::function<AccessibilityObstacle()> obstacle;
+    /// The windows of these processes, front-most first; null while they cannot be read.
+    std::function<std::shared_ptr<const platform::AccessibilityWindows>(
+        const std::set<std::int32_t> &processes)>
+        windows;
+};
+
+/// The right to act on other applications: on Linux a matter of the server and the session.
 class Accessibility : public platform::Accessibility {
   public:
-    /// All of these outlive it.
-    Accessibility(const x11::XcbConnection &connection, x11::ClientWindows &windows,
-                  Applications &applications, qt::OwnWindows ownWindows);
+    /// The applications and what the source reads from outlive it.
+    Accessibility(AccessibilitySource source, Applications &applications,
+                  qt::OwnWindows ownWindows);
 
     bool isProcessTrusted() override;
     bool isProcessTrustedWithPrompt() override;
@@ -24,12 +38,8 @@ class Accessibility : public platform::Accessibility {
     windows(std::int32_t processIdentifier) override;
 
   private:
-    AccessibilityObstacle obstacle() const;
-
-    const x11::XcbConnection &connection_;
-    x11::ClientWindows &windows_;
+    const AccessibilitySource source_;
     Applications &applications_;
-    const bool isInsideWayland_;
     qt::AccessibilityGuideWindow guideWindow_;
 };
 

@@ -7,15 +7,15 @@
 
 namespace corvane::linux {
 
-Applications::Applications(x11::ClientWindows &windows, freedesktop::DesktopEntries entries)
-    : windows_(windows),
+Applications::Applications(WindowOwnerSource source, freedesktop::DesktopEntries entries)
+    : source_(std::move(source)),
       entries_(std::move(entries)),
       ownProcess_(getpid()) {}
 
 std::optional<platform::RunningApplication> Applications::running(std::int32_t processIdentifier) {
-    const auto owners = windows_.owners();
+    const auto owners = source_.listed();
     const auto owner = std::ranges::find(*owners, std::optional(processIdentifier),
-                                         &x11::WindowOwner::processIdentifier);
+                                         &WindowOwner::processIdentifier);
     if (owner == owners->end()) {
         return std::nullopt;
     }
@@ -27,7 +27,7 @@ std::vector<platform::RunningApplication>
 Applications::running(const std::string &bundleIdentifier) {
     catchUp();
     if (!processes_.contains(bundleIdentifier) && !std::exchange(hasHidden_, true)) {
-        add(windows_.topLevelOwners());
+        add(source_.all());
     }
     const auto found = processes_.find(bundleIdentifier);
     if (found == processes_.end()) {
@@ -48,7 +48,7 @@ std::set<std::int32_t> Applications::processesWith(std::int32_t processIdentifie
 }
 
 void Applications::catchUp() {
-    auto owners = windows_.owners();
+    auto owners = source_.listed();
     if (owners == owners_) {
         return;
     }
@@ -58,8 +58,8 @@ void Applications::catchUp() {
     add(*owners_);
 }
 
-void Applications::add(const x11::ClientWindows::Owners &owners) {
-    for (const x11::WindowOwner &owner : owners) {
+void Applications::add(const WindowOwners &owners) {
+    for (const WindowOwner &owner : owners) {
         const auto identifier = owner.processIdentifier ? identifierOf(owner) : std::nullopt;
         if (identifier) {
             processes_[*identifier].insert(*owner.processIdentifier);
@@ -72,7 +72,7 @@ std::optional<std::string> Applications::displayName(const std::string &bundleId
 }
 
 /// Absent for a window that has neither a class nor a matching desktop file.
-std::optional<std::string> Applications::identifierOf(const x11::WindowOwner &owner) {
+std::optional<std::string> Applications::identifierOf(const WindowOwner &owner) {
     if (owner.processIdentifier == ownProcess_) {
         return ownBundleIdentifier();
     }

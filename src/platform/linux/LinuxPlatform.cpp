@@ -6,9 +6,9 @@
 #include "platform/linux/X11System.h"
 #include "platform/linux/environment/UserDirectories.h"
 #include "platform/linux/environment/UserLanguages.h"
+#include "platform/x11/connection/QtConnection.h"
 #include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/windows/OwnWindows.h"
 
 #include <QCoreApplication>
 
@@ -55,6 +55,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       application_(ownWindows(events.connection())),
       windowSystem_(
           windowSystem(events, std::move(windowConnection), compositor, mainQueue_, symbols_)),
+      facilities_(windowSystem_->facilities()),
       loginItem_(fileSystem_, configDirectory(),
                  QCoreApplication::applicationFilePath().toStdString()),
       alerts_(ownWindows(events.connection())),

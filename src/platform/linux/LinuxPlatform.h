@@ -5,7 +5,7 @@
 #include "platform/freedesktop/applications/Workspace.h"
 #include "platform/freedesktop/autostart/LoginItem.h"
 #include "platform/freedesktop/presence/UserSession.h"
-#include "platform/linux/StatusBar.h"
+#include "platform/linux/StatusItem.h"
 #include "platform/linux/WindowSystem.h"
 #include "platform/linux/commands/CommandEndpoint.h"
 #include "platform/linux/environment/Localisation.h"
@@ -47,24 +47,24 @@ class LinuxPlatform : public platform::Platform {
     LinuxPlatform(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
                   wayland::Events *compositor = nullptr, const CommandRequest &firstCommand = {});
 
-    platform::Accessibility &accessibility() override { return windowSystem_->accessibility(); }
+    platform::Accessibility &accessibility() override { return facilities_.accessibility; }
     platform::Alerts &alerts() override { return alerts_; }
     platform::Application &application() override { return application_; }
-    platform::Applications &applications() override { return windowSystem_->applications(); }
+    platform::Applications &applications() override { return facilities_.applications; }
     platform::ContinuousClock &clock() override { return clock_; }
     platform::CommandEndpoint &commandEndpoint() override { return commandEndpoint_; }
     platform::FileSystem &fileSystem() override { return fileSystem_; }
-    platform::HotKeys &hotKeys() override { return windowSystem_->hotKeys(); }
+    platform::HotKeys &hotKeys() override { return facilities_.hotKeys; }
     platform::Localisation &localisation() override { return localisation_; }
     platform::LoginItem &loginItem() override { return loginItem_; }
     platform::MainQueue &mainQueue() override { return mainQueue_; }
-    platform::MouseEvents &mouseEvents() override { return windowSystem_->mouseEvents(); }
-    platform::OverlayWindows &overlayWindows() override { return windowSystem_->overlayWindows(); }
-    platform::Screens &screens() override { return windowSystem_->screens(); }
+    platform::MouseEvents &mouseEvents() override { return facilities_.mouseEvents; }
+    platform::OverlayWindows &overlayWindows() override { return facilities_.overlayWindows; }
+    platform::Screens &screens() override { return facilities_.screens; }
     platform::SettingsWindows &settingsWindows() override { return settingsWindows_; }
     platform::StatusBar &statusBar() override { return statusBar_; }
     platform::UserSession &userSession() override { return userSession_; }
-    platform::WindowList &windowList() override { return windowSystem_->windowList(); }
+    platform::WindowList &windowList() override { return facilities_.windowList; }
     platform::Workspace &workspace() override { return workspace_; }
 
     /// Calls `lost` on the main thread whenever the desktop takes the right to click back.
@@ -81,6 +81,7 @@ class LinuxPlatform : public platform::Platform {
     qt::Application application_;
     drawing::SymbolImages symbols_;
     const std::unique_ptr<WindowSystem> windowSystem_;
+    const WindowSystem::Facilities facilities_;
     freedesktop::LoginItem loginItem_;
     freedesktop::Workspace workspace_;
     qt::Alerts alerts_;

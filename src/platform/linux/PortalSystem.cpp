@@ -71,6 +71,12 @@ std::optional<QDBusConnection> offeringBus() {
 
 constexpr platform::HotKeyStatus notOffered = 1;
 
+/// No program is told of the others' windows, so no application is found by one.
+WindowOwnerSource noOwners() {
+    return {.listed = [none = std::make_shared<const WindowOwners>()] { return none; },
+            .all = [] { return WindowOwners(); }};
+}
+
 } // namespace
 
 bool PortalSystem::isOffered() { return offeringBus().has_value(); }
@@ -89,7 +95,7 @@ PortalSystem::PortalSystem(x11::XcbEvents &events, const QDBusConnection &bus,
       screens_(events),
       overlayWindows_(events, screens_, symbols),
       windowList_(windows_),
-      applications_(windows_, freedesktop::DesktopEntries::ofUser()),
+      applications_(noOwners(), freedesktop::DesktopEntries::ofUser()),
       accessibility_(*this, std::move(ownWindows)) {
     QObject::connect(&remoteDesktop_, &RemoteDesktop::concluded, [this] { consentChanged(); });
 }

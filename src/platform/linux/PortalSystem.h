@@ -1,7 +1,8 @@
 #pragma once
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/linux/WaylandApplications.h"
+#include "platform/linux/AccessibilityGuide.h"
+#include "platform/linux/Applications.h"
 #include "platform/linux/WindowSystem.h"
 #include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/wayland/portal/MouseEvents.h"
@@ -9,7 +10,6 @@
 #include "platform/wayland/windows/WindowList.h"
 #include "platform/x11/overlay/OverlayWindows.h"
 #include "platform/x11/screens/Screens.h"
-#include "presentation/AccessibilityGuide.h"
 
 #include <QDBusConnection>
 
@@ -35,13 +35,10 @@ class PortalSystem : public WindowSystem {
     PortalSystem(x11::XcbEvents &events, const QDBusConnection &bus, drawing::SymbolImages &symbols,
                  qt::OwnWindows ownWindows);
 
-    platform::Accessibility &accessibility() override { return accessibility_; }
-    platform::Applications &applications() override { return applications_; }
-    platform::HotKeys &hotKeys() override { return hotKeys_; }
-    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
-    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
-    platform::Screens &screens() override { return screens_; }
-    platform::WindowList &windowList() override { return windowList_; }
+    Facilities facilities() override {
+        return {accessibility_,  applications_, hotKeys_,   mouseEvents_,
+                overlayWindows_, screens_,      windowList_};
+    }
 
     void whenClicksEnd(std::function<void()> lost) override { lost_ = std::move(lost); }
 
@@ -97,7 +94,7 @@ class PortalSystem : public WindowSystem {
     x11::OverlayWindows overlayWindows_;
     UnknownWindows windows_;
     wayland::WindowList windowList_;
-    WaylandApplications applications_;
+    Applications applications_;
     Accessibility accessibility_;
     NoHotKeys hotKeys_;
 };

@@ -14,6 +14,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace corvane::linux {
 
@@ -64,6 +65,21 @@ class StatusItem : public platform::StatusItem {
     std::optional<StatusIcon> icon_;
     QIcon painted_;
     QString toolTip_;
+};
+
+/// The status area of the desktop's panel. Main thread.
+class StatusBar : public platform::StatusBar {
+  public:
+    /// `events` outlives the bar and its items.
+    explicit StatusBar(x11::XcbEvents &events) : events_(events) {}
+
+    std::unique_ptr<platform::StatusItem>
+    createItem(std::function<void(const MenuCommand &)> perform) override {
+        return std::make_unique<StatusItem>(events_, std::move(perform));
+    }
+
+  private:
+    x11::XcbEvents &events_;
 };
 
 } // namespace corvane::linux

@@ -9,9 +9,9 @@
 
 namespace corvane::linux {
 
-/// Turns the signals that ask a program to end (TERM, INT, HUP) into a call on the main thread, and
-/// makes plain failures of writing to a closed pipe and of writing more than the user's files may
-/// hold. One at a time; needs Qt's event loop.
+/// Turns the signals that request a program to end (TERM, INT, HUP) into a call on the main thread,
+/// and makes plain failures of writing to a closed pipe and of writing more than the user's files
+/// may hold. One at a time; needs Qt's event loop.
 class UnixSignals {
   public:
     explicit UnixSignals(std::function<void()> endRequested);

@@ -5,9 +5,10 @@
 #include "platform/wayland/sway/HotKeys.h"
 #include "platform/wayland/sway/Windows.h"
 #include "platform/wayland/windows/AccessibilityWindows.h"
-#include "presentation/AccessibilityGuide.h"
 
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace corvane::linux {
 
@@ -39,6 +40,22 @@ wayland::MouseEvents::CursorReaders readersOf(wayland::kwin::Cursor *cursor) {
     return [cursor] { return cursor->read(); };
 }
 
+/// The compositor is the window system only where it lets the program click.
+AccessibilityObstacle clicksReachEverything() { return AccessibilityObstacle::none; }
+
+/// The compositor does not say which windows are hidden from its list: all are in it.
+WindowOwnerSource windowOwners(wayland::Windows &windows) {
+    const auto listed = [&windows] {
+        auto owners = std::make_shared<WindowOwners>();
+        for (auto &window : windows.windows().value_or(std::vector<wayland::Window>())) {
+            owners->push_back({window.processIdentifier, std::move(window.instanceName),
+                               std::move(window.className)});
+        }
+        return owners;
+    };
+    return {.listed = listed, .all = [] { return WindowOwners(); }};
+}
+
 } // namespace
 
 WaylandSystem::WaylandSystem(wayland::Events &events, drawing::SymbolImages &symbols,
@@ -50,18 +67,13 @@ WaylandSystem::WaylandSystem(wayland::Events &events, drawing::SymbolImages &sym
       overlayWindows_(events.connection(), screens_, symbols),
       windows_(windowsOf(kwinCursor_ != nullptr)),
       windowList_(*windows_),
-      applications_(*windows_, freedesktop::DesktopEntries::ofUser()),
-      accessibility_(*this, std::move(ownWindows)),
+      applications_(windowOwners(*windows_), freedesktop::DesktopEntries::ofUser()),
+      accessibility_({.obstacle = clicksReachEverything,
+                      .windows =
+                          [this](const auto &processes) {
+                              return wayland::accessibilityWindows(*windows_, processes);
+                          }},
+                     applications_, std::move(ownWindows)),
       hotKeys_(hotKeysOf(kwinCursor_ != nullptr)) {}
-
-void WaylandSystem::Accessibility::openSettings() {
-    guideWindow_.show(accessibilityGuide(AccessibilityObstacle::none));
-}
-
-std::shared_ptr<const platform::AccessibilityWindows>
-WaylandSystem::Accessibility::windows(std::int32_t processIdentifier) {
-    return wayland::accessibilityWindows(*system_.windows_,
-                                         system_.applications_.processesWith(processIdentifier));
-}
 
 } // namespace corvane::linux

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/linux/WaylandApplications.h"
+#include "platform/linux/Accessibility.h"
+#include "platform/linux/Applications.h"
 #include "platform/linux/WindowSystem.h"
-#include "platform/qt/alerts/AccessibilityGuideWindow.h"
 #include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/connection/Events.h"
 #include "platform/wayland/kwin/Cursor.h"
@@ -22,33 +22,12 @@ class WaylandSystem : public WindowSystem {
     WaylandSystem(wayland::Events &events, drawing::SymbolImages &symbols,
                   qt::OwnWindows ownWindows);
 
-    platform::Accessibility &accessibility() override { return accessibility_; }
-    platform::Applications &applications() override { return applications_; }
-    platform::HotKeys &hotKeys() override { return *hotKeys_; }
-    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
-    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
-    platform::Screens &screens() override { return screens_; }
-    platform::WindowList &windowList() override { return windowList_; }
+    Facilities facilities() override {
+        return {accessibility_,  applications_, *hotKeys_,  mouseEvents_,
+                overlayWindows_, screens_,      windowList_};
+    }
 
   private:
-    /// The system is chosen where clicks reach other programs: nothing is left to be granted.
-    class Accessibility : public platform::Accessibility {
-      public:
-        Accessibility(WaylandSystem &system, qt::OwnWindows ownWindows)
-            : system_(system),
-              guideWindow_(std::move(ownWindows)) {}
-
-        bool isProcessTrusted() override { return true; }
-        bool isProcessTrustedWithPrompt() override { return true; }
-        void openSettings() override;
-        std::shared_ptr<const platform::AccessibilityWindows>
-        windows(std::int32_t processIdentifier) override;
-
-      private:
-        WaylandSystem &system_;
-        qt::AccessibilityGuideWindow guideWindow_;
-    };
-
     /// Null where the compositor is not KWin.
     const std::unique_ptr<wayland::kwin::Cursor> kwinCursor_;
     wayland::MouseEvents mouseEvents_;
@@ -56,7 +35,7 @@ class WaylandSystem : public WindowSystem {
     wayland::OverlayWindows overlayWindows_;
     const std::unique_ptr<wayland::Windows> windows_;
     wayland::WindowList windowList_;
-    WaylandApplications applications_;
+    Applications applications_;
     Accessibility accessibility_;
     const std::unique_ptr<platform::HotKeys> hotKeys_;
 };

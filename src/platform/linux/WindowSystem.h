@@ -15,15 +15,20 @@ namespace corvane::linux {
 /// The facilities that the window system provides, of one kind throughout. Main thread.
 class WindowSystem {
   public:
+    struct Facilities {
+        platform::Accessibility &accessibility;
+        platform::Applications &applications;
+        platform::HotKeys &hotKeys;
+        platform::MouseEvents &mouseEvents;
+        platform::OverlayWindows &overlayWindows;
+        platform::Screens &screens;
+        platform::WindowList &windowList;
+    };
+
     virtual ~WindowSystem() = default;
 
-    virtual platform::Accessibility &accessibility() = 0;
-    virtual platform::Applications &applications() = 0;
-    virtual platform::HotKeys &hotKeys() = 0;
-    virtual platform::MouseEvents &mouseEvents() = 0;
-    virtual platform::OverlayWindows &overlayWindows() = 0;
-    virtual platform::Screens &screens() = 0;
-    virtual platform::WindowList &windowList() = 0;
+    /// They live as long as the window system.
+    virtual Facilities facilities() = 0;
 
     /// Calls `lost` whenever the right to click is taken back; never where nobody grants it.
     virtual void whenClicksEnd(std::function<void()> /*lost*/) {}

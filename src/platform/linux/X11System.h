@@ -15,6 +15,9 @@
 
 namespace corvane::linux {
 
+/// The owners of the windows of other programs, which outlive the source.
+WindowOwnerSource windowOwners(x11::ClientWindows &windows);
+
 /// The X server as the window system.
 class X11System : public WindowSystem {
   public:
@@ -24,13 +27,10 @@ class X11System : public WindowSystem {
               platform::MainQueue &mainQueue, drawing::SymbolImages &symbols,
               qt::OwnWindows ownWindows);
 
-    platform::Accessibility &accessibility() override { return accessibility_; }
-    platform::Applications &applications() override { return applications_; }
-    platform::HotKeys &hotKeys() override { return hotKeys_; }
-    platform::MouseEvents &mouseEvents() override { return mouseEvents_; }
-    platform::OverlayWindows &overlayWindows() override { return overlayWindows_; }
-    platform::Screens &screens() override { return screens_; }
-    platform::WindowList &windowList() override { return windowList_; }
+    Facilities facilities() override {
+        return {accessibility_,  applications_, hotKeys_,   mouseEvents_,
+                overlayWindows_, screens_,      windowList_};
+    }
 
   private:
     x11::MouseEvents mouseEvents_;

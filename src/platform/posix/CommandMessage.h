@@ -10,11 +10,10 @@
 
 namespace corvane::posix {
 
-/// A list of words as it travels between two processes: each word, and the whole again, with its
-/// length in front and a comma behind, such as "8:4:stop,,". Words may hold any bytes.
+/// A list of words as a netstring of netstrings, such as "8:4:stop,,". Words may hold any bytes.
 std::string encodeWords(const std::vector<std::string> &words);
 
-/// Nothing for a text that no list of words has.
+/// Nothing for a malformed message.
 std::optional<std::vector<std::string>> decodeWords(std::string_view message);
 
 /// Puts a message together from the pieces in which it arrives.
@@ -40,7 +39,7 @@ class MessageReader {
 
 std::string encodeAnswer(const CommandAnswer &answer);
 
-/// Nothing for words that no answer has.
+/// Nothing for words that are not an answer.
 std::optional<CommandAnswer> decodeAnswer(const std::vector<std::string> &words);
 
 } // namespace corvane::posix

@@ -1,29 +1,28 @@
 #include "platform/posix/CommandSocket.h"
 
-#include "platform/posix/CommandSenders.h"
+#include "platform/posix/ClientConnections.h"
 #include "platform/posix/ListeningSocket.h"
 
 #include <utility>
 
 namespace corvane::posix {
 
-Outcome<std::unique_ptr<CommandSocket>> CommandSocket::open(const std::filesystem::path &path,
-                                                            platform::MainQueue &mainQueue,
-                                                            platform::CommandEndpoint::Obey obey,
-                                                            const Options &options) {
+Outcome<std::unique_ptr<CommandSocket>>
+CommandSocket::open(const std::filesystem::path &path, platform::MainQueue &mainQueue,
+                    platform::CommandEndpoint::RequestHandler handler, const Options &options) {
     auto listener = ListeningSocket::open(path);
     if (!listener) {
         return std::unexpected(listener.error());
     }
-    auto senders =
-        std::make_shared<Senders>(std::move(*listener), mainQueue, std::move(obey), options);
+    auto connections = std::make_shared<ClientConnections>(std::move(*listener), mainQueue,
+                                                           std::move(handler), options);
     return std::unique_ptr<CommandSocket>(
-        new CommandSocket(std::move(senders))); // NOLINT(cppcoreguidelines-owning-memory)
+        new CommandSocket(std::move(connections))); // NOLINT(cppcoreguidelines-owning-memory)
 }
 
-CommandSocket::CommandSocket(std::shared_ptr<Senders> senders)
-    : senders_(std::move(senders)),
-      thread_([senders = senders_.get()] { senders->serve(); }) {}
+CommandSocket::CommandSocket(std::shared_ptr<ClientConnections> connections)
+    : connections_(std::move(connections)),
+      thread_([connections = connections_.get()] { connections->serve(); }) {}
 
 CommandSocket::~CommandSocket() {
     if (thread_.joinable()) {
@@ -31,10 +30,10 @@ CommandSocket::~CommandSocket() {
     }
 }
 
-void CommandSocket::close(const std::function<void()> &sayGoodbye) {
-    senders_->hide();
-    sayGoodbye();
-    senders_->end();
+void CommandSocket::close(const std::function<void()> &announceEnd) {
+    connections_->hide();
+    announceEnd();
+    connections_->end();
     thread_.join();
 }
 

@@ -19,47 +19,46 @@ class MainQueue;
 
 namespace corvane::posix {
 
-/// Takes commands at a socket in the file system. One thread of its own reads and writes, so that a
-/// slow or broken sender never keeps the main thread; requests are obeyed on the main thread. Where
-/// the file at its path goes, as sweepers of old files make it, the socket makes another one. Made
-/// and destroyed on the main thread.
+/// Receives commands on a Unix socket. A thread of its own reads and writes, so that a slow or
+/// broken client never blocks the main thread, on which requests are handled. When the file at its
+/// path is removed, as programs that clear temporary folders do, the socket is made anew. Made and
+/// destroyed on the main thread.
 class CommandSocket {
   public:
     struct Options {
-        /// The user who may send.
+        /// Clients of other users are refused.
         uid_t user = geteuid();
-        /// How long a sender may take over its request.
-        std::chrono::milliseconds patience{5000};
+        /// A client that has not sent its whole request by then is disconnected.
+        std::chrono::milliseconds requestTimeout{5000};
         /// The longest request that is read, in bytes.
         std::size_t longestRequest = std::size_t{64} * 1024;
-        /// Senders beyond this number wait.
+        /// Further clients wait until one of these has gone.
         std::size_t mostConnections = 64;
-        /// How often the socket looks whether it is still found at its path.
+        /// How often the socket checks that it is still found at its path.
         std::chrono::milliseconds pathCheckPeriod{60'000};
     };
 
     /// Listens at the path, in a folder that others cannot enter. The main queue outlives it.
-    static Outcome<std::unique_ptr<CommandSocket>> open(const std::filesystem::path &path,
-                                                        platform::MainQueue &mainQueue,
-                                                        platform::CommandEndpoint::Obey obey,
-                                                        const Options &options);
+    static Outcome<std::unique_ptr<CommandSocket>>
+    open(const std::filesystem::path &path, platform::MainQueue &mainQueue,
+         platform::CommandEndpoint::RequestHandler handler, const Options &options);
 
     /// Closes it, if that has not been done.
     ~CommandSocket();
 
-    /// Whoever comes from now on finds nobody running. Answers given before `sayGoodbye` returns
-    /// are still sent. Once at most.
-    void close(const std::function<void()> &sayGoodbye);
+    /// Later clients find no program running. Answers given before `announceEnd` returns are still
+    /// sent. Once at most.
+    void close(const std::function<void()> &announceEnd);
 
     CommandSocket(const CommandSocket &) = delete;
     CommandSocket &operator=(const CommandSocket &) = delete;
 
   private:
-    class Senders;
+    class ClientConnections;
 
-    explicit CommandSocket(std::shared_ptr<Senders> senders);
+    explicit CommandSocket(std::shared_ptr<ClientConnections> connections);
 
-    const std::shared_ptr<Senders> senders_;
+    const std::shared_ptr<ClientConnections> connections_;
     std::thread thread_;
 };
 

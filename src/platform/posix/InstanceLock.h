@@ -27,7 +27,7 @@ class InstanceLock {
 };
 
 /// The lock, or else the answer of the program that has it, as `callRunning` gets it. That program
-/// may be about to end, or only just starting: then it does not answer yet and is asked again, for
+/// may be about to end, or only just starting: then it does not answer yet and is called again, for
 /// some seconds. Blocks. Fails also where the lock cannot be made.
 std::expected<InstanceLock, CommandAnswer>
 claimInstance(const std::filesystem::path &file,

@@ -19,8 +19,8 @@ class ListeningSocket {
     /// -1 where it could not be made again.
     int descriptor() const { return socket_.get(); }
 
-    /// Listens anew where the path has gone or leads to a socket that nobody serves; leaves a path
-    /// alone that another program listens at. Not after `removePath`.
+    /// Listens anew where the path has gone or leads to a socket without a program behind it;
+    /// leaves a path alone that another program listens at. Not after `removePath`.
     void keepPath();
 
     /// Takes the path away, unless another socket is there.
@@ -34,7 +34,7 @@ class ListeningSocket {
 
     std::filesystem::path path_;
     FileDescriptor socket_;
-    /// The file at the path, which also tells it from one made there later.
+    /// Identifies the file at the path, so that one made there later is not taken for it.
     dev_t device_ = 0;
     ino_t file_ = 0;
     bool isRemoved_ = false;

@@ -7,7 +7,7 @@
 namespace corvane::posix {
 
 /// Makes sure that the folder exists, belongs to this user and is closed to all others. Fails where
-/// somebody else was there first.
+/// another user has made it first.
 Outcome<> makePrivateFolder(const std::filesystem::path &folder);
 
 /// Whether the folder is as `makePrivateFolder` leaves it.

@@ -18,7 +18,7 @@ constexpr mode_t defaultAttributes = 0666;
 /// No save takes as long.
 constexpr std::chrono::hours longestSave(1);
 
-/// What the names of all temporary files for a place begin with; nobody else's do.
+/// The prefix that only the temporary files for this path have.
 std::string beginningOfNames(const fs::path &place) {
     return place.filename().string() + ".corvane-";
 }

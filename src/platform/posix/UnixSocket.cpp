@@ -53,7 +53,7 @@ const sockaddr *generic(const sockaddr_un &address) {
 } // namespace
 
 Outcome<FileDescriptor> listenAt(const std::filesystem::path &path) {
-    // Listening before it has its name, it is never found deaf.
+    // Renamed only when it listens, so that no client finds a socket that refuses connections.
     std::filesystem::path unnamed = path;
     unnamed += "." + std::to_string(getpid());
     const auto address = addressOf(unnamed);

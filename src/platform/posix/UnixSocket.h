@@ -18,7 +18,7 @@ Outcome<FileDescriptor> listenAt(const std::filesystem::path &path);
 /// Whether a socket in that folder has an address: paths of sockets are short.
 bool canHoldSocket(const std::filesystem::path &folder);
 
-/// A connection to the socket under that path, which blocks; nothing when nobody listens there.
+/// A blocking connection to the socket under that path; nothing where no program listens there.
 std::optional<FileDescriptor> connectTo(const std::filesystem::path &path);
 
 /// The user behind the other end; nothing where the system does not say.

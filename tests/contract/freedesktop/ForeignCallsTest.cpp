@@ -1,7 +1,7 @@
 #include "EventLoop.h"
 #include "FakePanel.h"
 #include "SampleMenu.h"
-#include "platform/linux/StatusBar.h"
+#include "platform/linux/StatusItem.h"
 #include "support/ForeignMenuCalls.h"
 
 #include <gmock/gmock.h>

@@ -20,7 +20,7 @@ const QString loginService = u"org.freedesktop.login1"_s;
 const QString managerPath = u"/org/freedesktop/login1"_s;
 const QString sessionPath = u"/org/freedesktop/login1/session/_37"_s;
 
-/// Knows one session, that of whoever asks.
+/// Knows one session, which every caller belongs to.
 class FakeLoginManager : public QDBusVirtualObject {
   public:
     explicit FakeLoginManager(QDBusConnection bus) : bus_(std::move(bus)) {

@@ -5,6 +5,7 @@
 #include "TextFile.h"
 #include "WindowSystemTest.h"
 #include "actors/ClickClient.h"
+#include "platform/linux/X11System.h"
 #include "platform/linux/timing/MainQueue.h"
 
 #include <limits>
@@ -35,7 +36,8 @@ class ApplicationsTest : public WindowSystemTest {
     desktop::TemporaryFolder folder_;
     linux::MainQueue mainQueue_;
     x11::ClientWindows windows_{x11::XcbConnection::open().value(), mainQueue_};
-    linux::Applications applications_{windows_, freedesktop::DesktopEntries({folder_.path()}, "C")};
+    linux::Applications applications_{linux::windowOwners(windows_),
+                                      freedesktop::DesktopEntries({folder_.path()}, "C")};
 };
 
 TEST_F(ApplicationsTest, AProcessWithoutWindowsIsNoApplication) {

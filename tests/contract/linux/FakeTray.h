@@ -21,7 +21,7 @@ class FakeTray {
     FakeTray(const FakeTray &) = delete;
     FakeTray &operator=(const FakeTray &) = delete;
 
-    /// Answers what icons have asked so far; how many it has taken in and not lost again.
+    /// Handles the requests of icons so far; how many icons it has embedded and not lost again.
     int icons();
 
     /// Where an icon is on the screen.

@@ -2,8 +2,8 @@
 #include "TemporaryFolder.h"
 #include "harness/actors/AnotherUser.h"
 #include "platform/linux/timing/MainQueue.h"
+#include "platform/posix/CommandClient.h"
 #include "platform/posix/CommandMessage.h"
-#include "platform/posix/CommandSender.h"
 #include "platform/posix/CommandSocket.h"
 #include "platform/posix/UnixSocket.h"
 

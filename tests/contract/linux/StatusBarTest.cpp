@@ -1,10 +1,9 @@
-#include "platform/linux/StatusBar.h"
-
 #include "EventLoop.h"
 #include "FakePanel.h"
 #include "FakeTray.h"
 #include "SampleMenu.h"
 #include "XClient.h"
+#include "platform/linux/StatusItem.h"
 
 #include <QApplication>
 #include <QCursor>

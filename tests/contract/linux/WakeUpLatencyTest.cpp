@@ -16,7 +16,7 @@ using platform::Instant;
 class SteppingClock : public platform::ContinuousClock {
   public:
     Instant now() const override { return now_ += 1us; }
-    void hold(std::chrono::nanoseconds /*duration*/) override {}
+    void sleepFor(std::chrono::nanoseconds /*duration*/) override {}
     std::unique_ptr<platform::CancellableWait> makeWait() override { return nullptr; }
 
     void setTo(Instant instant) const { now_ = instant; }

@@ -33,12 +33,13 @@ TEST_F(AboutTabOnScreenTest, FollowsTheColoursOfTheDesktop) {
 TEST_F(AboutTabOnScreenTest, SaysWhatItShowsAndOpensLinks) {
     platform.application().icon = ":/AppIcon.svg";
     open("about");
-    EXPECT_EQ(spoken(), lines("text 'Corvane'\n"
-                              "text 'Version 2.1 (37)'\n"
-                              "text 'A simple auto-clicker for macOS.'\n"
-                              "link 'corvane.example'\n"
-                              "link 'Support this app'\n"
-                              "link 'Made by the Corvane authors'"));
+    EXPECT_EQ(spoken(), lines("label 'Corvane'\n"
+                              "label 'Version 2.1 (37)'\n"
+                              "label 'A simple auto-clicker for macOS.'\n"
+                              "link 'corvane.example' for 'https://corvane.example/'\n"
+                              "link 'Support this app' for 'https://corvane.example/donate'\n"
+                              "link 'Made by the Corvane authors' for "
+                              "'https://corvane.example/authors'"));
     focus(named(u"Support this app"_s));
     strike(XK_Return, [this] { return !platform.workspace().opened.empty(); });
     EXPECT_EQ(platform.workspace().opened,

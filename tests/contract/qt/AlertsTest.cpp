@@ -66,7 +66,7 @@ void strike(Qt::Key key, const QString &text = QString()) {
 
 QList<QPushButton *> buttonsOf(QDialog &dialog) { return dialog.findChildren<QPushButton *>(); }
 
-/// Whether the window manager was asked to activate the window, by a task bar as far as it knows.
+/// Whether the window manager was sent a request to activate the window, as if from a task bar.
 bool isActivationRequested(const x11::XcbConnection &observer, WId window) {
     while (const x11::XcbReply<xcb_generic_event_t> event{xcb_poll_for_event(observer.get())}) {
         const auto &message = reinterpret_cast<const xcb_client_message_event_t &>(*event);

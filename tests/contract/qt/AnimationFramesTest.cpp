@@ -10,6 +10,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using drawing::AnimationFrames;
+using drawing::FrameTimes;
 using drawing::OverlayScene;
 using Blending = OverlayScene::Blending;
 
@@ -25,18 +26,13 @@ const Animation growingDisc{.key = "disc",
 class AnimationFramesTest : public testing::Test {
   protected:
     AnimationFrames frames(Blending blending, Drawing drawing = {}) const {
-        return frames(growingDisc, blending, std::move(drawing));
-    }
-
-    AnimationFrames frames(const Animation &animation, Blending blending,
-                           Drawing drawing = {}) const {
         return {painter_,
                 {.size = {20, 20},
                  .part = {0, 0, 20, 20},
                  .blending = blending,
                  .background = {ColourName::clear},
                  .drawing = std::move(drawing)},
-                animation};
+                growingDisc};
     }
 
     static int visiblePixels(const QImage &image) {
@@ -53,22 +49,21 @@ class AnimationFramesTest : public testing::Test {
     drawing::OverlayPainter painter_{symbols_};
 };
 
-TEST_F(AnimationFramesTest, SixtyASecondOfWhichTheLastComesWithTheEndOnly) {
-    const AnimationFrames disc = frames(Blending::translucent);
-    EXPECT_EQ(disc.count(), 7U);
-    EXPECT_EQ(disc.indexAt(-1ms), 0U);
-    EXPECT_EQ(disc.indexAt(16ms), 0U);
-    EXPECT_EQ(disc.indexAt(17ms), 1U);
-    EXPECT_EQ(disc.indexAt(99ms), 5U);
-    EXPECT_FALSE(disc.isOverAt(99ms));
-    EXPECT_EQ(disc.indexAt(100ms), 6U);
-    EXPECT_TRUE(disc.isOverAt(100ms));
-    EXPECT_EQ(disc.indexAt(1h), 6U);
+TEST(FrameTimesTest, SixtyASecondOfWhichTheLastComesWithTheEndOnly) {
+    const FrameTimes times(100ms);
+    EXPECT_EQ(times.count(), 7U);
+    EXPECT_EQ(times.indexAt(-1ms), 0U);
+    EXPECT_EQ(times.indexAt(16ms), 0U);
+    EXPECT_EQ(times.indexAt(17ms), 1U);
+    EXPECT_EQ(times.indexAt(99ms), 5U);
+    EXPECT_FALSE(times.isOverAt(99ms));
+    EXPECT_EQ(times.indexAt(100ms), 6U);
+    EXPECT_TRUE(times.isOverAt(100ms));
+    EXPECT_EQ(times.indexAt(1h), 6U);
 
-    Animation uneven = growingDisc;
-    uneven.duration = 105ms;
-    EXPECT_EQ(frames(uneven, Blending::translucent).count(), 7U);
-    EXPECT_EQ(frames(uneven, Blending::translucent).indexAt(104ms), 5U);
+    const FrameTimes uneven(105ms);
+    EXPECT_EQ(uneven.count(), 7U);
+    EXPECT_EQ(uneven.indexAt(104ms), 5U);
 }
 
 TEST_F(AnimationFramesTest, TheShapeMovesAndFadesWhereItIsBlended) {

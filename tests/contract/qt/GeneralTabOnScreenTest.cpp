@@ -39,7 +39,7 @@ class GeneralTabOnScreenTest : public SettingsWindowTest {
         throw std::logic_error("no stepper");
     }
     bool saysInterval(const std::string &seconds) const {
-        return isSpoken("text '= 1 click every " + seconds + "s'");
+        return isSpoken("label '= 1 click every " + seconds + "s'");
     }
 
     /// Types into an emptied field.
@@ -58,18 +58,18 @@ TEST_F(GeneralTabOnScreenTest, ShowsWhatBelongsToAZoneInItsPlace) {
     open();
     const int height = screenWindow().height();
     named<QRadioButton>(u"Defined Zone"_s).click();
-    EXPECT_EQ(first(12, spoken()), lines("text 'Mode'\n"
-                                         "group 'Mode'\n"
+    EXPECT_EQ(first(12, spoken()), lines("label 'Mode'\n"
+                                         "panel 'Mode'\n"
                                          "radio button 'Free Cursor'\n"
                                          "radio button 'Defined Zone' checked\n"
-                                         "text 'Zone: 120, 80 — 300×200'\n"
-                                         "button 'Define zone...'\n"
+                                         "label 'Zone: 120, 80 — 300×200'\n"
+                                         "push button 'Define zone...'\n"
                                          "check box 'Relative to a window' checked\n"
-                                         "text 'Anchored to org.example.editor'\n"
-                                         "text '(Tom & Jerry _)'\n"
-                                         "text 'Rate'\n"
-                                         "field 'Rate' = '1'\n"
-                                         "stepper 'Rate' = 1"));
+                                         "label 'Anchored to org.example.editor'\n"
+                                         "label '(Tom & Jerry _)'\n"
+                                         "label 'Rate'\n"
+                                         "text 'Rate' = '1'\n"
+                                         "spin box 'Rate' = 1"));
     EXPECT_TRUE(isSpoken("check box 'Start at Login' checked"));
     EXPECT_TRUE(turnUntil([&] { return screenWindow().height() > height; }));
     named<QRadioButton>(u"Free Cursor"_s).click();
@@ -122,7 +122,7 @@ TEST_P(NumberEditTest, TakesANumberAsItIsTypedAndKeepsTheLastOne) {
     open();
     retype(rate(), keys);
     EXPECT_EQ(rate().text().toStdString(), keys);
-    EXPECT_TRUE(isSpoken("stepper 'Rate' = " + value));
+    EXPECT_TRUE(isSpoken("spin box 'Rate' = " + value));
     EXPECT_TRUE(saysInterval(interval));
     focus(limit());
     EXPECT_EQ(rate().text().toStdString(), value);
@@ -147,9 +147,9 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(GeneralTabOnScreenTest, SaysUnlimitedOnlyWhereThereIsNoLimit) {
     open();
     retype(limit(), "5");
-    EXPECT_FALSE(isSpoken("text '(unlimited)'"));
+    EXPECT_FALSE(isSpoken("label '(unlimited)'"));
     retype(limit(), "0");
-    EXPECT_TRUE(isSpoken("text '(unlimited)'"));
+    EXPECT_TRUE(isSpoken("label '(unlimited)'"));
 }
 
 TEST_F(GeneralTabOnScreenTest, LetsTheFieldFollowTheStepper) {
@@ -176,7 +176,7 @@ TEST_F(GeneralTabOnScreenTest, KeepsFocusCursorAndSelectionWhileOtherThingsChang
     retype(limit(), "12345");
     limit().setSelection(1, 3);
     named<QRadioButton>(u"Defined Zone"_s).click();
-    EXPECT_TRUE(isSpoken("text 'No zone defined'"));
+    EXPECT_TRUE(isSpoken("label 'No zone defined'"));
     EXPECT_TRUE(limit().hasFocus());
     EXPECT_EQ(limit().selectedText(), u"234"_s);
     limit().setCursorPosition(2);
@@ -271,11 +271,11 @@ TEST_F(GeneralTabOnScreenTest, ChoosesTheModeWithTheArrowKeys) {
     focus(named(u"Free Cursor"_s));
     strike(XK_Down);
     EXPECT_TRUE(isSpoken("radio button 'Defined Zone' checked"));
-    EXPECT_TRUE(isSpoken("text 'No zone defined'"));
+    EXPECT_TRUE(isSpoken("label 'No zone defined'"));
     EXPECT_TRUE(named(u"Defined Zone"_s).hasFocus());
     strike(XK_Up);
     EXPECT_TRUE(isSpoken("radio button 'Free Cursor' checked"));
-    EXPECT_FALSE(isSpoken("text 'No zone defined'"));
+    EXPECT_FALSE(isSpoken("label 'No zone defined'"));
 }
 
 TEST_F(GeneralTabOnScreenTest, ShowsTheToggleOnlyAsItsStateIs) {
@@ -319,7 +319,7 @@ TEST_F(GeneralTabOnScreenTest, ChangesTabsWithTheArrowKeys) {
     strike(XK_Right);
     EXPECT_EQ(screenWindow().windowTitle(), u"About"_s);
     EXPECT_EQ(first(3, spokenText(screenWindow())),
-              lines("tab 'General'\ntab 'Profiles'\ntab 'About' selected"));
+              lines("page tab 'General'\npage tab 'Profiles'\npage tab 'About' selected"));
     strike(XK_Left);
     EXPECT_EQ(screenWindow().windowTitle(), u"Profiles"_s);
 }

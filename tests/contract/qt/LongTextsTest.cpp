@@ -1,6 +1,6 @@
 #include "SettingsWindowTest.h"
 #include "platform/linux/environment/Localisation.h"
-#include "platform/qt/alerts/AlertDialog.h"
+#include "platform/qt/alerts/Alerts.h"
 #include "support/Localised.h"
 
 #include <QAbstractButton>

@@ -20,7 +20,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Counts what a menu is told about its lines.
+/// Counts the changes of a menu's actions.
 class ActionEvents : public QObject {
   public:
     explicit ActionEvents(QMenu &menu) { menu.installEventFilter(this); }

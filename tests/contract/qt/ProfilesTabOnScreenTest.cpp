@@ -31,33 +31,33 @@ class ProfilesTabOnScreenTest : public SettingsWindowTest {
 
 TEST_F(ProfilesTabOnScreenTest, SaysWhatItShowsWithoutProfiles) {
     open("profiles");
-    EXPECT_EQ(spoken(), lines("text 'No profiles'\n"
-                              "text 'Save your current configuration as a profile to quickly "
+    EXPECT_EQ(spoken(), lines("label 'No profiles'\n"
+                              "label 'Save your current configuration as a profile to quickly "
                               "switch between setups.'\n"
-                              "text 'Save current config'\n"
-                              "field 'Profile name' = ''\n"
-                              "button 'Save' disabled"));
+                              "label 'Save current config'\n"
+                              "text 'Profile name' = ''\n"
+                              "push button 'Save' disabled"));
 }
 
 TEST_F(ProfilesTabOnScreenTest, SaysWhatItShowsWithProfiles) {
     addProfile("A & B_c");
     addProfile("Two");
     open("profiles");
-    EXPECT_EQ(spoken(), lines("text 'Profiles'\n"
-                              "group 'A & B_c'\n"
-                              "text 'A & B_c'\n"
-                              "text 'Active'\n"
-                              "text 'Free Cursor · 1/s'\n"
-                              "button 'Load'\n"
-                              "menu 'More'\n"
-                              "group 'Two'\n"
-                              "text 'Two'\n"
-                              "text 'Free Cursor · 1/s'\n"
-                              "button 'Load'\n"
-                              "menu 'More'\n"
-                              "text 'Save current config'\n"
-                              "field 'Profile name' = ''\n"
-                              "button 'Save' disabled"));
+    EXPECT_EQ(spoken(), lines("label 'Profiles'\n"
+                              "panel 'A & B_c'\n"
+                              "label 'A & B_c'\n"
+                              "label 'Active'\n"
+                              "label 'Free Cursor · 1/s'\n"
+                              "push button 'Load'\n"
+                              "button menu 'More'\n"
+                              "panel 'Two'\n"
+                              "label 'Two'\n"
+                              "label 'Free Cursor · 1/s'\n"
+                              "push button 'Load'\n"
+                              "button menu 'More'\n"
+                              "label 'Save current config'\n"
+                              "text 'Profile name' = ''\n"
+                              "push button 'Save' disabled"));
 }
 
 TEST_F(ProfilesTabOnScreenTest, SavesUnderTheNameThatIsTyped) {
@@ -104,8 +104,8 @@ TEST_F(ProfilesTabOnScreenTest, DeletesFromTheMenuAndKeepsTheOtherRows) {
     strike(XK_Up);
     strike(XK_Return, [this] { return !deletedProfiles.empty(); });
     EXPECT_EQ(deletedProfiles, std::vector{first});
-    EXPECT_TRUE(turnUntil([this] { return !isSpoken("group 'One'"); }));
-    EXPECT_EQ(spoken().at(1), "group 'Two'");
+    EXPECT_TRUE(turnUntil([this] { return !isSpoken("panel 'One'"); }));
+    EXPECT_EQ(spoken().at(1), "panel 'Two'");
 }
 
 TEST_F(ProfilesTabOnScreenTest, StaysUsableWithVeryManyOddProfiles) {

@@ -1,55 +1,57 @@
 #include "SpokenText.h"
 
+#include "SpokenControl.h"
+
 #include <QAccessible>
-#include <QHash>
 #include <QWidget>
+
+#include <map>
 
 namespace corvane::contract {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-QString roleName(QAccessible::Role role) {
-    static const QHash<QAccessible::Role, QString> names = {
-        {QAccessible::PageTab, u"tab"_s},        {QAccessible::StaticText, u"text"_s},
-        {QAccessible::PushButton, u"button"_s},  {QAccessible::Button, u"button"_s},
-        {QAccessible::CheckBox, u"check box"_s}, {QAccessible::RadioButton, u"radio button"_s},
-        {QAccessible::ComboBox, u"picker"_s},    {QAccessible::EditableText, u"field"_s},
-        {QAccessible::SpinBox, u"stepper"_s},    {QAccessible::Link, u"link"_s},
-        {QAccessible::ButtonMenu, u"menu"_s},    {QAccessible::Grouping, u"group"_s}};
-    return names.value(role);
+using desktop::SpokenControl;
+
+/// As Qt names the role to AT-SPI; empty for what only holds others.
+std::string roleName(QAccessible::Role role) {
+    static const std::map<QAccessible::Role, std::string> names{
+        {QAccessible::PageTab, "page tab"},       {QAccessible::StaticText, "label"},
+        {QAccessible::PushButton, "push button"}, {QAccessible::Button, "push button"},
+        {QAccessible::CheckBox, "check box"},     {QAccessible::RadioButton, "radio button"},
+        {QAccessible::ComboBox, "combo box"},     {QAccessible::EditableText, "text"},
+        {QAccessible::SpinBox, "spin box"},       {QAccessible::Link, "link"},
+        {QAccessible::ButtonMenu, "button menu"}, {QAccessible::Grouping, "panel"}};
+    const auto name = names.find(role);
+    return name != names.end() ? name->second : std::string();
 }
 
-/// Those whose inner parts only repeat what they say themselves.
-bool isWhole(QAccessible::Role role) {
-    return role == QAccessible::ComboBox || role == QAccessible::Link;
-}
-
-QString described(QAccessibleInterface &item) {
-    QString text = roleName(item.role()) + u" '"_s + item.text(QAccessible::Name) + u"'"_s;
-    if (item.role() == QAccessible::EditableText || item.role() == QAccessible::ComboBox) {
-        text += u" = '"_s + item.text(QAccessible::Value) + u"'"_s;
-    }
-    if (auto *value = item.valueInterface()) {
-        text += u" = "_s + value->currentValue().toString();
-    }
+SpokenControl controlOf(QAccessibleInterface &item) {
     const QAccessible::State state = item.state();
-    if (item.role() == QAccessible::PageTab && state.selected) {
-        text += u" selected"_s;
+    SpokenControl control{.role = roleName(item.role()),
+                          .name = item.text(QAccessible::Name).toStdString(),
+                          .isSelected = state.selected != 0,
+                          .isChecked = state.checked != 0,
+                          .isEnabled = state.disabled == 0,
+                          .description = item.text(QAccessible::Description).toStdString()};
+    if (item.role() == QAccessible::EditableText) {
+        control.text = item.text(QAccessible::Value).toStdString();
+    } else if (auto *value = item.valueInterface()) {
+        control.number = value->currentValue().toString().toStdString();
     }
-    text += state.checked ? u" checked"_s : QString();
-    return text + (state.disabled ? u" disabled"_s : QString());
+    return control;
 }
 
 void append(std::vector<std::string> &lines, QAccessibleInterface &item) {
     if (item.state().invisible) {
         return;
     }
-    if (!roleName(item.role()).isEmpty()) {
-        lines.push_back(described(item).toStdString());
+    const SpokenControl control = controlOf(item);
+    if (const auto line = control.line()) {
+        lines.push_back(*line);
     }
-    for (int index = 0; !isWhole(item.role()) && index < item.childCount(); ++index) {
+    for (int index = 0; !SpokenControl::isSpokenWhole(control.role) && index < item.childCount();
+         ++index) {
         append(lines, *item.child(index));
     }
 }

@@ -7,8 +7,8 @@ class QWidget;
 
 namespace corvane::contract {
 
-/// What a screen reader finds in the window, in its order: for each visible control and text its
-/// role, its name, its value and its state, as in "check box 'Start at Login' checked".
+/// What a screen reader says about the visible controls of a window of this process, in its order,
+/// a line each as `desktop::SpokenControl` words it.
 std::vector<std::string> spokenText(QWidget &window);
 
 } // namespace corvane::contract

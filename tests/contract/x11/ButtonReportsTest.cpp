@@ -1,7 +1,6 @@
-#include "platform/x11/click/ButtonReports.h"
-
 #include "EventLoop.h"
 #include "XClient.h"
+#include "platform/x11/connection/QtConnection.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <QAbstractNativeEventFilter>
@@ -13,7 +12,7 @@ namespace corvane::contract {
 
 namespace {
 
-/// Counts what the toolkit hears from the keyboard extension about the state of the keyboard.
+/// Counts the XKB StateNotify events that Qt receives.
 class KeyboardListener : public QAbstractNativeEventFilter {
   public:
     KeyboardListener() { QCoreApplication::instance()->installNativeEventFilter(this); }

@@ -19,7 +19,7 @@ namespace {
 
 using desktop::DisplayConnection;
 
-/// What one window said when it was asked.
+/// One window as it was read.
 struct Answer {
     std::optional<std::string> title;
     std::optional<Point> position;
@@ -243,7 +243,7 @@ TEST_P(ClientWindowsTest, WindowsThatNobodyAsksForAreNotWatched) {
         const x11::XcbReply<xcb_generic_event_t> heard(xcb_poll_for_event(watching().get()));
         return !heard;
     }));
-    // What was not heard is known as soon as somebody asks.
+    // A change without an event is found by the next read.
     EXPECT_TRUE(named("Changed").has_value());
 }
 
@@ -266,7 +266,7 @@ TEST_P(ClientWindowsTest, ALostConnectionIsReplaced) {
         ASSERT_EQ(shutdown(watching().fileDescriptor(), SHUT_RDWR), 0);
         EXPECT_TRUE(turnUntil([this] { return named("Found again").has_value(); }));
         EXPECT_FALSE(watching().isLost());
-        // What happens from now on is heard through the new one.
+        // Later events come over the new connection.
         const auto before = named("Found again")->position;
         window.moveTo(x, 300);
         EXPECT_TRUE(turnUntil([&] { return named("Found again")->position != before; }));

@@ -44,7 +44,7 @@ class HotKeysTest : public testing::Test {
         ASSERT_NE(key_, nullptr);
     }
 
-    /// How often one strike of Super, Shift and the key is heard.
+    /// How often the handler is called for one press of Super, Shift and the key.
     int pressesOf(xcb_keycode_t key) {
         const int before = presses_;
         user_.strike({superKey, shiftKey, key});

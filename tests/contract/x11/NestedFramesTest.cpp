@@ -38,14 +38,14 @@ class NestedFramesTest : public WindowSystemTest {
         setOfRoot("_NET_CLIENT_LIST_STACKING", client_.id());
     }
 
-    /// As they are followed: what the server has told so far counts.
+    /// As the events so far describe them.
     x11::WindowInfo followed() {
         clientWindows_.connection().synchronise();
         const auto windows = clientWindows_.windowsOf({getpid()});
         return windows.empty() ? x11::WindowInfo{} : *windows.front();
     }
 
-    /// As the server says when it is asked.
+    /// As the server reports them on request.
     x11::WindowInfo asked() {
         const std::array windows{client_.id()};
         const auto info = reader_.info(windows);
@@ -61,7 +61,7 @@ class NestedFramesTest : public WindowSystemTest {
         return turnUntil([&] { return place() == expected; });
     }
 
-    /// Whether the change is followed without anything asked of the server. Once in a while the
+    /// Whether the change is followed without a request to the server. Once in a while the
     /// list of windows is read again, to be sure; hardly every time.
     bool isFollowedUnasked(const std::function<void(std::int16_t value)> &change) {
         constexpr std::int16_t attempts = 20;
@@ -98,7 +98,7 @@ class NestedFramesTest : public WindowSystemTest {
         connection().synchronize();
     }
 
-    /// As a window manager tells a program where its window is.
+    /// The synthetic event in which a window manager reports the position of a window.
     void tellPlace(std::int16_t x, std::int16_t y) const {
         xcb_configure_notify_event_t event{};
         event.response_type = XCB_CONFIGURE_NOTIFY;
@@ -210,7 +210,7 @@ TEST_F(NestedFramesTest, AMoveFromBeforeTheAnswerIsForgotten) {
         watching->synchronise();
         outer_.moveTo(100, 100);
     }
-    // Of this move nothing is told.
+    // This move causes no event.
     watching->synchronise();
     outer_.moveTo(200, 150);
 

@@ -40,12 +40,12 @@ class RequestSenderTest : public testing::Test {
                *static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get())) == number_;
     }
 
-    /// Without a turn of the event loop, which would send what is left.
+    /// Without running the event loop, which would send the rest.
     bool arrives() const {
         return desktop::waitUntil([this] { return hasArrived(); });
     }
 
-    /// Leaves drawing in the buffer and asks for it to be sent so long before a click.
+    /// Leaves drawing in the buffer and calls `send` that long before a click.
     void drawBefore(std::chrono::nanoseconds distance) {
         leaveRequest();
         sender().markDrawing();

@@ -240,7 +240,7 @@ TEST_P(WindowListTest, WindowsMayVanishWhileTheyAreRead) {
 
 INSTANTIATE_TEST_SUITE_P(All, WindowListTest, windowManagers, windowManagerName);
 
-/// Where nobody manages windows, those of the root are listed.
+/// Without a window manager, the children of the root window are listed.
 class UnmanagedWindowListTest : public WindowSystemTest {
   protected:
     UnmanagedWindowListTest() : WindowSystemTest({.windowManager = desktop::WindowManager::none}) {}

@@ -22,7 +22,7 @@ class XClient {
     const desktop::Keyboard &keyboard() const { return keyboard_; }
     const desktop::Pointer &pointer() const { return pointer_; }
 
-    /// Shows a window over the whole screen that hears of mouse buttons.
+    /// Shows a window over the whole screen that receives button events.
     void coverScreen();
 
     /// The next event, waited for; null when none comes.

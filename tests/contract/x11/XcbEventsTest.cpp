@@ -13,7 +13,7 @@ namespace {
 
 class XcbEventsTest : public testing::Test {
   protected:
-    /// Has the server tell every client something.
+    /// Makes the server send every client an event.
     void causeEvent() { user_.setPointerMapping(user_.pointerMapping()); }
 
     x11::XcbEvents::Subscription counter(int &events) {

@@ -17,7 +17,7 @@ class ClockTest : public PickTest {
   protected:
     ClockTest() : PickTest({.hasClockToSet = true}) {
         keepWindowManagerOut();
-        // It would take the step for a month in which nobody has touched anything.
+        // It would take the step for a month without input and blank the screen.
         desktop_.run({"xset", "s", "off"});
     }
 

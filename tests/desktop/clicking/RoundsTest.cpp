@@ -69,7 +69,7 @@ class RoundsTest : public DesktopTest {
 
 TEST_F(RoundsTest, AHundredRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(100); }
 
-/// The same for so long that only those run it who ask for it.
+/// The same for longer; runs only with --soak.
 class RoundsSoak : public RoundsTest {};
 
 TEST_F(RoundsSoak, TenThousandRoundsOfStartAndStopAreExact) { playAndExpectExactCounts(10'000); }

@@ -87,7 +87,7 @@ class LongRunTest : public DesktopTest {
 
 TEST_F(LongRunTest, FiftyClicksASecondLeaveNothingBehindAndStopAtOnce) { playFiftyASecond(100); }
 
-/// The same for so long that only those run it who ask for it.
+/// The same for longer; runs only with --soak.
 class Soak : public LongRunTest {
   protected:
     /// The limit of each run counts its clicks.

@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char *released = "Released the mouse button after an unexpected end";
 
-/// The program dies in the middle of a click without being asked.
+/// The program dies in the middle of a click.
 class SuddenEndTest : public DesktopTest {
   protected:
     SuddenEndTest() { keepWindowManagerOut(); }
@@ -46,7 +46,7 @@ class SuddenEndTest : public DesktopTest {
     }
 };
 
-/// A signal that nobody expects to be sent, or a fault of the program.
+/// Unusual signals, and those of a crash.
 class SuddenSignalTest : public SuddenEndTest, public testing::WithParamInterface<int> {};
 
 TEST_P(SuddenSignalTest, TheButtonIsUpAfterwards) {

@@ -29,7 +29,7 @@ class WallClockTest : public DesktopTest {
         return start(settings, {.environment = clock_.environment()});
     }
 
-    /// The usual time between the last clicks, on a clock that nobody sets.
+    /// The usual time between the last clicks, by the monotonic clock.
     std::int64_t usualInterval(int clicks) const {
         std::vector<std::int64_t> presses;
         for (const ButtonEvent &event : client_.events()) {

@@ -13,7 +13,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The user logs out, and the session manager asks the program to save and to end.
+/// The user logs out: the session manager makes the program save and end.
 class LogoutTest : public PickTest {
   protected:
     LogoutTest() { keepWindowManagerOut(); }
@@ -41,11 +41,7 @@ TEST_F(LogoutTest, EndsTheRunAndSavesWhatWasChanged) {
     keyboard_.pressHotKey();
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
     logOut(*corvane);
-    EXPECT_FALSE(pointer_.isLeftButtonDown());
-    waitForEverything();
-    EXPECT_EQ(client_.pressCount(), client_.releaseCount());
-    EXPECT_EQ(corvane->log().back(),
-              "Clicker stopped after " + std::to_string(clickCount()) + " clicks");
+    expectRunEnded(*corvane);
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"cursor\""));
 }
 
@@ -106,11 +102,7 @@ TEST_F(LogoutTest, ASessionManagerThatCrashesEndsItInOrder) {
     ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
     session_.process().signal(SIGKILL);
     EXPECT_EQ(corvane->process().waitForEnd(), (ProcessEnd{.exitCode = 1})) << corvane->story();
-    EXPECT_FALSE(pointer_.isLeftButtonDown());
-    waitForEverything();
-    EXPECT_EQ(client_.pressCount(), client_.releaseCount());
-    EXPECT_EQ(corvane->log().back(),
-              "Clicker stopped after " + std::to_string(clickCount()) + " clicks");
+    expectRunEnded(*corvane);
     EXPECT_THAT(readFile(settingsFile(desktop_)), HasSubstr("\"clickMode\" : \"zone\""));
 }
 

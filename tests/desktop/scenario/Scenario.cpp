@@ -27,7 +27,7 @@ Position operator+(Position one, Position other) { return {one.x + other.x, one.
 
 void tell(const std::string &line) { std::cout << line << std::endl; }
 
-/// A line that is repeated at once is told once, with how often it comes.
+/// A line that repeats is printed once, with its count.
 void tellLines(const std::vector<std::string> &lines) {
     for (auto line = lines.begin(); line != lines.end();) {
         const auto next =

@@ -13,7 +13,7 @@
 
 namespace corvane::desktop {
 
-/// What a user sees of Corvane, played on a virtual desktop and told on standard output.
+/// What a user sees of Corvane, played on a virtual desktop and printed on standard output.
 class Scenario {
   public:
     /// Pictures of the desktop go to `pictures`, which is made where missing.

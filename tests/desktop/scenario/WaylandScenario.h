@@ -11,7 +11,7 @@
 
 namespace corvane::desktop {
 
-/// What a user sees of Corvane in a Wayland session, told on standard output.
+/// What a user sees of Corvane in a Wayland session, printed on standard output.
 class WaylandScenario {
   public:
     /// On a desktop with the compositor of that name. Pictures of the desktop go to `pictures`,

@@ -42,7 +42,7 @@ TEST_F(SettingsWindowOnDesktopTest, HasAFixedSizeInTheMiddleOfTheScreen) {
                                 "_NET_WM_ACTION_MAXIMIZE_VERT"}) {
         EXPECT_THAT(actions, Not(Contains(connection.atom(refused)))) << refused;
     }
-    // Not every window manager follows it, but it is told.
+    // Not every window manager honours the request, but it is sent.
     constexpr std::uint32_t saysFunctions = 1;
     constexpr std::uint32_t all = 1;
     constexpr std::uint32_t minimize = 8;

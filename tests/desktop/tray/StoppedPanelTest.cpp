@@ -16,7 +16,7 @@ class StoppedPanelTest : public DesktopTest {
 
     StoppedPanelTest() { keepWindowManagerOut(); }
 
-    /// It has to hear that it is to end.
+    /// A stopped process handles the signal to end only once it is continued.
     void TearDown() override { continuePanel(); }
 
     void stopPanel() {

@@ -45,11 +45,11 @@ platform::Instant HandTurnedClock::now() const {
     return now_;
 }
 
-void HandTurnedClock::hold(Duration duration) {
+void HandTurnedClock::sleepFor(Duration duration) {
     std::unique_lock lock(mutex_);
-    holds_.push_back(duration);
+    sleeps_.push_back(duration);
     const platform::Instant deadline = now_ + duration;
-    if (holdsBlock_) {
+    if (sleepsBlock_) {
         block(lock, {deadline, nullptr, nullptr});
     } else {
         turnTo(lock, deadline);
@@ -87,10 +87,10 @@ void HandTurnedClock::turnTo(std::unique_lock<std::mutex> &lock, platform::Insta
     release([this](const Sleeper &sleeper) { return sleeper.deadline <= now_; });
 }
 
-void HandTurnedClock::setHoldsBlock(bool holdsBlock) {
+void HandTurnedClock::setSleepsBlock(bool sleepsBlock) {
     const std::lock_guard lock(mutex_);
-    holdsBlock_ = holdsBlock;
-    if (!holdsBlock) {
+    sleepsBlock_ = sleepsBlock;
+    if (!sleepsBlock) {
         release([](const Sleeper &sleeper) { return sleeper.wait == nullptr; });
     }
 }
@@ -116,9 +116,9 @@ std::vector<platform::Instant> HandTurnedClock::deadlines() const {
     return result;
 }
 
-std::vector<HandTurnedClock::Duration> HandTurnedClock::holds() const {
+std::vector<HandTurnedClock::Duration> HandTurnedClock::sleeps() const {
     const std::lock_guard lock(mutex_);
-    return holds_;
+    return sleeps_;
 }
 
 void HandTurnedClock::block(std::unique_lock<std::mutex> &lock, const Sleeper &blocked) {

@@ -20,8 +20,8 @@ class HandTurnedClock : public platform::ContinuousClock {
 
     platform::Instant now() const override;
 
-    /// Turns the clock by `duration` itself, unless holds block.
-    void hold(Duration duration) override;
+    /// Turns the clock by `duration` itself, unless sleeps block.
+    void sleepFor(Duration duration) override;
 
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 
@@ -31,28 +31,28 @@ class HandTurnedClock : public platform::ContinuousClock {
     /// The same up to a moment; one that has passed changes nothing.
     void advanceTo(platform::Instant moment);
 
-    /// Whether holds block until the clock is turned. Turning this off ends the holds under way.
-    void setHoldsBlock(bool holdsBlock);
+    /// Whether sleeps block until the clock is turned. Turning this off ends the sleeps under way.
+    void setSleepsBlock(bool sleepsBlock);
 
     /// Waits until at least that many threads are blocked; false when that did not happen in time.
     [[nodiscard]] bool awaitBlocked(std::size_t threads = 1) const;
 
-    /// How many threads are blocked, in a wait or a blocking hold.
+    /// How many threads are blocked, in a wait or a blocking sleep.
     std::size_t blockedCount() const;
 
     /// Until when the blocked threads wait, in the order they began to.
     std::vector<platform::Instant> deadlines() const;
 
-    /// The duration of every hold so far.
-    std::vector<Duration> holds() const;
+    /// The duration of every sleep so far.
+    std::vector<Duration> sleeps() const;
 
   private:
     class Wait;
     struct Sleeper {
         platform::Instant deadline;
-        /// Null for a hold.
+        /// Null for a sleep.
         const Wait *wait;
-        /// Nothing for a hold.
+        /// Nothing for a sleep.
         std::function<void()> justBefore;
         bool isDue = false;
         bool isReleased = false;
@@ -67,9 +67,9 @@ class HandTurnedClock : public platform::ContinuousClock {
     mutable std::mutex mutex_;
     mutable std::condition_variable changed_;
     platform::Instant now_ = std::chrono::hours(1);
-    bool holdsBlock_ = false;
+    bool sleepsBlock_ = false;
     std::list<Sleeper> sleepers_;
-    std::vector<Duration> holds_;
+    std::vector<Duration> sleeps_;
 };
 
 } // namespace corvane::testing

@@ -14,22 +14,22 @@ void PrintTo(const CommandAnswer &answer, std::ostream *out) {
 
 namespace corvane::testing {
 
-void RecordingCommandEndpoint::listen(Obey obey) {
+void RecordingCommandEndpoint::listen(RequestHandler handler) {
     mainThread_.check();
-    obey_ = std::move(obey);
+    handler_ = std::move(handler);
 }
 
-void RecordingCommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+void RecordingCommandEndpoint::close(const std::function<void()> &announceEnd) {
     mainThread_.check();
-    obey_ = nullptr;
-    sayGoodbye();
+    handler_ = nullptr;
+    announceEnd();
 }
 
 void RecordingCommandEndpoint::send(const CommandRequest &request) {
-    if (!obey_) {
+    if (!handler_) {
         throw std::logic_error("nobody listens for commands");
     }
-    obey_(request, [this](const CommandAnswer &answer) {
+    handler_(request, [this](const CommandAnswer &answer) {
         mainThread_.check();
         answers.push_back(answer);
     });

@@ -18,10 +18,10 @@ namespace corvane::testing {
 /// The way in for commands, with a test on the other side. Main thread.
 class RecordingCommandEndpoint : public platform::CommandEndpoint {
   public:
-    void listen(Obey obey) override;
-    void close(const std::function<void()> &sayGoodbye) override;
+    void listen(RequestHandler handler) override;
+    void close(const std::function<void()> &announceEnd) override;
 
-    bool isListening() const { return obey_ != nullptr; }
+    bool isListening() const { return handler_ != nullptr; }
 
     /// Hands over a request; what it is answered is appended to `answers`. Fails the test when
     /// nobody listens.
@@ -32,7 +32,7 @@ class RecordingCommandEndpoint : public platform::CommandEndpoint {
 
   private:
     const OneThread mainThread_{"the command endpoint"};
-    Obey obey_;
+    RequestHandler handler_;
 };
 
 } // namespace corvane::testing

@@ -30,12 +30,12 @@ class CorvaneAppTest : public ::testing::Test {
 };
 
 TEST_F(CorvaneAppTest, TheEndOfTheWorkEndsTheRunAndAwaitsIt) {
-    platform.clock().setHoldsBlock(true);
+    platform.clock().setSleepsBlock(true);
     app->sharedServices().clickerService.start({}, nullptr, [](auto, auto) {}, [] {});
     ASSERT_TRUE(platform.clock().awaitBlocked());
     auto work = finishWork();
     EXPECT_TRUE(isWaiting(work));
-    platform.clock().setHoldsBlock(false);
+    platform.clock().setSleepsBlock(false);
     ASSERT_EQ(work.wait_for(testing::patience), std::future_status::ready);
     EXPECT_EQ(log.messages().back(), "Clicker stopped after 1 clicks");
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());

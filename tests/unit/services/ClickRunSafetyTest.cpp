@@ -25,7 +25,7 @@ constexpr CorvaneConfig withoutPause{.clickRate = std::numeric_limits<std::int64
 /// What a run does when something goes wrong around it.
 class ClickRunSafetyTest : public ::testing::Test {
   protected:
-    ~ClickRunSafetyTest() override { clock_.setHoldsBlock(false); }
+    ~ClickRunSafetyTest() override { clock_.setSleepsBlock(false); }
 
     void start(const CorvaneConfig &config,
                const std::shared_ptr<const ClickBacklog> &backlog = nullptr) {
@@ -121,11 +121,11 @@ TEST_F(ClickRunSafetyTest, APressThatIsHeldUpIsFollowedByNoOther) {
 }
 
 TEST_F(ClickRunSafetyTest, AReleaseThatIsHeldUpIsFollowedByNoPress) {
-    clock_.setHoldsBlock(true);
+    clock_.setSleepsBlock(true);
     start(withoutPause);
     ASSERT_TRUE(clock_.awaitBlocked());
     mouse_.setHeldUp(true);
-    clock_.setHoldsBlock(false);
+    clock_.setSleepsBlock(false);
     ASSERT_TRUE(mouse_.awaitPosted(2));
     for (int look = 0; look < 20; ++look) {
         ASSERT_TRUE(clock_.awaitBlocked());
@@ -186,7 +186,7 @@ TEST_F(ClickRunSafetyTest, AFailureAfterTheClickEndsTheRunInOrder) {
 /// A clock that fails in the middle of a click.
 class FailingClock : public testing::HandTurnedClock {
   public:
-    void hold(Duration /*duration*/) override { throw std::runtime_error("no sleep"); }
+    void sleepFor(Duration /*duration*/) override { throw std::runtime_error("no sleep"); }
 };
 
 TEST(ClickRunFailureTest, AFailureBetweenPressAndReleaseReleasesTheButton) {

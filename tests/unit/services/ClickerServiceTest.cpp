@@ -57,7 +57,7 @@ TEST_F(ClickerServiceTest, LogsHowItWasStarted) {
 }
 
 TEST_F(ClickerServiceTest, HoldsTheButtonForTenMilliseconds) {
-    clock_.setHoldsBlock(true);
+    clock_.setSleepsBlock(true);
     const platform::Instant begin = clock_.now();
     start({});
     ASSERT_TRUE(clock_.awaitBlocked());
@@ -68,7 +68,7 @@ TEST_F(ClickerServiceTest, HoldsTheButtonForTenMilliseconds) {
     clock_.advance(milliseconds(1));
     ASSERT_TRUE(awaitWait());
     EXPECT_FALSE(mouse_.isButtonPressed());
-    EXPECT_EQ(clock_.holds(), (std::vector<std::chrono::nanoseconds>{milliseconds(10)}));
+    EXPECT_EQ(clock_.sleeps(), (std::vector<std::chrono::nanoseconds>{milliseconds(10)}));
     const auto posted = mouse_.posted();
     ASSERT_EQ(posted.size(), 2U);
     EXPECT_EQ(posted[0].time, begin);
@@ -244,7 +244,7 @@ TEST_F(ClickerServiceTest, AnEventThatCannotBeMadeIsCountedButNothingIsPosted) {
         EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
     }
     EXPECT_TRUE(mouse_.posted().empty());
-    EXPECT_TRUE(clock_.holds().empty());
+    EXPECT_TRUE(clock_.sleeps().empty());
 }
 
 TEST_F(ClickerServiceTest, AStopEndsTheWaitAtOnce) {
@@ -258,7 +258,7 @@ TEST_F(ClickerServiceTest, AStopEndsTheWaitAtOnce) {
 }
 
 TEST_F(ClickerServiceTest, AStopDuringTheHoldStillReleasesTheButton) {
-    clock_.setHoldsBlock(true);
+    clock_.setSleepsBlock(true);
     start({});
     ASSERT_TRUE(clock_.awaitBlocked());
     clicker_.stop();
@@ -299,12 +299,12 @@ TEST_F(ClickerServiceTest, ASecondStartEndsTheFirstRun) {
 }
 
 TEST_F(ClickerServiceTest, ASecondStartDoesNotWaitForTheFirstRun) {
-    clock_.setHoldsBlock(true);
+    clock_.setSleepsBlock(true);
     start({});
     ASSERT_TRUE(clock_.awaitBlocked());
     start({});
     ASSERT_TRUE(clock_.awaitBlocked(2));
-    clock_.setHoldsBlock(false);
+    clock_.setSleepsBlock(false);
     clicker_.awaitEnd();
     ASSERT_TRUE(awaitWait());
     EXPECT_FALSE(mouse_.isButtonPressed());

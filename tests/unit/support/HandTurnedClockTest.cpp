@@ -92,32 +92,32 @@ TEST(HandTurnedClockTest, CancellingEndsThisAndEveryLaterWait) {
     EXPECT_EQ(clock.now(), start);
 }
 
-TEST(HandTurnedClockTest, AHoldTurnsTheClockItself) {
+TEST(HandTurnedClockTest, ASleepTurnsTheClockItself) {
     HandTurnedClock clock;
     const platform::Instant start = clock.now();
-    clock.hold(milliseconds(10));
+    clock.sleepFor(milliseconds(10));
     EXPECT_EQ(clock.now(), start + milliseconds(10));
-    EXPECT_EQ(clock.holds(), std::vector<HandTurnedClock::Duration>{milliseconds(10)});
+    EXPECT_EQ(clock.sleeps(), std::vector<HandTurnedClock::Duration>{milliseconds(10)});
 }
 
-TEST(HandTurnedClockTest, AHoldBlocksWhereATestWantsToLookAtIt) {
+TEST(HandTurnedClockTest, ASleepBlocksWhereATestWantsToLookAtIt) {
     HandTurnedClock clock;
-    clock.setHoldsBlock(true);
-    std::atomic holds = 0;
+    clock.setSleepsBlock(true);
+    std::atomic sleeps = 0;
     std::thread thread([&] {
-        clock.hold(milliseconds(10));
-        ++holds;
-        clock.hold(milliseconds(10));
-        ++holds;
+        clock.sleepFor(milliseconds(10));
+        ++sleeps;
+        clock.sleepFor(milliseconds(10));
+        ++sleeps;
     });
     ASSERT_TRUE(clock.awaitBlocked());
-    EXPECT_EQ(holds, 0);
+    EXPECT_EQ(sleeps, 0);
     clock.advance(milliseconds(10));
     ASSERT_TRUE(clock.awaitBlocked());
-    EXPECT_EQ(holds, 1);
-    clock.setHoldsBlock(false);
+    EXPECT_EQ(sleeps, 1);
+    clock.setSleepsBlock(false);
     thread.join();
-    EXPECT_EQ(holds, 2);
+    EXPECT_EQ(sleeps, 2);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include "platform/MainQueue.h"
 #include "platform/linux/commands/CommandSockets.h"
-#include "platform/posix/CommandSender.h"
+#include "platform/posix/CommandClient.h"
 #include "support/Log.h"
 
 #include <chrono>
@@ -15,17 +15,17 @@ CommandEndpoint::CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest 
     : mainQueue_(mainQueue),
       first_(std::move(first)) {}
 
-void CommandEndpoint::listen(Obey obey) {
+void CommandEndpoint::listen(RequestHandler handler) {
     if (!first_.empty()) {
-        mainQueue_.post([obey, request = first_] {
-            obey(request, [](const CommandAnswer &answer) {
+        mainQueue_.post([handler, request = first_] {
+            handler(request, [](const CommandAnswer &answer) {
                 if (!answer.error.empty()) {
                     std::fputs(("corvane: " + answer.error + "\n").c_str(), stderr);
                 }
             });
         });
     }
-    auto socket = posix::CommandSocket::open(commandSocket(), mainQueue_, std::move(obey), {});
+    auto socket = posix::CommandSocket::open(commandSocket(), mainQueue_, std::move(handler), {});
     if (socket) {
         socket_ = std::move(*socket);
     } else {
@@ -33,11 +33,11 @@ void CommandEndpoint::listen(Obey obey) {
     }
 }
 
-void CommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+void CommandEndpoint::close(const std::function<void()> &announceEnd) {
     if (socket_) {
-        socket_->close(sayGoodbye);
+        socket_->close(announceEnd);
     } else {
-        sayGoodbye();
+        announceEnd();
     }
     socket_.reset();
 }

@@ -19,8 +19,8 @@ class CommandEndpoint : public platform::CommandEndpoint {
     /// empty. The main queue outlives the endpoint.
     CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest first);
 
-    void listen(Obey obey) override;
-    void close(const std::function<void()> &sayGoodbye) override;
+    void listen(RequestHandler handler) override;
+    void close(const std::function<void()> &announceEnd) override;
 
   private:
     platform::MainQueue &mainQueue_;

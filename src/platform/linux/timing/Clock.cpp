@@ -95,7 +95,7 @@ class DescriptorWait : public platform::CancellableWait {
             if (left <= left.zero()) {
                 return;
             }
-            clock_.hold(std::min<nanoseconds>(left, slice));
+            clock_.sleepFor(std::min<nanoseconds>(left, slice));
         }
     }
 
@@ -115,10 +115,10 @@ platform::Instant Clock::now() const {
     return seconds(time.tv_sec) + nanoseconds(time.tv_nsec);
 }
 
-void Clock::hold(nanoseconds duration) {
+void Clock::sleepFor(nanoseconds duration) {
     const platform::Instant end = now() + duration;
     *nextClickDeadline_ = end;
-    holdLatency_.waitUntil(*this, end, sleepUntil, [] {}, [] { return false; });
+    sleepLatency_.waitUntil(*this, end, sleepUntil, [] {}, [] { return false; });
 }
 
 std::unique_ptr<platform::CancellableWait> Clock::makeWait() {

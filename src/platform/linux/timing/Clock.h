@@ -18,7 +18,7 @@ using NextClickDeadline = std::atomic<platform::Instant>;
 class Clock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
-    void hold(std::chrono::nanoseconds duration) override;
+    void sleepFor(std::chrono::nanoseconds duration) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 
     /// The end of the sleep or wait that was begun last.
@@ -29,7 +29,7 @@ class Clock : public platform::ContinuousClock {
   private:
     const std::shared_ptr<NextClickDeadline> nextClickDeadline_ =
         std::make_shared<NextClickDeadline>();
-    WakeUpLatency holdLatency_;
+    WakeUpLatency sleepLatency_;
     WakeUpLatency waitLatency_;
 };
 

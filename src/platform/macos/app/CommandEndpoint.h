@@ -26,8 +26,8 @@ class CommandEndpoint : public platform::CommandEndpoint {
     CommandEndpoint(const CommandEndpoint &) = delete;
     CommandEndpoint &operator=(const CommandEndpoint &) = delete;
 
-    void listen(Obey obey) override;
-    void close(const std::function<void()> &sayGoodbye) override;
+    void listen(RequestHandler handler) override;
+    void close(const std::function<void()> &announceEnd) override;
 
   private:
     platform::MainQueue &mainQueue_;

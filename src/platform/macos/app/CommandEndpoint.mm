@@ -2,7 +2,7 @@
 
 #import "platform/macos/app/CommandFolder.h"
 #import "platform/macos/app/MacAppDelegate.h"
-#include "platform/posix/CommandSender.h"
+#include "platform/posix/CommandClient.h"
 #include "support/Log.h"
 
 #include <chrono>
@@ -15,17 +15,17 @@ namespace corvane::macos {
 namespace {
 
 /// Answers come at once, whatever the program is doing.
-constexpr std::chrono::seconds patience{15};
+constexpr std::chrono::seconds replyTimeout{15};
 
 std::filesystem::path socketPath() { return commandFolder() / "commands.socket"; }
 
-void obeyUrl(const std::string &url, const platform::CommandEndpoint::Obey &obey) {
+void handleUrl(const std::string &url, const platform::CommandEndpoint::RequestHandler &handler) {
     const auto request = commandInUrl(url);
     if (!request) {
         log("Cannot read the command " + url);
         return;
     }
-    obey(*request, [url](const CommandAnswer &answer) {
+    handler(*request, [url](const CommandAnswer &answer) {
         if (answer.result != CommandResult::done) {
             log("Refused " + url + ": " + answer.error);
         }
@@ -36,30 +36,30 @@ void obeyUrl(const std::string &url, const platform::CommandEndpoint::Obey &obey
 
 CommandEndpoint::~CommandEndpoint() { MacAppDelegate.current.openUrl = nullptr; }
 
-void CommandEndpoint::listen(Obey obey) {
-    auto socket = posix::CommandSocket::open(socketPath(), mainQueue_, obey, {});
+void CommandEndpoint::listen(RequestHandler handler) {
+    auto socket = posix::CommandSocket::open(socketPath(), mainQueue_, handler, {});
     if (socket) {
         socket_ = std::move(*socket);
     } else {
         log("Cannot take commands at " + socket.error().description);
     }
-    MacAppDelegate.current.openUrl = [obey = std::move(obey)](const std::string &url) {
-        obeyUrl(url, obey);
+    MacAppDelegate.current.openUrl = [handler = std::move(handler)](const std::string &url) {
+        handleUrl(url, handler);
     };
 }
 
-void CommandEndpoint::close(const std::function<void()> &sayGoodbye) {
+void CommandEndpoint::close(const std::function<void()> &announceEnd) {
     MacAppDelegate.current.openUrl = nullptr;
     if (socket_) {
-        socket_->close(sayGoodbye);
+        socket_->close(announceEnd);
     } else {
-        sayGoodbye();
+        announceEnd();
     }
     socket_.reset();
 }
 
 std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
-    return posix::sendCommand(socketPath(), request, patience);
+    return posix::sendCommand(socketPath(), request, replyTimeout);
 }
 
 } // namespace corvane::macos

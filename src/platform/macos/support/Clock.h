@@ -8,7 +8,7 @@ namespace corvane::macos {
 class Clock : public platform::ContinuousClock {
   public:
     platform::Instant now() const override;
-    void hold(std::chrono::nanoseconds duration) override;
+    void sleepFor(std::chrono::nanoseconds duration) override;
     std::unique_ptr<platform::CancellableWait> makeWait() override;
 };
 

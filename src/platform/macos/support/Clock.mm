@@ -65,7 +65,7 @@ platform::Instant Clock::now() const {
     return platform::Instant(nanoseconds);
 }
 
-void Clock::hold(std::chrono::nanoseconds duration) { std::this_thread::sleep_for(duration); }
+void Clock::sleepFor(std::chrono::nanoseconds duration) { std::this_thread::sleep_for(duration); }
 
 std::unique_ptr<platform::CancellableWait> Clock::makeWait() {
     return std::make_unique<CancellableWait>(*this);

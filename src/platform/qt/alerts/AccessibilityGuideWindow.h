@@ -1,16 +1,26 @@
 #pragma once
 
 #include "platform/qt/OwnWindows.h"
-#include "presentation/AccessibilityGuide.h"
 
 #include <QPointer>
 
 #include <functional>
+#include <string>
 #include <utility>
+#include <vector>
 
 class QDialog;
 
 namespace corvane::qt {
+
+/// The texts of a page that explains what is missing and how to get it.
+struct AccessibilityGuide {
+    std::string title;
+    std::string heading;
+    std::vector<std::string> paragraphs;
+    /// Where the user is to be asked, it leads to that question.
+    std::string closeButton;
+};
 
 /// Shows a guide in a window of its own, one at a time. Main thread.
 class AccessibilityGuideWindow {

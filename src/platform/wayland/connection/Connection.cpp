@@ -31,7 +31,7 @@ void Connection::withdraw(void *data, wl_registry * /*registry*/, std::uint32_t 
     auto &self = *static_cast<Connection *>(data);
     if (std::erase_if(self.outputs_,
                       [name](const auto &output) { return output->name() == name; }) > 0) {
-        self.outputsChanged();
+        self.outputChanges_.call();
     }
 }
 
@@ -77,32 +77,15 @@ Handle<wl_seat> Connection::bindSeat() const {
 void Connection::addOutput(std::uint32_t name, std::uint32_t version) {
     outputs_.push_back(
         std::make_unique<Output>(name, bound<wl_output>(name, wl_output_interface, version, 3),
-                                 [this] { outputsChanged(); }));
+                                 [this] { outputChanges_.call(); }));
     placeOutputs();
 }
 
-/// The outputs and what tells their places are announced in any order.
+/// Outputs and the object that reports their positions are announced in any order.
 void Connection::placeOutputs() {
     for (const auto &output : outputs_) {
         if (outputManager_ && !output->isFollowed()) {
             output->follow(outputManager_.get());
-        }
-    }
-}
-
-Connection::Subscription Connection::whenOutputsChange(std::function<void()> changed) {
-    std::erase_if(subscriptions_, [](const auto &known) { return known.expired(); });
-    auto subscription = std::make_shared<const std::function<void()>>(std::move(changed));
-    subscriptions_.push_back(subscription);
-    return subscription;
-}
-
-/// A subscriber may subscribe anew or give up its subscription.
-void Connection::outputsChanged() {
-    const auto subscriptions = subscriptions_;
-    for (const auto &known : subscriptions) {
-        if (const auto changed = known.lock()) {
-            (*changed)();
         }
     }
 }

@@ -3,6 +3,7 @@
 #include "platform/wayland/connection/Handle.h"
 #include "platform/wayland/connection/Output.h"
 #include "support/Geometry.h"
+#include "support/Subscriptions.h"
 
 #include <cstdint>
 #include <functional>
@@ -49,11 +50,12 @@ class Connection {
     /// Those whose place is known, the one at the origin of the layout first.
     std::vector<const Output *> outputs() const;
 
-    /// Keeps a function called until it is destroyed.
-    using Subscription = std::shared_ptr<const std::function<void()>>;
+    using Subscription = Subscriptions<>::Subscription;
 
     /// Calls `changed` after an output has come, gone, moved or changed its size.
-    [[nodiscard]] Subscription whenOutputsChange(std::function<void()> changed);
+    [[nodiscard]] Subscription whenOutputsChange(std::function<void()> changed) {
+        return outputChanges_.add(std::move(changed));
+    }
 
   private:
     explicit Connection(Handle<wl_display> display);
@@ -73,7 +75,6 @@ class Connection {
 
     void addOutput(std::uint32_t name, std::uint32_t version);
     void placeOutputs();
-    void outputsChanged();
 
     // The objects go before the connection.
     const Handle<wl_display> display_;
@@ -86,7 +87,7 @@ class Connection {
     Handle<org_kde_kwin_fake_input> fakeInput_;
     Handle<zxdg_output_manager_v1> outputManager_;
     std::optional<Offer> seat_;
-    std::vector<std::weak_ptr<const std::function<void()>>> subscriptions_;
+    Subscriptions<> outputChanges_;
     std::vector<std::unique_ptr<Output>> outputs_;
 };
 

@@ -23,7 +23,7 @@ void Events::read() {
     checkConnection();
 }
 
-/// Events may have been read already by whoever waited for an answer.
+/// A round trip may have read events already.
 void Events::beforeSleep() {
     wl_display_dispatch_pending(connection_->display());
     connection_->flush();

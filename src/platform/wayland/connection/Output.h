@@ -27,7 +27,7 @@ class Output {
     void follow(zxdg_output_manager_v1 *manager);
     bool isFollowed() const { return place_ != nullptr; }
 
-    /// Global display space, in logical pixels; absent until the compositor has told it.
+    /// Global display space, in logical pixels; absent until the compositor has reported it.
     const std::optional<Rectangle> &frame() const { return frame_; }
 
   private:

@@ -45,15 +45,6 @@ QDBusReply<QList<int>> setKeys(const HotKey &hotKey) {
         {actionId(), QVariant::fromValue(QList<int>{keysOf(hotKey).toInt()}), present});
 }
 
-class InstalledHandler : public platform::HotKeyReference {
-  public:
-    explicit InstalledHandler(std::shared_ptr<const std::function<void()>> handler)
-        : handler_(std::move(handler)) {}
-
-  private:
-    std::shared_ptr<const std::function<void()>> handler_;
-};
-
 } // namespace
 
 Shortcut::Shortcut(const QString &path, std::function<void()> pressed)
@@ -84,14 +75,6 @@ bool HotKeys::isTaken(const HotKey &hotKey) {
     return available.isValid() && !available.value();
 }
 
-std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-HotKeys::installHandler(std::function<void()> pressed) {
-    std::erase_if(handlers_, [](const auto &known) { return known.expired(); });
-    auto handler = std::make_shared<const Handler>(std::move(pressed));
-    handlers_.push_back(handler);
-    return std::make_unique<InstalledHandler>(std::move(handler));
-}
-
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
 HotKeys::registerHotKey(const HotKey &hotKey) {
     const auto keys = setKeys(hotKey);
@@ -103,17 +86,7 @@ HotKeys::registerHotKey(const HotKey &hotKey) {
     if (keys.value().value(0) == 0) {
         return std::unexpected(taken);
     }
-    return std::make_unique<Shortcut>(path.value().path(), [this] { pressed(); });
-}
-
-void HotKeys::pressed() const {
-    // A handler may remove itself or install another.
-    const auto handlers = handlers_;
-    for (const auto &known : handlers) {
-        if (const auto handler = known.lock()) {
-            (*handler)();
-        }
-    }
+    return std::make_unique<Shortcut>(path.value().path(), [this] { handlers_.call(); });
 }
 
 } // namespace corvane::wayland::kwin

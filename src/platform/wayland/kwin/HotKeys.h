@@ -1,13 +1,14 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/linux/windowing/HotKeyHandlers.h"
 
 #include <QObject>
 #include <QString>
 
 #include <functional>
 #include <memory>
-#include <vector>
+#include <utility>
 
 namespace corvane::wayland::kwin {
 
@@ -42,7 +43,9 @@ class HotKeys : public platform::HotKeys {
     std::string_view mechanism() const override { return "KGlobalAccel"; }
 
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-    installHandler(std::function<void()> pressed) override;
+    installHandler(std::function<void()> pressed) override {
+        return handlers_.install(std::move(pressed));
+    }
 
     /// Where the user has given the action other keys in the system settings, those are registered
     /// instead. Fails with `taken` where the keys belong to another program or the user has taken
@@ -61,11 +64,7 @@ class HotKeys : public platform::HotKeys {
     static constexpr platform::HotKeyStatus refused = 2;
 
   private:
-    using Handler = std::function<void()>;
-
-    void pressed() const;
-
-    std::vector<std::weak_ptr<const Handler>> handlers_;
+    linux::HotKeyHandlers handlers_;
 };
 
 } // namespace corvane::wayland::kwin

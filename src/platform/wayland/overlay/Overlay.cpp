@@ -1,37 +1,15 @@
 #include "platform/wayland/overlay/Overlay.h"
 
 #include <algorithm>
-#include <cmath>
+#include <chrono>
 #include <utility>
 
 namespace corvane::wayland {
 
 namespace {
 
-/// Nobody sees more images than this, however often the mouse reports.
-constexpr std::chrono::milliseconds shortestRepaintInterval{8};
-
 /// A compositor that closes a surface may be about to withdraw the output.
 constexpr std::chrono::milliseconds timeToSettle{100};
-
-/// The nearest pixel edge, of those a surface can be placed at.
-int pixelEdge(double position) {
-    constexpr double farthest = 1e6;
-    const double within = position > -farthest ? std::min(position, farthest) : -farthest;
-    return static_cast<int>(std::lround(within));
-}
-
-Rectangle rectangleOf(const QRect &rect) {
-    return {double(rect.x()), double(rect.y()), double(rect.width()), double(rect.height())};
-}
-
-QRect rectOf(const Rectangle &rectangle) {
-    const int left = pixelEdge(rectangle.x);
-    const int top = pixelEdge(rectangle.y);
-    // A surface without an area is a protocol error.
-    return {left, top, std::max(1, pixelEdge(rectangle.maxX()) - left),
-            std::max(1, pixelEdge(rectangle.maxY()) - top)};
-}
 
 } // namespace
 
@@ -40,11 +18,10 @@ Overlay::Overlay(const OverlayTools &tools, const BorderlessWindow &window,
     : tools_(tools),
       traits_(window),
       events_(std::move(events)),
-      frame_(pixelsOf(window.frame)),
+      frame_(globalPixels(window.frame)),
       part_(shownPart()),
+      content_(*this, tools.animator),
       outputChanges_(tools.connection.whenOutputsChange([this] { restore(); })) {
-    repaintTimer_.setSingleShot(true);
-    QObject::connect(&repaintTimer_, &QTimer::timeout, [this] { showNow(); });
     restoreTimer_.setSingleShot(true);
     QObject::connect(&restoreTimer_, &QTimer::timeout, [this] { restore(); });
 }
@@ -72,12 +49,12 @@ void Overlay::orderOut() {
     tools_.connection.flush();
 }
 
-Rectangle Overlay::frame() const { return tools_.screens.fromGlobal(rectangleOf(frame_)); }
+Rectangle Overlay::frame() const { return tools_.screens.fromGlobal(drawing::rectangleOf(frame_)); }
 
 void Overlay::setFrame(const Rectangle &frame) {
     const QSize former = frame_.size();
     const QRect formerPart = part_;
-    frame_ = pixelsOf(frame);
+    frame_ = globalPixels(frame);
     part_ = shownPart();
     if (!isShown_) {
         return;
@@ -87,26 +64,36 @@ void Overlay::setFrame(const Rectangle &frame) {
     }
     addMissingSurfaces();
     if (frame_.size() != former || part_ != formerPart) {
-        showNow();
+        content_.show(scene());
     }
-    // What follows another program's window must not wait for the end of the turn.
+    // A zone that follows another program's window is sent within this event-loop iteration.
     tools_.connection.flush();
 }
 
 void Overlay::setDrawing(const Drawing &drawing) {
     drawing_ = drawing;
-    showSoon();
+    if (isShown_) {
+        content_.showSoon(scene());
+    }
 }
 
 void Overlay::play(const Animation &animation, std::function<void()> completion) {
-    playback_ = tools_.animator.play(
-        scene(), animation,
-        [this](const std::shared_ptr<const SharedImage> &image) {
-            for (const Piece &piece : surfaces_) {
-                piece.surface->show(image);
-            }
-        },
-        std::move(completion));
+    content_.play(scene(), animation, std::move(completion));
+}
+
+void Overlay::paint(const drawing::OverlayScene &scene) {
+    for (const Piece &piece : surfaces_) {
+        piece.surface->paint(scene);
+    }
+}
+
+drawing::OverlayPlayback::Show Overlay::frames(const drawing::OverlayScene &scene,
+                                               const Animation &animation) {
+    return [this, frames = tools_.frames.of(scene, animation)](std::size_t index) {
+        for (const Piece &piece : surfaces_) {
+            piece.surface->show(frames->image(index));
+        }
+    };
 }
 
 void Overlay::restore() {
@@ -136,32 +123,28 @@ void Overlay::report(const std::function<void(Point)> &handler, Point point) con
     }
 }
 
-QRect Overlay::pixelsOf(const Rectangle &frame) const {
-    return rectOf(tools_.screens.toGlobal(frame));
+QRect Overlay::globalPixels(const Rectangle &frame) const {
+    return drawing::pixelsOf(tools_.screens.toGlobal(frame));
 }
 
-/// All of it, unless it is larger than the desktop.
 QRect Overlay::shownPart() const {
     QRect desktop;
     for (const Output *output : tools_.connection.outputs()) {
-        desktop = desktop.united(rectOf(*output->frame()));
+        desktop = desktop.united(drawing::pixelsOf(*output->frame()));
     }
-    const QRect whole(QPoint(), frame_.size());
-    if (whole.width() <= desktop.width() && whole.height() <= desktop.height()) {
-        return whole;
-    }
-    const QRect part = whole.intersected(desktop.translated(-frame_.topLeft()));
-    return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
+    return drawing::shownPart(frame_, desktop);
 }
 
-Rectangle Overlay::shownFrame() const { return rectangleOf(part_.translated(frame_.topLeft())); }
+Rectangle Overlay::shownFrame() const {
+    return drawing::rectangleOf(part_.translated(frame_.topLeft()));
+}
 
 void Overlay::addMissingSurfaces() {
-    const QRect shown = rectOf(shownFrame());
+    const QRect shown = drawing::pixelsOf(shownFrame());
     for (const Output *output : tools_.connection.outputs()) {
         const bool isThere = std::ranges::any_of(
             surfaces_, [output](const Piece &piece) { return piece.isOn(*output); });
-        if (isThere || !shown.intersects(rectOf(*output->frame()))) {
+        if (isThere || !shown.intersects(drawing::pixelsOf(*output->frame()))) {
             continue;
         }
         auto surface = std::make_unique<OverlaySurface>(
@@ -173,7 +156,7 @@ void Overlay::addMissingSurfaces() {
         tools_.input.add(surface->get(), *this);
         surfaces_.push_back({output->name(), *output->frame(), std::move(surface)});
     }
-    showNow();
+    content_.show(scene());
 }
 
 void Overlay::removeSurfaces(const std::function<bool(const Piece &piece)> &condition) {
@@ -192,31 +175,6 @@ void Overlay::close(std::uint32_t output) {
         piece.isClosed = piece.isClosed || piece.output == output;
     }
     restoreTimer_.start(timeToSettle);
-}
-
-void Overlay::showSoon() {
-    if (!isShown_ || repaintTimer_.isActive()) {
-        return;
-    }
-    const auto elapsed =
-        std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - lastRepaint_);
-    if (elapsed >= shortestRepaintInterval) {
-        showNow();
-    } else {
-        repaintTimer_.start(shortestRepaintInterval - elapsed);
-    }
-}
-
-void Overlay::showNow() {
-    lastRepaint_ = Clock::now();
-    if (playback_) {
-        playback_->changeTo(scene());
-        return;
-    }
-    const drawing::OverlayScene shown = scene();
-    for (const Piece &piece : surfaces_) {
-        piece.surface->paint(shown);
-    }
 }
 
 drawing::OverlayScene Overlay::scene() const {

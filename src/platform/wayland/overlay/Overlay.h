@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/OverlayWindows.h"
-#include "platform/drawing/OverlayScene.h"
-#include "platform/wayland/overlay/OverlayAnimator.h"
+#include "platform/drawing/FrameImages.h"
+#include "platform/drawing/OverlayContent.h"
 #include "platform/wayland/overlay/OverlayInput.h"
 #include "platform/wayland/overlay/OverlaySurface.h"
 #include "platform/wayland/screens/Screens.h"
@@ -10,7 +10,6 @@
 #include <QRect>
 #include <QTimer>
 
-#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -25,11 +24,14 @@ struct OverlayTools {
     const Screens &screens;
     const drawing::OverlayPainter &painter;
     OverlayInput &input;
-    OverlayAnimator &animator;
+    drawing::OverlayAnimator &animator;
+    drawing::FrameImages<SharedImage> &frames;
 };
 
 /// A window over all others: a surface of the layer shell on each output that it touches.
-class Overlay final : public platform::NativeOverlay, private InputReceiver {
+class Overlay final : public platform::NativeOverlay,
+                      private InputReceiver,
+                      private drawing::OverlayCanvas {
   public:
     Overlay(const OverlayTools &tools, const BorderlessWindow &window,
             platform::OverlayEvents events);
@@ -47,8 +49,6 @@ class Overlay final : public platform::NativeOverlay, private InputReceiver {
     void play(const Animation &animation, std::function<void()> completion) override;
 
   private:
-    using Clock = std::chrono::steady_clock;
-
     /// The surface on one output.
     struct Piece {
         std::uint32_t output = 0;
@@ -66,9 +66,12 @@ class Overlay final : public platform::NativeOverlay, private InputReceiver {
     void mouseUp(Point point) override { report(events_.mouseUp, point); }
     void keyDown(platform::Key key) override;
     Cursor cursor() const override { return traits_.cursor; }
+    void paint(const drawing::OverlayScene &scene) override;
+    drawing::OverlayPlayback::Show frames(const drawing::OverlayScene &scene,
+                                          const Animation &animation) override;
 
     void report(const std::function<void(Point)> &handler, Point point) const;
-    QRect pixelsOf(const Rectangle &frame) const;
+    QRect globalPixels(const Rectangle &frame) const;
     QRect shownPart() const;
     Rectangle shownFrame() const;
     /// Goes from the outputs that have gone or changed, and shows itself on the new ones.
@@ -77,8 +80,6 @@ class Overlay final : public platform::NativeOverlay, private InputReceiver {
     /// Removes those that satisfy the condition.
     void removeSurfaces(const std::function<bool(const Piece &piece)> &condition);
     void close(std::uint32_t output);
-    void showSoon();
-    void showNow();
     drawing::OverlayScene scene() const;
 
     OverlayTools tools_;
@@ -92,9 +93,7 @@ class Overlay final : public platform::NativeOverlay, private InputReceiver {
     bool isShown_ = false;
     bool hasKeyboard_ = false;
     std::vector<Piece> surfaces_;
-    std::unique_ptr<OverlayPlayback> playback_;
-    Clock::time_point lastRepaint_;
-    QTimer repaintTimer_;
+    drawing::OverlayContent content_;
     /// For surfaces that the compositor has closed.
     QTimer restoreTimer_;
     const Connection::Subscription outputChanges_;

@@ -7,27 +7,12 @@
 
 namespace corvane::wayland {
 
-namespace {
-
+using drawing::OverlayPainter;
 using drawing::OverlayScene;
 
-/// Whether they differ in their drawings at most.
-bool haveSameGround(const OverlayScene &one, const OverlayScene &other) {
-    return one.size == other.size && one.part == other.part && one.background == other.background;
-}
-
-/// From the top left corner of the part that is shown.
-QRegion difference(const OverlayScene &one, const OverlayScene &other) {
-    return drawing::OverlayPainter::difference(one.drawing, other.drawing, other.size)
-        .intersected(other.part)
-        .translated(-other.part.topLeft());
-}
-
-} // namespace
-
 OverlaySurface::OverlaySurface(const Connection &connection, const Output &output,
-                               const LayerSurface::Traits &traits,
-                               const drawing::OverlayPainter &painter, std::function<void()> closed)
+                               const LayerSurface::Traits &traits, const OverlayPainter &painter,
+                               std::function<void()> closed)
     : connection_(connection),
       painter_(painter),
       layer_(
@@ -64,8 +49,8 @@ void OverlaySurface::update() {
     } else if (scene_ && scene_ != shown_) {
         const Canvas &canvas = freeCanvas(*scene_);
         canvas.image->markInUse();
-        attach(*canvas.image, shown_ && haveSameGround(*shown_, *scene_)
-                                  ? difference(*shown_, *scene_)
+        attach(*canvas.image, shown_ && shown_->differsInDrawingOnly(*scene_)
+                                  ? OverlayPainter::difference(*shown_, *scene_)
                                   : QRegion(QRect(QPoint(), scene_->part.size())));
         shown_ = scene_;
     }
@@ -73,10 +58,10 @@ void OverlaySurface::update() {
 
 OverlaySurface::Canvas &OverlaySurface::freeCanvas(const OverlayScene &scene) {
     std::erase_if(canvases_, [&](const Canvas &canvas) {
-        return !canvas.image->isInUse() && !haveSameGround(canvas.scene, scene);
+        return !canvas.image->isInUse() && !canvas.scene.differsInDrawingOnly(scene);
     });
     const auto usable = std::ranges::find_if(canvases_, [&](const Canvas &canvas) {
-        return !canvas.image->isInUse() && haveSameGround(canvas.scene, scene);
+        return !canvas.image->isInUse() && canvas.scene.differsInDrawingOnly(scene);
     });
     const bool isNew = usable == canvases_.end();
     Canvas &canvas =
@@ -84,8 +69,8 @@ OverlaySurface::Canvas &OverlaySurface::freeCanvas(const OverlayScene &scene) {
                     std::make_unique<SharedImage>(connection_.sharedMemory(), scene.part.size()),
                     scene)
               : *usable;
-    const QRegion stale =
-        isNew ? QRegion(QRect(QPoint(), scene.part.size())) : difference(canvas.scene, scene);
+    const QRegion stale = isNew ? QRegion(QRect(QPoint(), scene.part.size()))
+                                : OverlayPainter::difference(canvas.scene, scene);
     canvas.scene = scene;
     QPainter painter(&canvas.image->image());
     painter.setCompositionMode(QPainter::CompositionMode_Source);

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/OverlayWindows.h"
+#include "platform/drawing/FrameImages.h"
+#include "platform/drawing/OverlayAnimator.h"
 #include "platform/drawing/OverlayPainter.h"
-#include "platform/wayland/overlay/OverlayAnimator.h"
+#include "platform/wayland/connection/SharedImage.h"
 #include "platform/wayland/overlay/OverlayInput.h"
 #include "platform/wayland/screens/Screens.h"
-
-#include <vector>
 
 namespace corvane::wayland {
 
@@ -25,7 +25,8 @@ class OverlayWindows : public platform::OverlayWindows {
     const Screens &screens_;
     const drawing::OverlayPainter painter_;
     OverlayInput input_;
-    OverlayAnimator animator_;
+    drawing::OverlayAnimator animator_;
+    drawing::FrameImages<SharedImage> frames_;
 };
 
 } // namespace corvane::wayland

@@ -19,15 +19,6 @@ constexpr std::string_view pressedCommand = "nop corvane-toggle";
 /// handling its own keys.
 constexpr std::string_view bindingOptions = "--no-warn --no-repeat --inhibited ";
 
-class InstalledHandler : public platform::HotKeyReference {
-  public:
-    explicit InstalledHandler(std::shared_ptr<const std::function<void()>> handler)
-        : handler_(std::move(handler)) {}
-
-  private:
-    std::shared_ptr<const std::function<void()>> handler_;
-};
-
 /// As sway names keys.
 std::string keysOf(const HotKey &hotKey) {
     const char lowerCase = static_cast<char>(hotKey.letter - 'A' + 'a');
@@ -76,20 +67,12 @@ HotKeys::HotKeys() {
 
 HotKeys::~HotKeys() = default;
 
-std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-HotKeys::installHandler(std::function<void()> pressed) {
-    std::erase_if(handlers_, [](const auto &known) { return known.expired(); });
-    auto handler = std::make_shared<const Handler>(std::move(pressed));
-    handlers_.push_back(handler);
-    return std::make_unique<InstalledHandler>(std::move(handler));
-}
-
 std::expected<std::unique_ptr<platform::RegisteredHotKey>, platform::HotKeyStatus>
 HotKeys::registerHotKey(const HotKey &hotKey) {
     if (!isOffered()) {
         return std::unexpected(refused);
     }
-    // sway would replace the user's own binding without a word.
+    // sway would silently replace the user's own binding.
     if (isTaken(hotKey)) {
         return std::unexpected(taken);
     }
@@ -126,17 +109,7 @@ void HotKeys::readEvent() {
             keys->bind();
         }
     } else if (textAt(memberOf(event, "binding"), "command") == pressedCommand) {
-        pressed();
-    }
-}
-
-void HotKeys::pressed() const {
-    // A handler may remove itself or install another.
-    const auto handlers = handlers_;
-    for (const auto &known : handlers) {
-        if (const auto handler = known.lock()) {
-            (*handler)();
-        }
+        handlers_.call();
     }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/linux/windowing/HotKeyHandlers.h"
 #include "platform/wayland/sway/Ipc.h"
 
 #include <QSocketNotifier>
@@ -9,6 +10,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvane::wayland::sway {
@@ -25,7 +27,9 @@ class HotKeys : public platform::HotKeys {
     std::string_view mechanism() const override { return "sway"; }
 
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-    installHandler(std::function<void()> pressed) override;
+    installHandler(std::function<void()> pressed) override {
+        return handlers_.install(std::move(pressed));
+    }
 
     /// Fails with `taken` where sway's configuration binds the keys already, and with `refused`
     /// where sway does not answer or does not know them.
@@ -43,16 +47,14 @@ class HotKeys : public platform::HotKeys {
     static constexpr platform::HotKeyStatus refused = 2;
 
   private:
-    using Handler = std::function<void()>;
     class BoundKeys;
 
     bool run(const std::string &command) const;
     void readEvent();
-    void pressed() const;
 
     const std::optional<Ipc> commands_ = Ipc::open();
     const std::optional<Ipc> events_ = Ipc::open();
-    std::vector<std::weak_ptr<const Handler>> handlers_;
+    linux::HotKeyHandlers handlers_;
     std::vector<BoundKeys *> bound_;
     std::unique_ptr<QSocketNotifier> readable_;
 };

@@ -5,7 +5,7 @@
 
 namespace corvane::wayland {
 
-/// The windows that the compositor tells of.
+/// The windows that the compositor reports.
 class WindowList : public platform::WindowList {
   public:
     /// The windows outlive the list.

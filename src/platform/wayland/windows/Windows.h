@@ -24,7 +24,7 @@ struct Window {
     bool operator==(const Window &) const = default;
 };
 
-/// What the compositor tells about other programs' windows. Main thread.
+/// Other programs' windows as the compositor reports them. Main thread.
 class Windows {
   public:
     virtual ~Windows() = default;

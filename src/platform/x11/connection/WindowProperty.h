@@ -10,7 +10,7 @@
 namespace corvane::x11 {
 
 /// A property's value as some program has written it: untrusted input. A value of another format
-/// than the one asked for reads as absent or empty.
+/// than the one that is read counts as absent or empty.
 struct PropertyValue {
     /// XCB_ATOM_NONE when there is no such property.
     xcb_atom_t type = XCB_ATOM_NONE;

@@ -28,13 +28,6 @@ XcbEvents::XcbEvents(std::unique_ptr<XcbConnection> connection,
 
 XcbEvents::~XcbEvents() { QObject::disconnect(aboutToBlock_); }
 
-XcbEvents::Subscription XcbEvents::subscribe(Handler handler) {
-    std::erase_if(handlers_, [](const auto &known) { return known.expired(); });
-    auto subscription = std::make_shared<const Handler>(std::move(handler));
-    handlers_.push_back(subscription);
-    return subscription;
-}
-
 int XcbEvents::typeOf(const xcb_generic_event_t &event) {
     return event.response_type & ~sentByClient;
 }
@@ -53,20 +46,10 @@ void XcbEvents::deliverAll(NextEvent nextEvent) {
     while (const XcbReply<xcb_generic_event_t> event{nextEvent(connection_->get())}) {
         const bool isError = event->response_type == 0;
         if (!isError) {
-            deliver(*event);
+            subscriptions_.call(*event);
         }
     }
     checkConnection();
-}
-
-void XcbEvents::deliver(const xcb_generic_event_t &event) {
-    // A handler may subscribe or end any subscription.
-    const auto handlers = handlers_;
-    for (const auto &known : handlers) {
-        if (const Subscription handler = known.lock()) {
-            (*handler)(event);
-        }
-    }
 }
 
 void XcbEvents::checkConnection() {

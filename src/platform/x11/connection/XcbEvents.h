@@ -3,13 +3,14 @@
 #include "platform/x11/connection/EventMasks.h"
 #include "platform/x11/connection/RequestSender.h"
 #include "platform/x11/connection/XcbConnection.h"
+#include "support/Subscriptions.h"
 
 #include <QMetaObject>
 #include <QSocketNotifier>
 
 #include <functional>
 #include <memory>
-#include <vector>
+#include <utility>
 
 namespace corvane::x11 {
 
@@ -17,9 +18,8 @@ namespace corvane::x11 {
 /// thread.
 class XcbEvents {
   public:
-    using Handler = std::function<void(const xcb_generic_event_t &event)>;
-    /// Keeps a handler subscribed; may outlive the events.
-    using Subscription = std::shared_ptr<const Handler>;
+    using Handler = Subscriptions<xcb_generic_event_t>::Handler;
+    using Subscription = Subscriptions<xcb_generic_event_t>::Subscription;
 
     /// Calls `connectionLost` once when the server has gone away.
     XcbEvents(std::unique_ptr<XcbConnection> connection, std::function<void()> connectionLost);
@@ -34,7 +34,9 @@ class XcbEvents {
     /// Calls `handler` with every event until the subscription is destroyed. Errors of unchecked
     /// requests are not delivered. The subscriber selects its events, those of a window's mask
     /// through `masks`.
-    [[nodiscard]] Subscription subscribe(Handler handler);
+    [[nodiscard]] Subscription subscribe(Handler handler) {
+        return subscriptions_.add(std::move(handler));
+    }
 
     EventMasks &masks() { return masks_; }
 
@@ -50,14 +52,13 @@ class XcbEvents {
 
     void beforeSleep();
     void deliverAll(NextEvent nextEvent);
-    void deliver(const xcb_generic_event_t &event);
     void checkConnection();
 
     std::unique_ptr<XcbConnection> connection_;
     EventMasks masks_;
     RequestSender sender_;
     std::function<void()> connectionLost_;
-    std::vector<std::weak_ptr<const Handler>> handlers_;
+    Subscriptions<xcb_generic_event_t> subscriptions_;
     QSocketNotifier readable_;
     QMetaObject::Connection aboutToBlock_;
 };

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "platform/HotKeys.h"
+#include "platform/linux/windowing/HotKeyHandlers.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/hotkey/KeyboardChanges.h"
+#include "platform/x11/hotkey/Keyboard.h"
 #include "platform/x11/hotkey/RawKeys.h"
 
 #include <utility>
-#include <vector>
 
 namespace corvane::x11 {
 
@@ -19,7 +19,9 @@ class HotKeys : public platform::HotKeys {
     std::string_view mechanism() const override { return "X11"; }
 
     std::expected<std::unique_ptr<platform::HotKeyReference>, platform::HotKeyStatus>
-    installHandler(std::function<void()> pressed) override;
+    installHandler(std::function<void()> pressed) override {
+        return handlers_.install(std::move(pressed));
+    }
 
     /// A failure's status is the X error code: 10 where another program owns the combination, 2
     /// where the keyboard has no such key.
@@ -30,14 +32,10 @@ class HotKeys : public platform::HotKeys {
     void setUrgent(bool isUrgent) override { rawKeys_.listen(isUrgent); }
 
   private:
-    using Handler = std::function<void()>;
-
-    void pressed();
-
     XcbEvents &events_;
     const KeyboardChanges keyboardChanges_;
     RawKeys rawKeys_;
-    std::vector<std::weak_ptr<const Handler>> handlers_;
+    linux::HotKeyHandlers handlers_;
 };
 
 } // namespace corvane::x11

@@ -18,8 +18,8 @@ struct RawKey {
     std::uint16_t modifiers = 0;
 };
 
-/// The keys themselves, whoever has grabbed the keyboard. Without the input extension there are
-/// none.
+/// Raw key events, which the server reports even while another program has grabbed the keyboard.
+/// Without the input extension there are none.
 class RawKeys {
   public:
     /// The connection outlives it.

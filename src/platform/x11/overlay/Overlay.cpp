@@ -5,7 +5,6 @@
 #include "platform/x11/screens/Screens.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace corvane::x11 {
@@ -14,52 +13,29 @@ using Blending = drawing::OverlayScene::Blending;
 
 namespace {
 
-/// The nearest pixel edge, within what an integer can count.
-int pixelEdge(double position) {
-    constexpr double farthest = 1e9;
-    const double within = position > -farthest ? std::min(position, farthest) : -farthest;
-    return static_cast<int>(std::lround(within));
-}
-
 /// The server's positions have 16 bits and wrap around; no desktop reaches that far.
 int serverPosition(int position) {
     constexpr int farthest = 20000;
     return std::clamp(position, -farthest, farthest);
 }
 
-QRect pixelsOf(const Rectangle &root) {
-    const int left = pixelEdge(root.x);
-    const int top = pixelEdge(root.y);
-    // The server has no windows without an area.
-    return {left, top, std::max(1, pixelEdge(root.maxX()) - left),
-            std::max(1, pixelEdge(root.maxY()) - top)};
-}
-
-/// The part of a frame that a window of the server shows: all of it, unless it is larger than the
-/// desktop. From the frame's top left corner.
-QRect shownPart(const QRect &frame, const Rectangle &root) {
-    const QRect desktop(0, 0, static_cast<int>(root.width), static_cast<int>(root.height));
-    const QRect whole(QPoint(), frame.size());
-    if (whole.width() <= desktop.width() && whole.height() <= desktop.height()) {
-        return whole;
-    }
-    const QRect part = whole.intersected(desktop.translated(-frame.topLeft()));
-    return part.isEmpty() ? QRect(0, 0, 1, 1) : part;
-}
-
 } // namespace
 
-Overlay::Overlay(const BorderlessWindow &window, platform::OverlayEvents events,
-                 std::unique_ptr<OverlayContent> content, XcbEvents &server, const Screens &screens,
-                 ScreenBeneath &beneath, OverlayKeyboard &keyboard)
+Overlay::Overlay(const OverlayTools &tools, const BorderlessWindow &window,
+                 platform::OverlayEvents events)
     : traits_(window),
       events_(std::move(events)),
-      server_(server),
-      screens_(screens),
-      beneath_(beneath),
-      keyboard_(keyboard),
-      content_(std::move(content)),
-      surface_(content_->surface()),
+      server_(tools.server),
+      screens_(tools.screens),
+      beneath_(tools.beneath),
+      keyboard_(tools.keyboard),
+      canvas_(
+          tools.surfaces.take({.ignoresMouseEvents = window.ignoresMouseEvents,
+                               .cursor = window.cursor,
+                               .isReplaced = window.ignoresMouseEvents && tools.losesInputShapes}),
+          tools.renderer),
+      surface_(canvas_.surface()),
+      content_(canvas_, tools.animator),
       scene_{.background = window.background} {
     moveTo(window.frame);
     beneath_.add(*this);
@@ -120,10 +96,7 @@ void Overlay::orderOut() {
     surface_.hide();
 }
 
-Rectangle Overlay::frame() const {
-    return screens_.fromRoot(
-        {double(frame_.x()), double(frame_.y()), double(frame_.width()), double(frame_.height())});
-}
+Rectangle Overlay::frame() const { return screens_.fromRoot(drawing::rectangleOf(frame_)); }
 
 void Overlay::setFrame(const Rectangle &frame) {
     const QSize formerSize = scene_.size;
@@ -133,17 +106,17 @@ void Overlay::setFrame(const Rectangle &frame) {
         return;
     }
     if (scene_.size != formerSize || scene_.part != formerPart) {
-        content_->show(scene_);
+        content_.show(scene_);
     }
     surface_.place(windowFrame());
-    // A zone that follows another program's window is sent before the event loop ends its turn.
+    // A zone that follows another program's window is sent within this event-loop iteration.
     server_.connection().flush();
 }
 
 void Overlay::moveTo(const Rectangle &frame) {
-    frame_ = pixelsOf(screens_.toRoot(frame));
+    frame_ = drawing::pixelsOf(screens_.toRoot(frame));
     scene_.size = frame_.size();
-    scene_.part = shownPart(frame_, screens_.desktop());
+    scene_.part = drawing::shownPart(frame_, drawing::pixelsOf(screens_.desktop()));
 }
 
 QRect Overlay::windowFrame() const {
@@ -154,13 +127,13 @@ QRect Overlay::windowFrame() const {
 void Overlay::setDrawing(const Drawing &drawing) {
     scene_.drawing = drawing;
     if (isShown_) {
-        content_->show(drawing);
+        content_.showSoon(scene_);
     }
 }
 
 void Overlay::play(const Animation &animation, std::function<void()> completion) {
-    const bool hasPicture = content_->play(scene_, animation, std::move(completion));
-    if (isShown_ && hasPicture && surface_.kind().isReplaced && scene_.isEmpty()) {
+    content_.play(scene_, animation, std::move(completion));
+    if (isShown_ && surface_.kind().isReplaced && scene_.isEmpty() && !canvas_.isBlank()) {
         surface_.show(windowFrame(), traits_.level, false);
     }
 }
@@ -177,7 +150,7 @@ void Overlay::paint() {
     scene_.backdrop = scene_.blending == Blending::backdrop
                           ? beneath_.image(scene_.part.translated(frame_.topLeft()))
                           : QImage();
-    content_->show(scene_);
+    content_.show(scene_);
 }
 
 void Overlay::uncoverScreen() {

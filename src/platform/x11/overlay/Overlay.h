@@ -3,11 +3,9 @@
 #include "platform/OverlayWindows.h"
 #include "platform/drawing/OverlayScene.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/overlay/OverlayContent.h"
+#include "platform/x11/overlay/OverlayRenderer.h"
 
 #include <QRect>
-
-#include <memory>
 
 namespace corvane::x11 {
 
@@ -15,15 +13,26 @@ class OverlayKeyboard;
 class ScreenBeneath;
 class Screens;
 
+/// What overlays share; outlives them.
+struct OverlayTools {
+    XcbEvents &server;
+    const Screens &screens;
+    ScreenBeneath &beneath;
+    OverlayKeyboard &keyboard;
+    OverlaySurfaces &surfaces;
+    OverlayRenderer &renderer;
+    drawing::OverlayAnimator &animator;
+    /// Whether a changed window would take the mouse, so that a new one has to replace it.
+    bool losesInputShapes = false;
+};
+
 /// A window over all others, blended with the screen where a compositing manager runs. Without one,
 /// a window with a background shows an image of the screen beneath, and any other is cut to its
 /// shape.
 class Overlay final : public platform::NativeOverlay {
   public:
-    /// All that is given by reference outlives the overlay.
-    Overlay(const BorderlessWindow &window, platform::OverlayEvents events,
-            std::unique_ptr<OverlayContent> content, XcbEvents &server, const Screens &screens,
-            ScreenBeneath &beneath, OverlayKeyboard &keyboard);
+    Overlay(const OverlayTools &tools, const BorderlessWindow &window,
+            platform::OverlayEvents events);
     ~Overlay() override;
 
     Overlay(const Overlay &) = delete;
@@ -61,8 +70,9 @@ class Overlay final : public platform::NativeOverlay {
     const Screens &screens_;
     ScreenBeneath &beneath_;
     OverlayKeyboard &keyboard_;
-    const std::unique_ptr<OverlayContent> content_;
+    OverlayCanvas canvas_;
     OverlaySurface &surface_;
+    drawing::OverlayContent content_;
     /// In the root window's pixels.
     QRect frame_;
     drawing::OverlayScene scene_;

@@ -1,7 +1,5 @@
 #include "platform/x11/overlay/OverlayKeyboard.h"
 
-#include "platform/x11/hotkey/KeyboardLayout.h"
-
 #include <algorithm>
 #include <utility>
 #include <xkbcommon/xkbcommon-keysyms.h>

@@ -2,8 +2,8 @@
 
 #include "platform/OverlayWindows.h"
 #include "platform/x11/connection/XcbEvents.h"
-#include "platform/x11/hotkey/KeyGrab.h"
-#include "platform/x11/hotkey/KeyboardChanges.h"
+#include "platform/x11/hotkey/GrabbedHotKey.h"
+#include "platform/x11/hotkey/Keyboard.h"
 
 #include <functional>
 #include <memory>

@@ -10,7 +10,7 @@ namespace corvane::x11 {
 namespace {
 
 /// Limits the wake-ups while a window is dragged, which changes a hundred times a second, and the
-/// load on the server where another program restores its own window's place above everything.
+/// load on the server where another program raises its own window above everything again and again.
 constexpr std::chrono::milliseconds debounceTime(100);
 
 } // namespace

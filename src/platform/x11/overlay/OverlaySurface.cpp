@@ -101,7 +101,7 @@ void OverlaySurface::destroyFormer() {
     }
 }
 
-/// Keeps compositing managers from adding a shadow or an animation: the type of a dragged picture
+/// Keeps compositing managers from adding a shadow or an animation: the type of a dragged image
 /// is the one that all of them leave alone.
 void OverlaySurface::setProperties() const {
     xcb_connection_t *const connection = visual_.connection().get();

@@ -1,9 +1,9 @@
 #include "platform/x11/overlay/OverlayWindows.h"
 
+#include "platform/drawing/OverlayAnimator.h"
 #include "platform/drawing/UnshownOverlay.h"
 #include "platform/x11/connection/ServerAbilities.h"
 #include "platform/x11/overlay/Overlay.h"
-#include "platform/x11/overlay/OverlayAnimator.h"
 #include "platform/x11/overlay/OverlayImage.h"
 #include "platform/x11/overlay/OverlayKeyboard.h"
 #include "platform/x11/overlay/OverlayRenderer.h"
@@ -21,19 +21,29 @@ namespace corvane::x11 {
 struct OverlayWindows::Shared {
     Shared(XcbEvents &events, drawing::SymbolImages &symbols,
            std::unique_ptr<OverlayVisual> foundVisual)
-        : visual(std::move(foundVisual)),
+        : sender(events.sender()),
+          visual(std::move(foundVisual)),
           beneath(events, *visual),
           surfaces(*visual, events),
           keyboard(events),
           renderer(*visual, symbols),
-          animator(events.sender()) {}
+          animator({.beforeFrames = [this] { sender.markDrawing(); },
+                    .deferred = [this](auto moment) { return sender.deferPastClick(moment); }}) {
+        sender.beforeSending([this] { animator.advanceWhileAwake(); });
+    }
+    ~Shared() {
+        sender.beforeSending([] {});
+    }
+    Shared(const Shared &) = delete;
+    Shared &operator=(const Shared &) = delete;
 
-    std::unique_ptr<OverlayVisual> visual;
+    RequestSender &sender;
+    const std::unique_ptr<OverlayVisual> visual;
     ScreenBeneath beneath;
     OverlaySurfaces surfaces;
     OverlayKeyboard keyboard;
     OverlayRenderer renderer;
-    OverlayAnimator animator;
+    drawing::OverlayAnimator animator;
 };
 
 OverlayWindows::OverlayWindows(XcbEvents &events, const Screens &screens,
@@ -60,13 +70,10 @@ std::unique_ptr<platform::NativeOverlay> OverlayWindows::create(const Borderless
     if (!shared_) {
         return std::make_unique<drawing::UnshownOverlay>(window.frame);
     }
-    auto content = std::make_unique<OverlayContent>(
-        shared_->surfaces.take({.ignoresMouseEvents = window.ignoresMouseEvents,
-                                .cursor = window.cursor,
-                                .isReplaced = window.ignoresMouseEvents && losesInputShapes_}),
-        shared_->renderer, shared_->animator);
-    return std::make_unique<Overlay>(window, std::move(events), std::move(content), events_,
-                                     screens_, shared_->beneath, shared_->keyboard);
+    const OverlayTools tools{events_,           screens_,          shared_->beneath,
+                             shared_->keyboard, shared_->surfaces, shared_->renderer,
+                             shared_->animator, losesInputShapes_};
+    return std::make_unique<Overlay>(tools, window, std::move(events));
 }
 
 } // namespace corvane::x11

@@ -1,5 +1,6 @@
 #include "platform/x11/windows/ClientWindows.h"
 
+#include "platform/linux/windowing/OtherWindow.h"
 #include "support/Log.h"
 
 #include <utility>
@@ -13,25 +14,6 @@ constexpr std::chrono::seconds watchTime(2);
 
 /// Keeps callers that read sixty times a second from connecting as often to a server that ends.
 constexpr std::chrono::seconds pauseBetweenReplacements(1);
-
-class ClientWindow : public platform::AccessibilityWindow {
-  public:
-    explicit ClientWindow(std::shared_ptr<const WindowInfo> info) : info_(std::move(info)) {}
-
-    std::optional<std::string> title() override { return info_->title; }
-
-    std::optional<Point> position() override {
-        return info_->isOnScreen ? std::optional(Point{info_->bounds.x, info_->bounds.y})
-                                 : std::nullopt;
-    }
-
-    std::optional<Size> size() override {
-        return info_->isOnScreen ? std::optional(info_->bounds.size()) : std::nullopt;
-    }
-
-  private:
-    const std::shared_ptr<const WindowInfo> info_;
-};
 
 } // namespace
 
@@ -66,7 +48,8 @@ ClientWindows::accessibilityWindowsOf(const std::set<std::int32_t> &processes) {
     if (windows != windows_) {
         auto wrapped = std::make_shared<platform::AccessibilityWindows>();
         for (const auto &info : *windows) {
-            wrapped->push_back(std::make_unique<ClientWindow>(info));
+            wrapped->push_back(
+                std::make_unique<linux::OtherWindow>(info->title, info->bounds, info->isOnScreen));
         }
         windows_ = std::move(windows);
         accessibilityWindows_ = std::move(wrapped);

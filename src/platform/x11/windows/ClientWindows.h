@@ -60,7 +60,7 @@ class ClientWindows {
     std::shared_ptr<const platform::AccessibilityWindows> accessibilityWindows_;
     Clock::time_point nextReplacement_;
     bool wasRead_ = false;
-    /// Absent while nobody reads.
+    /// Absent while the windows are not read.
     std::unique_ptr<platform::Timer> restTimer_;
 };
 

@@ -25,7 +25,7 @@ class WindowAncestry {
     /// more than a position may have changed, so that the window has to be read again.
     bool update(const xcb_generic_event_t &event);
 
-    /// The corner of the window inside its border, on the root window; absent when the window had
+    /// The origin of the window inside its border, on the root window; absent when the window had
     /// gone before it could be read.
     std::optional<Point> origin() const;
 
@@ -35,7 +35,7 @@ class WindowAncestry {
         EventMasks::Selection events;
         /// The number of the request that read the position.
         std::uint32_t request = 0;
-        /// The corner outside the border, relative to the window around it inside that one's
+        /// The origin outside the border, relative to the window around it inside that one's
         /// border.
         int x = 0;
         int y = 0;

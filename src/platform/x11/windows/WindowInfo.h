@@ -36,7 +36,7 @@ struct WindowInfo {
     xcb_window_t window = XCB_WINDOW_NONE;
     /// With its frame and without the shadow that the program draws; the root window's pixels.
     Rectangle bounds{};
-    /// The window's own corner, inside any frame or border; the root window's pixels.
+    /// The window's own origin, inside any frame or border; the root window's pixels.
     Point origin{};
     /// Neither minimised nor hidden nor on another workspace.
     bool isOnScreen = false;
@@ -47,12 +47,12 @@ struct WindowInfo {
     /// Valid UTF-8; absent when the window has none.
     std::optional<std::string> title{};
 
-    /// The same window with its own corner at `place`.
-    WindowInfo at(Point place) const {
+    /// The same window with its origin at `position`.
+    WindowInfo at(Point position) const {
         WindowInfo moved = *this;
-        moved.bounds.x += place.x - origin.x;
-        moved.bounds.y += place.y - origin.y;
-        moved.origin = place;
+        moved.bounds.x += position.x - origin.x;
+        moved.bounds.y += position.y - origin.y;
+        moved.origin = position;
         return moved;
     }
 

@@ -29,7 +29,7 @@ void WindowWatch::catchUp() {
     }
 }
 
-/// Without this, events that nobody reads would pile up.
+/// Without this, unread events would pile up.
 void WindowWatch::rest() {
     rootEvents_.reset();
     watched_.clear();
@@ -160,7 +160,7 @@ void WindowWatch::handle(const xcb_generic_event_t &event) {
         break;
     }
     case XCB_CONFIGURE_NOTIFY:
-        // Those a window manager sends repeat, in its own words, what the server's say.
+        // A window manager's synthetic events repeat in other coordinates what the server's report.
         if (!XcbEvents::isSentByClient(event)) {
             windowMoved(reinterpret_cast<const xcb_configure_notify_event_t &>(event).window,
                         event);

@@ -78,7 +78,7 @@ class WindowWatch {
     /// Null after a change. Without it a pass over a window of a process with 40 windows takes
     /// 51,000 instructions instead of 20,000.
     std::shared_ptr<const Windows> windows_;
-    /// Absent while nobody reads.
+    /// Absent while the windows are not read.
     std::optional<EventMasks::Selection> rootEvents_;
 };
 

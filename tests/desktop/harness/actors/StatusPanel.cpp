@@ -57,7 +57,7 @@ bool StatusPanel::choose(const std::string &title) {
 }
 
 std::vector<std::string> StatusPanel::ask(const std::string &command) {
-    // What registers at the same time is told between the answers.
+    // Items that register meanwhile are reported by signals between the replies.
     return program_.ask(command, registered);
 }
 

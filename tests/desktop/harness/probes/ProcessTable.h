@@ -12,7 +12,7 @@ std::vector<pid_t> childrenOf(pid_t parent);
 /// Whether the process exists and has not ended.
 bool isAlive(pid_t process);
 
-/// Whether every thread of the process stands still until it is told to continue.
+/// Whether every thread of the process is stopped by a signal.
 bool isStopped(pid_t process);
 
 } // namespace corvane::desktop

@@ -13,7 +13,7 @@ class PrivateMounts {
     /// The program finds `source` where `target` is. Both exist and are of the same kind.
     void replace(const std::filesystem::path &target, const std::filesystem::path &source);
 
-    /// The program cannot change anything below `folder`, whoever runs it.
+    /// Mounts `folder` read-only for the program, also when root runs it.
     void makeReadOnly(const std::filesystem::path &folder);
 
     /// The program finds an empty file system of that size at `folder`.

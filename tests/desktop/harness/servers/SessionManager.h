@@ -18,7 +18,7 @@ struct SessionMember {
     bool operator==(const SessionMember &) const = default;
 };
 
-/// A session manager (XSMP) that asks its programs to save and tells them to end.
+/// A session manager (XSMP) that makes its clients save and end.
 class SessionManager {
   public:
     explicit SessionManager(const VirtualDesktop &desktop);

@@ -15,9 +15,9 @@
 
 namespace corvane::desktop {
 
-/// A desktop nobody looks at: an X server on a free display with its own home directory, message
-/// bus and, as asked for, window manager, compositor and panel. Ready to be used when constructed;
-/// ends with its owner.
+/// A headless desktop: an X server on a free display with its own home directory, message
+/// bus and, as the options say, window manager, compositor and panel. Ready to be used when
+/// constructed; ends with its owner.
 class VirtualDesktop : public Desktop {
   public:
     struct Options {
@@ -30,7 +30,7 @@ class VirtualDesktop : public Desktop {
         bool hasPanel = false;
         /// A bus for assistive technology (AT-SPI).
         bool isAccessible = false;
-        /// Without a panel, somebody else who takes status icons and shows them nowhere.
+        /// Without a panel, another program owns the tray selection and shows no icons.
         bool takesStatusIcons = true;
         /// The X server's clock can be set.
         bool hasClockToSet = false;

@@ -14,7 +14,7 @@ namespace {
 
 const QString accessible = u"org.a11y.atspi.Accessible"_s;
 const QString text = u"org.a11y.atspi.Text"_s;
-const QString editableTextInterface = u"org.a11y.atspi.EditableText"_s;
+const QString editableText = u"org.a11y.atspi.EditableText"_s;
 const QString value = u"org.a11y.atspi.Value"_s;
 
 } // namespace
@@ -29,10 +29,6 @@ AccessibleObject AccessibleObject::root(const QDBusConnection &bus) {
 }
 
 QString AccessibleObject::name() const { return property(accessible, u"Name"_s).toString(); }
-
-QString AccessibleObject::description() const {
-    return property(accessible, u"Description"_s).toString();
-}
 
 QString AccessibleObject::role() const { return call(accessible, u"GetRoleName"_s).toString(); }
 
@@ -51,18 +47,21 @@ std::vector<AccessibleObject> AccessibleObject::children() const {
     return children;
 }
 
-std::optional<QString> AccessibleObject::editableText() const {
-    if (!has(editableTextInterface)) {
-        return std::nullopt;
+SpokenControl AccessibleObject::control() const {
+    SpokenControl control{.role = role().toStdString(),
+                          .name = name().toStdString(),
+                          .isSelected = is(State::selected),
+                          .isChecked = is(State::checked),
+                          .isEnabled = is(State::enabled),
+                          .description =
+                              property(accessible, u"Description"_s).toString().toStdString()};
+    if (control.role == "spin box" && has(value)) {
+        const double number = property(value, u"CurrentValue"_s).toDouble();
+        control.number = QString::number(number, 'f', 0).toStdString();
+    } else if (has(editableText)) {
+        control.text = call(text, u"GetText"_s, {0, -1}).toString().toStdString();
     }
-    return call(text, u"GetText"_s, {0, -1}).toString();
-}
-
-std::optional<double> AccessibleObject::number() const {
-    if (!has(value)) {
-        return std::nullopt;
-    }
-    return property(value, u"CurrentValue"_s).toDouble();
+    return control;
 }
 
 QVariant AccessibleObject::call(const QString &interface, const QString &method,

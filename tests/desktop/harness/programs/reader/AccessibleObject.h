@@ -1,12 +1,13 @@
 #pragma once
 
+#include "SpokenControl.h"
+
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusObjectPath>
 #include <QString>
 #include <QVariant>
 
-#include <optional>
 #include <vector>
 
 namespace corvane::desktop {
@@ -37,15 +38,12 @@ class AccessibleObject {
     static AccessibleObject root(const QDBusConnection &bus);
 
     QString name() const;
-    QString description() const;
     QString role() const;
     bool is(State state) const;
     std::vector<AccessibleObject> children() const;
 
-    /// Of what has a text to edit.
-    std::optional<QString> editableText() const;
-    /// Of what has a number.
-    std::optional<double> number() const;
+    /// With everything that a screen reader says about it.
+    SpokenControl control() const;
 
   private:
     QVariant call(const QString &interface, const QString &method,

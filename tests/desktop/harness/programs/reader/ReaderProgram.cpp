@@ -1,7 +1,5 @@
 #include "ReaderProgram.h"
 
-#include "SpokenLine.h"
-
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
@@ -32,10 +30,11 @@ void readEverything(const AccessibleObject &object) {
     if (!object.is(State::showing)) {
         return;
     }
-    if (const auto line = spokenLine(object)) {
+    const SpokenControl control = object.control();
+    if (const auto line = control.line()) {
         report(*line);
     }
-    if (!isSpokenWhole(object)) {
+    if (!SpokenControl::isSpokenWhole(control.role)) {
         for (const AccessibleObject &child : object.children()) {
             readEverything(child);
         }
@@ -97,7 +96,8 @@ bool ReaderProgram::readFocus() const {
     for (const AccessibleObject &window : windows()) {
         const auto focus = window.is(State::active) ? focusIn(window) : std::nullopt;
         if (focus) {
-            report(spokenLine(*focus).value_or(focus->role().toStdString()));
+            const SpokenControl control = focus->control();
+            report(control.line().value_or(control.role));
             return true;
         }
     }

@@ -61,7 +61,7 @@ unsigned long SessionClient::callbackMask() {
            SmsDeletePropertiesProcMask | SmsGetPropertiesProcMask;
 }
 
-/// Whoever is new in a session is asked to save once, as the protocol wants it.
+/// The protocol requires one save request for each new client.
 void SessionClient::registerWith(const char *previousName) {
     char *name = SmsGenerateClientID(connection_);
     SmsRegisterClientReply(connection_, name);

@@ -6,7 +6,7 @@
 
 namespace corvane::desktop {
 
-/// A program that belongs to the session: what it has told the session manager.
+/// A client of the session manager.
 class SessionClient {
   public:
     explicit SessionClient(SmsConn connection) : connection_(connection) {}
@@ -25,7 +25,7 @@ class SessionClient {
     void askToSave(bool isShuttingDown);
     void tellToDie();
 
-    /// What a test is told of the program.
+    /// The line that describes the client to a test.
     std::string description() const;
 
   private:

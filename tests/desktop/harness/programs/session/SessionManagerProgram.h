@@ -11,8 +11,9 @@
 
 namespace corvane::desktop {
 
-/// A session manager that does what it is told: "address", where programs find it; "clients",
-/// those that belong to the session; "save" and "shutdown", which ask them to save; "die".
+/// A session manager that reads commands from its input: "address", where programs find it;
+/// "clients", those that belong to the session; "save" and "shutdown", which request them to save;
+/// "die".
 class SessionManagerProgram {
   public:
     SessionManagerProgram() = default;

@@ -1,4 +1,4 @@
-#include "platform/posix/CommandSender.h"
+#include "platform/posix/CommandClient.h"
 
 #include "platform/posix/CommandMessage.h"
 #include "platform/posix/PrivateFolder.h"
@@ -54,8 +54,8 @@ std::optional<CommandAnswer> receive(const FileDescriptor &connection, Clock::ti
 
 std::optional<CommandAnswer> sendCommand(const std::filesystem::path &path,
                                          const CommandRequest &request,
-                                         std::chrono::milliseconds patience) {
-    const auto deadline = Clock::now() + patience;
+                                         std::chrono::milliseconds timeout) {
+    const auto deadline = Clock::now() + timeout;
     const auto connection = isPrivateFolder(path.parent_path()) ? connectTo(path) : std::nullopt;
     if (!connection || peerOf(*connection) != geteuid()) {
         return std::nullopt;

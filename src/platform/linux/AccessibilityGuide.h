@@ -1,11 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include "platform/qt/alerts/AccessibilityGuideWindow.h"
 
-namespace corvane {
+namespace corvane::linux {
 
-/// What keeps clicks from reaching other applications, on a system that has no switch for it.
+/// What keeps clicks from reaching other applications.
 enum class AccessibilityObstacle {
     none,
     noTestExtension,
@@ -22,20 +21,10 @@ enum class AccessibilityObstacle {
     noScreenCast
 };
 
-/// A page that explains what is missing and how to get it.
-struct AccessibilityGuide {
-    std::string title;
-    std::string heading;
-    std::vector<std::string> paragraphs;
-    /// Where the user is to be asked, it leads to that question.
-    std::string closeButton;
-
-    bool operator==(const AccessibilityGuide &) const = default;
-};
-
-AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle);
+/// Explains what is missing and how to get it.
+qt::AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle);
 
 /// Whether the user can remove the obstacle by answering the desktop's question.
 bool isAnsweredByUser(AccessibilityObstacle obstacle);
 
-} // namespace corvane
+} // namespace corvane::linux

@@ -1,4 +1,4 @@
-#include "presentation/AccessibilityGuide.h"
+#include "platform/linux/AccessibilityGuide.h"
 
 #include "support/Localised.h"
 
@@ -7,10 +7,12 @@
 
 #include <string>
 
-namespace corvane {
+namespace corvane::contract {
 
 namespace {
 
+using linux::accessibilityGuide;
+using linux::AccessibilityObstacle;
 using testing::HasSubstr;
 
 TEST(AccessibilityGuideTest, NamesTheMissingExtension) {
@@ -72,4 +74,4 @@ TEST(AccessibilityGuideTest, IsInTheUsersLanguage) {
 
 } // namespace
 
-} // namespace corvane
+} // namespace corvane::contract

@@ -1,8 +1,8 @@
-#include "presentation/AccessibilityGuide.h"
+#include "platform/linux/AccessibilityGuide.h"
 
 #include "support/Localised.h"
 
-namespace corvane {
+namespace corvane::linux {
 
 namespace {
 
@@ -63,7 +63,7 @@ std::vector<std::string> paragraphsFor(AccessibilityObstacle obstacle) {
 
 } // namespace
 
-AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle) {
+qt::AccessibilityGuide accessibilityGuide(AccessibilityObstacle obstacle) {
     return {.title = localised("Accessibility"),
             .heading = headingFor(obstacle),
             .paragraphs = paragraphsFor(obstacle),
@@ -87,4 +87,4 @@ bool isAnsweredByUser(AccessibilityObstacle obstacle) {
     return false;
 }
 
-} // namespace corvane
+} // namespace corvane::linux

@@ -1,22 +1,14 @@
-#include "platform/x11/overlay/OverlayAnimator.h"
-
-#include "platform/x11/connection/RequestSender.h"
+#include "platform/drawing/OverlayAnimator.h"
 
 #include <algorithm>
 #include <chrono>
 #include <utility>
 
-namespace corvane::x11 {
+namespace corvane::drawing {
 
-OverlayAnimator::OverlayAnimator(RequestSender &sender)
-    : sender_(sender),
-      timer_([this] { advance(clock_.now()); }) {
-    sender_.beforeSending([this] { advanceWhileAwake(); });
-}
-
-OverlayAnimator::~OverlayAnimator() {
-    sender_.beforeSending([] {});
-}
+OverlayAnimator::OverlayAnimator(FramePacing pacing)
+    : pacing_(std::move(pacing)),
+      timer_([this] { advance(clock_.now()); }) {}
 
 void OverlayAnimator::add(OverlayPlayback &playback) {
     if (running_.empty()) {
@@ -31,21 +23,19 @@ void OverlayAnimator::remove(OverlayPlayback &playback) {
     std::erase(over_, &playback);
 }
 
-/// Shows frames that are due within 5 ms while a click or an anchor pass keeps the program awake,
-/// which saves a wake-up of their own.
 void OverlayAnimator::advanceWhileAwake() {
     constexpr std::chrono::milliseconds earliest(12);
     if (running_.empty()) {
         return;
     }
     const platform::Instant now = clock_.now();
-    if (now - lastAdvance_ >= earliest && sender_.deferPastClick(now) == now) {
+    if (now - lastAdvance_ >= earliest && pacing_.deferred(now) == now) {
         advance(now);
     }
 }
 
 void OverlayAnimator::advance(platform::Instant now) {
-    sender_.markDrawing();
+    pacing_.beforeFrames();
     lastAdvance_ = now;
     const auto firstOver = std::ranges::stable_partition(
         running_, [now](OverlayPlayback *playback) { return playback->advanceTo(now); });
@@ -68,42 +58,35 @@ void OverlayAnimator::setTimer() {
     if (running_.empty()) {
         timer_.clear();
     } else {
-        timer_.set(sender_.deferPastClick(lastAdvance_ + drawing::AnimationFrames::interval));
+        timer_.set(pacing_.deferred(lastAdvance_ + FrameTimes::interval));
     }
 }
 
-OverlayPlayback::OverlayPlayback(OverlayAnimator &animator, OverlaySurface &surface,
-                                 std::shared_ptr<OverlayFrames> frames,
-                                 std::function<void()> completion, bool isShown)
+OverlayPlayback::OverlayPlayback(OverlayAnimator &animator, const Animation &animation, Show show,
+                                 std::function<void()> completion)
     : animator_(animator),
-      surface_(surface),
-      frames_(std::move(frames)),
+      animation_(animation),
+      times_(animation.duration),
+      show_(std::move(show)),
       completion_(std::move(completion)),
-      start_(animator.now()) {
+      start_(animator.clock_.now()) {
     animator_.add(*this);
-    if (isShown) {
-        show(isStill() ? frames_->frames().count() / 3 : 0);
-    }
+    show_(index_);
 }
 
 OverlayPlayback::~OverlayPlayback() { animator_.remove(*this); }
 
-void OverlayPlayback::changeTo(std::shared_ptr<OverlayFrames> frames) {
-    frames_ = std::move(frames);
-    show(index_);
+void OverlayPlayback::changeTo(Show show) {
+    show_ = std::move(show);
+    show_(index_);
 }
 
 bool OverlayPlayback::advanceTo(platform::Instant now) {
-    const std::size_t index = frames_->frames().indexAt(now - start_);
-    if (index != index_ && !isStill()) {
-        show(index);
+    const std::size_t index = times_.indexAt(now - start_);
+    if (std::exchange(index_, index) != index) {
+        show_(index);
     }
-    return !frames_->frames().isOverAt(now - start_);
-}
-
-void OverlayPlayback::show(std::size_t index) {
-    index_ = index;
-    surface_.paint(frames_->image(index));
+    return !times_.isOverAt(now - start_);
 }
 
 void OverlayPlayback::complete() {
@@ -112,4 +95,4 @@ void OverlayPlayback::complete() {
     }
 }
 
-} // namespace corvane::x11
+} // namespace corvane::drawing

@@ -18,30 +18,31 @@
 
 namespace corvane::posix {
 
-/// Those who have connected to the command socket: reads what they ask, passes it on to the main
-/// thread and sends what it answers.
-class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket::Senders> {
+/// The clients connected to the command socket: reads their requests, passes them on to the main
+/// thread and sends the answers.
+class CommandSocket::ClientConnections
+    : public std::enable_shared_from_this<CommandSocket::ClientConnections> {
   public:
     /// The main queue outlives the thread that serves.
-    Senders(ListeningSocket listener, platform::MainQueue &mainQueue,
-            platform::CommandEndpoint::Obey obey, const Options &options);
+    ClientConnections(ListeningSocket listener, platform::MainQueue &mainQueue,
+                      platform::CommandEndpoint::RequestHandler handler, const Options &options);
 
-    /// Serves until asked to end. The socket's own thread.
+    /// Serves until `end` is called. The socket's own thread.
     void serve();
 
-    /// Takes the socket's path away: whoever comes from now on finds nobody. Main thread.
+    /// Removes the socket's path, so that no more clients find it. Main thread.
     void hide();
 
-    /// Lets `serve` send the answers given by now and return. Main thread.
+    /// Makes `serve` send the answers given by now and return. Main thread.
     void end();
 
   private:
-    struct Sender {
+    struct Connection {
         std::uint64_t number;
-        FileDescriptor connection;
+        FileDescriptor socket;
         MessageReader request;
         std::chrono::steady_clock::time_point deadline;
-        bool hasAsked = false;
+        bool hasRequest = false;
         std::string unsent{};
         bool isDone = false;
     };
@@ -49,23 +50,23 @@ class CommandSocket::Senders : public std::enable_shared_from_this<CommandSocket
     std::vector<pollfd> watched() const;
     int millisecondsToNextDeadline() const;
     void keepPath();
-    void takeNew();
-    void attend(Sender &sender, short events);
-    void read(Sender &sender);
-    static void send(Sender &sender);
-    void obey(const Sender &sender);
+    void acceptNew();
+    void attend(Connection &connection, short events);
+    void read(Connection &connection);
+    static void send(Connection &connection);
+    void handle(const Connection &connection);
     void answer(std::uint64_t number, const CommandAnswer &answer);
     void takeAnswers();
     void dropDone();
     void wakeUp() const;
 
     platform::MainQueue &mainQueue_;
-    const platform::CommandEndpoint::Obey obey_;
+    const platform::CommandEndpoint::RequestHandler handler_;
     const Options options_;
     FileDescriptor wakeUpRead_;
     FileDescriptor wakeUpWrite_;
-    /// Only the socket's own thread.
-    std::vector<Sender> senders_;
+    /// Used by the socket's own thread only.
+    std::vector<Connection> connections_;
     std::uint64_t nextNumber_ = 0;
     std::chrono::steady_clock::time_point nextPathCheck_;
 

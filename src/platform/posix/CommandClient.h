@@ -8,10 +8,10 @@
 
 namespace corvane::posix {
 
-/// Hands the request to the program of this user that listens at the path, and waits for its
+/// Sends the request to the program of this user that listens at the path, and waits for its
 /// answer: a refusal where none comes in time. Nothing when no such program listens. Any thread.
 std::optional<CommandAnswer> sendCommand(const std::filesystem::path &path,
                                          const CommandRequest &request,
-                                         std::chrono::milliseconds patience);
+                                         std::chrono::milliseconds timeout);
 
 } // namespace corvane::posix
