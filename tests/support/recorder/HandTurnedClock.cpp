@@ -27,6 +27,7 @@ class HandTurnedClock::Wait : public platform::CancellableWait {
     void cancel() override {
         const std::lock_guard lock(clock_.mutex_);
         isCancelled_ = true;
+        clock_.hasCancelledWait_ = true;
         clock_.release([this](const Sleeper &sleeper) { return sleeper.wait == this; });
     }
 
@@ -98,6 +99,11 @@ void HandTurnedClock::setSleepsBlock(bool sleepsBlock) {
 bool HandTurnedClock::awaitBlocked(std::size_t threads) const {
     std::unique_lock lock(mutex_);
     return changed_.wait_for(lock, patience, [&] { return countBlocked() >= threads; });
+}
+
+bool HandTurnedClock::awaitCancellation() const {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, patience, [this] { return hasCancelledWait_; });
 }
 
 std::size_t HandTurnedClock::blockedCount() const {

@@ -37,6 +37,9 @@ class HandTurnedClock : public platform::ContinuousClock {
     /// Waits until at least that many threads are blocked; false when that did not happen in time.
     [[nodiscard]] bool awaitBlocked(std::size_t threads = 1) const;
 
+    /// Waits until a wait has been cancelled; false when that did not happen in time.
+    [[nodiscard]] bool awaitCancellation() const;
+
     /// How many threads are blocked, in a wait or a blocking sleep.
     std::size_t blockedCount() const;
 
@@ -68,6 +71,7 @@ class HandTurnedClock : public platform::ContinuousClock {
     mutable std::condition_variable changed_;
     platform::Instant now_ = std::chrono::hours(1);
     bool sleepsBlock_ = false;
+    bool hasCancelledWait_ = false;
     std::list<Sleeper> sleepers_;
     std::vector<Duration> sleeps_;
 };

@@ -69,6 +69,7 @@ TEST_F(ClickRunSafetyTest, AStopReturnsNoSoonerThanAPressUnderWayIsMade) {
             clicker_.stop();
             stopped.set_value();
         });
+        EXPECT_TRUE(clock_.awaitCancellation());
         EXPECT_EQ(isStopped.wait_for(milliseconds(50)), std::future_status::timeout);
     });
     start(withoutPause);
