@@ -1,6 +1,7 @@
 #include "platform/wayland/overlay/OverlayInput.h"
 
 #include <linux/input-event-codes.h>
+#include <utility>
 
 namespace corvane::wayland {
 
@@ -18,9 +19,9 @@ OverlayInput::OverlayInput(const Connection &connection)
              .pointerMoved =
                  [this](Point point) {
                      point_ = point;
-                     InputReceiver *const receiver = receiverOf(beneathPointer_);
-                     if (isDragging_ && receiver != nullptr) {
-                         receiver->mouseDragged(point);
+                     if (isDragging_) {
+                         report(beneathPointer_,
+                                [point](InputReceiver &receiver) { receiver.mouseDragged(point); });
                      }
                  },
              .buttonChanged = [this](std::uint32_t button,
@@ -35,9 +36,9 @@ OverlayInput::OverlayInput(const Connection &connection)
              .keyboardEntered = [this](wl_surface *surface) { withKeyboard_ = surface; },
              .keyPressed =
                  [this](std::uint32_t number) {
-                     if (InputReceiver *const receiver = receiverOf(withKeyboard_)) {
-                         receiver->keyDown(keyMap_.keyOf(number));
-                     }
+                     report(withKeyboard_, [key = keyMap_.keyOf(number)](InputReceiver &receiver) {
+                         receiver.keyDown(key);
+                     });
                  }}) {}
 
 InputReceiver *OverlayInput::receiverOf(wl_surface *surface) const {
@@ -45,14 +46,28 @@ InputReceiver *OverlayInput::receiverOf(wl_surface *surface) const {
     return known != receivers_.end() ? known->second : nullptr;
 }
 
+/// The receiver may destroy its surface. It learns of the event when no other is waiting that names
+/// the surface (a drag that ends on another output is followed by the pointer's way there):
+/// libwayland never frees a surface destroyed before such an event.
+void OverlayInput::report(wl_surface *surface, std::function<void(InputReceiver &)> event) {
+    QMetaObject::invokeMethod(
+        &reports_,
+        [this, surface, event = std::move(event)] {
+            if (InputReceiver *const receiver = receiverOf(surface)) {
+                event(*receiver);
+            }
+        },
+        Qt::QueuedConnection);
+}
+
 void OverlayInput::changeButton(std::uint32_t button, bool isPress) {
     if (button != BTN_LEFT) {
         return;
     }
     isDragging_ = isPress;
-    if (InputReceiver *const receiver = receiverOf(beneathPointer_)) {
-        isPress ? receiver->mouseDown(point_) : receiver->mouseUp(point_);
-    }
+    report(beneathPointer_, [isPress, point = point_](InputReceiver &receiver) {
+        isPress ? receiver.mouseDown(point) : receiver.mouseUp(point);
+    });
 }
 
 /// Without such a cursor in the user's theme the pointer keeps the one it has.

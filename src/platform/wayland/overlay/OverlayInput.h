@@ -5,7 +5,10 @@
 #include "platform/wayland/overlay/KeyMap.h"
 #include "presentation/BorderlessWindow.h"
 
+#include <QObject>
+
 #include <cstdint>
+#include <functional>
 #include <map>
 
 namespace corvane::wayland {
@@ -35,11 +38,14 @@ class OverlayInput {
 
   private:
     InputReceiver *receiverOf(wl_surface *surface) const;
+    void report(wl_surface *surface, std::function<void(InputReceiver &)> event);
     void showCursor(Cursor cursor, std::uint32_t serial);
     void changeButton(std::uint32_t button, bool isPress);
 
     const Connection &connection_;
     std::map<wl_surface *, InputReceiver *> receivers_;
+    /// Ends the reports under way.
+    QObject reports_;
     KeyMap keyMap_;
     Seat seat_;
     wl_surface *beneathPointer_ = nullptr;
