@@ -34,12 +34,12 @@ void WaylandTest::openPicker() {
     constexpr Position onSecond{1400, 200};
     constexpr Position onFirst = target;
     client_.open({.title = "Other", .application = "Other", .position = onSecond});
-    const Pixel first = desktop_.colourAt(onFirst);
-    const Pixel second = desktop_.colourAt(onSecond);
+    const std::string first = desktop_.sightAt(onFirst);
+    const std::string second = desktop_.sightAt(onSecond);
     CorvaneProcess command(desktop_, {.arguments = {"select-zone"}});
     ASSERT_EQ(command.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << command.story();
     ASSERT_TRUE(waitUntil([&] {
-        return desktop_.colourAt(onFirst) != first && desktop_.colourAt(onSecond) != second;
+        return desktop_.sightAt(onFirst) != first && desktop_.sightAt(onSecond) != second;
     }));
 }
 

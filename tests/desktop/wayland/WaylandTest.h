@@ -58,8 +58,10 @@ class EveryCompositorTest : public WaylandTest, public testing::WithParamInterfa
     EveryCompositorTest() : WaylandTest(makeWaylandDesktop(GetParam())) {}
 };
 
-#define CORVANE_EVERY_COMPOSITOR(Suite)                                                            \
-    INSTANTIATE_TEST_SUITE_P(, Suite, testing::ValuesIn(compositors),                              \
+#define CORVANE_COMPOSITORS(Suite, names)                                                          \
+    INSTANTIATE_TEST_SUITE_P(, Suite, testing::ValuesIn(names),                                    \
                              [](const auto &test) { return test.param; })
+
+#define CORVANE_EVERY_COMPOSITOR(Suite) CORVANE_COMPOSITORS(Suite, compositors)
 
 } // namespace corvane::desktop

@@ -1,6 +1,7 @@
 #include "Compositors.h"
 
 #include "KWinDesktop.h"
+#include "LabwcDesktop.h"
 #include "SwayDesktop.h"
 
 namespace corvane::desktop {
@@ -8,6 +9,9 @@ namespace corvane::desktop {
 std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor) {
     if (compositor == "kwin") {
         return std::make_unique<KWinDesktop>();
+    }
+    if (compositor == "labwc") {
+        return std::make_unique<LabwcDesktop>();
     }
     return std::make_unique<SwayDesktop>();
 }

@@ -20,12 +20,16 @@ KWinDesktop::KWinDesktop(Permission permission) {
     control_ = std::make_unique<HelperProgram>(*this, CORVANE_WAYLAND_CLIENT);
 }
 
-/// Nothing moves or opens on its own, so that pictures show what is there.
+/// Nothing moves or opens on its own, so that pictures show what is there; and the pointer crosses
+/// from one monitor to the other unhindered. KWin 6 finds the desktop files of programs through the
+/// menu that is otherwise Plasma's.
 void KWinDesktop::writeSettings() const {
     const auto folder = home() / ".config";
+    writeFile(folder / "menus/applications.menu",
+              "<Menu><Name>Applications</Name><DefaultAppDirs/><Include><All/></Include></Menu>\n");
     writeFile(folder / "kdeglobals", "[KDE]\nAnimationDurationFactor=0\n");
     writeFile(folder / "kwinrc", "[Plugins]\noverviewEnabled=false\nwindowviewEnabled=false\n"
-                                 "[ElectricBorders]\nTopLeft=None\n");
+                                 "[ElectricBorders]\nTopLeft=None\n[EdgeBarrier]\nEdgeBarrier=0\n");
 }
 
 void KWinDesktop::permit(const std::string &program) const {
@@ -67,6 +71,18 @@ void KWinDesktop::pressHotKey(std::chrono::milliseconds held) const {
 void KWinDesktop::tapEscape() const {
     change(KEY_ESC, true);
     change(KEY_ESC, false);
+}
+
+bool KWinDesktop::takesScreenshots() const {
+    return control_->ask("picture\t" + (folder() / "try.png").string()).back() != "refused";
+}
+
+std::string KWinDesktop::sightAt(Position position) const {
+    if (takesScreenshots()) {
+        return WaylandDesktop::sightAt(position);
+    }
+    return control_->ask("front\t" + std::to_string(position.x) + "\t" + std::to_string(position.y))
+        .front();
 }
 
 void KWinDesktop::saveScreenshot(const std::filesystem::path &file) const {

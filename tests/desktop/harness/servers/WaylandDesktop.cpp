@@ -12,9 +12,25 @@
 
 namespace corvane::desktop {
 
+namespace {
+
+/// Where X servers have their sockets. The system makes the folder when it starts; in a container
+/// nobody may have. KWin 6 takes only one in which nobody can remove another's socket.
+void makeSocketFolder() {
+    const std::filesystem::path folder = "/tmp/.X11-unix";
+    std::error_code isThere;
+    if (std::filesystem::create_directory(folder, isThere)) {
+        using std::filesystem::perms;
+        std::filesystem::permissions(folder, perms::all | perms::sticky_bit);
+    }
+}
+
+} // namespace
+
 void WaylandDesktop::startCompositor(const std::vector<std::string> &arguments,
                                      const Environment &environment,
                                      const std::vector<std::string> &variables) {
+    makeSocketFolder();
     compositor_ = std::make_unique<ChildProcess>(ChildProcess::Launch{
         .arguments = arguments, .environment = environment, .outputFolder = output()});
     std::vector<std::string> values;
@@ -46,6 +62,12 @@ Pixel WaylandDesktop::colourAt(Position position) const {
     const QColor colour(
         QImage(QString::fromStdString(file.string())).pixel(position.x, position.y));
     return {colour.red(), colour.green(), colour.blue()};
+}
+
+std::string WaylandDesktop::sightAt(Position position) const {
+    const Pixel colour = colourAt(position);
+    return std::to_string(colour.red) + " " + std::to_string(colour.green) + " " +
+           std::to_string(colour.blue);
 }
 
 void WaylandDesktop::stopCompositor() {

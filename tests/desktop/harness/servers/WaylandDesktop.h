@@ -13,17 +13,17 @@
 
 namespace corvane::desktop {
 
-/// A Wayland desktop nobody looks at, with XWayland and two monitors side by side, the first one of
-/// 1280 by 800 pixels. Ready to be used when constructed; ends with its owner.
+/// A Wayland desktop nobody looks at, with XWayland and two monitors side by side, the first one
+/// 1280 pixels wide. Ready to be used when constructed; ends with its owner.
 class WaylandDesktop : public Desktop {
   public:
     virtual ~WaylandDesktop() = default;
 
     /// Moves a window, found by its title, and waits until it is there.
-    void place(const std::string &title, Position position) const;
+    virtual void place(const std::string &title, Position position) const;
 
     /// Whether the compositor shows a window of that title.
-    bool shows(const std::string &title) const { return positionOf(title).has_value(); }
+    virtual bool shows(const std::string &title) const { return positionOf(title).has_value(); }
 
     /// Presses Super, Shift and Y as on a keyboard, and holds them that long.
     virtual void pressHotKey(std::chrono::milliseconds held = {}) const = 0;
@@ -32,6 +32,9 @@ class WaylandDesktop : public Desktop {
 
     /// The colour that the monitors show there.
     Pixel colourAt(Position position) const;
+
+    /// What is to be seen there, in words that change when something comes to cover it.
+    virtual std::string sightAt(Position position) const;
 
     /// Saves what all monitors show; throws when that fails.
     virtual void saveScreenshot(const std::filesystem::path &file) const = 0;
@@ -55,8 +58,9 @@ class WaylandDesktop : public Desktop {
     void takeStatusIcons();
 
   private:
-    virtual void requestPlace(const std::string &title, Position position) const = 0;
-    virtual std::optional<Position> positionOf(const std::string &title) const = 0;
+    // Of a compositor that reports and moves windows.
+    virtual void requestPlace(const std::string & /*title*/, Position /*position*/) const {}
+    virtual std::optional<Position> positionOf(const std::string & /*title*/) const { return {}; }
 
     std::unique_ptr<ChildProcess> compositor_;
     /// To the X server for XWayland's clients.

@@ -24,12 +24,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 void place(const std::string &title, const std::string &x, const std::string &y) {
-    const wayland::kwin::Script script(u"corvane-test-place"_s,
-                                       uR"(for (const w of workspace.clientList())
+    const wayland::kwin::Script script(
+        u"corvane-test-place"_s,
+        uR"(for (const w of workspace.windowList ? workspace.windowList() : workspace.clientList())
     if (w.caption === "%1")
         w.frameGeometry = {x: %2, y: %3, width: w.frameGeometry.width, height: w.frameGeometry.height};
 )"_s.arg(QString::fromStdString(title), QString::fromStdString(x), QString::fromStdString(y)),
-                                       [](const QVariantList &) {});
+        [](const QVariantList &) {});
 }
 
 bool reportPlace(const std::string &title) {
@@ -45,6 +46,19 @@ bool reportPlace(const std::string &title) {
     report(std::to_string(std::lround(window->frame.x)) + "\t" +
            std::to_string(std::lround(window->frame.y)));
     return true;
+}
+
+/// Layer surfaces and panels included.
+void reportFront(const std::string &x, const std::string &y) {
+    wayland::kwin::Script script(
+        u"corvane-test-front"_s, uR"(const at = w => { const f = w.frameGeometry;
+    return !w.hidden && f.x <= %1 && %1 < f.x + f.width && f.y <= %2 && %2 < f.y + f.height; };
+const all = workspace.windowList ? workspace.windowList() : workspace.clientList();
+const front = all.filter(at).sort((a, b) => b.stackingOrder - a.stackingOrder)[0];
+report(front ? front.internalId + " " + front.frameGeometry : "nothing");
+)"_s.arg(QString::fromStdString(x), QString::fromStdString(y)),
+        [](const QVariantList &values) { report(values.value(0).toString().toStdString()); });
+    script.deliver();
 }
 
 QByteArray contentsOf(const posix::FileDescriptor &pipe) {
@@ -95,6 +109,10 @@ bool KWinControl::carryOut(const std::vector<std::string> &fields) const {
     }
     if (command == "place") {
         place(fields.at(1), fields.at(2), fields.at(3));
+        return true;
+    }
+    if (command == "front") {
+        reportFront(fields.at(1), fields.at(2));
         return true;
     }
     if (command == "where") {
