@@ -99,6 +99,17 @@ void AppDelegate::accessibilityChecked(bool isTrusted) {
     statusBarController_.updateToolTip(isHotkeyRegistered());
 }
 
+void AppDelegate::permissionChanged() {
+    if (!accessibilityPollTimer_) {
+        return;
+    }
+    const bool isTrusted = platform_.accessibility().isProcessTrusted();
+    if (!isTrusted && appState_.status == ClickStatus::running) {
+        stopClicking();
+    }
+    accessibilityChecked(isTrusted);
+}
+
 void AppDelegate::registerHotkey() {
     hotkeyService_.registerHotkey(weakly_(&AppDelegate::toggleClicking));
     statusBarController_.updateToolTip(isHotkeyRegistered());

@@ -67,9 +67,10 @@ class LinuxPlatform : public platform::Platform {
     platform::WindowList &windowList() override { return facilities_.windowList; }
     platform::Workspace &workspace() override { return workspace_; }
 
-    /// Calls `lost` on the main thread whenever the desktop takes the right to click back.
-    void whenClicksEnd(std::function<void()> lost) {
-        windowSystem_->whenClicksEnd(std::move(lost));
+    /// Calls `changed` on the main thread whenever the user gives the right to click or takes it
+    /// back.
+    void whenPermissionChanges(std::function<void()> changed) {
+        windowSystem_->whenPermissionChanges(std::move(changed));
     }
 
   private:

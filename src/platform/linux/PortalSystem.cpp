@@ -106,11 +106,10 @@ void PortalSystem::consentChanged() {
     mouseEvents_.use(remoteDesktop_.session());
     if (consent == Consent::given) {
         accessibility_.closeGuide();
-    } else if (consent == Consent::ended) {
-        lost_();
-    } else {
+    } else if (consent != Consent::ended) {
         accessibility_.openSettings();
     }
+    permissionChanged_();
 }
 
 AccessibilityObstacle PortalSystem::Accessibility::obstacle() const {

@@ -40,7 +40,9 @@ class PortalSystem : public WindowSystem {
                 overlayWindows_, screens_,      windowList_};
     }
 
-    void whenClicksEnd(std::function<void()> lost) override { lost_ = std::move(lost); }
+    void whenPermissionChanges(std::function<void()> changed) override {
+        permissionChanged_ = std::move(changed);
+    }
 
   private:
     /// The right that the user gives in the desktop's own window.
@@ -87,7 +89,7 @@ class PortalSystem : public WindowSystem {
 
     void consentChanged();
 
-    std::function<void()> lost_ = [] {};
+    std::function<void()> permissionChanged_ = [] {};
     wayland::portal::RemoteDesktop remoteDesktop_;
     wayland::portal::MouseEvents mouseEvents_;
     x11::Screens screens_;

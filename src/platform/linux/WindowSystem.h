@@ -30,8 +30,9 @@ class WindowSystem {
     /// They live as long as the window system.
     virtual Facilities facilities() = 0;
 
-    /// Calls `lost` whenever the right to click is taken back; never where nobody grants it.
-    virtual void whenClicksEnd(std::function<void()> /*lost*/) {}
+    /// Calls `changed` whenever the user gives the right to click or takes it back; never where
+    /// nobody grants it.
+    virtual void whenPermissionChanges(std::function<void()> /*changed*/) {}
 };
 
 } // namespace corvane::linux

@@ -150,7 +150,7 @@ int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowCon
     LinuxPlatform platform(events, std::move(windowConnection), compositor, commandLine.words);
     CorvaneApp app(platform);
     MissingPanel missingPanel(platform, app.sharedServices(), app.appDelegate());
-    platform.whenClicksEnd([&app] { app.appDelegate().stopClicking(); });
+    platform.whenPermissionChanges([&app] { app.appDelegate().permissionChanged(); });
     runningApp = &app;
     // Registered last, it runs before the toolkit's globals are destroyed, with which threads work.
     std::atexit(finishWorkAtExit); // NOLINT(cert-err33-c)

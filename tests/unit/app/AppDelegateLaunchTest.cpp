@@ -69,6 +69,28 @@ TEST_F(AppDelegateLaunchTest, EveryGrantIsNoticedWithinThreeSecondsAndRegistersO
     EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
 }
 
+TEST_F(AppDelegateLaunchTest, AnAnnouncedChangeOfThePermissionShowsAtOnce) {
+    platform.accessibility().isTrusted = false;
+    launch();
+    platform.accessibility().isTrusted = true;
+    delegate->permissionChanged();
+    EXPECT_EQ(logged("Accessibility granted — registering hotkey"), 1);
+    EXPECT_EQ(statusItem().find("Open Accessibility Settings..."), nullptr);
+
+    startRunning();
+    platform.accessibility().isTrusted = false;
+    delegate->permissionChanged();
+    EXPECT_NE(statusItem().find("Open Accessibility Settings..."), nullptr);
+    awaitIdle();
+    EXPECT_EQ(state().status, ClickStatus::idle);
+}
+
+TEST_F(AppDelegateLaunchTest, APermissionGivenDuringTheLaunchRegistersTheHotKeyOnce) {
+    platform.accessibility().whilePrompting = [this] { delegate->permissionChanged(); };
+    launch();
+    EXPECT_EQ(platform.hotKeys().registrations, 1);
+}
+
 TEST_F(AppDelegateLaunchTest, TheSettingsAreReadBeforeTheProfiles) {
     const auto &settings = shared.configService.configFileURL();
     const auto &profiles = shared.profileService.profilesFileURL();
