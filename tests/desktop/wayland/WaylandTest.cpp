@@ -6,6 +6,11 @@ std::unique_ptr<CorvaneProcess> WaylandTest::start(const Settings &settings) {
     writeSettings(desktop_, settings.text());
     auto corvane = std::make_unique<CorvaneProcess>(desktop_);
     EXPECT_TRUE(corvane->waitUntilReady()) << corvane->story();
+    if (desktop_.consent()) {
+        EXPECT_TRUE(corvane->waitForLog("The desktop's portal lets Corvane click"))
+            << corvane->story();
+        client_.moveTo(target);
+    }
     return corvane;
 }
 

@@ -30,6 +30,10 @@ class WaylandDesktop : public Desktop {
 
     virtual void tapEscape() const = 0;
 
+    /// Where the desktop asks its user before a program may click: lets the Corvane that has just
+    /// started do so. False elsewhere.
+    virtual bool consent() const { return false; }
+
     /// The colour that the monitors show there.
     Pixel colourAt(Position position) const;
 
@@ -49,7 +53,7 @@ class WaylandDesktop : public Desktop {
     WaylandDesktop() = default;
 
     /// Starts the compositor, whose session has to write the values of these variables into
-    /// `sessionVariables`, and adopts them.
+    /// `sessionVariables`, and adopts them. Waits for nothing where there are none.
     void startCompositor(const std::vector<std::string> &arguments, const Environment &environment,
                          const std::vector<std::string> &variables);
     std::filesystem::path sessionVariables() const { return folder() / "session-variables"; }

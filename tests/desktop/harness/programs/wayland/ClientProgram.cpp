@@ -30,7 +30,7 @@ ClientProgram::ClientProgram(std::unique_ptr<wayland::Connection> connection)
     : events_(std::move(connection), [] { QCoreApplication::exit(1); }),
       registry_(wl_display_get_registry(events_.connection().display())),
       mouse_(Mouse::make(events_.connection())),
-      control_(events_.connection()),
+      control_(Control::make(events_.connection())),
       seat_(events_.connection(),
             {.pointerEntered =
                  [this](wl_surface *surface, Point point, std::uint32_t /*serial*/) {
@@ -81,7 +81,7 @@ bool ClientProgram::carryOut(const std::vector<std::string> &fields) {
         mouse_->moveTo({double(number(1)), double(number(2))});
     } else if (command == "button") {
         mouse_->change(static_cast<std::uint32_t>(number(1)), number(2) != 0);
-    } else if (!control_.carryOut(fields)) {
+    } else if (!control_->carryOut(fields)) {
         return false;
     }
     return events_.connection().synchronise();

@@ -2,7 +2,7 @@
 
 #include "ClientWindow.h"
 #include "CommandInput.h"
-#include "KWinControl.h"
+#include "Control.h"
 #include "Mouse.h"
 #include "platform/wayland/connection/Events.h"
 #include "platform/wayland/connection/Seat.h"
@@ -33,7 +33,7 @@ class ClientProgram {
     xdg_wm_base *shell_ = nullptr;
     wayland::Handle<wl_registry> registry_;
     const std::unique_ptr<Mouse> mouse_;
-    const KWinControl control_;
+    const std::unique_ptr<Control> control_;
     std::map<int, ClientWindow> windows_;
     wl_surface *beneathPointer_ = nullptr;
     Point point_{};

@@ -1,20 +1,18 @@
 #pragma once
 
-#include "platform/wayland/connection/Connection.h"
+#include "Control.h"
 
 #include <string>
 #include <vector>
 
 namespace corvane::desktop {
 
-/// What only KWin offers a test: its keyboard, its windows' places and its screenshots.
-class KWinControl {
+class KWinControl : public Control {
   public:
     /// The connection outlives it.
     explicit KWinControl(const wayland::Connection &connection) : connection_(connection) {}
 
-    /// False where the command is another one, or fails.
-    bool carryOut(const std::vector<std::string> &fields) const;
+    bool carryOut(const std::vector<std::string> &fields) const override;
 
   private:
     const wayland::Connection &connection_;

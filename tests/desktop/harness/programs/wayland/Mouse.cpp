@@ -1,8 +1,14 @@
 #include "Mouse.h"
 
+#include "GnomeShell.h"
+#include "WaitUntil.h"
+
 #include <algorithm>
+#include <stdexcept>
 
 namespace corvane::desktop {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -61,6 +67,37 @@ class KWinMouse : public Mouse {
     org_kde_kwin_fake_input *const input_;
 };
 
+class GnomeMouse : public Mouse {
+  public:
+    GnomeMouse() {
+        run(u"void (global.corvaneMouse = imports.gi.Clutter.get_default_backend()"
+            u".get_default_seat().create_virtual_device("
+            u"imports.gi.Clutter.InputDeviceType.POINTER_DEVICE))"_s);
+    }
+
+    /// Returns when the pointer is there: GNOME Shell moves it on another thread.
+    void moveTo(Point place) override {
+        run(u"global.corvaneMouse.notify_absolute_motion(imports.gi.GLib.get_monotonic_time(), "
+            u"%1, %2)"_s.arg(place.x)
+                .arg(place.y));
+        const QString there = u"[%1,%2]"_s.arg(place.x).arg(place.y);
+        waitUntil(
+            [&] { return GnomeShell::evaluate(u"global.get_pointer().slice(0, 2)"_s) == there; });
+    }
+
+    void change(std::uint32_t /*button*/, bool isPress) override {
+        run(u"global.corvaneMouse.notify_button(imports.gi.GLib.get_monotonic_time(), 1, "
+            u"imports.gi.Clutter.ButtonState.%1)"_s.arg(isPress ? u"PRESSED"_s : u"RELEASED"_s));
+    }
+
+  private:
+    static void run(const QString &script) {
+        if (!GnomeShell::evaluate(script)) {
+            throw std::runtime_error("GNOME Shell refuses: " + script.toStdString());
+        }
+    }
+};
+
 } // namespace
 
 std::unique_ptr<Mouse> Mouse::make(const wayland::Connection &connection) {
@@ -70,7 +107,7 @@ std::unique_ptr<Mouse> Mouse::make(const wayland::Connection &connection) {
     if (connection.fakeInput() != nullptr) {
         return std::make_unique<KWinMouse>(connection);
     }
-    return nullptr;
+    return GnomeShell::isRunning() ? std::make_unique<GnomeMouse>() : nullptr;
 }
 
 } // namespace corvane::desktop

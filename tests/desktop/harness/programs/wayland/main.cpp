@@ -1,4 +1,5 @@
 #include "ClientProgram.h"
+#include "GnomeShell.h"
 #include "WaitUntil.h"
 #include "platform/wayland/kwin/Bus.h"
 
@@ -16,7 +17,8 @@ std::unique_ptr<corvane::wayland::Connection> openWithInput() {
         connection = corvane::wayland::Connection::open();
         return connection &&
                (connection->virtualPointers() != nullptr ||
-                (connection->fakeInput() != nullptr && corvane::wayland::kwin::isRunning()));
+                (connection->fakeInput() != nullptr && corvane::wayland::kwin::isRunning()) ||
+                corvane::desktop::GnomeShell::isRunning());
     });
     return isReady ? std::move(connection) : nullptr;
 }
