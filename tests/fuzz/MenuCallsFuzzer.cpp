@@ -5,14 +5,16 @@
 #include "support/ForeignMenuCalls.h"
 
 #include <QCoreApplication>
+#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusServer>
+#include <QDBusVirtualObject>
 #include <QEventLoop>
 
 #include <algorithm>
 #include <limits>
-#include <memory>
+#include <optional>
 
 using namespace corvane;
 using namespace corvane::freedesktop;
@@ -41,25 +43,42 @@ Menu menu() {
              {.title = "Profiles", .submenu = profiles}}};
 }
 
+/// Accepts a program as a bus does.
+class Greeter : public QDBusVirtualObject {
+  public:
+    bool hasGreeted = false;
+
+    QString introspect(const QString & /*path*/) const override { return {}; }
+
+    bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override {
+        hasGreeted = true;
+        return connection.send(message.createReply(u":1.1"_s));
+    }
+};
+
 /// A program with the menu and a panel, which talk without a bus between them.
 class Conversation {
   public:
     Conversation() {
         QObject::connect(&server_, &QDBusServer::newConnection,
-                         [this](const QDBusConnection &connection) { offerMenu(connection); });
-        while (!menu_) {
+                         [this](const QDBusConnection &panel) {
+                             panel_ = panel;
+                             panel_->registerVirtualObject(u"/org/freedesktop/DBus"_s, &greeter_);
+                         });
+        menu_.setMenu(menu());
+        while (!greeter_.hasGreeted) {
             QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         }
     }
 
     /// The answer, also where it is a refusal.
-    QDBusMessage call(const QString &method, const QVariantList &arguments) {
+    QDBusMessage call(const QString &method, const QVariantList &arguments) const {
         auto message = QDBusMessage::createMethodCall(QString(), u"/MenuBar"_s,
                                                       u"com.canonical.dbusmenu"_s, method);
         message.setArguments(arguments);
         // A machine that sleeps meanwhile is no broken promise.
         constexpr int patience = std::numeric_limits<int>::max();
-        QDBusPendingCallWatcher answer(panel_.asyncCall(message, patience));
+        QDBusPendingCallWatcher answer(panel_->asyncCall(message, patience));
         QEventLoop untilAnswered;
         QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &untilAnswered,
                          &QEventLoop::quit);
@@ -70,21 +89,19 @@ class Conversation {
     }
 
   private:
-    void offerMenu(const QDBusConnection &connection) {
-        menu_ = std::make_unique<freedesktop::DBusMenuExporter>(
-            connection, symbols_, [](const MenuCommand &command) {
-                require(command.action == ActionID::stopClicking ||
-                            command.action == ActionID::loadProfile ||
-                            command.action == ActionID::saveAsProfile,
-                        "only what can be chosen is chosen");
-            });
-        menu_->setMenu(menu());
+    static void perform(const MenuCommand &command) {
+        require(command.action == ActionID::stopClicking ||
+                    command.action == ActionID::loadProfile ||
+                    command.action == ActionID::saveAsProfile,
+                "only what can be chosen is chosen");
     }
 
+    Greeter greeter_;
+    std::optional<QDBusConnection> panel_;
     QDBusServer server_{u"unix:tmpdir=/tmp"_s};
     drawing::SymbolImages symbols_;
-    std::unique_ptr<freedesktop::DBusMenuExporter> menu_;
-    QDBusConnection panel_ = QDBusConnection::connectToPeer(server_.address(), u"panel"_s);
+    BusConnection bus_{server_.address().toStdString(), {}};
+    DBusMenuExporter menu_{bus_, symbols_, perform};
 };
 
 /// Makes choices by the bytes; zeros where they are used up.

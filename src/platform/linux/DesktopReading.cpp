@@ -1,6 +1,7 @@
 #include "platform/linux/DesktopReading.h"
 
 #include "platform/drawing/MenuText.h"
+#include "platform/freedesktop/bus/SessionBus.h"
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
 #include "platform/linux/PortalSystem.h"
 #include "platform/linux/environment/EnvironmentVariable.h"
@@ -49,7 +50,7 @@ HotKeyState stateOf(const HotKey &hotKey, x11::XcbEvents &events) {
 }
 
 StatusArea statusAreaOf(const x11::XcbConnection &connection) {
-    if (freedesktop::hasStatusNotifierHost()) {
+    if (freedesktop::hasStatusNotifierHost(freedesktop::sessionBusAddress())) {
         return StatusArea::panel;
     }
     return hasOwner(connection, connection.atoms().traySelection) ? StatusArea::systemTray

@@ -61,7 +61,7 @@ LinuxPlatform::LinuxPlatform(x11::XcbEvents &events,
       alerts_(ownWindows(events.connection())),
       statusBar_(events),
       settingsWindows_(ownWindows(events.connection())),
-      userSession_(freedesktop::sessionBusAddress(), QDBusConnection::systemBus()) {
+      userSession_(freedesktop::sessionBusAddress(), freedesktop::systemBusAddress()) {
     events.sender().setNextClick(clock_.nextClickDeadline());
 }
 

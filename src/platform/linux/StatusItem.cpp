@@ -37,7 +37,7 @@ bool isDesktop(QLatin1String name) {
 
 } // namespace
 
-StatusItem::BusItem::BusItem(StatusItem &owner, const QDBusConnection &bus)
+StatusItem::BusItem::BusItem(StatusItem &owner, freedesktop::BusConnection &bus)
     : menu(bus, owner.symbols_, owner.perform_),
       item(bus, menu.path(), [&owner](QPoint position) { owner.handleClick(position); }),
       registration(bus, {.willRegister = [&owner] { owner.prepareRegistration(); },
@@ -81,14 +81,13 @@ void StatusItem::setMenu(const Menu &menu) {
 }
 
 void StatusItem::setToolTip(const std::string &text) {
-    const QString toolTip = QString::fromStdString(text);
-    if (toolTip == toolTip_) {
+    if (text == toolTip_) {
         return;
     }
-    toolTip_ = toolTip;
+    toolTip_ = text;
     busItem_->item.setToolTip(toolTip_);
     if (trayIcon_) {
-        trayIcon_->setToolTip(toolTip_);
+        trayIcon_->setToolTip(QString::fromStdString(toolTip_));
     }
 }
 
@@ -135,7 +134,7 @@ void StatusItem::showInSystemTray() {
         return;
     }
     trayIcon_ = std::make_unique<QSystemTrayIcon>(painted_);
-    trayIcon_->setToolTip(toolTip_);
+    trayIcon_->setToolTip(QString::fromStdString(toolTip_));
     trayIcon_->setContextMenu(&popup_.menu());
     QObject::connect(trayIcon_.get(), &QSystemTrayIcon::activated, trayIcon_.get(),
                      [this](QSystemTrayIcon::ActivationReason reason) {
@@ -166,7 +165,7 @@ void StatusItem::paintIcon() {
     for (const auto &image : images) {
         painted_.addPixmap(QPixmap::fromImage(image));
     }
-    busItem_->item.setIcon(images, QString::fromStdString(icon_->image.description));
+    busItem_->item.setIcon(images, icon_->image.description);
     if (trayIcon_) {
         trayIcon_->setIcon(painted_);
     }

@@ -37,7 +37,7 @@ class StatusItem : public platform::StatusItem {
   private:
     /// The item's objects on one connection to the message bus, by which a panel identifies it.
     struct BusItem {
-        BusItem(StatusItem &owner, const QDBusConnection &bus);
+        BusItem(StatusItem &owner, freedesktop::BusConnection &bus);
 
         freedesktop::DBusMenuExporter menu;
         freedesktop::StatusNotifierItem item;
@@ -64,7 +64,7 @@ class StatusItem : public platform::StatusItem {
     std::unique_ptr<QSystemTrayIcon> trayIcon_;
     std::optional<StatusIcon> icon_;
     QIcon painted_;
-    QString toolTip_;
+    std::string toolTip_;
 };
 
 /// The status area of the desktop's panel. Main thread.

@@ -2,6 +2,7 @@
 
 #include "EventLoop.h"
 #include "FakePanel.h"
+#include "platform/freedesktop/bus/SessionBus.h"
 
 #include <QDBusConnection>
 #include <gtest/gtest.h>
@@ -22,19 +23,16 @@ using freedesktop::RegistrationState;
 /// An item on a bus connection of its own, and the states its registration has had.
 class Item {
   public:
-    explicit Item(QDBusConnection bus)
-        : bus_(std::move(bus)),
+    explicit Item(const std::string &busAddress = freedesktop::sessionBusAddress())
+        : bus_(busAddress, {}),
           registration_(bus_,
                         {.willRegister = [this] { ++announcements_; },
                          .changed = [this](RegistrationState state) { states_.push_back(state); }},
                         interval) {}
-    explicit Item(const QString &name)
-        : Item(QDBusConnection::connectToBus(QDBusConnection::SessionBus, name)) {}
-    ~Item() { QDBusConnection::disconnectFromBus(bus_.name()); }
     Item(const Item &) = delete;
     Item &operator=(const Item &) = delete;
 
-    QString client() const { return bus_.baseService(); }
+    QString client() const { return QString::fromStdString(bus_.name()); }
     int announcements() const { return announcements_; }
     const std::vector<RegistrationState> &states() const { return states_; }
 
@@ -45,32 +43,32 @@ class Item {
     static constexpr std::chrono::milliseconds interval{50};
 
   private:
-    QDBusConnection bus_;
+    freedesktop::BusConnection bus_;
     int announcements_ = 0;
     std::vector<RegistrationState> states_;
     freedesktop::StatusNotifierRegistration registration_;
 };
 
 TEST(StatusNotifierRegistrationTest, IsUnavailableWithoutABus) {
-    const Item item(QDBusConnection(u"no such connection"_s));
+    const Item item("");
     EXPECT_TRUE(item.waitFor(RegistrationState::unavailable));
 }
 
 TEST(StatusNotifierRegistrationTest, IsUnavailableWithoutAWatcher) {
-    const Item item(u"one"_s);
+    const Item item;
     EXPECT_TRUE(item.waitFor(RegistrationState::unavailable));
 }
 
 TEST(StatusNotifierRegistrationTest, RegistersBeforeItReportsSo) {
     const FakePanel panel(FakePanel::Reply::yes);
-    const Item item(u"one"_s);
+    const Item item;
     ASSERT_TRUE(item.waitFor(RegistrationState::registered));
     EXPECT_GE(panel.registrations(), 1);
     EXPECT_EQ(item.announcements(), panel.registrations());
 }
 
 TEST(StatusNotifierRegistrationTest, FindsAPanelThatComesLater) {
-    const Item item(u"one"_s);
+    const Item item;
     ASSERT_TRUE(item.waitFor(RegistrationState::unavailable));
     const FakePanel panel(FakePanel::Reply::yes);
     EXPECT_TRUE(item.waitFor(RegistrationState::registered));
@@ -81,7 +79,7 @@ class StatusNotifierReplyTest
 
 TEST_P(StatusNotifierReplyTest, RetriesUntilThePanelShowsItems) {
     FakePanel panel(GetParam().first);
-    const Item item(u"one"_s);
+    const Item item;
     ASSERT_TRUE(item.waitFor(GetParam().second));
     const int before = panel.requests();
     ASSERT_TRUE(turnUntil([&] { return panel.requests() >= before + 3; }));
@@ -99,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(StatusNotifierRegistrationTest, RegistersAgainUntilThePanelTakesTheItem) {
     FakePanel panel(FakePanel::Reply::yes);
     panel.setTakesItems(false);
-    const Item item(u"one"_s);
+    const Item item;
     ASSERT_TRUE(item.waitFor(RegistrationState::unavailable));
     const int before = panel.registrations();
     ASSERT_TRUE(turnUntil([&] { return panel.registrations() >= before + 3; }));
@@ -109,9 +107,9 @@ TEST(StatusNotifierRegistrationTest, RegistersAgainUntilThePanelTakesTheItem) {
 
 TEST(StatusNotifierRegistrationTest, StopsCallingAPanelThatShowsTheItem) {
     FakePanel panel(FakePanel::Reply::yes);
-    const Item shown(u"one"_s);
+    const Item shown;
     ASSERT_TRUE(shown.waitFor(RegistrationState::registered));
-    const Item other(u"other"_s);
+    const Item other;
     panel.setReplyTo(other.client(), FakePanel::Reply::no);
     const int before = panel.requestsOf(shown.client());
     ASSERT_TRUE(turnUntil([&] { return panel.requestsOf(other.client()) >= 5; }));
@@ -125,7 +123,7 @@ TEST(StatusNotifierRegistrationTest, IgnoresTheReplyOfAPanelThatHasGone) {
         old.resign();
         bus.registerService(u"org.kde.StatusNotifierWatcher"_s);
     });
-    const Item item(u"one"_s);
+    const Item item;
     // The new owner has no such object, so its error arrives after the reply of the old one.
     EXPECT_TRUE(turnUntil([&] { return !item.states().empty(); }));
     EXPECT_EQ(item.states().front(), RegistrationState::unresponsive);

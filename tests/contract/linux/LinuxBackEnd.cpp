@@ -14,12 +14,18 @@ bool LinuxBackEnd::turnUntil(const std::function<bool()> &condition) {
     return contract::turnUntil(condition);
 }
 
+/// The platform subscribes in the background, so the signal is sent until it has arrived.
 void LinuxBackEnd::announceLock(bool isLocked) {
     auto signal = QDBusMessage::createSignal(QStringLiteral("/ScreenSaver"),
                                              QStringLiteral("org.freedesktop.ScreenSaver"),
                                              QStringLiteral("ActiveChanged"));
     signal << isLocked;
-    QDBusConnection::sessionBus().send(signal);
+    const auto expected =
+        isLocked ? platform::SessionState::locked : platform::SessionState::active;
+    turnUntil([&] {
+        QDBusConnection::sessionBus().send(signal);
+        return platform_.userSession().state() == expected;
+    });
 }
 
 void LinuxBackEnd::click(Point point) {

@@ -2,20 +2,12 @@
 
 #include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/UserDirectories.h"
-#include "platform/posix/UnixSocket.h"
 
-#include <array>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
-#include <string_view>
 #include <utility>
 
-#include <poll.h>
-
 namespace corvane::freedesktop {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,42 +16,6 @@ constexpr std::chrono::seconds reconnectInterval{3};
 constexpr const char *addressVariable = "DBUS_SESSION_BUS_ADDRESS";
 /// libdbus knows no such transport and fails to connect, at once and without launching a bus.
 constexpr const char *noBus = "disabled:";
-
-/// Qt keeps connections by name, lost ones included.
-QString nextConnectionName() {
-    static int connections = 0;
-    return u"session-bus-%1"_s.arg(++connections);
-}
-
-/// The socket of an address such as "unix:path=/run/user/1000/bus,guid=..."; empty for a bus that
-/// listens elsewhere than in the file system.
-std::filesystem::path socketOf(const std::string &address) {
-    const QString first = QString::fromStdString(address).section(u';', 0, 0);
-    const QString transport = u"unix:"_s;
-    if (!first.startsWith(transport)) {
-        return {};
-    }
-    const QString key = u"path="_s;
-    for (const QString &part : first.mid(transport.size()).split(u',')) {
-        if (part.startsWith(key)) {
-            return QByteArray::fromPercentEncoding(part.mid(key.size()).toUtf8()).toStdString();
-        }
-    }
-    return {};
-}
-
-/// Whether a bus accepts the first line of the D-Bus authentication within a short timeout. Qt
-/// would block the main thread on a socket that accepts connections and never replies.
-bool authenticates(const posix::FileDescriptor &connection) {
-    constexpr std::chrono::milliseconds timeout{100};
-    const std::string user = QByteArray::number(geteuid()).toHex().toStdString();
-    posix::sendSome(connection, std::string(1, '\0') + "AUTH EXTERNAL " + user + "\r\n");
-    pollfd reply{.fd = connection.get(), .events = POLLIN, .revents = 0};
-    std::array<char, 64> bytes{};
-    return poll(&reply, 1, static_cast<int>(timeout.count())) == 1 &&
-           read(connection.get(), bytes.data(), bytes.size()) > 0 &&
-           std::string_view(bytes.data(), bytes.size()).starts_with("OK");
-}
 
 } // namespace
 
@@ -70,6 +26,11 @@ std::string sessionBusAddress() {
     }
     const auto runtime = linux::runtimeDirectory();
     return address.empty() && runtime ? "unix:path=" + (*runtime / "bus").string() : address;
+}
+
+std::string systemBusAddress() {
+    const std::string address = linux::environmentVariable("DBUS_SYSTEM_BUS_ADDRESS");
+    return address.empty() ? "unix:path=/run/dbus/system_bus_socket" : address;
 }
 
 void preventBusLaunch() {
@@ -86,55 +47,41 @@ void surviveLostBuses() {
 SessionBus::SessionBus(std::function<void()> changed, std::string address, uid_t user)
     : changed_(std::move(changed)),
       address_(std::move(address)),
-      user_(user) {
+      user_(user),
+      connection_(std::make_unique<BusConnection>(
+          address_, BusConnection::Listener{.lost = [this] { handleLoss(); }})) {
     reconnectTimer_.setInterval(reconnectInterval);
-    connect(&reconnectTimer_, &QTimer::timeout, this, &SessionBus::reconnect);
-    connectToBus();
-}
-
-SessionBus::~SessionBus() { disconnectFromBus(); }
-
-void SessionBus::connectToBus() {
-    if (address_.empty()) {
-        return;
-    }
-    connection_ =
-        QDBusConnection::connectToBus(QString::fromStdString(address_), nextConnectionName());
-    if (!connection_.isConnected()) {
-        disconnectFromBus();
+    QObject::connect(&reconnectTimer_, &QTimer::timeout, &reconnectTimer_, [this] { reconnect(); });
+    if (!connection_->isOpen() && !address_.empty()) {
         reconnectTimer_.start();
+    }
+}
+
+/// What is registered with the lost connection ends in `changed_`.
+void SessionBus::handleLoss() {
+    if (attempt_) {
+        attempt_.reset();
         return;
     }
-    reconnectTimer_.stop();
-    connection_.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
-                        u"Disconnected"_s, this, SLOT(handleDisconnect()));
-}
-
-void SessionBus::disconnectFromBus() {
-    QDBusConnection::disconnectFromBus(connection_.name());
-    connection_ = QDBusConnection(QString());
-}
-
-void SessionBus::handleDisconnect() {
-    disconnectFromBus();
+    const auto lost = std::exchange(connection_, std::make_unique<BusConnection>());
     reconnectTimer_.start();
     changed_();
 }
 
+/// Another user may have taken the path of a bus that is gone, and what a bus delivers is trusted.
 void SessionBus::reconnect() {
-    if (!isBusListening()) {
-        return;
-    }
-    connectToBus();
-    if (connection_.isConnected()) {
-        changed_();
+    attempt_ = std::make_unique<BusConnection>(
+        address_, BusConnection::Listener{.connected = [this] { takeOver(); },
+                                          .lost = [this] { handleLoss(); }});
+    if (attempt_->busUser() != user_) {
+        attempt_.reset();
     }
 }
 
-/// Another user may have taken the path of a bus that is gone, and what a bus delivers is trusted.
-bool SessionBus::isBusListening() const {
-    const auto socket = posix::connectTo(socketOf(address_));
-    return socket && posix::peerOf(*socket) == user_ && authenticates(*socket);
+void SessionBus::takeOver() {
+    reconnectTimer_.stop();
+    const auto none = std::exchange(connection_, std::move(attempt_));
+    changed_();
 }
 
 } // namespace corvane::freedesktop

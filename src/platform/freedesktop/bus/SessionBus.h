@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QObject>
+#include "platform/freedesktop/bus/BusConnection.h"
+
 #include <QTimer>
 
 #include <functional>
+#include <memory>
 #include <string>
 
 #include <sys/types.h>
@@ -15,8 +16,11 @@ namespace corvane::freedesktop {
 /// The address of the session's message bus; empty where the session has none.
 std::string sessionBusAddress();
 
+/// The address of the system's message bus.
+std::string systemBusAddress();
+
 /// Keeps every library of this process from launching a message bus where the session has none, as
-/// libdbus would. Called before there are other threads.
+/// libdbus would for Qt. Called before there are other threads.
 void preventBusLaunch();
 
 /// Lets this process survive a bus that goes while Qt asks it for the owner of a name: Qt then
@@ -26,33 +30,30 @@ void surviveLostBuses();
 
 /// A connection to the session's message bus that is made anew when the bus has gone and another
 /// listens at the same address. Main thread.
-class SessionBus : public QObject {
-    Q_OBJECT
-
+class SessionBus {
   public:
-    /// Connects at once where there is a bus. `changed` is called when the connection is lost and
-    /// when it has been made anew, which happens only with a bus that runs as `user`.
+    /// Connects where there is a bus. `changed` is called when the connection is lost and when it
+    /// has been made anew, which happens only with a bus that runs as `user`.
     explicit SessionBus(std::function<void()> changed, std::string address = sessionBusAddress(),
                         uid_t user = geteuid());
-    ~SessionBus() override;
     SessionBus(const SessionBus &) = delete;
     SessionBus &operator=(const SessionBus &) = delete;
 
-    /// The present connection; not connected while there is no bus.
-    const QDBusConnection &connection() const { return connection_; }
+    /// The present connection, until `changed` has been called; not open while there is no bus.
+    BusConnection &connection() { return *connection_; }
 
   private:
-    Q_SLOT void handleDisconnect();
-
-    void connectToBus();
-    void disconnectFromBus();
+    void handleLoss();
+    /// Whoever listens without accepting the connection is given up at the next attempt.
     void reconnect();
-    bool isBusListening() const;
+    void takeOver();
 
     const std::function<void()> changed_;
     const std::string address_;
     const uid_t user_;
-    QDBusConnection connection_{QString()};
+    std::unique_ptr<BusConnection> connection_;
+    /// One that the bus has not accepted yet.
+    std::unique_ptr<BusConnection> attempt_;
     QTimer reconnectTimer_;
 };
 

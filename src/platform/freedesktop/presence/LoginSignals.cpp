@@ -1,10 +1,8 @@
 #include "platform/freedesktop/presence/LoginSignals.h"
 
-#include <QDBusMessage>
-#include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
+#include "platform/linux/environment/EnvironmentVariable.h"
 
+#include <chrono>
 #include <utility>
 
 #include <unistd.h>
@@ -13,69 +11,70 @@ namespace corvane::freedesktop {
 
 namespace {
 
-const QString service = QStringLiteral("org.freedesktop.login1");
-const QString managerPath = QStringLiteral("/org/freedesktop/login1");
-const QString managerInterface = QStringLiteral("org.freedesktop.login1.Manager");
-const QString sessionInterface = QStringLiteral("org.freedesktop.login1.Session");
+constexpr const char *service = "org.freedesktop.login1";
+constexpr const char *sessionInterface = "org.freedesktop.login1.Session";
+constexpr const char *propertiesInterface = "org.freedesktop.DBus.Properties";
 
 /// A call for the object path of this program's session. Only a process inside the session's own
 /// control group can be looked up by its number; a user service has the variable instead.
-QDBusMessage sessionRequest() {
-    const QString session = qEnvironmentVariable("XDG_SESSION_ID");
-    auto request = QDBusMessage::createMethodCall(
-        service, managerPath, managerInterface,
-        session.isEmpty() ? QStringLiteral("GetSessionByPID") : QStringLiteral("GetSession"));
-    request << (session.isEmpty() ? QVariant::fromValue(static_cast<uint>(getpid()))
-                                  : QVariant(session));
-    request.setAutoStartService(false);
+BusMessage sessionRequest(const BusConnection &bus) {
+    const std::string session = linux::environmentVariable("XDG_SESSION_ID");
+    BusMessage request =
+        bus.newCall({service, "/org/freedesktop/login1", "org.freedesktop.login1.Manager",
+                     session.empty() ? "GetSessionByPID" : "GetSession"});
+    if (session.empty()) {
+        request.write(static_cast<std::uint32_t>(getpid()));
+    } else {
+        request.write(session);
+    }
     return request;
 }
 
 } // namespace
 
-LoginSignals::LoginSignals(QDBusConnection bus, Callbacks callbacks)
-    : bus_(std::move(bus)),
-      callbacks_(std::move(callbacks)) {
-    if (bus_.isConnected()) {
-        findSession();
-    }
+LoginSignals::LoginSignals(const std::string &busAddress, Callbacks callbacks)
+    : callbacks_(std::move(callbacks)),
+      bus_(busAddress, {}) {
+    findSession();
 }
 
 void LoginSignals::findSession() {
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
-    auto *pending = new QDBusPendingCallWatcher(bus_.asyncCall(sessionRequest()), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending] {
-        pending->deleteLater();
-        const QDBusPendingReply<QDBusObjectPath> session = *pending;
-        if (!session.isError()) {
-            watchSession(session.value().path());
+    constexpr std::chrono::seconds timeout{25};
+    request_ = bus_.call(sessionRequest(bus_), timeout, [this](BusMessage &reply) {
+        if (!reply.isError() && reply.hasSignature("o")) {
+            watchSession(reply.readPath());
         }
     });
 }
 
-void LoginSignals::watchSession(const QString &path) {
-    bus_.connect(service, path, sessionInterface, QStringLiteral("Lock"), this, SLOT(locked()));
-    bus_.connect(service, path, sessionInterface, QStringLiteral("Unlock"), this, SLOT(unlocked()));
-    bus_.connect(service, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-                 QStringLiteral("PropertiesChanged"), this,
-                 SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
+void LoginSignals::watchSession(const std::string &path) {
+    const auto watch = [&](const char *interface, const char *name, BusConnection::Handler handle) {
+        signals_.push_back(bus_.subscribe(
+            signalRule({.sender = service, .path = path, .interface = interface, .name = name}),
+            std::move(handle)));
+    };
+    watch(sessionInterface, "Lock", [this](BusMessage &) { callbacks_.lockChanged(true); });
+    watch(sessionInterface, "Unlock", [this](BusMessage &) { callbacks_.lockChanged(false); });
+    watch(propertiesInterface, "PropertiesChanged",
+          [this](BusMessage &signal) { propertiesChanged(signal); });
 }
 
-void LoginSignals::locked() { callbacks_.lockChanged(true); }
-
-void LoginSignals::unlocked() { callbacks_.lockChanged(false); }
-
-void LoginSignals::propertiesChanged(const QString &interface, const QVariantMap &changed,
-                                     const QStringList & /*invalidated*/) {
-    if (interface != sessionInterface) {
+void LoginSignals::propertiesChanged(BusMessage &signal) {
+    if (!signal.hasSignature("sa{sv}as") || signal.readText() != sessionInterface) {
         return;
     }
-    if (const auto hint = changed.constFind(QStringLiteral("LockedHint")); hint != changed.cend()) {
-        callbacks_.lockChanged(hint->toBool());
-    }
-    if (const auto active = changed.constFind(QStringLiteral("Active")); active != changed.cend()) {
-        callbacks_.activeChanged(active->toBool());
-    }
+    signal.readArray("{sv}", [&] {
+        signal.readEntry("sv", [&] {
+            const std::string name = signal.readText();
+            if (name == "LockedHint") {
+                signal.readVariant("b", [&] { callbacks_.lockChanged(signal.readBool()); });
+            } else if (name == "Active") {
+                signal.readVariant("b", [&] { callbacks_.activeChanged(signal.readBool()); });
+            } else {
+                signal.skip("v");
+            }
+        });
+    });
 }
 
 } // namespace corvane::freedesktop

@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QObject>
-#include <QStringList>
-#include <QVariantMap>
+#include "platform/freedesktop/bus/BusConnection.h"
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace corvane::freedesktop {
 
 /// Signals of the login manager (org.freedesktop.login1) about the session this program is in. Main
 /// thread.
-class LoginSignals : public QObject {
-    Q_OBJECT
-
+class LoginSignals {
   public:
     struct Callbacks {
         std::function<void(bool isLocked)> lockChanged;
@@ -21,19 +18,17 @@ class LoginSignals : public QObject {
         std::function<void(bool isActive)> activeChanged;
     };
 
-    LoginSignals(QDBusConnection bus, Callbacks callbacks);
+    LoginSignals(const std::string &busAddress, Callbacks callbacks);
 
   private:
-    Q_SLOT void locked();
-    Q_SLOT void unlocked();
-    Q_SLOT void propertiesChanged(const QString &interface, const QVariantMap &changed,
-                                  const QStringList &invalidated);
-
     void findSession();
-    void watchSession(const QString &path);
+    void watchSession(const std::string &path);
+    void propertiesChanged(BusMessage &signal);
 
-    QDBusConnection bus_;
     const Callbacks callbacks_;
+    BusConnection bus_;
+    BusSlot request_;
+    std::vector<BusSlot> signals_;
 };
 
 } // namespace corvane::freedesktop

@@ -1,9 +1,7 @@
 #include "platform/freedesktop/presence/ScreenSaverSignals.h"
 
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-
 #include <array>
+#include <chrono>
 #include <utility>
 
 namespace corvane::freedesktop {
@@ -21,60 +19,59 @@ constexpr std::array interfaces = {"org.freedesktop.ScreenSaver", "org.mate.Scre
 ScreenSaverSignals::ScreenSaverSignals(std::string busAddress,
                                        std::function<void(bool isLocked)> changed)
     : changed_(std::move(changed)),
-      bus_([this] { busChanged(); }, std::move(busAddress)) {
-    savers_.setWatchMode(QDBusServiceWatcher::WatchForUnregistration);
-    connect(&savers_, &QDBusServiceWatcher::serviceUnregistered, this, &ScreenSaverSignals::gone);
+      bus_([this] { handleBusChange(); }, std::move(busAddress)) {
     listen();
 }
 
-void ScreenSaverSignals::busChanged() {
-    for (const QString &saver : savers_.watchedServices()) {
-        gone(saver);
+void ScreenSaverSignals::handleBusChange() {
+    if (!std::exchange(lockers_, {}).empty()) {
+        changed_(false);
     }
     listen();
 }
 
 void ScreenSaverSignals::listen() {
-    QDBusConnection bus = bus_.connection();
-    if (!bus.isConnected()) {
-        return;
-    }
-    savers_.setConnection(bus);
+    signals_.clear();
     for (const char *interface : interfaces) {
-        bus.connect(QString(), QString(), QString::fromLatin1(interface),
-                    QStringLiteral("ActiveChanged"), this, SLOT(activeChanged(bool, QDBusMessage)));
+        signals_.push_back(bus_.connection().subscribe(
+            signalRule({.interface = interface, .name = "ActiveChanged"}),
+            [this](BusMessage &signal) { handleSignal(signal); }));
     }
 }
 
-void ScreenSaverSignals::activeChanged(bool isLocked, const QDBusMessage &message) {
+void ScreenSaverSignals::handleSignal(BusMessage &signal) {
+    if (!signal.hasSignature("b")) {
+        return;
+    }
+    const bool isLocked = signal.readBool();
     changed_(isLocked);
     if (isLocked) {
-        watch(message.service());
+        watch(signal.sender());
     } else {
-        savers_.setWatchedServices({});
+        lockers_.clear();
     }
 }
 
 /// A locker that crashes sends no signal, and it may have crashed before it is watched.
-void ScreenSaverSignals::watch(const QString &saver) {
-    savers_.addWatchedService(saver);
-    auto request = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("NameHasOwner"));
-    request << saver;
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): deletes itself when it has finished
-    auto *pending = new QDBusPendingCallWatcher(bus_.connection().asyncCall(request), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this, [this, pending, saver] {
-        pending->deleteLater();
-        const QDBusPendingReply<bool> isThere = *pending;
-        if (!isThere.isError() && !isThere.value()) {
-            gone(saver);
-        }
-    });
+void ScreenSaverSignals::watch(const std::string &saver) {
+    constexpr std::chrono::seconds timeout{25};
+    BusConnection &bus = bus_.connection();
+    BusMessage request = bus.newCall(busMethod("NameHasOwner"));
+    request.write(saver);
+    lockers_[saver] = {.ownerChange =
+                           bus.subscribe(ownerChangeRule(saver),
+                                         [this, saver](BusMessage &) { handleEnd(saver); }),
+                       .request = bus.call(request, timeout, [this, saver](BusMessage &reply) {
+                           if (!reply.isError() && reply.hasSignature("b") && !reply.readBool()) {
+                               handleEnd(saver);
+                           }
+                       })};
 }
 
-void ScreenSaverSignals::gone(const QString &saver) {
-    if (savers_.removeWatchedService(saver)) {
+/// The owner of a name that belongs to one connection changes only when that ends.
+void ScreenSaverSignals::handleEnd(const std::string &saver) {
+    const std::string ended = saver;
+    if (lockers_.erase(ended) > 0) {
         changed_(false);
     }
 }

@@ -4,10 +4,10 @@
 
 namespace corvane::freedesktop {
 
-UserSession::UserSession(std::string sessionBusAddress, const QDBusConnection &systemBus)
+UserSession::UserSession(std::string sessionBusAddress, const std::string &systemBusAddress)
     : desktop_(std::move(sessionBusAddress),
                [this](bool isLocked) { set(isLockedByDesktop_, isLocked); }),
-      login_(systemBus,
+      login_(systemBusAddress,
              {.lockChanged = [this](bool isLocked) { set(isLockedByLoginManager_, isLocked); },
               .activeChanged = [this](bool isActive) { set(isOtherUserActive_, !isActive); }}) {}
 

@@ -4,8 +4,6 @@
 #include "platform/freedesktop/presence/LoginSignals.h"
 #include "platform/freedesktop/presence/ScreenSaverSignals.h"
 
-#include <QDBusConnection>
-
 #include <string>
 
 namespace corvane::freedesktop {
@@ -14,7 +12,8 @@ namespace corvane::freedesktop {
 /// is not there announces nothing. Main thread.
 class UserSession : public platform::UserSession {
   public:
-    UserSession(std::string sessionBusAddress, const QDBusConnection &systemBus);
+    /// The addresses of the message buses; an empty one for a bus that is not there.
+    UserSession(std::string sessionBusAddress, const std::string &systemBusAddress);
 
     platform::SessionState state() const override;
     void whenChanged(std::function<void()> changed) override { changed_ = std::move(changed); }

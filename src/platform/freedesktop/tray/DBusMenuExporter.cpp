@@ -4,145 +4,109 @@
 #include "presentation/MenuAlignment.h"
 
 #include <QBuffer>
-#include <QDBusVariant>
 #include <QTimer>
 
+#include <algorithm>
 #include <iterator>
+#include <span>
 #include <utility>
 
 namespace corvane::freedesktop {
 
-using namespace Qt::StringLiterals;
-
 namespace {
-
-/// (ia{sv}): an item and some of its properties.
-struct ItemProperties {
-    int id = 0;
-    QVariantMap properties;
-};
-
-/// (ias): an item and the names of properties that have their default value again.
-struct RemovedProperties {
-    int id = 0;
-    QStringList names;
-};
-
-/// (ia{sv}av): an item with its submenu.
-struct ItemLayout {
-    int id = 0;
-    QVariantMap properties;
-    QList<ItemLayout> children;
-};
-
-QDBusArgument &operator<<(QDBusArgument &argument, const ItemProperties &value) {
-    argument.beginStructure();
-    argument << value.id << value.properties;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const RemovedProperties &value) {
-    argument.beginStructure();
-    argument << value.id << value.names;
-    argument.endStructure();
-    return argument;
-}
-
-QDBusArgument &operator<<(QDBusArgument &argument, const ItemLayout &value) {
-    argument.beginStructure();
-    argument << value.id << value.properties;
-    argument.beginArray(QMetaType::fromType<QDBusVariant>());
-    for (const auto &child : value.children) {
-        argument << QDBusVariant(QVariant::fromValue(child));
-    }
-    argument.endArray();
-    argument.endStructure();
-    return argument;
-}
-
-void registerTypes() {
-    registerSentType<ItemProperties>();
-    registerSentType<RemovedProperties>();
-    registerSentType<ItemLayout>();
-    registerSentType<QList<ItemProperties>>();
-    registerSentType<QList<RemovedProperties>>();
-    qDBusRegisterMetaType<QList<QStringList>>();
-    qDBusRegisterMetaType<QList<int>>();
-}
 
 /// The colours of the panel's menu are unknown: this grey is visible on light and on dark.
 const QColor imageColour(0x82, 0x82, 0x86);
 constexpr int imagePixels = 32;
 
-QByteArray png(const QImage &image) {
+std::vector<std::byte> png(const QImage &image) {
     QByteArray data;
     QBuffer buffer(&data);
     buffer.open(QIODevice::WriteOnly);
     // Little compression is enough for a drawing of a few lines.
     constexpr int fast = 80;
     image.save(&buffer, "PNG", fast);
-    return data;
+    const auto bytes =
+        std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
+    return {bytes.begin(), bytes.end()};
 }
 
-QVariantMap named(const QVariantMap &properties, const QStringList &names) {
-    if (names.isEmpty()) {
-        return properties;
-    }
-    QVariantMap wanted;
-    for (const auto &name : names) {
-        if (properties.contains(name)) {
-            wanted.insert(name, properties.value(name));
-        }
-    }
-    return wanted;
-}
-
-template <typename Node>
-ItemLayout layoutOf(const Node &node, int depth, const QStringList &names) {
-    ItemLayout layout{node.id, named(node.properties, names), {}};
-    if (depth != 0) {
-        for (const auto &child : node.children) {
-            layout.children << layoutOf(child, depth < 0 ? depth : depth - 1, names);
-        }
-    }
-    return layout;
-}
+/// Selects a function by the type of its argument.
+template <typename... Functions>
+struct Overloaded : Functions... {
+    using Functions::operator()...;
+};
 
 } // namespace
 
 struct DBusMenuExporter::Changes {
-    QList<ItemProperties> updated;
-    QList<RemovedProperties> removed;
+    struct Updated {
+        std::int32_t id;
+        Properties properties;
+    };
+    struct Removed {
+        std::int32_t id;
+        std::vector<std::string> names;
+    };
+
+    std::vector<Updated> updated;
+    /// Properties that have their default value again.
+    std::vector<Removed> removed;
     /// Ids of the nodes with new children.
-    QList<int> layouts;
+    std::vector<std::int32_t> layouts;
 };
 
-DBusMenuExporter::DBusMenuExporter(const QDBusConnection &connection,
-                                   drawing::SymbolImages &symbols,
+const sd_bus_vtable DBusMenuExporter::table[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::getLayout>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("GetGroupProperties", "aias", "a(ia{sv})",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::getGroupProperties>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("GetProperty", "is", "v",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::getProperty>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("Event", "isvu", "", (handleCall<DBusMenuExporter, &DBusMenuExporter::event>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("EventGroup", "a(isvu)", "ai",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::eventGroup>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("AboutToShow", "i", "b",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::aboutToShow>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("AboutToShowGroup", "ai", "aiai",
+                  (handleCall<DBusMenuExporter, &DBusMenuExporter::aboutToShowGroup>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_SIGNAL("ItemsPropertiesUpdated", "a(ia{sv})a(ias)", 0),
+    SD_BUS_SIGNAL("LayoutUpdated", "ui", 0),
+    SD_BUS_PROPERTY("Version", "u",
+                    (readProperty<DBusMenuExporter, [](const DBusMenuExporter &,
+                                                       BusMessage &reply) { reply.write(3U); }>),
+                    0, 0),
+    SD_BUS_PROPERTY(
+        "Status", "s",
+        (readProperty<DBusMenuExporter,
+                      [](const DBusMenuExporter &, BusMessage &reply) { reply.write("normal"); }>),
+        0, 0),
+    SD_BUS_PROPERTY("TextDirection", "s",
+                    (readProperty<DBusMenuExporter, [](const DBusMenuExporter &,
+                                                       BusMessage &reply) { reply.write("ltr"); }>),
+                    0, 0),
+    SD_BUS_PROPERTY(
+        "IconThemePath", "as",
+        (readProperty<DBusMenuExporter,
+                      [](const DBusMenuExporter &, BusMessage &reply) { reply.writeTexts({}); }>),
+        0, 0),
+    SD_BUS_VTABLE_END};
+
+DBusMenuExporter::DBusMenuExporter(BusConnection &bus, drawing::SymbolImages &symbols,
                                    std::function<void(const MenuCommand &)> perform)
-    : DBusObject(connection, u"/MenuBar"_s, u"com.canonical.dbusmenu"_s),
+    : BusObject(bus, "/MenuBar", "com.canonical.dbusmenu"),
       symbols_(symbols),
       perform_(std::move(perform)) {
-    registerTypes();
-    root_.properties.insert(u"children-display"_s, u"submenu"_s);
-    const auto with = [this](auto handle) {
-        return [this, handle](const QVariantList &arguments) { return (this->*handle)(arguments); };
-    };
-    const auto isUpToDate = [](const QVariantList &) { return Reply(QVariantList{false}); };
-    const auto areUpToDate = [](const QVariantList &) {
-        const auto none = QVariant::fromValue(QList<int>{});
-        return Reply(QVariantList{none, none});
-    };
-    offer({{u"GetLayout"_s, u"iias"_s, u"u(ia{sv}av)"_s, with(&DBusMenuExporter::getLayout)},
-           {u"GetGroupProperties"_s, u"aias"_s, u"a(ia{sv})"_s,
-            with(&DBusMenuExporter::getGroupProperties)},
-           {u"GetProperty"_s, u"is"_s, u"v"_s, with(&DBusMenuExporter::getProperty)},
-           {u"Event"_s, u"isvu"_s, {}, with(&DBusMenuExporter::event)},
-           {u"EventGroup"_s, u"a(isvu)"_s, u"ai"_s, with(&DBusMenuExporter::eventGroup)},
-           {u"AboutToShow"_s, u"i"_s, u"b"_s, isUpToDate},
-           {u"AboutToShowGroup"_s, u"ai"_s, u"aiai"_s, areUpToDate}},
-          {{u"ItemsPropertiesUpdated"_s, u"a(ia{sv})a(ias)"_s}, {u"LayoutUpdated"_s, u"ui"_s}});
+    root_.properties.emplace("children-display", "submenu");
+    offer(table, this);
 }
 
 void DBusMenuExporter::setMenu(const Menu &menu) {
@@ -175,27 +139,27 @@ void DBusMenuExporter::patch(Node &node, MenuItem &from, const MenuItem &to, Cha
     from = to;
 }
 
-void DBusMenuExporter::patchProperties(Node &node, const QVariantMap &properties,
-                                       Changes &changes) {
-    const auto before = std::exchange(node.properties, properties);
-    ItemProperties updated{.id = node.id};
-    for (auto property = properties.cbegin(); property != properties.cend(); ++property) {
-        if (before.value(property.key()) != property.value()) {
-            updated.properties.insert(property.key(), property.value());
+void DBusMenuExporter::patchProperties(Node &node, Properties properties, Changes &changes) {
+    Changes::Updated updated{.id = node.id, .properties = {}};
+    for (const auto &[name, value] : properties) {
+        const auto before = node.properties.find(name);
+        if (before == node.properties.end() || before->second != value) {
+            updated.properties.emplace(name, value);
         }
     }
-    if (!updated.properties.isEmpty()) {
-        changes.updated << updated;
+    if (!updated.properties.empty()) {
+        changes.updated.push_back(std::move(updated));
     }
-    RemovedProperties removed{.id = node.id};
-    for (auto property = before.cbegin(); property != before.cend(); ++property) {
-        if (!properties.contains(property.key())) {
-            removed.names << property.key();
+    Changes::Removed removed{.id = node.id, .names = {}};
+    for (const auto &[name, value] : node.properties) {
+        if (!properties.contains(name)) {
+            removed.names.emplace_back(name);
         }
     }
-    if (!removed.names.isEmpty()) {
-        changes.removed << removed;
+    if (!removed.names.empty()) {
+        changes.removed.push_back(std::move(removed));
     }
+    node.properties = std::move(properties);
 }
 
 void DBusMenuExporter::patchChildren(Node &node, std::vector<MenuItem> &from,
@@ -218,137 +182,219 @@ void DBusMenuExporter::patchChildren(Node &node, std::vector<MenuItem> &from,
     for (auto index = alignment.leading; index < alignment.leading + alignment.inserted; ++index) {
         behind = std::next(node.children.insert(behind, makeNode(to[index])));
     }
-    changes.layouts << node.id;
+    changes.layouts.push_back(node.id);
     from = to;
 }
 
 void DBusMenuExporter::send(const Changes &changes) {
-    if (!changes.updated.isEmpty() || !changes.removed.isEmpty()) {
-        emitSignal(u"ItemsPropertiesUpdated"_s,
-                   {QVariant::fromValue(changes.updated), QVariant::fromValue(changes.removed)});
+    if (!changes.updated.empty() || !changes.removed.empty()) {
+        emitSignal("ItemsPropertiesUpdated", [&changes](BusMessage &signal) {
+            signal.writeArray("(ia{sv})", [&] {
+                for (const auto &item : changes.updated) {
+                    signal.writeStructure("ia{sv}", [&] {
+                        signal.write(item.id);
+                        write(signal, item.properties);
+                    });
+                }
+            });
+            signal.writeArray("(ias)", [&] {
+                for (const auto &item : changes.removed) {
+                    signal.writeStructure("ias", [&] {
+                        signal.write(item.id);
+                        signal.writeTexts(item.names);
+                    });
+                }
+            });
+        });
     }
-    for (const auto id : changes.layouts) {
-        emitSignal(u"LayoutUpdated"_s, {++revision_, id});
+    for (const std::int32_t id : changes.layouts) {
+        ++revision_;
+        emitSignal("LayoutUpdated", [this, id](BusMessage &signal) {
+            signal.write(revision_);
+            signal.write(id);
+        });
     }
 }
 
-QVariantMap DBusMenuExporter::propertiesOf(const MenuItem &item) {
+DBusMenuExporter::Properties DBusMenuExporter::propertiesOf(const MenuItem &item) {
     if (item.isSeparator) {
-        return {{u"type"_s, u"separator"_s}};
+        return {{"type", "separator"}};
     }
     const auto text = drawing::fittedToScreens(drawing::menuText(item));
-    QVariantMap properties{{u"label"_s, drawing::panelLabel(text)}, {u"enabled"_s, item.isEnabled}};
+    Properties properties{{"label", drawing::panelLabel(text).toStdString()},
+                          {"enabled", item.isEnabled}};
     if (!text.keys.isEmpty()) {
-        properties.insert(u"shortcut"_s,
-                          QVariant::fromValue(QList<QStringList>{drawing::panelKeys(text)}));
+        Keys keys;
+        for (const QString &key : drawing::panelKeys(text)) {
+            keys.names.push_back(key.toStdString());
+        }
+        properties.emplace("shortcut", std::move(keys));
     }
     if (item.isOn) {
-        properties.insert(u"toggle-type"_s, u"checkmark"_s);
-        properties.insert(u"toggle-state"_s, 1);
+        properties.emplace("toggle-type", "checkmark");
+        properties.emplace("toggle-state", 1);
     }
     if (item.image) {
-        const QByteArray image = imageData(item.image->name);
-        if (!image.isEmpty()) {
-            properties.insert(u"icon-data"_s, image);
+        const auto &image = imageData(item.image->name);
+        if (!image.empty()) {
+            properties.emplace("icon-data", Image{&image});
         }
     }
     if (item.submenu) {
-        properties.insert(u"children-display"_s, u"submenu"_s);
+        properties.emplace("children-display", "submenu");
     }
     return properties;
 }
 
-QByteArray DBusMenuExporter::imageData(const std::string &symbol) {
+const std::vector<std::byte> &DBusMenuExporter::imageData(const std::string &symbol) {
     const auto known = imageData_.find(symbol);
     if (known != imageData_.end()) {
         return known->second;
     }
     const QImage image = symbols_.image(symbol, imageColour, imagePixels);
-    return imageData_.emplace(symbol, image.isNull() ? QByteArray() : png(image)).first->second;
+    return imageData_.emplace(symbol, image.isNull() ? std::vector<std::byte>() : png(image))
+        .first->second;
 }
 
-QVariantMap DBusMenuExporter::properties() const {
-    return {{u"Version"_s, 3U},
-            {u"Status"_s, u"normal"_s},
-            {u"TextDirection"_s, u"ltr"_s},
-            {u"IconThemePath"_s, QStringList{}}};
+void DBusMenuExporter::write(BusMessage &message, const Value &value) {
+    const auto basic = [&message](const char *type) {
+        return [&message, type](const auto &content) {
+            message.writeVariant(type, [&] { message.write(content); });
+        };
+    };
+    std::visit(Overloaded{[&](bool on) { basic("b")(on); },
+                          [&](std::int32_t number) { basic("i")(number); },
+                          [&](const std::string &text) { basic("s")(text); },
+                          [&](const Keys &keys) {
+                              message.writeVariant("aas", [&] {
+                                  message.writeArray("as", [&] { message.writeTexts(keys.names); });
+                              });
+                          },
+                          [&](const Image &image) {
+                              message.writeVariant("ay", [&] { message.writeBytes(*image.file); });
+                          }},
+               value);
 }
 
-DBusObject::Reply DBusMenuExporter::getLayout(const QVariantList &arguments) const {
-    const auto *node = find(root_, arguments.value(0).toInt());
-    if (!node) {
-        return std::nullopt;
-    }
-    const auto depth = arguments.value(1, -1).toInt();
-    const auto names = arguments.value(2).toStringList();
-    return QVariantList{revision_, QVariant::fromValue(layoutOf(*node, depth, names))};
-}
-
-DBusObject::Reply DBusMenuExporter::getGroupProperties(const QVariantList &arguments) const {
-    const auto names = arguments.value(1).toStringList();
-    QList<ItemProperties> answers;
-    for (const auto id : qdbus_cast<QList<int>>(arguments.value(0))) {
-        if (const auto *node = find(root_, id)) {
-            answers << ItemProperties{id, named(node->properties, names)};
+void DBusMenuExporter::write(BusMessage &message, const Properties &properties,
+                             const std::vector<std::string> &names) {
+    message.writeArray("{sv}", [&] {
+        for (const auto &[name, value] : properties) {
+            if (names.empty() || std::ranges::find(names, name) != names.end()) {
+                message.writeEntry("sv", [&] {
+                    message.write(name.data());
+                    write(message, value);
+                });
+            }
         }
-    }
-    return QVariantList{QVariant::fromValue(answers)};
+    });
 }
 
-DBusObject::Reply DBusMenuExporter::getProperty(const QVariantList &arguments) const {
-    const auto *node = find(root_, arguments.value(0).toInt());
-    const auto name = arguments.value(1).toString();
-    if (!node || !node->properties.contains(name)) {
-        return std::nullopt;
-    }
-    return QVariantList{QVariant::fromValue(QDBusVariant(node->properties.value(name)))};
+void DBusMenuExporter::writeLayout(BusMessage &message, const Node &node, int depth,
+                                   const std::vector<std::string> &names) {
+    message.writeStructure("ia{sv}av", [&] {
+        message.write(node.id);
+        write(message, node.properties, names);
+        message.writeArray("v", [&] {
+            if (depth == 0) {
+                return;
+            }
+            for (const Node &child : node.children) {
+                message.writeVariant("(ia{sv}av)", [&] {
+                    writeLayout(message, child, depth < 0 ? depth : depth - 1, names);
+                });
+            }
+        });
+    });
 }
 
-DBusObject::Reply DBusMenuExporter::event(const QVariantList &arguments) {
-    if (!handleEvent(arguments.value(0).toInt(), arguments.value(1).toString())) {
-        return std::nullopt;
-    }
-    return QVariantList{};
-}
-
-DBusObject::Reply DBusMenuExporter::eventGroup(const QVariantList &arguments) {
-    const auto events = arguments.value(0).value<QDBusArgument>();
-    QList<int> unknown;
-    events.beginArray();
-    while (!events.atEnd()) {
-        int id = 0;
-        QString eventName;
-        QDBusVariant data;
-        uint timestamp = 0;
-        events.beginStructure();
-        events >> id >> eventName >> data >> timestamp;
-        events.endStructure();
-        if (!handleEvent(id, eventName)) {
-            unknown << id;
-        }
-    }
-    events.endArray();
-    return QVariantList{QVariant::fromValue(unknown)};
-}
-
-bool DBusMenuExporter::handleEvent(int id, const QString &name) {
-    const auto *node = find(root_, id);
-    if (!node) {
+bool DBusMenuExporter::getLayout(BusMessage &call, BusMessage &reply) {
+    const Node *node = find(root_, call.readInt());
+    if (node == nullptr) {
         return false;
     }
-    if (name == u"clicked" && node->isEnabled && node->command.action != ActionID::none) {
-        QTimer::singleShot(0, this,
+    const std::int32_t depth = call.readInt();
+    reply.write(revision_);
+    writeLayout(reply, *node, depth, call.readTexts());
+    return true;
+}
+
+bool DBusMenuExporter::getGroupProperties(BusMessage &call, BusMessage &reply) {
+    const auto ids = call.readInts();
+    const auto names = call.readTexts();
+    reply.writeArray("(ia{sv})", [&] {
+        for (const std::int32_t id : ids) {
+            if (const Node *node = find(root_, id)) {
+                reply.writeStructure("ia{sv}", [&] {
+                    reply.write(id);
+                    write(reply, node->properties, names);
+                });
+            }
+        }
+    });
+    return true;
+}
+
+bool DBusMenuExporter::getProperty(BusMessage &call, BusMessage &reply) {
+    const Node *node = find(root_, call.readInt());
+    const std::string name = call.readText();
+    if (node == nullptr || !node->properties.contains(name)) {
+        return false;
+    }
+    write(reply, node->properties.at(name));
+    return true;
+}
+
+bool DBusMenuExporter::event(BusMessage &call, BusMessage & /*reply*/) {
+    const std::int32_t id = call.readInt();
+    return handleEvent(id, call.readText());
+}
+
+bool DBusMenuExporter::eventGroup(BusMessage &call, BusMessage &reply) {
+    std::vector<std::int32_t> unknown;
+    call.readArray("(isvu)", [&] {
+        call.readStructure("isvu", [&] {
+            const std::int32_t id = call.readInt();
+            if (!handleEvent(id, call.readText())) {
+                unknown.push_back(id);
+            }
+            call.skip("vu");
+        });
+    });
+    reply.writeInts(unknown);
+    return true;
+}
+
+/// The panel always has the present menu.
+bool DBusMenuExporter::aboutToShow(BusMessage & /*call*/, BusMessage &reply) {
+    reply.write(false);
+    return true;
+}
+
+bool DBusMenuExporter::aboutToShowGroup(BusMessage & /*call*/, BusMessage &reply) {
+    reply.writeInts({});
+    reply.writeInts({});
+    return true;
+}
+
+bool DBusMenuExporter::handleEvent(std::int32_t id, std::string_view name) {
+    const Node *node = find(root_, id);
+    if (node == nullptr) {
+        return false;
+    }
+    if (name == "clicked" && node->isEnabled && node->command.action != ActionID::none) {
+        QTimer::singleShot(0, &pending_,
                            [perform = perform_, command = node->command] { perform(command); });
     }
     return true;
 }
 
-const DBusMenuExporter::Node *DBusMenuExporter::find(const Node &node, int id) {
+const DBusMenuExporter::Node *DBusMenuExporter::find(const Node &node, std::int32_t id) {
     if (node.id == id) {
         return &node;
     }
-    for (const auto &child : node.children) {
-        if (const auto *found = find(child, id)) {
+    for (const Node &child : node.children) {
+        if (const Node *found = find(child, id)) {
             return found;
         }
     }

@@ -1,12 +1,18 @@
 #pragma once
 
 #include "platform/drawing/SymbolImages.h"
-#include "platform/freedesktop/bus/DBusObject.h"
+#include "platform/freedesktop/bus/BusObject.h"
 #include "presentation/Menu.h"
 
+#include <QObject>
+
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
+#include <variant>
 #include <vector>
 
 namespace corvane::freedesktop {
@@ -14,24 +20,34 @@ namespace corvane::freedesktop {
 /// Exports a menu over com.canonical.dbusmenu for the desktop's panel to draw. An unchanged menu
 /// sends nothing, changed texts and states are sent alone; only inserted and removed items make the
 /// panel read the layout again. Main thread.
-class DBusMenuExporter : public DBusObject {
+class DBusMenuExporter : public BusObject {
   public:
     /// `perform` receives each command the user chooses, in a later event-loop iteration.
-    DBusMenuExporter(const QDBusConnection &connection, drawing::SymbolImages &symbols,
+    DBusMenuExporter(BusConnection &bus, drawing::SymbolImages &symbols,
                      std::function<void(const MenuCommand &)> perform);
 
     void setMenu(const Menu &menu);
 
-  protected:
-    QVariantMap properties() const override;
-
   private:
+    /// The keys of a shortcut, such as "Control" and "Q".
+    struct Keys {
+        std::vector<std::string> names;
+        bool operator==(const Keys &) const = default;
+    };
+    /// A file in PNG format, kept with the symbols.
+    struct Image {
+        const std::vector<std::byte> *file;
+        bool operator==(const Image &) const = default;
+    };
+    using Value = std::variant<bool, std::int32_t, std::string, Keys, Image>;
+    /// Those that do not have their default value, by their names in the standard.
+    using Properties = std::map<std::string_view, Value>;
     /// An item under the id that the panel knows it by; 0 is the menu itself.
     struct Node {
-        int id = 0;
+        std::int32_t id = 0;
         MenuCommand command;
         bool isEnabled = true;
-        QVariantMap properties;
+        Properties properties;
         std::vector<Node> children;
     };
     /// What a new menu changed.
@@ -42,29 +58,42 @@ class DBusMenuExporter : public DBusObject {
     void patch(Node &node, MenuItem &from, const MenuItem &to, Changes &changes);
     void patchChildren(Node &node, std::vector<MenuItem> &from, const std::vector<MenuItem> &to,
                        Changes &changes);
-    static void patchProperties(Node &node, const QVariantMap &properties, Changes &changes);
+    static void patchProperties(Node &node, Properties properties, Changes &changes);
     void send(const Changes &changes);
-    QVariantMap propertiesOf(const MenuItem &item);
+    Properties propertiesOf(const MenuItem &item);
     /// The symbol as a PNG file; empty for an unknown symbol.
-    QByteArray imageData(const std::string &symbol);
+    const std::vector<std::byte> &imageData(const std::string &symbol);
 
-    Reply getLayout(const QVariantList &arguments) const;
-    Reply getGroupProperties(const QVariantList &arguments) const;
-    Reply getProperty(const QVariantList &arguments) const;
-    Reply event(const QVariantList &arguments);
-    Reply eventGroup(const QVariantList &arguments);
+    static void write(BusMessage &message, const Value &value);
+    /// a{sv}: those with these names, or all where there are no names.
+    static void write(BusMessage &message, const Properties &properties,
+                      const std::vector<std::string> &names = {});
+    /// (ia{sv}av), with submenus to that depth; negative for all.
+    static void writeLayout(BusMessage &message, const Node &node, int depth,
+                            const std::vector<std::string> &names);
+
+    static const sd_bus_vtable table[];
+    bool getLayout(BusMessage &call, BusMessage &reply);
+    bool getGroupProperties(BusMessage &call, BusMessage &reply);
+    bool getProperty(BusMessage &call, BusMessage &reply);
+    bool event(BusMessage &call, BusMessage &reply);
+    bool eventGroup(BusMessage &call, BusMessage &reply);
+    bool aboutToShow(BusMessage &call, BusMessage &reply);
+    bool aboutToShowGroup(BusMessage &call, BusMessage &reply);
     /// False for an unknown id.
-    bool handleEvent(int id, const QString &name);
+    bool handleEvent(std::int32_t id, std::string_view name);
 
-    static const Node *find(const Node &node, int id);
+    static const Node *find(const Node &node, std::int32_t id);
 
     drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
-    std::map<std::string, QByteArray> imageData_;
+    std::map<std::string, std::vector<std::byte>> imageData_;
     Menu shown_;
     Node root_;
-    int lastId_ = 0;
-    uint revision_ = 1;
+    std::int32_t lastId_ = 0;
+    std::uint32_t revision_ = 1;
+    /// The context of commands that are still to be carried out.
+    QObject pending_;
 };
 
 } // namespace corvane::freedesktop

@@ -1,7 +1,5 @@
 #include "platform/freedesktop/tray/StatusNotifierItem.h"
 
-#include <QCoreApplication>
-#include <QDBusObjectPath>
 #include <QTimer>
 #include <QtEndian>
 
@@ -9,112 +7,127 @@
 
 namespace corvane::freedesktop {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-/// (iiay): an image in ARGB, 32 bits a pixel, most significant byte first.
-struct Pixmap {
-    int width = 0;
-    int height = 0;
-    QByteArray bytes;
-};
+template <auto write>
+constexpr sd_bus_property_get_t get = readProperty<StatusNotifierItem, write>;
 
-/// (sa(iiay)ss)
-struct ToolTip {
-    QString iconName;
-    QList<Pixmap> icon;
-    QString title;
-    QString text;
-};
+using Item = const StatusNotifierItem &;
 
-QDBusArgument &operator<<(QDBusArgument &argument, const Pixmap &value) {
-    argument.beginStructure();
-    argument << value.width << value.height << value.bytes;
-    argument.endStructure();
-    return argument;
-}
+void writeNothing(Item /*item*/, BusMessage &reply) { reply.write(""); }
 
-QDBusArgument &operator<<(QDBusArgument &argument, const ToolTip &value) {
-    argument.beginStructure();
-    argument << value.iconName << value.icon << value.title << value.text;
-    argument.endStructure();
-    return argument;
-}
-
-void registerTypes() {
-    registerSentType<Pixmap>();
-    registerSentType<QList<Pixmap>>();
-    registerSentType<ToolTip>();
-}
-
-Pixmap pixmapOf(const QImage &image) {
-    const auto argb = image.convertToFormat(QImage::Format_ARGB32);
-    Pixmap pixmap{argb.width(), argb.height(), {}};
-    pixmap.bytes.resize(argb.sizeInBytes());
-    qToBigEndian<quint32>(argb.constBits(), argb.sizeInBytes() / 4, pixmap.bytes.data());
-    return pixmap;
+void writeNoPixmaps(Item /*item*/, BusMessage &reply) {
+    reply.writeArray("(iiay)", [] {});
 }
 
 } // namespace
 
-StatusNotifierItem::StatusNotifierItem(const QDBusConnection &connection, QString menuPath,
+/// ItemIsMenu makes a left click open the menu, as on other desktops.
+const sd_bus_vtable StatusNotifierItem::table[] = {
+    SD_BUS_VTABLE_START(0),
+    SD_BUS_METHOD("Activate", "ii", "",
+                  (handleCall<StatusNotifierItem, &StatusNotifierItem::click>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("ContextMenu", "ii", "",
+                  (handleCall<StatusNotifierItem, &StatusNotifierItem::click>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("SecondaryActivate", "ii", "",
+                  (handleCall<StatusNotifierItem, &StatusNotifierItem::click>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("Scroll", "is", "", (handleCall<StatusNotifierItem, &StatusNotifierItem::ignore>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD("ProvideXdgActivationToken", "s", "",
+                  (handleCall<StatusNotifierItem, &StatusNotifierItem::ignore>),
+                  SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_SIGNAL("NewTitle", "", 0),
+    SD_BUS_SIGNAL("NewIcon", "", 0),
+    SD_BUS_SIGNAL("NewToolTip", "", 0),
+    SD_BUS_PROPERTY("Category", "s",
+                    get<[](Item, BusMessage &reply) { reply.write("ApplicationStatus"); }>, 0, 0),
+    SD_BUS_PROPERTY("Id", "s", get<[](Item, BusMessage &reply) { reply.write("corvane"); }>, 0, 0),
+    SD_BUS_PROPERTY("Title", "s",
+                    get<[](Item item, BusMessage &reply) { reply.write(item.description_); }>, 0,
+                    0),
+    SD_BUS_PROPERTY("Status", "s", get<[](Item, BusMessage &reply) { reply.write("Active"); }>, 0,
+                    0),
+    SD_BUS_PROPERTY("WindowId", "i", get<[](Item, BusMessage &reply) { reply.write(0); }>, 0, 0),
+    SD_BUS_PROPERTY("IconThemePath", "s", get<writeNothing>, 0, 0),
+    SD_BUS_PROPERTY("IconName", "s", get<writeNothing>, 0, 0),
+    SD_BUS_PROPERTY("IconPixmap", "a(iiay)",
+                    get<[](Item item, BusMessage &reply) { write(reply, item.pixmaps_); }>, 0, 0),
+    SD_BUS_PROPERTY("OverlayIconName", "s", get<writeNothing>, 0, 0),
+    SD_BUS_PROPERTY("OverlayIconPixmap", "a(iiay)", get<writeNoPixmaps>, 0, 0),
+    SD_BUS_PROPERTY("AttentionIconName", "s", get<writeNothing>, 0, 0),
+    SD_BUS_PROPERTY("AttentionIconPixmap", "a(iiay)", get<writeNoPixmaps>, 0, 0),
+    SD_BUS_PROPERTY("AttentionMovieName", "s", get<writeNothing>, 0, 0),
+    SD_BUS_PROPERTY("ToolTip", "(sa(iiay)ss)", get<[](Item item, BusMessage &reply) {
+                        reply.writeStructure("sa(iiay)ss", [&] {
+                            writeNothing(item, reply);
+                            writeNoPixmaps(item, reply);
+                            reply.write(item.toolTip_);
+                            reply.write("");
+                        });
+                    }>,
+                    0, 0),
+    SD_BUS_PROPERTY("ItemIsMenu", "b", get<[](Item, BusMessage &reply) { reply.write(true); }>, 0,
+                    0),
+    SD_BUS_PROPERTY("Menu", "o",
+                    get<[](Item item, BusMessage &reply) { reply.writePath(item.menuPath_); }>, 0,
+                    0),
+    SD_BUS_VTABLE_END};
+
+StatusNotifierItem::StatusNotifierItem(BusConnection &bus, std::string menuPath,
                                        std::function<void(QPoint)> activate)
-    : DBusObject(connection, u"/StatusNotifierItem"_s, u"org.kde.StatusNotifierItem"_s),
+    : BusObject(bus, "/StatusNotifierItem", "org.kde.StatusNotifierItem"),
       menuPath_(std::move(menuPath)),
-      pixmaps_(QVariant::fromValue(QList<Pixmap>{})) {
-    registerTypes();
-    const auto click = [this, activate = std::move(activate)](const QVariantList &position) {
-        const QPoint point(position.value(0).toInt(), position.value(1).toInt());
-        QTimer::singleShot(0, this, [activate, point] { activate(point); });
-        return Reply(QVariantList{});
-    };
-    const auto ignore = [](const QVariantList &) { return Reply(QVariantList{}); };
-    offer({{u"Activate"_s, u"ii"_s, {}, click},
-           {u"ContextMenu"_s, u"ii"_s, {}, click},
-           {u"SecondaryActivate"_s, u"ii"_s, {}, click},
-           {u"Scroll"_s, u"is"_s, {}, ignore},
-           {u"ProvideXdgActivationToken"_s, u"s"_s, {}, ignore}},
-          {{u"NewTitle"_s, {}}, {u"NewIcon"_s, {}}, {u"NewToolTip"_s, {}}});
+      activate_(std::move(activate)) {
+    offer(table, this);
 }
 
-void StatusNotifierItem::setIcon(const QList<QImage> &images, const QString &description) {
-    QList<Pixmap> pixmaps;
-    for (const auto &image : images) {
-        pixmaps << pixmapOf(image);
+void StatusNotifierItem::setIcon(const QList<QImage> &images, const std::string &description) {
+    pixmaps_.clear();
+    for (const QImage &image : images) {
+        pixmaps_.push_back(pixmapOf(image));
     }
-    pixmaps_ = QVariant::fromValue(pixmaps);
-    emitSignal(u"NewIcon"_s);
+    emitSignal("NewIcon");
     if (description_ != description) {
         description_ = description;
-        emitSignal(u"NewTitle"_s);
+        emitSignal("NewTitle");
     }
 }
 
-void StatusNotifierItem::setToolTip(const QString &text) {
+void StatusNotifierItem::setToolTip(const std::string &text) {
     toolTip_ = text;
-    emitSignal(u"NewToolTip"_s);
+    emitSignal("NewToolTip");
 }
 
-/// ItemIsMenu makes a left click open the menu, as on other desktops.
-QVariantMap StatusNotifierItem::properties() const {
-    const auto noPixmaps = QVariant::fromValue(QList<Pixmap>{});
-    return {{u"Category"_s, u"ApplicationStatus"_s},
-            {u"Id"_s, QCoreApplication::applicationName()},
-            {u"Title"_s, description_},
-            {u"Status"_s, u"Active"_s},
-            {u"WindowId"_s, 0},
-            {u"IconThemePath"_s, QString()},
-            {u"IconName"_s, QString()},
-            {u"IconPixmap"_s, pixmaps_},
-            {u"OverlayIconName"_s, QString()},
-            {u"OverlayIconPixmap"_s, noPixmaps},
-            {u"AttentionIconName"_s, QString()},
-            {u"AttentionIconPixmap"_s, noPixmaps},
-            {u"AttentionMovieName"_s, QString()},
-            {u"ToolTip"_s, QVariant::fromValue(ToolTip{.title = toolTip_})},
-            {u"ItemIsMenu"_s, true},
-            {u"Menu"_s, QVariant::fromValue(QDBusObjectPath(menuPath_))}};
+StatusNotifierItem::Pixmap StatusNotifierItem::pixmapOf(const QImage &image) {
+    const auto argb = image.convertToFormat(QImage::Format_ARGB32);
+    Pixmap pixmap{.width = argb.width(), .height = argb.height(), .bytes = {}};
+    pixmap.bytes.resize(static_cast<std::size_t>(argb.sizeInBytes()));
+    qToBigEndian<quint32>(argb.constBits(), argb.sizeInBytes() / 4, pixmap.bytes.data());
+    return pixmap;
 }
+
+void StatusNotifierItem::write(BusMessage &message, const std::vector<Pixmap> &pixmaps) {
+    message.writeArray("(iiay)", [&] {
+        for (const Pixmap &pixmap : pixmaps) {
+            message.writeStructure("iiay", [&] {
+                message.write(pixmap.width);
+                message.write(pixmap.height);
+                message.writeBytes(pixmap.bytes);
+            });
+        }
+    });
+}
+
+bool StatusNotifierItem::click(BusMessage &call, BusMessage & /*reply*/) {
+    const int x = call.readInt();
+    const int y = call.readInt();
+    QTimer::singleShot(0, &pending_, [activate = activate_, x, y] { activate({x, y}); });
+    return true;
+}
+
+bool StatusNotifierItem::ignore(BusMessage & /*call*/, BusMessage & /*reply*/) { return true; }
 
 } // namespace corvane::freedesktop

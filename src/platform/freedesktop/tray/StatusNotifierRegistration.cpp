@@ -1,101 +1,85 @@
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
 
-#include <QDBusConnectionInterface>
-#include <QDBusReply>
-#include <QDBusVariant>
-
 #include <utility>
 
 namespace corvane::freedesktop {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
-const QString service = u"org.kde.StatusNotifierWatcher"_s;
-const QString path = u"/StatusNotifierWatcher"_s;
+constexpr const char *service = "org.kde.StatusNotifierWatcher";
+constexpr const char *path = "/StatusNotifierWatcher";
 
-QDBusMessage callOf(const QString &watcher, const QString &interface, const QString &method,
-                    const QVariantList &arguments) {
-    auto message = QDBusMessage::createMethodCall(watcher, path, interface, method);
-    message.setArguments(arguments);
-    return message;
+BusMessage callForHost(const BusConnection &bus, const char *watcher) {
+    BusMessage call = bus.newCall({watcher, path, "org.freedesktop.DBus.Properties", "Get"});
+    call.write(service);
+    call.write("IsStatusNotifierHostRegistered");
+    return call;
 }
 
-QDBusMessage callForHost(const QString &watcher) {
-    return callOf(watcher, u"org.freedesktop.DBus.Properties"_s, u"Get"_s,
-                  {service, u"IsStatusNotifierHostRegistered"_s});
-}
-
-bool isReply(const QDBusMessage &message) { return message.type() == QDBusMessage::ReplyMessage; }
-
-bool confirmsHost(const QDBusMessage &reply) {
-    return isReply(reply) && reply.arguments().value(0).value<QDBusVariant>().variant().toBool();
+bool confirmsHost(BusMessage &reply) {
+    bool isRegistered = false;
+    if (!reply.isError() && reply.hasSignature("v")) {
+        reply.readVariant("b", [&] { isRegistered = reply.readBool(); });
+    }
+    return isRegistered;
 }
 
 } // namespace
 
-bool hasStatusNotifierHost() {
-    constexpr int timeout = static_cast<int>(StatusNotifierRegistration::defaultInterval.count());
-    const auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"host-query"_s);
-    auto call = callForHost(service);
-    call.setAutoStartService(false);
-    const auto reply = bus.call(call, QDBus::Block, timeout);
-    QDBusConnection::disconnectFromBus(bus.name());
+bool hasStatusNotifierHost(const std::string &busAddress) {
+    BusConnection bus(busAddress, {});
+    BusMessage reply =
+        bus.callAndWait(callForHost(bus, service), StatusNotifierRegistration::defaultInterval);
     return confirmsHost(reply);
 }
 
-StatusNotifierRegistration::StatusNotifierRegistration(QDBusConnection connection,
-                                                       Listener listener,
+StatusNotifierRegistration::StatusNotifierRegistration(BusConnection &bus, Listener listener,
                                                        std::chrono::milliseconds interval)
-    : connection_(std::move(connection)),
+    : bus_(bus),
       listener_(std::move(listener)),
-      interval_(interval),
-      ownerChanges_(service, connection_) {
+      interval_(interval) {
     attempt_.setSingleShot(true);
     retry_.setSingleShot(true);
-    QObject::connect(&attempt_, &QTimer::timeout, &attempt_, [this] { start(); });
-    QObject::connect(&retry_, &QTimer::timeout, &attempt_, [this] { start(); });
-    QObject::connect(&ownerChanges_, &QDBusServiceWatcher::serviceOwnerChanged, &attempt_,
-                     [this] { attempt_.start(); });
-    for (const auto &signal :
-         {u"StatusNotifierHostRegistered"_s, u"StatusNotifierHostUnregistered"_s}) {
-        connection_.connect(service, path, service, signal, &attempt_, SLOT(start()));
+    for (QTimer *timer : {&attempt_, &retry_}) {
+        QObject::connect(timer, &QTimer::timeout, timer, [this] { start(); });
     }
+    const auto tryAgain = [this](BusMessage &) { attempt_.start(); };
+    watcherChanges_ = {
+        bus_.subscribe(ownerChangeRule(service), tryAgain),
+        bus_.subscribe(
+            signalRule({.sender = service, .path = path, .name = "StatusNotifierHostRegistered"}),
+            tryAgain),
+        bus_.subscribe(
+            signalRule({.sender = service, .path = path, .name = "StatusNotifierHostUnregistered"}),
+            tryAgain)};
     attempt_.start();
 }
 
 void StatusNotifierRegistration::start() {
     retry_.stop();
-    called_ = connection_.isConnected() ? watcherOwner() : QString();
-    if (called_.isEmpty()) {
+    called_ = watcherOwner();
+    if (called_.empty()) {
         setState(RegistrationState::unavailable);
         return;
     }
-    call(callForHost(called_), &StatusNotifierRegistration::handleHostReply);
+    call(callForHost(bus_, called_.c_str()), &StatusNotifierRegistration::handleHostReply);
 }
 
 void StatusNotifierRegistration::registerItem() {
     listener_.willRegister();
-    call(callOf(called_, service, u"RegisterStatusNotifierItem"_s, {connection_.baseService()}),
-         &StatusNotifierRegistration::handleRegistrationReply);
+    BusMessage request =
+        bus_.newCall({called_.c_str(), path, service, "RegisterStatusNotifierItem"});
+    request.write(bus_.name());
+    call(request, &StatusNotifierRegistration::handleRegistrationReply);
 }
 
 void StatusNotifierRegistration::call(
-    const QDBusMessage &message,
-    void (StatusNotifierRegistration::*handleReply)(const QDBusMessage &)) {
-    const int timeout = static_cast<int>(interval_.count());
-    // NOLINTNEXTLINE(cppcoreguidelines-owning-memory): the pointer's deleter is deleteLater
-    pending_.reset(new QDBusPendingCallWatcher(connection_.asyncCall(message, timeout)));
-    QObject::connect(pending_.get(), &QDBusPendingCallWatcher::finished, &attempt_,
-                     [this, handleReply](const QDBusPendingCallWatcher *finished) {
-                         if (finished == pending_.get()) {
-                             (this->*handleReply)(finished->reply());
-                         }
-                     });
+    const BusMessage &message, void (StatusNotifierRegistration::*handleReply)(BusMessage &)) {
+    pending_ = bus_.call(message, interval_,
+                         [this, handleReply](BusMessage &reply) { (this->*handleReply)(reply); });
 }
 
-void StatusNotifierRegistration::handleHostReply(const QDBusMessage &reply) {
+void StatusNotifierRegistration::handleHostReply(BusMessage &reply) {
     if (confirmsHost(reply)) {
         registerItem();
     } else {
@@ -103,19 +87,19 @@ void StatusNotifierRegistration::handleHostReply(const QDBusMessage &reply) {
     }
 }
 
-void StatusNotifierRegistration::handleRegistrationReply(const QDBusMessage &reply) {
-    finish(reply, isReply(reply));
+void StatusNotifierRegistration::handleRegistrationReply(BusMessage &reply) {
+    finish(reply, !reply.isError());
 }
 
 /// A reply counts only if the present watcher sent it. A watcher that did not take the item is
 /// called again: it may have been busy starting, and none announces that it is ready.
-void StatusNotifierRegistration::finish(const QDBusMessage &reply, bool isRegistered) {
-    const QString watcher = watcherOwner();
-    if (watcher.isEmpty()) {
+void StatusNotifierRegistration::finish(const BusMessage &reply, bool isRegistered) {
+    const std::string watcher = watcherOwner();
+    if (watcher.empty()) {
         setState(RegistrationState::unavailable);
         return;
     }
-    const bool hasReplied = watcher == called_ && QDBusError(reply).type() != QDBusError::NoReply;
+    const bool hasReplied = watcher == called_ && !reply.isError(BusConnection::noReply);
     if (hasReplied && isRegistered) {
         setState(RegistrationState::registered);
         return;
@@ -132,8 +116,11 @@ void StatusNotifierRegistration::setState(RegistrationState state) {
 
 /// Empty without a watcher. A call to the bus, because the signal of a change may still be in
 /// flight.
-QString StatusNotifierRegistration::watcherOwner() const {
-    return connection_.interface()->serviceOwner(service);
+std::string StatusNotifierRegistration::watcherOwner() const {
+    BusMessage call = bus_.newCall(busMethod("GetNameOwner"));
+    call.write(service);
+    BusMessage reply = bus_.callAndWait(call, interval_);
+    return reply.hasSignature("s") && !reply.isError() ? reply.readText() : std::string();
 }
 
 } // namespace corvane::freedesktop

@@ -1,23 +1,20 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusServiceWatcher>
-#include <QObject>
-#include <QScopedPointer>
+#include "platform/freedesktop/bus/BusConnection.h"
+
 #include <QTimer>
 
+#include <array>
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <optional>
+#include <string>
 
 namespace corvane::freedesktop {
 
 /// Whether a panel on the session bus shows status notifier items. Blocks until the panel replies,
 /// for a few seconds at most.
-bool hasStatusNotifierHost();
+bool hasStatusNotifierHost(const std::string &busAddress);
 
 enum class RegistrationState {
     /// The panel shows the item.
@@ -44,33 +41,32 @@ class StatusNotifierRegistration {
 
     /// `interval` is the timeout of a call and the pause before a watcher that refused the item or
     /// did not reply is called again.
-    StatusNotifierRegistration(QDBusConnection connection, Listener listener,
+    StatusNotifierRegistration(BusConnection &bus, Listener listener,
                                std::chrono::milliseconds interval = defaultInterval);
 
   private:
     void start();
     void registerItem();
-    void call(const QDBusMessage &message,
-              void (StatusNotifierRegistration::*handleReply)(const QDBusMessage &));
-    void handleHostReply(const QDBusMessage &reply);
-    void handleRegistrationReply(const QDBusMessage &reply);
-    void finish(const QDBusMessage &reply, bool isRegistered);
+    void call(const BusMessage &message,
+              void (StatusNotifierRegistration::*handleReply)(BusMessage &));
+    void handleHostReply(BusMessage &reply);
+    void handleRegistrationReply(BusMessage &reply);
+    void finish(const BusMessage &reply, bool isRegistered);
     void setState(RegistrationState state);
-    QString watcherOwner() const;
+    std::string watcherOwner() const;
 
-    QDBusConnection connection_;
+    BusConnection &bus_;
     const Listener listener_;
     const std::chrono::milliseconds interval_;
-    /// Merges the events of one event-loop iteration into one attempt. The context of every
-    /// connection made here.
+    /// Merges the events of one event-loop iteration into one attempt.
     QTimer attempt_;
     QTimer retry_;
-    QDBusServiceWatcher ownerChanges_;
-    /// The watcher that was called last, by the name of its connection. Calls go there and not to
-    /// the well-known name, because Qt 6.8 no longer says who sent a reply.
-    QString called_;
+    /// Another watcher, or a host that comes or goes.
+    std::array<BusSlot, 3> watcherChanges_;
+    /// The watcher that was called last, by the name of its connection.
+    std::string called_;
     /// The call in flight; replies to earlier calls are dropped.
-    std::unique_ptr<QDBusPendingCallWatcher, QScopedPointerDeleteLater> pending_;
+    BusSlot pending_;
     std::optional<RegistrationState> state_;
 };
 
