@@ -43,6 +43,10 @@ Menu menu() {
              {.title = "Profiles", .submenu = profiles}}};
 }
 
+/// The program's name on the bus. sd-bus treats a call without a destination as a broadcast, which
+/// no object receives.
+const QString programName = u":1.1"_s;
+
 /// Accepts a program as a bus does.
 class Greeter : public QDBusVirtualObject {
   public:
@@ -52,7 +56,7 @@ class Greeter : public QDBusVirtualObject {
 
     bool handleMessage(const QDBusMessage &message, const QDBusConnection &connection) override {
         hasGreeted = true;
-        return connection.send(message.createReply(u":1.1"_s));
+        return connection.send(message.createReply(programName));
     }
 };
 
@@ -73,7 +77,7 @@ class Conversation {
 
     /// The answer, also where it is a refusal.
     QDBusMessage call(const QString &method, const QVariantList &arguments) const {
-        auto message = QDBusMessage::createMethodCall(QString(), u"/MenuBar"_s,
+        auto message = QDBusMessage::createMethodCall(programName, u"/MenuBar"_s,
                                                       u"com.canonical.dbusmenu"_s, method);
         message.setArguments(arguments);
         // A machine that sleeps meanwhile is no broken promise.
