@@ -5,11 +5,14 @@
 #include "platform/freedesktop/bus/SessionBus.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <gtest/gtest.h>
 
 #include <chrono>
 #include <utility>
 #include <vector>
+
+#include <signal.h>
 
 namespace corvane::contract {
 
@@ -102,6 +105,35 @@ TEST(StatusNotifierRegistrationTest, RegistersAgainUntilThePanelTakesTheItem) {
     const int before = panel.registrations();
     ASSERT_TRUE(turnUntil([&] { return panel.registrations() >= before + 3; }));
     panel.setTakesItems(true);
+    EXPECT_TRUE(item.waitFor(RegistrationState::registered));
+}
+
+/// A process that is stopped until the end of the object.
+class StoppedProcess {
+  public:
+    explicit StoppedProcess(pid_t process) : process_(process) { kill(process_, SIGSTOP); }
+    ~StoppedProcess() { kill(process_, SIGCONT); }
+    StoppedProcess(const StoppedProcess &) = delete;
+    StoppedProcess &operator=(const StoppedProcess &) = delete;
+
+  private:
+    const pid_t process_;
+};
+
+TEST(StatusNotifierRegistrationTest, TriesAgainWhenTheBusDidNotReply) {
+    FakePanel old(FakePanel::Reply::yes);
+    const Item item;
+    ASSERT_TRUE(item.waitFor(RegistrationState::registered));
+    old.resign();
+    const FakePanel panel(FakePanel::Reply::yes);
+    // The item has the signal of the change when the bus has replied to a later call.
+    const uint bus =
+        QDBusConnection::sessionBus().interface()->servicePid(u"org.freedesktop.DBus"_s);
+    ASSERT_GT(bus, 1U);
+    {
+        const StoppedProcess stopped(static_cast<pid_t>(bus));
+        ASSERT_TRUE(item.waitFor(RegistrationState::unresponsive));
+    }
     EXPECT_TRUE(item.waitFor(RegistrationState::registered));
 }
 

@@ -1,5 +1,6 @@
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace corvane::freedesktop {
@@ -57,11 +58,16 @@ StatusNotifierRegistration::StatusNotifierRegistration(BusConnection &bus, Liste
 
 void StatusNotifierRegistration::start() {
     retry_.stop();
-    called_ = watcherOwner();
-    if (called_.empty()) {
+    const auto watcher = watcherOwner();
+    if (!watcher) {
+        retryIn(RegistrationState::unresponsive);
+        return;
+    }
+    if (watcher->empty()) {
         setState(RegistrationState::unavailable);
         return;
     }
+    called_ = *watcher;
     call(callForHost(bus_, called_.c_str()), &StatusNotifierRegistration::handleHostReply);
 }
 
@@ -94,8 +100,8 @@ void StatusNotifierRegistration::handleRegistrationReply(BusMessage &reply) {
 /// A reply counts only if the present watcher sent it. A watcher that did not take the item is
 /// called again: it may have been busy starting, and none announces that it is ready.
 void StatusNotifierRegistration::finish(const BusMessage &reply, bool isRegistered) {
-    const std::string watcher = watcherOwner();
-    if (watcher.empty()) {
+    const auto watcher = watcherOwner();
+    if (watcher && watcher->empty()) {
         setState(RegistrationState::unavailable);
         return;
     }
@@ -104,8 +110,12 @@ void StatusNotifierRegistration::finish(const BusMessage &reply, bool isRegister
         setState(RegistrationState::registered);
         return;
     }
+    retryIn(hasReplied ? RegistrationState::unavailable : RegistrationState::unresponsive);
+}
+
+void StatusNotifierRegistration::retryIn(RegistrationState state) {
     retry_.start(interval_);
-    setState(hasReplied ? RegistrationState::unavailable : RegistrationState::unresponsive);
+    setState(state);
 }
 
 void StatusNotifierRegistration::setState(RegistrationState state) {
@@ -114,12 +124,15 @@ void StatusNotifierRegistration::setState(RegistrationState state) {
     }
 }
 
-/// Empty without a watcher. A call to the bus, because the signal of a change may still be in
-/// flight.
-std::string StatusNotifierRegistration::watcherOwner() const {
+/// Empty without a watcher, nothing where the bus does not reply in time. A call to the bus,
+/// because the signal of a change may still be in flight.
+std::optional<std::string> StatusNotifierRegistration::watcherOwner() const {
     BusMessage call = bus_.newCall(busMethod("GetNameOwner"));
     call.write(service);
     BusMessage reply = bus_.callAndWait(call, interval_);
+    if (reply.result() == -ETIMEDOUT) {
+        return std::nullopt;
+    }
     return reply.hasSignature("s") && !reply.isError() ? reply.readText() : std::string();
 }
 

@@ -21,7 +21,7 @@ enum class RegistrationState {
     registered,
     /// There is no StatusNotifierWatcher, or it has no host to show items, or it refused the item.
     unavailable,
-    /// There is a StatusNotifierWatcher that does not reply.
+    /// There is a StatusNotifierWatcher that does not reply, or the bus itself does not.
     unresponsive,
 };
 
@@ -52,8 +52,10 @@ class StatusNotifierRegistration {
     void handleHostReply(BusMessage &reply);
     void handleRegistrationReply(BusMessage &reply);
     void finish(const BusMessage &reply, bool isRegistered);
+    /// Sets the state and starts again after the interval.
+    void retryIn(RegistrationState state);
     void setState(RegistrationState state);
-    std::string watcherOwner() const;
+    std::optional<std::string> watcherOwner() const;
 
     BusConnection &bus_;
     const Listener listener_;
