@@ -19,14 +19,10 @@ double median(std::vector<double> values) {
 
 } // namespace
 
-ClickReport::ClickReport(const std::vector<ButtonEvent> &events) {
-    constexpr int leftButton = 1;
-    for (const ButtonEvent &event : events) {
-        const auto time = static_cast<double>(event.nanoseconds);
-        if (event.button != leftButton) {
-            continue;
-        }
-        if (event.isPress) {
+ClickReport::ClickReport(const std::vector<ButtonChange> &changes) {
+    for (const ButtonChange &change : changes) {
+        const auto time = static_cast<double>(change.nanoseconds);
+        if (change.isPress) {
             pressed_.push_back(time);
         } else {
             ++releases_;

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "actors/ClickClient.h"
+#include "Stage.h"
 
 #include <string>
 #include <vector>
 
 namespace corvane::desktop {
 
-/// The clicks of the left button another program got, in figures.
+/// The clicks of the left button the other program got, in figures.
 class ClickReport {
   public:
-    explicit ClickReport(const std::vector<ButtonEvent> &events);
+    explicit ClickReport(const std::vector<ButtonChange> &changes);
 
     int presses() const { return static_cast<int>(pressed_.size()); }
     int releases() const { return releases_; }

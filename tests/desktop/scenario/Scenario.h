@@ -1,11 +1,8 @@
 #pragma once
 
 #include "Settings.h"
-#include "actors/ClickClient.h"
+#include "Stage.h"
 #include "actors/CorvaneProcess.h"
-#include "actors/Keyboard.h"
-#include "actors/Pointer.h"
-#include "servers/VirtualDesktop.h"
 
 #include <filesystem>
 #include <memory>
@@ -13,11 +10,12 @@
 
 namespace corvane::desktop {
 
-/// What a user sees of Corvane, played on a virtual desktop and printed on standard output.
+/// What a user sees of Corvane, played on a desktop and printed on standard output.
 class Scenario {
   public:
-    /// Pictures of the desktop go to `pictures`, which is made where missing.
-    explicit Scenario(std::filesystem::path pictures);
+    /// Pictures of the desktop go to `pictures`, which is made where missing. The stage outlives
+    /// the scenario.
+    Scenario(Stage &stage, std::filesystem::path pictures);
 
     /// Plays both acts; whether everything went as it should.
     bool play();
@@ -30,20 +28,16 @@ class Scenario {
 
     std::unique_ptr<CorvaneProcess> start(const Settings &settings);
     void end(CorvaneProcess &corvane);
-    void showMenu();
-    bool waitForMoreClicks(int count) const;
+    bool waitForClicks(std::size_t count) const;
+    bool waitForMoreClicks(std::size_t count) const;
     bool staysQuiet() const;
     void takePicture(const std::string &name);
 
-    /// Tells whether it is so; the scenario fails if not.
+    /// Prints whether it is so; the scenario fails if not.
     void expect(bool isSo, const std::string &what);
 
-    std::filesystem::path pictures_;
-    VirtualDesktop desktop_{{.hasCompositor = true, .hasPanel = true}};
-    ClickClient client_{desktop_};
-    Pointer pointer_{desktop_.connection()};
-    Keyboard keyboard_{desktop_.connection()};
-    int window_;
+    Stage &stage_;
+    const std::filesystem::path pictures_;
     bool isAsItShould_ = true;
 };
 
