@@ -1,5 +1,5 @@
 #include "DesktopTest.h"
-#include "harness/probes/Holdings.h"
+#include "harness/probes/ProcessTable.h"
 #include "harness/probes/WindowTree.h"
 
 namespace corvane::desktop {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Environment.h"
 #include "WaitUntil.h"
 #include "platform/posix/FileDescriptor.h"
 
 #include <chrono>
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -17,6 +17,9 @@
 namespace corvane::desktop {
 
 class PrivateMounts;
+
+/// The environment variables a program is started with.
+using Environment = std::map<std::string, std::string>;
 
 /// How a process ended: with an exit code or by a signal.
 struct ProcessEnd {

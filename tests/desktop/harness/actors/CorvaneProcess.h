@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "GrowingFile.h"
+#include "TextFile.h"
 #include "servers/Desktop.h"
 #include "servers/PrivateMounts.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "GrowingFile.h"
 #include "Pointer.h"
+#include "TextFile.h"
 #include "servers/WaylandDesktop.h"
 
 #include <cstdint>

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <sstream>
 #include <string>
@@ -38,6 +39,13 @@ std::filesystem::path folderOf(pid_t process) {
 
 bool hasEnded(const ProcessState &process) { return process.state == 'Z' || process.state == 'X'; }
 
+long statusField(const std::string &status, const std::string &name) {
+    std::istringstream rest(status.substr(status.find(name) + name.size()));
+    long value = 0;
+    rest >> value;
+    return value;
+}
+
 } // namespace
 
 std::vector<pid_t> childrenOf(pid_t parent) {
@@ -68,6 +76,14 @@ bool isStopped(pid_t process) {
         const auto state = stateOf(entry.path());
         return state && state->state == 'T';
     });
+}
+
+Holdings holdingsOf(pid_t process) {
+    const std::filesystem::path folder = folderOf(process);
+    const std::string status = readFile(folder / "status");
+    return {.memoryKilobytes = statusField(status, "VmRSS:"),
+            .openFiles = std::distance(std::filesystem::directory_iterator(folder / "fd"), {}),
+            .threads = statusField(status, "Threads:")};
 }
 
 } // namespace corvane::desktop

@@ -15,4 +15,13 @@ bool isAlive(pid_t process);
 /// Whether every thread of the process is stopped by a signal.
 bool isStopped(pid_t process);
 
+/// What a process holds of the system at one moment.
+struct Holdings {
+    long memoryKilobytes = 0;
+    long openFiles = 0;
+    long threads = 0;
+};
+
+Holdings holdingsOf(pid_t process);
+
 } // namespace corvane::desktop

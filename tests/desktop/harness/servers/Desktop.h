@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ChildProcess.h"
-#include "Environment.h"
 #include "TemporaryFolder.h"
 
 #include <filesystem>

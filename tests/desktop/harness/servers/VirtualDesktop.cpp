@@ -3,7 +3,6 @@
 #include "TextFile.h"
 #include "WaitUntil.h"
 #include "probes/ProbeWindow.h"
-#include "probes/TransparencyProbe.h"
 
 #include <csignal>
 #include <stdexcept>

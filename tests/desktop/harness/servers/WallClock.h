@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Environment.h"
 #include "VirtualDesktop.h"
 
 #include <chrono>
