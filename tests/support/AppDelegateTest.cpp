@@ -39,7 +39,7 @@ void AppDelegateTest::awaitIdle() {
 }
 
 std::ptrdiff_t AppDelegateTest::logged(const std::string &line) const {
-    const auto messages = logCapture.messages();
+    const auto messages = logCapture.lines();
     return std::count(messages.begin(), messages.end(), line);
 }
 

@@ -2,7 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/SharedServices.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>

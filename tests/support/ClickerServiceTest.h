@@ -1,7 +1,7 @@
 #pragma once
 
 #include "services/ClickerService.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/RunCallbacks.h"
 #include "support/recorder/HandTurnedClock.h"
 #include "support/recorder/RecordingMouseEvents.h"

@@ -2,7 +2,7 @@
 
 #include "services/DynamicZoneRect.h"
 #include "services/WindowResolver.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +41,7 @@ class AnchorTrackingTest : public ::testing::Test {
         [this](const Rectangle &moved) {
             EXPECT_EQ(zone->rect(), moved);
             moves.push_back(moved);
-            linesBeforeMoves.push_back(log.messages().size());
+            linesBeforeMoves.push_back(log.lines().size());
             platform.clock().advance(std::exchange(durationOfNextMove, milliseconds(0)));
         });
 };
@@ -78,13 +78,13 @@ TEST_F(AnchorTrackingTest, EveryPassIsLogged) {
     const std::string found = "WindowResolver: resolved to (130.0, 260.0, 200.0, 80.0) "
                               "(window at (100.0, 200.0, 800.0, 600.0))";
     const std::string lost = "WindowResolver: cannot get windows for org.example.editor";
-    EXPECT_EQ(log.messages(), (std::vector{found, found, found, lost, lost}));
+    EXPECT_EQ(log.lines(), (std::vector{found, found, found, lost, lost}));
 }
 
 TEST_F(AnchorTrackingTest, TheZoneDoesNotWaitForTheLog) {
     platform.advance(milliseconds(48));
     EXPECT_EQ(linesBeforeMoves, (std::vector<std::size_t>{0, 1, 2}));
-    EXPECT_EQ(log.messages().size(), 3U);
+    EXPECT_EQ(log.lines().size(), 3U);
 }
 
 TEST_F(AnchorTrackingTest, ALostWindowLeavesTheZoneAndIsLookedForOn) {

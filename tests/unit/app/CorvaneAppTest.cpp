@@ -1,7 +1,7 @@
 #include "app/CorvaneApp.h"
 
+#include "support/LineCapture.h"
 #include "support/Localised.h"
-#include "support/LogCapture.h"
 #include "support/Patience.h"
 #include "support/recorder/RecordingPlatform.h"
 
@@ -37,7 +37,7 @@ TEST_F(CorvaneAppTest, TheEndOfTheWorkEndsTheRunAndAwaitsIt) {
     EXPECT_TRUE(isWaiting(work));
     platform.clock().setSleepsBlock(false);
     ASSERT_EQ(work.wait_for(testing::patience), std::future_status::ready);
-    EXPECT_EQ(log.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log.lines().back(), "Clicker stopped after 1 clicks");
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
 }
 

@@ -1,6 +1,6 @@
 #include "app/HotkeyService.h"
 
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
@@ -27,13 +27,13 @@ TEST_F(HotkeyServiceTest, RegistersCommandShiftY) {
     service.registerHotkey([this] { ++presses; });
     const HotKey expected{.letter = 'Y', .command = true, .shift = true};
     EXPECT_EQ(platform.hotKeys().registered(), std::vector{expected});
-    EXPECT_EQ(log.messages(), Lines{"Hotkey (Cmd+Shift+Y) registered via Carbon"});
+    EXPECT_EQ(log.lines(), Lines{"Hotkey (Cmd+Shift+Y) registered via Carbon"});
 }
 
 TEST_F(HotkeyServiceTest, TheLogNamesTheMechanism) {
     platform.hotKeys().mechanismName = "X11";
     service.registerHotkey([] {});
-    EXPECT_EQ(log.messages(), Lines{"Hotkey (Cmd+Shift+Y) registered via X11"});
+    EXPECT_EQ(log.lines(), Lines{"Hotkey (Cmd+Shift+Y) registered via X11"});
 }
 
 TEST_F(HotkeyServiceTest, APressIsNeverHandledInline) {
@@ -50,7 +50,7 @@ TEST_F(HotkeyServiceTest, RegisteringTwiceLeavesOneHotKeyAndOneHandler) {
     service.registerHotkey([this] { ++presses; });
     EXPECT_EQ(platform.hotKeys().registered().size(), 1U);
     EXPECT_EQ(platform.hotKeys().handlerCount(), 1U);
-    EXPECT_EQ(log.messages().size(), 2U);
+    EXPECT_EQ(log.lines().size(), 2U);
     pressAndTurn();
     EXPECT_EQ(earlier, 0);
     EXPECT_EQ(presses, 1);
@@ -75,7 +75,7 @@ TEST_F(HotkeyServiceTest, TheHotKeyIsGivenBackBeforeItsHandler) {
 
 TEST_F(HotkeyServiceTest, UnregisteringNothingDoesNothing) {
     service.unregister();
-    EXPECT_TRUE(log.messages().empty());
+    EXPECT_TRUE(log.lines().empty());
 }
 
 TEST_F(HotkeyServiceTest, APressAfterUnregisteringHasNoEffect) {
@@ -101,14 +101,14 @@ TEST_F(HotkeyServiceTest, WithoutHandlerNoHotKeyIsRegistered) {
     platform.hotKeys().installFailure = -9878;
     service.registerHotkey([this] { ++presses; });
     EXPECT_EQ(platform.hotKeys().registrations, 0);
-    EXPECT_EQ(log.messages(), Lines{"Failed to install Carbon event handler: -9878"});
+    EXPECT_EQ(log.lines(), Lines{"Failed to install Carbon event handler: -9878"});
 }
 
 TEST_F(HotkeyServiceTest, ARefusedHotKeyIsLoggedWithItsStatus) {
     platform.hotKeys().registerFailure = -9878;
     service.registerHotkey([this] { ++presses; });
     EXPECT_TRUE(platform.hotKeys().registered().empty());
-    EXPECT_EQ(log.messages(), Lines{"Failed to register hotkey: -9878"});
+    EXPECT_EQ(log.lines(), Lines{"Failed to register hotkey: -9878"});
 }
 
 TEST_F(HotkeyServiceTest, IsRegisteredOnlyWhileAPressWouldBeNoticed) {

@@ -1,7 +1,7 @@
 #include "services/ClickBacklog.h"
 #include "services/ClickCount.h"
 #include "services/ClickerService.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/HandTurnedClock.h"
 #include "support/recorder/RecordingMouseEvents.h"
 
@@ -57,7 +57,7 @@ TEST_F(ClickRunSafetyTest, AStopRightBeforeAPressPreventsIt) {
     clicker_.awaitEnd();
     EXPECT_TRUE(mouse_.posted().empty());
     EXPECT_EQ(clicks_, 0);
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 0 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 0 clicks");
 }
 
 TEST_F(ClickRunSafetyTest, AStopReturnsNoSoonerThanAPressUnderWayIsMade) {
@@ -101,7 +101,7 @@ TEST_F(ClickRunSafetyTest, ARunDoesNotGetFarAheadOfWhoShowsItsClicks) {
     ASSERT_TRUE(clock_.awaitBlocked());
     EXPECT_EQ(clicks_, ClickBacklog::mostClicks + 1);
     stopAndAwait();
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 26 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 26 clicks");
 }
 
 TEST_F(ClickRunSafetyTest, APressThatIsHeldUpIsFollowedByNoOther) {
@@ -144,7 +144,7 @@ TEST_F(ClickRunSafetyTest, AStopEndsARunThatIsHeldUp) {
     ASSERT_TRUE(clock_.awaitBlocked());
     stopAndAwait();
     EXPECT_EQ(mouse_.posted().size(), 2U);
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
     EXPECT_EQ(finishes_, 0);
 }
 
@@ -179,9 +179,8 @@ TEST_F(ClickRunSafetyTest, AFailureAfterTheClickEndsTheRunInOrder) {
     EXPECT_EQ(finishes_, 1);
     EXPECT_FALSE(mouse_.isButtonPressed());
     EXPECT_EQ(mouse_.openSessions(), 0U);
-    EXPECT_EQ(log_.messages(),
-              (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
-                     "Clicker failed: no memory", "Clicker stopped after 1 clicks"}));
+    EXPECT_EQ(log_.lines(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
+                                   "Clicker failed: no memory", "Clicker stopped after 1 clicks"}));
 }
 
 /// A clock that fails in the middle of a click.
@@ -202,7 +201,7 @@ TEST(ClickRunFailureTest, AFailureBetweenPressAndReleaseReleasesTheButton) {
     clicker.awaitEnd();
     EXPECT_EQ(finishes, 1);
     EXPECT_FALSE(mouse.isButtonPressed());
-    EXPECT_EQ(log.messages().back(), "Clicker stopped after 0 clicks");
+    EXPECT_EQ(log.lines().back(), "Clicker stopped after 0 clicks");
 }
 
 TEST(ClickCountTest, CountsToTheGreatestNumberAndNoFurther) {

@@ -34,8 +34,8 @@ TEST_F(ClickerServiceTest, ClicksAtTheCursorCountsAndWaits) {
         EXPECT_EQ(posted[index].location, index < 2 ? (Point{1, 2}) : (Point{3.5, -4}));
         EXPECT_EQ(posted[index].clickState, 1);
     }
-    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
-                                      "Clicker stopped after 2 clicks"}));
+    EXPECT_EQ(log_.lines(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=0",
+                                   "Clicker stopped after 2 clicks"}));
 }
 
 TEST_F(ClickerServiceTest, LogsHowItWasStarted) {
@@ -43,7 +43,7 @@ TEST_F(ClickerServiceTest, LogsHowItWasStarted) {
         start(config);
         EXPECT_TRUE(awaitWait());
         stopAndAwait();
-        const Lines lines = log_.messages();
+        const Lines lines = log_.lines();
         return lines.at(lines.size() - 2);
     };
     EXPECT_EQ(firstLine({.clickMode = ClickMode::zone, .clickRate = 2, .maxClicks = 100}),
@@ -115,7 +115,7 @@ TEST_F(ClickerServiceTest, ARateBeyondAllMeasureClicksWithoutWaiting) {
     start({.clickRate = greatest, .maxClicks = 100});
     ASSERT_TRUE(callbacks_.awaitFinish());
     EXPECT_EQ(callbacks_.counts().size(), 100U);
-    EXPECT_EQ(log_.messages().front(),
+    EXPECT_EQ(log_.lines().front(),
               "Clicker started: mode=cursor interval=1.0842021724855044e-19s maxClicks=100");
 }
 
@@ -128,8 +128,8 @@ TEST_F(ClickerServiceTest, ALimitOfOneFinishesRightAfterTheFirstClick) {
     EXPECT_EQ(callbacks_.finishes(), 1);
     EXPECT_EQ(callbacks_.countAtFinish(), 1U);
     EXPECT_EQ(clock_.now(), begin + milliseconds(10));
-    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1",
-                                      "Clicker finished after 1 clicks (limit reached)"}));
+    EXPECT_EQ(log_.lines(), (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1",
+                                   "Clicker finished after 1 clicks (limit reached)"}));
 }
 
 TEST_F(ClickerServiceTest, FinishesAtItsLimit) {
@@ -140,7 +140,7 @@ TEST_F(ClickerServiceTest, FinishesAtItsLimit) {
     clock_.advance(seconds(1));
     ASSERT_TRUE(callbacks_.awaitFinish());
     EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2, 3}));
-    EXPECT_EQ(log_.messages().back(), "Clicker finished after 3 clicks (limit reached)");
+    EXPECT_EQ(log_.lines().back(), "Clicker finished after 3 clicks (limit reached)");
 }
 
 TEST_F(ClickerServiceTest, NoLimitNeverFinishes) {
@@ -152,7 +152,7 @@ TEST_F(ClickerServiceTest, NoLimitNeverFinishes) {
         }
         stopAndAwait();
         EXPECT_EQ(callbacks_.finishes(), 0);
-        EXPECT_EQ(log_.messages().back(), "Clicker stopped after 21 clicks");
+        EXPECT_EQ(log_.lines().back(), "Clicker stopped after 21 clicks");
     }
 }
 
@@ -200,7 +200,7 @@ TEST_F(ClickerServiceTest, LinesAndCallbacksOfARunComeInOrder) {
     clicker.stop();
     clicker.awaitEnd();
     EXPECT_TRUE(isOver);
-    EXPECT_EQ(log_.messages(),
+    EXPECT_EQ(log_.lines(),
               (Lines{"Clicker started: mode=cursor interval=1.0s maxClicks=1", "opened", "clicked",
                      "Clicker finished after 1 clicks (limit reached)", "finished"}));
 }
@@ -241,7 +241,7 @@ TEST_F(ClickerServiceTest, AnEventThatCannotBeMadeIsCountedButNothingIsPosted) {
         ASSERT_TRUE(awaitWait());
         stopAndAwait();
         EXPECT_EQ(callbacks_.counts().size(), before + 1);
-        EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+        EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
     }
     EXPECT_TRUE(mouse_.posted().empty());
     EXPECT_TRUE(clock_.sleeps().empty());
@@ -253,7 +253,7 @@ TEST_F(ClickerServiceTest, AStopEndsTheWaitAtOnce) {
     const platform::Instant before = clock_.now();
     stopAndAwait();
     EXPECT_EQ(clock_.now(), before);
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
     EXPECT_EQ(mouse_.openSessions(), 0U);
 }
 
@@ -267,13 +267,13 @@ TEST_F(ClickerServiceTest, AStopDuringTheHoldStillReleasesTheButton) {
     clicker_.awaitEnd();
     EXPECT_FALSE(mouse_.isButtonPressed());
     EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1}));
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
 }
 
 TEST_F(ClickerServiceTest, AStopWhileIdleDoesNothing) {
     clicker_.stop();
     clicker_.awaitEnd();
-    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(log_.lines(), Lines{});
     EXPECT_EQ(mouse_.openedSessions(), 0U);
 }
 
@@ -291,7 +291,7 @@ TEST_F(ClickerServiceTest, ASecondStartEndsTheFirstRun) {
     EXPECT_EQ(first.finishes(), 0);
     EXPECT_EQ(callbacks_.counts(), (std::vector<std::int64_t>{1, 2, 3}));
 
-    Lines lines = log_.messages();
+    Lines lines = log_.lines();
     std::ranges::sort(lines);
     EXPECT_EQ(lines, (Lines{"Clicker started: mode=cursor interval=0.5s maxClicks=0",
                             "Clicker started: mode=cursor interval=1.0s maxClicks=0",
@@ -319,7 +319,7 @@ TEST_F(ClickerServiceTest, AFinishedRunCanBeStoppedAndFollowedByAnother) {
     ASSERT_TRUE(awaitWait());
     stopAndAwait();
     EXPECT_EQ(callbacks_.finishes(), 1);
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
 }
 
 TEST_F(ClickerServiceTest, TheFinishCallbackMayStopTheService) {
@@ -358,7 +358,7 @@ TEST_F(ClickerServiceTest, EndsItsRunsBeforeItGoes) {
     }
     EXPECT_EQ(mouse_.openSessions(), 0U);
     EXPECT_FALSE(mouse_.isButtonPressed());
-    EXPECT_EQ(log_.messages().back(), "Clicker stopped after 1 clicks");
+    EXPECT_EQ(log_.lines().back(), "Clicker stopped after 1 clicks");
 }
 
 TEST_F(ClickerServiceTest, StandsStartsAndStopsFromManyThreads) {
@@ -379,7 +379,7 @@ TEST_F(ClickerServiceTest, StandsStartsAndStopsFromManyThreads) {
     stopAndAwait();
     EXPECT_EQ(mouse_.openSessions(), 0U);
     EXPECT_FALSE(mouse_.isButtonPressed());
-    EXPECT_EQ(log_.messages().size(), 160U);
+    EXPECT_EQ(log_.lines().size(), 160U);
 }
 
 #ifdef __GLIBC__
@@ -414,7 +414,7 @@ TEST_F(ClickerServiceTest, WithoutAThreadTheRunIsReportedAsFinished) {
     }
     EXPECT_EQ(callbacks_.finishes(), 1);
     EXPECT_TRUE(callbacks_.counts().empty());
-    EXPECT_EQ(log_.messages(),
+    EXPECT_EQ(log_.lines(),
               Lines{"Clicker not started: no thread for it: Resource temporarily unavailable"});
     start({});
     ASSERT_TRUE(awaitWait());

@@ -32,8 +32,8 @@ TEST_F(ClickerServiceZoneTest, OutsideTheZoneNothingIsClickedOrCounted) {
     EXPECT_TRUE(mouse_.posted().empty());
     EXPECT_TRUE(callbacks_.counts().empty());
     EXPECT_EQ(callbacks_.finishes(), 0);
-    EXPECT_EQ(log_.messages(), (Lines{"Clicker started: mode=zone interval=1.0s maxClicks=1",
-                                      "Clicker stopped after 0 clicks"}));
+    EXPECT_EQ(log_.lines(), (Lines{"Clicker started: mode=zone interval=1.0s maxClicks=1",
+                                   "Clicker stopped after 0 clicks"}));
 }
 
 TEST_F(ClickerServiceZoneTest, OnlyClicksInsideTheZoneCount) {

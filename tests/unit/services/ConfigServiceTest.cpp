@@ -1,7 +1,7 @@
 #include "services/ConfigService.h"
 
 #include "support/InterruptedFileSystem.h"
-#include "support/OutputCapture.h"
+#include "support/LineCapture.h"
 
 #include <gtest/gtest.h>
 

@@ -2,7 +2,7 @@
 #include "platform/posix/PosixFileSystem.h"
 #include "services/ConfigService.h"
 #include "support/FaultyFileCalls.h"
-#include "support/OutputCapture.h"
+#include "support/LineCapture.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gtest/gtest.h>

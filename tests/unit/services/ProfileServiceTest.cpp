@@ -1,7 +1,7 @@
 #include "services/ProfileService.h"
 
 #include "support/InterruptedFileSystem.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ TEST_F(ProfileServiceTest, KeepsItsFileBesideTheConfiguration) {
 
 TEST_F(ProfileServiceTest, WithoutAFileTheStoreIsEmptyAndNothingIsDone) {
     EXPECT_EQ(service_.load(), ProfileStore{});
-    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(log_.lines(), Lines{});
     EXPECT_FALSE(files_.exists(file));
     EXPECT_FALSE(files_.exists(file.parent_path()));
 }
@@ -37,7 +37,7 @@ TEST_F(ProfileServiceTest, LogsHowManyProfilesItLoaded) {
     const auto store = service_.load();
     ASSERT_TRUE(store);
     EXPECT_EQ(store->profiles.size(), 1U);
-    EXPECT_EQ(log_.messages(),
+    EXPECT_EQ(log_.lines(),
               (Lines{"Loaded 0 profiles from /home/user/.config/corvane/profiles.json",
                      "Loaded 1 profiles from /home/user/.config/corvane/profiles.json"}));
 }
@@ -54,7 +54,7 @@ TEST_F(ProfileServiceTest, ReplacesTheWholeFile) {
     ASSERT_TRUE(service_.save({.profiles = {Profile::fromConfig("Work", {})}}));
     ASSERT_TRUE(service_.save({}));
     EXPECT_EQ(files_.content(file), "{\n  \"profiles\" : [\n\n  ]\n}");
-    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(log_.lines(), Lines{});
 }
 
 TEST_F(ProfileServiceTest, OneBadProfileFailsTheLoadAndTheFileStays) {
@@ -66,7 +66,7 @@ TEST_F(ProfileServiceTest, OneBadProfileFailsTheLoadAndTheFileStays) {
               std::unexpected(Failure{"profiles: number 1: timeUnit: not a known value"}));
     EXPECT_EQ(files_.content(file), text);
     EXPECT_TRUE(files_.writes().empty());
-    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(log_.lines(), Lines{});
 }
 
 TEST_F(ProfileServiceTest, HandsOnTheFailuresOfTheDisk) {
@@ -77,7 +77,7 @@ TEST_F(ProfileServiceTest, HandsOnTheFailuresOfTheDisk) {
     EXPECT_EQ(service_.load(), std::unexpected(Failure{"unreadable"}));
     EXPECT_EQ(service_.save({}), std::unexpected(Failure{"disk full"}));
     EXPECT_EQ(files_.content(file), R"({"profiles":[]})");
-    EXPECT_EQ(log_.messages(), Lines{});
+    EXPECT_EQ(log_.lines(), Lines{});
 }
 
 TEST_F(ProfileServiceTest, SavingCreatesAMissingDirectory) {

@@ -2,8 +2,7 @@
 
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
-#include "support/LogCapture.h"
-#include "support/OutputCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/MemoryFileSystem.h"
 
 #include <gtest/gtest.h>
@@ -64,7 +63,7 @@ TEST_F(StoredFileTest, ReplacesWhatCannotBeKeptAndSaysSo) {
     files_.put(kept / "in the way", "");
     EXPECT_TRUE(stored_.write("ours"));
     EXPECT_EQ(files_.content(file), "ours");
-    EXPECT_EQ(log_.messages(),
+    EXPECT_EQ(log_.lines(),
               std::vector<std::string>{"Not kept before it is replaced: " + file.string() + ": " +
                                        kept.string() + ": it is a directory"});
 }

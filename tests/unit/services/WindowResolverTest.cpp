@@ -1,7 +1,7 @@
 #include "services/WindowResolver.h"
 
 #include "platform/Accessibility.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
@@ -62,7 +62,7 @@ TEST_F(WindowResolverTest, DetectsTheWindowUnderTheCentreAndTheOffset) {
     platform.windowList().windows = {window(editorProcess)};
     const WindowAnchor expected{"org.example.editor", "Untitled", {30, 60, 200, 80}};
     EXPECT_EQ(resolver.detectWindow(zone), expected);
-    EXPECT_EQ(log.messages(),
+    EXPECT_EQ(log.lines(),
               Lines{"WindowResolver: detected org.example.editor 'Untitled' under zone center"});
 }
 
@@ -109,7 +109,7 @@ TEST_F(WindowResolverTest, AWindowWithoutATitleIsAnchoredByAnEmptyOne) {
     untitled.name.reset();
     platform.windowList().windows = {untitled};
     EXPECT_EQ(resolver.detectWindow(zone)->windowTitle, "");
-    EXPECT_EQ(log.messages(),
+    EXPECT_EQ(log.lines(),
               Lines{"WindowResolver: detected org.example.editor '' under zone center"});
 }
 
@@ -117,15 +117,15 @@ TEST_F(WindowResolverTest, NothingUnderTheZoneIsNotLogged) {
     EXPECT_EQ(detectedUnderZone({}), "none");
     platform.windowList().windows.reset();
     EXPECT_FALSE(resolver.detectWindow(zone));
-    EXPECT_TRUE(log.messages().empty());
+    EXPECT_TRUE(log.lines().empty());
 }
 
 TEST_F(WindowResolverTest, ResolvesTheZoneOnItsWindow) {
     setWindows({titled("Report")});
     const ResolvedAnchor expected{{100, 200, 800, 600}, {130, 260, 200, 80}};
     EXPECT_EQ(resolver.resolve(anchor), expected);
-    EXPECT_EQ(log.messages(), Lines{"WindowResolver: resolved to (130.0, 260.0, 200.0, 80.0) "
-                                    "(window at (100.0, 200.0, 800.0, 600.0))"});
+    EXPECT_EQ(log.lines(), Lines{"WindowResolver: resolved to (130.0, 260.0, 200.0, 80.0) "
+                                 "(window at (100.0, 200.0, 800.0, 600.0))"});
 }
 
 TEST_F(WindowResolverTest, TheZoneMovesWithTheWindowsCornerAndKeepsItsSize) {
@@ -196,12 +196,12 @@ TEST_F(WindowResolverTest, OnlyTheFirstInstanceCounts) {
 TEST_F(WindowResolverTest, AnApplicationThatDoesNotRunIsLogged) {
     platform.applications().runningApplications.clear();
     EXPECT_FALSE(resolver.resolve(anchor));
-    EXPECT_EQ(log.messages(), Lines{"WindowResolver: no running app for org.example.editor"});
+    EXPECT_EQ(log.lines(), Lines{"WindowResolver: no running app for org.example.editor"});
 }
 
 TEST_F(WindowResolverTest, WindowsThatCannotBeReadAreLogged) {
     EXPECT_FALSE(resolver.resolve(anchor));
-    EXPECT_EQ(log.messages(), Lines{"WindowResolver: cannot get windows for org.example.editor"});
+    EXPECT_EQ(log.lines(), Lines{"WindowResolver: cannot get windows for org.example.editor"});
 }
 
 TEST_F(WindowResolverTest, WithoutAMatchingWindowTheTitleIsLogged) {
@@ -210,7 +210,7 @@ TEST_F(WindowResolverTest, WithoutAMatchingWindowTheTitleIsLogged) {
         setWindows(windows);
         EXPECT_FALSE(resolver.resolve(anchor));
     }
-    EXPECT_EQ(log.messages(), Lines(3, "WindowResolver: no matching window titled 'Report'"));
+    EXPECT_EQ(log.lines(), Lines(3, "WindowResolver: no matching window titled 'Report'"));
 }
 
 } // namespace

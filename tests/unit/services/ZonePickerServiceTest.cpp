@@ -1,8 +1,8 @@
 #include "services/ZonePickerService.h"
 
 #include "overlay/OverlayWindow.h"
+#include "support/LineCapture.h"
 #include "support/Localised.h"
-#include "support/LogCapture.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
@@ -131,7 +131,7 @@ TEST_F(ZonePickerServiceTest, TheZoneIsAnsweredInGlobalDisplaySpaceOnce) {
     drag({100, 200}, {400, 350});
     ASSERT_EQ(answers.size(), 1U);
     EXPECT_EQ(answers[0], (ZonePickResult{{100, 730, 300, 150}}));
-    EXPECT_EQ(log.messages(), Lines{"Zone selected: (100.0, 730.0, 300.0, 150.0)"});
+    EXPECT_EQ(log.lines(), Lines{"Zone selected: (100.0, 730.0, 300.0, 150.0)"});
     EXPECT_TRUE(platform.overlayWindows().living().empty());
     EXPECT_TRUE(platform.alerts().shown.empty());
 }
@@ -156,7 +156,7 @@ TEST_F(ZonePickerServiceTest, AnythingNarrowerOrLowerCancels) {
         EXPECT_EQ(answers.back(), std::nullopt);
     }
     EXPECT_EQ(answers.size(), 3U);
-    EXPECT_EQ(log.messages(), Lines(3, "Zone picker cancelled"));
+    EXPECT_EQ(log.lines(), Lines(3, "Zone picker cancelled"));
 }
 
 TEST_F(ZonePickerServiceTest, AReleaseWithoutAPressCancelsAndADragWithoutADrawsNothing) {
@@ -173,7 +173,7 @@ TEST_F(ZonePickerServiceTest, EscapeDuringADragAnswersNothing) {
     overlay()->mouseDragged({300, 300});
     overlay()->keyDown(platform::Key::escape);
     EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
-    EXPECT_EQ(log.messages(), Lines{"Zone picker cancelled"});
+    EXPECT_EQ(log.lines(), Lines{"Zone picker cancelled"});
     EXPECT_TRUE(platform.overlayWindows().living().empty());
 }
 
@@ -219,7 +219,7 @@ TEST_F(ZonePickerServiceTest, TheWindowUnderTheZoneIsOfferedAndAnchored) {
     const ZonePickResult anchored{
         {100, 730, 300, 150}, WindowAnchor{"org.example.editor", "Report", {100, 730, 300, 150}}};
     EXPECT_EQ(answers.at(0), anchored);
-    EXPECT_EQ(log.messages().back(), "Zone anchored to org.example.editor");
+    EXPECT_EQ(log.lines().back(), "Zone anchored to org.example.editor");
 }
 
 TEST_F(ZonePickerServiceTest, KeepingItAbsoluteGivesTheSameZoneWithoutAnAnchor) {
@@ -270,7 +270,7 @@ TEST_F(ZonePickerServiceTest, WithoutScreensAtTheReleaseNothingIsAnsweredAndLogg
     platform.screens().list.clear();
     drag({100, 200}, {400, 350});
     EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
-    EXPECT_TRUE(log.messages().empty());
+    EXPECT_TRUE(log.lines().empty());
 }
 
 TEST_F(ZonePickerServiceTest, WithoutScreensThePickStaysOpen) {
@@ -367,7 +367,7 @@ TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheAnswerIsDropped) {
     late.mouseDragged({300, 300});
     late.mouseUp({400, 350});
     EXPECT_EQ(answers, std::vector{std::optional<ZonePickResult>()});
-    EXPECT_EQ(log.messages(), Lines{"Zone picker cancelled"});
+    EXPECT_EQ(log.lines(), Lines{"Zone picker cancelled"});
 }
 
 TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheServiceHasGoneIsDropped) {
@@ -384,7 +384,7 @@ TEST_F(ZonePickerServiceTest, WhatAnOverlayReportsAfterTheServiceHasGoneIsDroppe
     late.mouseUp({400, 350});
     late.keyDown(platform::Key::escape);
     EXPECT_TRUE(answers.empty());
-    EXPECT_TRUE(log.messages().empty());
+    EXPECT_TRUE(log.lines().empty());
 }
 
 TEST_F(ZonePickerServiceTest, AnOverlayNeedsNeitherDragNorReleaseCallback) {

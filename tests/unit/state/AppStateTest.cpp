@@ -3,9 +3,8 @@
 #include "model/Json.h"
 #include "services/ConfigService.h"
 #include "services/ProfileService.h"
+#include "support/LineCapture.h"
 #include "support/Localised.h"
-#include "support/LogCapture.h"
-#include "support/OutputCapture.h"
 #include "support/SerialQueue.h"
 #include "support/recorder/RecordingPlatform.h"
 

@@ -1,6 +1,6 @@
 #include "support/Log.h"
 
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/TemporaryDirectory.h"
 
 #include <gmock/gmock.h>
@@ -245,7 +245,7 @@ TEST_F(LogTest, ASinkTakesTheMessagesInsteadOfTheFile) {
     const testing::LogCapture capture;
     log("one");
     log("");
-    EXPECT_EQ(capture.messages(), (std::vector<std::string>{"one", ""}));
+    EXPECT_EQ(capture.lines(), (std::vector<std::string>{"one", ""}));
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 #include "support/StandardOutput.h"
 
-#include "support/OutputCapture.h"
+#include "support/LineCapture.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "ui/GeneralTab.h"
 
 #include "services/WindowResolver.h"
-#include "support/LogCapture.h"
+#include "support/LineCapture.h"
 #include "support/ViewUser.h"
 #include "support/recorder/RecordingPlatform.h"
 
