@@ -3,9 +3,15 @@
 #include "platform/freedesktop/bus/SessionBus.h"
 
 #include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
+#include <QDBusVirtualObject>
+#include <QEventLoop>
+#include <QVariantMap>
 
+#include <future>
 #include <utility>
 
 namespace corvane::contract {
@@ -53,6 +59,15 @@ QDBusConnection connectPortal() {
                                          u"fake-portal"_s);
 }
 
+/// Plain values: Qt's own share memory between threads in a way that sanitizers cannot follow.
+FakePortal::Values plain(const QVariantMap &values) {
+    FakePortal::Values plain;
+    for (const auto &[name, value] : values.asKeyValueRange()) {
+        plain[name.toStdString()] = value.toString().toStdString();
+    }
+    return plain;
+}
+
 QString idOf(const QDBusMessage &call) { return call.service().mid(1).replace(u'.', u'_'); }
 
 } // namespace
@@ -77,7 +92,6 @@ class FakePortal::Object : public QDBusVirtualObject {
     }
 
     void endSession() {
-        const std::lock_guard lock(mutex_);
         auto closed = QDBusMessage::createTargetedSignal(
             client_, session_, u"org.freedesktop.portal.Session"_s, u"Closed"_s);
         closed << QVariantMap();
@@ -117,11 +131,11 @@ class FakePortal::Object : public QDBusVirtualObject {
         const std::lock_guard lock(mutex_);
         return closedSessions_;
     }
-    QVariantMap devicesAsked() const {
+    Values devicesAsked() const {
         const std::lock_guard lock(mutex_);
         return devicesAsked_;
     }
-    QVariantMap sourcesAsked() const {
+    Values sourcesAsked() const {
         const std::lock_guard lock(mutex_);
         return sourcesAsked_;
     }
@@ -148,9 +162,9 @@ class FakePortal::Object : public QDBusVirtualObject {
                 idOf(call), asked.value(u"session_handle_token"_s).toString());
             results.insert(u"session_handle"_s, session_);
         } else if (call.member() == u"SelectDevices") {
-            devicesAsked_ = asked;
+            devicesAsked_ = plain(asked);
         } else if (call.member() == u"SelectSources") {
-            sourcesAsked_ = asked;
+            sourcesAsked_ = plain(asked);
         } else {
             response = options_.response;
             results = agreement();
@@ -185,34 +199,51 @@ class FakePortal::Object : public QDBusVirtualObject {
     QString session_;
     std::vector<uint> buttons_;
     int closedSessions_ = 0;
-    QVariantMap devicesAsked_;
-    QVariantMap sourcesAsked_;
+    Values devicesAsked_;
+    Values sourcesAsked_;
 };
 
 FakePortal::FakePortal() : FakePortal(Options()) {}
 
-FakePortal::FakePortal(Options options) : object_(std::make_unique<Object>(std::move(options))) {
-    object_->offer();
-    thread_.start();
-    object_->moveToThread(&thread_);
+FakePortal::FakePortal(const Options &options) {
+    std::promise<void> isOffered;
+    thread_ = std::thread([this, &options, &isOffered] {
+        QEventLoop loop;
+        Object object(options);
+        object.offer();
+        object_ = &object;
+        loop_ = &loop;
+        isOffered.set_value();
+        while (!isOver_) {
+            loop.processEvents(QEventLoop::WaitForMoreEvents);
+            if (endsSession_.exchange(false)) {
+                object.endSession();
+            }
+        }
+        object.withdraw();
+    });
+    isOffered.get_future().wait();
 }
 
 FakePortal::~FakePortal() {
-    object_->withdraw();
-    thread_.quit();
-    thread_.wait();
+    isOver_ = true;
+    loop_->wakeUp();
+    thread_.join();
 }
 
 void FakePortal::setResponse(uint response) { object_->setResponse(response); }
 
-void FakePortal::endSession() { object_->endSession(); }
+void FakePortal::endSession() {
+    endsSession_ = true;
+    loop_->wakeUp();
+}
 
 std::vector<uint> FakePortal::buttons() const { return object_->buttons(); }
 
 int FakePortal::closedSessions() const { return object_->closedSessions(); }
 
-QVariantMap FakePortal::devicesAsked() const { return object_->devicesAsked(); }
+FakePortal::Values FakePortal::devicesAsked() const { return object_->devicesAsked(); }
 
-QVariantMap FakePortal::sourcesAsked() const { return object_->sourcesAsked(); }
+FakePortal::Values FakePortal::sourcesAsked() const { return object_->sourcesAsked(); }
 
 } // namespace corvane::contract

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusVirtualObject>
-#include <QThread>
-#include <QVariantMap>
+#include <QString>
 
-#include <memory>
+#include <atomic>
+#include <map>
 #include <mutex>
+#include <string>
+#include <thread>
 #include <vector>
+
+class QEventLoop;
 
 namespace corvane::contract {
 
@@ -31,8 +32,11 @@ class FakePortal {
         bool answers = true;
     };
 
+    /// What a program wants, by the names of the protocol.
+    using Values = std::map<std::string, std::string>;
+
     FakePortal();
-    explicit FakePortal(Options options);
+    explicit FakePortal(const Options &options);
     /// Takes the portal off the bus.
     ~FakePortal();
 
@@ -50,14 +54,18 @@ class FakePortal {
     /// How often a session has been closed by its program.
     int closedSessions() const;
     /// What the last SelectDevices and SelectSources asked for.
-    QVariantMap devicesAsked() const;
-    QVariantMap sourcesAsked() const;
+    Values devicesAsked() const;
+    Values sourcesAsked() const;
 
   private:
     class Object;
 
-    QThread thread_;
-    std::unique_ptr<Object> object_;
+    std::atomic<bool> isOver_ = false;
+    std::atomic<bool> endsSession_ = false;
+    std::thread thread_;
+    /// The thread's own, as long as it runs.
+    Object *object_ = nullptr;
+    QEventLoop *loop_ = nullptr;
 };
 
 } // namespace corvane::contract

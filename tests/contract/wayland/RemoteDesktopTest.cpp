@@ -17,7 +17,10 @@
 namespace corvane::contract {
 
 using namespace Qt::StringLiterals;
+using testing::Contains;
 using testing::ElementsAre;
+using testing::IsSupersetOf;
+using testing::Pair;
 
 namespace {
 
@@ -64,10 +67,9 @@ TEST_F(RemoteDesktopTest, IsGivenThePointerAndTheChosenMonitors) {
     ASSERT_NE(remoteDesktop.session(), nullptr);
     EXPECT_THAT(remoteDesktop.session()->streams(),
                 ElementsAre(wayland::portal::Stream{.node = 41, .frame = {1280, 0, 800, 600}}));
-    EXPECT_EQ(portal.devicesAsked().value(u"types"_s).toUInt(), 2U);
-    EXPECT_EQ(portal.sourcesAsked().value(u"types"_s).toUInt(), 1U);
-    EXPECT_EQ(portal.sourcesAsked().value(u"cursor_mode"_s).toUInt(), 4U);
-    EXPECT_TRUE(portal.sourcesAsked().value(u"multiple"_s).toBool());
+    EXPECT_THAT(portal.devicesAsked(), Contains(Pair("types", "2")));
+    EXPECT_THAT(portal.sourcesAsked(), IsSupersetOf({Pair("types", "1"), Pair("cursor_mode", "4"),
+                                                     Pair("multiple", "true")}));
 }
 
 TEST_F(RemoteDesktopTest, PressesTheButtonFromAnotherThread) {
@@ -134,7 +136,7 @@ TEST_F(RemoteDesktopTest, StopsWaitingForAnAnswerWhenThePortalEnds) {
     auto portal = std::make_unique<FakePortal>(FakePortal::Options{.answers = false});
     RemoteDesktop remoteDesktop(bus_, RestoreToken(tokenFile_));
     remoteDesktop.ask();
-    EXPECT_TRUE(turnUntil([&] { return !portal->sourcesAsked().isEmpty(); }));
+    EXPECT_TRUE(turnUntil([&] { return !portal->sourcesAsked().empty(); }));
     portal.reset();
     EXPECT_TRUE(turnUntil([&] { return remoteDesktop.consent() != Consent::asked; }));
     EXPECT_NE(remoteDesktop.consent(), Consent::given);
@@ -146,22 +148,22 @@ TEST_F(RemoteDesktopTest, HandsTheTokenOfTheLastTimeBack) {
         RemoteDesktop remoteDesktop(bus_, RestoreToken(tokenFile_));
         EXPECT_FALSE(remoteDesktop.remembersConsent());
         ASSERT_EQ(ask(remoteDesktop), Consent::given);
-        EXPECT_EQ(portal.devicesAsked().value(u"persist_mode"_s).toUInt(), 2U);
-        EXPECT_FALSE(portal.devicesAsked().contains(u"restore_token"_s));
+        EXPECT_THAT(portal.devicesAsked(), Contains(Pair("persist_mode", "2")));
+        EXPECT_FALSE(portal.devicesAsked().contains("restore_token"));
     }
     EXPECT_EQ(std::filesystem::status(tokenFile_).permissions(),
               std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     RemoteDesktop remoteDesktop(bus_, RestoreToken(tokenFile_));
     EXPECT_TRUE(remoteDesktop.remembersConsent());
     ASSERT_EQ(ask(remoteDesktop), Consent::given);
-    EXPECT_EQ(portal.devicesAsked().value(u"restore_token"_s).toString(), u"from-last-time");
+    EXPECT_THAT(portal.devicesAsked(), Contains(Pair("restore_token", "from-last-time")));
 }
 
 TEST_F(RemoteDesktopTest, AsksAnOldPortalForNoToken) {
     const FakePortal portal({.version = 1});
     RemoteDesktop remoteDesktop(bus_, RestoreToken(tokenFile_));
     ASSERT_EQ(ask(remoteDesktop), Consent::given);
-    EXPECT_FALSE(portal.devicesAsked().contains(u"persist_mode"_s));
+    EXPECT_FALSE(portal.devicesAsked().contains("persist_mode"));
 }
 
 TEST_F(RemoteDesktopTest, MakesNoClickWhereTheCursorCannotBeFound) {
