@@ -44,8 +44,8 @@ class AppDelegate {
     /// The user started the program again while it runs: shows where it is.
     void applicationShouldHandleReopen();
 
-    /// The system has given or taken back the permission to click: shows that at once and ends a run
-    /// that lacks it. The launch checks it anyway.
+    /// The system has given or taken back the permission to click: shows that at once and ends a
+    /// run that lacks it. The launch checks it anyway.
     void permissionChanged();
 
     bool isHotkeyRegistered() const;
