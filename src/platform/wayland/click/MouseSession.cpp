@@ -24,13 +24,6 @@ MouseSession::MouseSession(std::unique_ptr<CursorReader> cursor) : reader_(std::
     connect();
 }
 
-/// The last release of the button must not be lost with the connection.
-MouseSession::~MouseSession() {
-    if (isUsable()) {
-        connection_->synchronise();
-    }
-}
-
 /// While a button is held a probe does not find the cursor; where it was at the press is known.
 std::optional<Point> MouseSession::readyPosition() {
     if (!isPressed_) {
@@ -52,19 +45,25 @@ void MouseSession::press() {
     }
 }
 
+/// A compositor drops what it has not read yet of a client that is gone: the press is over when the
+/// release has been carried out. The compositor may outlive the connection.
 void MouseSession::release() {
     if (!isPressed_) {
         return;
     }
-    if (isUsable()) {
-        device_->release();
-    }
-    // The loss of a connection may show when something is sent; the compositor may live.
-    if (!isUsable() && ensureUsable()) {
-        device_->release();
+    if (!releaseOnce() && ensureUsable()) {
+        releaseOnce();
     }
     record_.removePress();
     isPressed_ = false;
+}
+
+bool MouseSession::releaseOnce() const {
+    if (!isUsable()) {
+        return false;
+    }
+    device_->release();
+    return connection_->synchronise();
 }
 
 std::optional<Point> MouseSession::cursorPosition() const {

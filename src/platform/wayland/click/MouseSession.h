@@ -18,10 +18,6 @@ class MouseSession : public platform::MouseSession {
   public:
     /// Without a reader the cursor is found by a probe.
     explicit MouseSession(std::unique_ptr<CursorReader> cursor);
-    ~MouseSession() override;
-
-    MouseSession(const MouseSession &) = delete;
-    MouseSession &operator=(const MouseSession &) = delete;
 
     std::optional<Point> readyPosition() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
@@ -31,6 +27,8 @@ class MouseSession : public platform::MouseSession {
     void release();
 
   private:
+    /// Whether the compositor has carried it out.
+    bool releaseOnce() const;
     bool isUsable() const { return device_ && !connection_->isLost(); }
     bool ensureUsable();
     std::optional<Point> cursorPosition() const;

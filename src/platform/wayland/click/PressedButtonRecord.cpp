@@ -79,14 +79,17 @@ void PressedButtonRecord::removePress() const {
     }
 }
 
-std::int32_t PressedButtonRecord::takeAll() const {
-    return count_ != nullptr ? count_->exchange(0) : 0;
+bool PressedButtonRecord::hasPress() const { return count_ != nullptr && count_->load() > 0; }
+
+void PressedButtonRecord::clear() const {
+    if (count_ != nullptr) {
+        count_->store(0);
+    }
 }
 
 bool releaseRecordedButton() {
-    const std::int32_t presses =
-        PressedButtonRecord(PressedButtonRecord::Missing::ignore).takeAll();
-    if (presses <= 0) {
+    const PressedButtonRecord record(PressedButtonRecord::Missing::ignore);
+    if (!record.hasPress()) {
         return false;
     }
     const auto connection = Connection::open();
@@ -96,7 +99,10 @@ bool releaseRecordedButton() {
     }
     // All runs press the same button.
     device->release();
-    connection->synchronise();
+    if (!connection->synchronise()) {
+        return false;
+    }
+    record.clear();
     return true;
 }
 

@@ -5,9 +5,9 @@
 
 namespace corvane::wayland {
 
-/// How many presses have been sent and not yet released, in memory backed by a file of the user's
-/// session: a compositor may keep a button down whose client has died, and whoever comes next can
-/// release it. Any thread.
+/// How many presses have been sent whose release has not been carried out, in memory backed by a
+/// file of the user's session: a compositor may keep a button down whose client has died, and
+/// whoever comes next can release it. Any thread.
 class PressedButtonRecord {
   public:
     /// What to do where there is no file yet.
@@ -22,11 +22,11 @@ class PressedButtonRecord {
 
     /// Before a press is sent.
     void addPress() const;
-    /// After its release has been sent.
+    /// After its release has been carried out.
     void removePress() const;
 
-    /// How many there are, which are none afterwards.
-    std::int32_t takeAll() const;
+    bool hasPress() const;
+    void clear() const;
 
   private:
     using Count = std::atomic<std::int32_t>;

@@ -62,10 +62,10 @@ void Seat::followPointer() {
         .motion = [](void *data, wl_pointer *, std::uint32_t, wl_fixed_t x,
                      wl_fixed_t y) { call(eventsOf(data).pointerMoved, pointOf(x, y)); },
         .button =
-            [](void *data, wl_pointer *, std::uint32_t, std::uint32_t, std::uint32_t button,
+            [](void *data, wl_pointer *, std::uint32_t, std::uint32_t time, std::uint32_t button,
                std::uint32_t state) {
-                call(eventsOf(data).buttonChanged, button,
-                     state == WL_POINTER_BUTTON_STATE_PRESSED);
+                call(eventsOf(data).buttonChanged, button, state == WL_POINTER_BUTTON_STATE_PRESSED,
+                     time);
             },
         .axis = [](void *, wl_pointer *, std::uint32_t, std::uint32_t, wl_fixed_t) {},
         .frame = [](void *, wl_pointer *) {},

@@ -12,8 +12,8 @@ namespace corvane::wayland {
 struct SeatEvents {
     std::function<void(wl_surface *surface, Point point, std::uint32_t serial)> pointerEntered{};
     std::function<void(Point point)> pointerMoved{};
-    /// The button as the kernel numbers it.
-    std::function<void(std::uint32_t button, bool isPress)> buttonChanged{};
+    /// The button as the kernel numbers it; the compositor's time in milliseconds.
+    std::function<void(std::uint32_t button, bool isPress, std::uint32_t time)> buttonChanged{};
     /// The keyboard's layout in a file of xkb's text format and of that many bytes.
     std::function<void(int descriptor, std::uint32_t size)> keyMapChanged{};
     std::function<void(std::uint32_t depressed, std::uint32_t latched, std::uint32_t locked,

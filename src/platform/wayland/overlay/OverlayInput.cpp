@@ -24,8 +24,8 @@ OverlayInput::OverlayInput(const Connection &connection)
                                 [point](InputReceiver &receiver) { receiver.mouseDragged(point); });
                      }
                  },
-             .buttonChanged = [this](std::uint32_t button,
-                                     bool isPress) { changeButton(button, isPress); },
+             .buttonChanged = [this](std::uint32_t button, bool isPress,
+                                     std::uint32_t /*time*/) { changeButton(button, isPress); },
              .keyMapChanged = [this](int descriptor,
                                      std::uint32_t size) { keyMap_.load(descriptor, size); },
              .modifiersChanged =

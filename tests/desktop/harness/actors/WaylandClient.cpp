@@ -88,7 +88,7 @@ void WaylandClient::listen() const {
             events_.push_back({.kind = kind->second,
                                .window = std::stoi(fields.at(1)),
                                .position = {wholeNumber(fields.at(3)), wholeNumber(fields.at(4))},
-                               .nanoseconds = std::stoll(fields.at(5))});
+                               .milliseconds = std::stoll(fields.at(5))});
         } else if (fields.front() == "shown") {
             shown_.insert(std::stoi(fields.at(1)));
         } else {

@@ -22,8 +22,8 @@ struct PointerEvent {
     int window = 0;
     /// Where the pointer was, from the window's top left corner.
     Position position;
-    /// The monotonic clock when the program saw it.
-    std::int64_t nanoseconds = 0;
+    /// Of a press or a release: milliseconds of the compositor's clock when it happened.
+    std::int64_t milliseconds = 0;
 };
 
 /// Another program of a Wayland session with windows that note what the pointer does in them; and

@@ -6,6 +6,7 @@
 #include "probes/Screenshot.h"
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -45,6 +46,10 @@ class WaylandDesktop : public Desktop {
 
     /// Whether the compositor still runs.
     bool isWhole() const { return compositor_->isRunning(); }
+
+    /// Has the compositor stand still, and go on.
+    void pauseCompositor() const { compositor_->signal(SIGSTOP); }
+    void continueCompositor() const { compositor_->signal(SIGCONT); }
 
     /// Takes the compositor away from everybody.
     void stopCompositor();

@@ -3,17 +3,12 @@
 #include <QCoreApplication>
 
 #include <algorithm>
-#include <chrono>
 #include <string_view>
 #include <utility>
 
 namespace corvane::desktop {
 
 namespace {
-
-std::int64_t monotonicNanoseconds() {
-    return std::chrono::steady_clock::now().time_since_epoch().count();
-}
 
 /// A window manager ends clients that do not answer.
 void answerPings(xdg_wm_base *shell) {
@@ -44,8 +39,8 @@ ClientProgram::ClientProgram(std::unique_ptr<wayland::Connection> connection)
                      reportPointer("motion");
                  },
              .buttonChanged =
-                 [this](std::uint32_t button, bool isPress) {
-                     reportPointer(isPress ? "press" : "release", button);
+                 [this](std::uint32_t button, bool isPress, std::uint32_t time) {
+                     reportPointer(isPress ? "press" : "release", button, time);
                  }}),
       input_([this](const auto &fields) { return carryOut(fields); }) {
     static constexpr wl_registry_listener listener{
@@ -97,10 +92,11 @@ void ClientProgram::open(const std::vector<std::string> &fields) {
                          [window] { report("shown\t" + std::to_string(window)); });
 }
 
-void ClientProgram::reportPointer(const std::string &what, std::uint32_t button) const {
+void ClientProgram::reportPointer(const std::string &what, std::uint32_t button,
+                                  std::uint32_t time) const {
     report(what + "\t" + std::to_string(windowBeneathPointer()) + "\t" + std::to_string(button) +
            "\t" + std::to_string(point_.x) + "\t" + std::to_string(point_.y) + "\t" +
-           std::to_string(monotonicNanoseconds()));
+           std::to_string(time));
 }
 
 int ClientProgram::windowBeneathPointer() const {

@@ -26,7 +26,8 @@ class ClientProgram {
   private:
     bool carryOut(const std::vector<std::string> &fields);
     void open(const std::vector<std::string> &fields);
-    void reportPointer(const std::string &what, std::uint32_t button = 0) const;
+    void reportPointer(const std::string &what, std::uint32_t button = 0,
+                       std::uint32_t time = 0) const;
     int windowBeneathPointer() const;
 
     wayland::Events events_;
