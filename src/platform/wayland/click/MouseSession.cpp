@@ -37,11 +37,14 @@ std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
         [this](bool isPressed) { isPressed ? press() : release(); });
 }
 
+/// A compositor that is late would see press and release, or many clicks, at the same time: the hold
+/// begins when the press has been carried out.
 void MouseSession::press() {
     if (isUsable()) {
         record_.addPress();
         isPressed_ = true;
         device_->press();
+        connection_->synchronise();
     }
 }
 
