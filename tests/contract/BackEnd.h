@@ -53,6 +53,9 @@ struct BackEndKind {
 /// The recorder and the back end of this machine.
 std::vector<BackEndKind> backEndKinds();
 
+/// The same, and the back end with the other window systems of this machine.
+std::vector<BackEndKind> windowSystemKinds();
+
 /// A test that every back end has to pass.
 class ContractTest : public testing::TestWithParam<BackEndKind> {
   protected:
@@ -66,6 +69,11 @@ class ContractTest : public testing::TestWithParam<BackEndKind> {
 /// Runs the tests of a suite derived from ContractTest on every back end.
 #define CORVANE_CONTRACT(Suite)                                                                    \
     INSTANTIATE_TEST_SUITE_P(BackEnds, Suite, testing::ValuesIn(backEndKinds()),                   \
+                             [](const auto &test) { return test.param.name; })
+
+/// Runs them also with every window system.
+#define CORVANE_WINDOW_CONTRACT(Suite)                                                             \
+    INSTANTIATE_TEST_SUITE_P(BackEnds, Suite, testing::ValuesIn(windowSystemKinds()),              \
                              [](const auto &test) { return test.param.name; })
 
 } // namespace contract

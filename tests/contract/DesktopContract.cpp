@@ -61,7 +61,7 @@ TEST_P(DesktopContract, TheWindowListCanBeRead) {
     EXPECT_TRUE(platform().windowList().onScreenWindows().has_value());
 }
 
-CORVANE_CONTRACT(DesktopContract);
+CORVANE_WINDOW_CONTRACT(DesktopContract);
 
 } // namespace
 

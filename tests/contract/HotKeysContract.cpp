@@ -32,7 +32,7 @@ TEST_P(HotKeysContract, AKeyGivenBackCanBeRegisteredAgain) {
     }
 }
 
-CORVANE_CONTRACT(HotKeysContract);
+CORVANE_WINDOW_CONTRACT(HotKeysContract);
 
 } // namespace
 

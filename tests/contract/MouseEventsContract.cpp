@@ -65,7 +65,7 @@ TEST_P(MouseEventsContract, SessionsOfDifferentThreadsDoNotDisturbEachOther) {
     EXPECT_TRUE(platform().mouseEvents().openSession()->readyPosition().has_value());
 }
 
-CORVANE_CONTRACT(MouseEventsContract);
+CORVANE_WINDOW_CONTRACT(MouseEventsContract);
 
 } // namespace
 

@@ -128,7 +128,7 @@ TEST_P(OverlayContract, MouseEventsOnTheirWayToAnOverlayThatIsOrderedOutAreDropp
     EXPECT_EQ(reported, std::vector<Point>(2, {210, 120}));
 }
 
-CORVANE_CONTRACT(OverlayContract);
+CORVANE_WINDOW_CONTRACT(OverlayContract);
 
 } // namespace
 

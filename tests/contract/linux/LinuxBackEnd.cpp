@@ -2,6 +2,7 @@
 
 #include "EventLoop.h"
 #include "RecorderBackEnd.h"
+#include "WaylandBackEnd.h"
 #include "actors/Pointer.h"
 
 #include <QDBusConnection>
@@ -42,6 +43,12 @@ void LinuxBackEnd::click(Point point) {
 std::vector<BackEndKind> backEndKinds() {
     return {{.name = "Recorder", .make = RecorderBackEnd::make},
             {.name = "Linux", .make = LinuxBackEnd::make}};
+}
+
+std::vector<BackEndKind> windowSystemKinds() {
+    auto kinds = backEndKinds();
+    kinds.push_back({.name = "Sway", .make = WaylandBackEnd::onSway});
+    return kinds;
 }
 
 } // namespace corvane::contract

@@ -11,6 +11,10 @@ namespace corvane::contract {
 /// The real back end, with a home directory of its own.
 class LinuxBackEnd : public BackEnd {
   public:
+    /// A compositor's events, where it is the window system, outlive the back end.
+    explicit LinuxBackEnd(wayland::Events *compositor = nullptr)
+        : platform_(events_, x11::XcbConnection::open().value(), compositor) {}
+
     static std::unique_ptr<BackEnd> make() { return std::make_unique<LinuxBackEnd>(); }
 
     platform::Platform &platform() override { return platform_; }
@@ -26,7 +30,7 @@ class LinuxBackEnd : public BackEnd {
     EnvironmentVariable configVariable_{"XDG_CONFIG_HOME", std::nullopt};
     x11::XcbEvents events_{x11::XcbConnection::open().value(),
                            [] { ADD_FAILURE() << "the server is gone"; }};
-    linux::LinuxPlatform platform_{events_, x11::XcbConnection::open().value()};
+    linux::LinuxPlatform platform_;
 };
 
 } // namespace corvane::contract

@@ -64,4 +64,6 @@ std::vector<BackEndKind> backEndKinds() {
             {.name = "Mac", .make = MacBackEnd::make}};
 }
 
+std::vector<BackEndKind> windowSystemKinds() { return backEndKinds(); }
+
 } // namespace corvane::contract
