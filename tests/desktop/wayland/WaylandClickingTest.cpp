@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <thread>
 #include <utility>
@@ -18,24 +16,6 @@ using Kind = PointerEvent::Kind;
 
 class WaylandClickingTest : public EveryCompositorTest {
   protected:
-    bool isButtonDown() const { return client_.pressCount() > client_.releaseCount(); }
-
-    /// Halts something in a run so that the button stays down.
-    bool haltInClick(const std::function<void()> &halt, const std::function<void()> &resume) {
-        constexpr std::chrono::milliseconds longerThanAClick{50};
-        return waitUntil([&] {
-            if (!isButtonDown()) {
-                return false;
-            }
-            halt();
-            if (!waitUntil([&] { return !isButtonDown(); }, longerThanAClick)) {
-                return true;
-            }
-            resume();
-            return false;
-        });
-    }
-
     /// Milliseconds of the compositor's clock from each event of the first kind to the next one of
     /// the second kind.
     std::vector<std::int64_t> between(Kind first, Kind second) const {
@@ -57,11 +37,6 @@ class WaylandClickingTest : public EveryCompositorTest {
 
     /// Milliseconds without their fractions differ by one less at most.
     static constexpr std::int64_t shortestHold = 10 - 1;
-
-    /// Whether the button comes up and nothing is clicked any more.
-    bool isLeftAlone() {
-        return waitUntil([this] { return !isButtonDown(); }) && staysQuiet();
-    }
 };
 
 TEST_P(WaylandClickingTest, EveryClickArrivesWhereThePointerIs) {
@@ -124,40 +99,6 @@ TEST_P(WaylandClickingTest, AHeldHotKeyIsOnePress) {
     EXPECT_EQ(corvane->logCount("Clicker started: mode=cursor interval=0.01s maxClicks=0"), 1);
     desktop_.pressHotKey();
     EXPECT_TRUE(corvane->waitForLogBeginning("Clicker stopped after ")) << corvane->story();
-}
-
-TEST_P(WaylandClickingTest, AProgramKilledInAClickLeavesTheButtonUp) {
-    const auto corvane = start({.clickRate = 100});
-    desktop_.pressHotKey();
-    ChildProcess &program = corvane->process();
-    ASSERT_TRUE(haltInClick([&] { program.signal(SIGSTOP); }, [&] { program.signal(SIGCONT); }))
-        << corvane->story();
-    program.signal(SIGKILL);
-    EXPECT_TRUE(isLeftAlone());
-    EXPECT_TRUE(corvane->waitForLog("Released the mouse button after an unexpected end"));
-}
-
-TEST_P(WaylandClickingTest, AReleaseThatTheCompositorHasNotReadIsMadeUpFor) {
-    const auto corvane = start({.clickRate = 100});
-    desktop_.pressHotKey();
-    ASSERT_TRUE(haltInClick([this] { desktop_.pauseCompositor(); },
-                            [this] { desktop_.continueCompositor(); }))
-        << corvane->story();
-    corvane->process().signal(SIGKILL);
-    ASSERT_TRUE(corvane->process().waitForEnd().has_value());
-    desktop_.continueCompositor();
-    EXPECT_TRUE(isLeftAlone());
-    EXPECT_TRUE(corvane->waitForLog("Released the mouse button after an unexpected end"));
-}
-
-TEST_P(WaylandClickingTest, ACompositorThatGoesEndsTheProgram) {
-    const auto corvane = start({.clickRate = 100});
-    desktop_.pressHotKey();
-    ASSERT_TRUE(waitForMoreClicks(3)) << corvane->story();
-    desktop_.stopCompositor();
-    const auto end = corvane->process().waitForEnd();
-    ASSERT_TRUE(end.has_value()) << corvane->story();
-    EXPECT_EQ(end, (ProcessEnd{.exitCode = 1})) << corvane->story();
 }
 
 CORVANE_EVERY_COMPOSITOR(WaylandClickingTest);

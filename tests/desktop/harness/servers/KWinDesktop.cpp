@@ -8,14 +8,14 @@
 
 namespace corvane::desktop {
 
-KWinDesktop::KWinDesktop(Permission permission) {
+KWinDesktop::KWinDesktop(Permission permission, double scale) {
     writeSettings();
     permit(CORVANE_WAYLAND_CLIENT);
     if (permission == Permission::given) {
         permit(CORVANE_PROGRAM);
     }
     startMessageBus();
-    startKWin();
+    startKWin(scale);
     takeStatusIcons();
     control_ = std::make_unique<HelperProgram>(*this, CORVANE_WAYLAND_CLIENT);
 }
@@ -39,7 +39,7 @@ void KWinDesktop::permit(const std::string &program) const {
                   "\nX-KDE-Wayland-Interfaces=org_kde_kwin_fake_input\n");
 }
 
-void KWinDesktop::startKWin() {
+void KWinDesktop::startKWin(double scale) {
     // The installed file has a capability that a container may not grant; a copy has none.
     const auto program = folder() / "kwin_wayland";
     std::filesystem::copy_file("/usr/bin/kwin_wayland", program);
@@ -52,8 +52,9 @@ void KWinDesktop::startKWin() {
     environment["KWIN_COMPOSE"] = "O2";
     environment["KWIN_SCREENSHOT_NO_PERMISSION_CHECKS"] = "1";
     environment["QT_QPA_PLATFORM"] = "wayland";
-    startCompositor({program, "--virtual", "--width", "1280", "--height", "800", "--output-count",
-                     "2", "--xwayland", "--no-lockscreen", "--no-kactivities", session},
+    startCompositor({program, "--virtual", "--width", "1280", "--height", "800", "--scale",
+                     std::to_string(scale), "--output-count", "2", "--xwayland", "--no-lockscreen",
+                     "--no-kactivities", session},
                     environment, {"WAYLAND_DISPLAY", "DISPLAY"});
 }
 

@@ -8,13 +8,14 @@
 
 namespace corvane::desktop {
 
-/// KWin as on KDE Plasma, both monitors of 1280 by 800 pixels.
+/// KWin as on KDE Plasma, both monitors of 1280 by 800 units.
 class KWinDesktop : public WaylandDesktop {
   public:
     /// Whether KWin has been given the desktop file by which it lets Corvane click.
     enum class Permission { given, missing };
 
-    explicit KWinDesktop(Permission permission = Permission::given);
+    /// With that many pixels to a unit.
+    explicit KWinDesktop(Permission permission = Permission::given, double scale = 1);
 
     void pressHotKey(std::chrono::milliseconds held = {}) const override;
     void tapEscape() const override;
@@ -26,7 +27,7 @@ class KWinDesktop : public WaylandDesktop {
     bool takesScreenshots() const;
     void writeSettings() const;
     void permit(const std::string &program) const;
-    void startKWin();
+    void startKWin(double scale);
     void change(int key, bool isPress) const;
     void requestPlace(const std::string &title, Position position) const override;
     std::optional<Position> positionOf(const std::string &title) const override;

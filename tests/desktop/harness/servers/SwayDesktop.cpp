@@ -32,6 +32,11 @@ std::optional<Position> positionIn(const json &node, const std::string &title) {
 
 SwayDesktop::SwayDesktop(const std::string &settings) {
     startMessageBus();
+    startSession(settings);
+}
+
+void SwayDesktop::startSession(const std::string &settings) {
+    std::filesystem::remove(sessionVariables());
     startSway(settings);
     takeStatusIcons();
     constexpr const char *anHourInMilliseconds = "3600000";

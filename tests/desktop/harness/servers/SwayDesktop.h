@@ -13,6 +13,9 @@ class SwayDesktop : public WaylandDesktop {
     /// `settings` are further lines of the compositor's configuration.
     explicit SwayDesktop(const std::string &settings = {});
 
+    /// Starts sway again after its end.
+    void restart() { startSession({}); }
+
     /// Has sway carry out one of its commands; throws when it refuses.
     void command(const std::string &text) const;
 
@@ -24,6 +27,7 @@ class SwayDesktop : public WaylandDesktop {
     }
 
   private:
+    void startSession(const std::string &settings);
     void startSway(const std::string &settings);
     void requestPlace(const std::string &title, Position position) const override;
     std::optional<Position> positionOf(const std::string &title) const override;

@@ -70,6 +70,19 @@ std::string WaylandDesktop::sightAt(Position position) const {
            std::to_string(colour.blue);
 }
 
+void WaylandDesktop::stopXWayland() const {
+    // Nothing else has this home. The compositor's own children may have started and left it.
+    for (const auto &entry : std::filesystem::directory_iterator("/proc")) {
+        if (readFile(entry.path() / "comm") == "Xwayland\n" &&
+            readFile(entry.path() / "environ").find("HOME=" + home().string()) !=
+                std::string::npos) {
+            kill(std::stoi(entry.path().filename()), SIGKILL);
+            return;
+        }
+    }
+    throw std::runtime_error("The compositor has no XWayland");
+}
+
 void WaylandDesktop::stopCompositor() {
     compositor_->signal(SIGKILL);
     compositor_->waitForEnd();

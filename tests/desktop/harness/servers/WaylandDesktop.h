@@ -53,6 +53,8 @@ class WaylandDesktop : public Desktop {
 
     /// Takes the compositor away from everybody.
     void stopCompositor();
+    /// Takes the X server away, which the compositor has started.
+    void stopXWayland() const;
 
   protected:
     WaylandDesktop() = default;
