@@ -3,13 +3,12 @@
 #include "platform/drawing/MenuText.h"
 #include "platform/freedesktop/bus/SessionBus.h"
 #include "platform/freedesktop/tray/StatusNotifierRegistration.h"
+#include "platform/linux/Compositor.h"
 #include "platform/linux/PortalSystem.h"
 #include "platform/linux/environment/EnvironmentVariable.h"
 #include "platform/linux/environment/TextDecoding.h"
-#include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/connection/Connection.h"
 #include "platform/wayland/kwin/HotKeys.h"
-#include "platform/wayland/kwin/Permission.h"
 #include "platform/wayland/kwin/Windows.h"
 #include "platform/wayland/sway/HotKeys.h"
 #include "platform/wayland/sway/Windows.h"
@@ -105,8 +104,8 @@ void readCompositor(const wayland::Connection &compositor, const HotKey &hotKey,
 /// Nothing where the compositor lets no program click.
 std::optional<DesktopFacts> factsOfCompositor(const x11::XcbConnection &xwayland,
                                               const HotKey &hotKey) {
-    const auto compositor = wayland::kwin::openWithPermission(wayland::Connection::open());
-    if (!compositor || !wayland::letsProgramsClick(*compositor)) {
+    const auto compositor = connectToCompositor();
+    if (!compositor) {
         return std::nullopt;
     }
     DesktopFacts facts{.displayServer = DisplayServer::wayland,

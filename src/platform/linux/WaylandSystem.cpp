@@ -1,5 +1,6 @@
 #include "platform/linux/WaylandSystem.h"
 
+#include "platform/wayland/kwin/EisDevice.h"
 #include "platform/wayland/kwin/HotKeys.h"
 #include "platform/wayland/kwin/Windows.h"
 #include "platform/wayland/sway/HotKeys.h"
@@ -40,6 +41,14 @@ wayland::MouseEvents::CursorReaders readersOf(wayland::kwin::Cursor *cursor) {
     return [cursor] { return cursor->read(); };
 }
 
+/// KWin 6 also gives a mouse to programs without the permission for fake input.
+wayland::MouseEvents::OtherDevices otherDevicesOf(bool isKWin) {
+    if (!isKWin) {
+        return {};
+    }
+    return [] { return wayland::kwin::EisDevice::open(); };
+}
+
 /// The compositor is the window system only where it lets the program click.
 AccessibilityObstacle clicksReachEverything() { return AccessibilityObstacle::none; }
 
@@ -62,7 +71,7 @@ WaylandSystem::WaylandSystem(wayland::Events &events, drawing::SymbolImages &sym
                              qt::OwnWindows ownWindows)
     : kwinCursor_(isKWin(events.connection()) ? std::make_unique<wayland::kwin::Cursor>()
                                               : nullptr),
-      mouseEvents_(readersOf(kwinCursor_.get())),
+      mouseEvents_(readersOf(kwinCursor_.get()), otherDevicesOf(kwinCursor_ != nullptr)),
       screens_(events.connection()),
       overlayWindows_(events.connection(), screens_, symbols),
       windows_(windowsOf(kwinCursor_ != nullptr)),

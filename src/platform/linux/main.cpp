@@ -4,6 +4,7 @@
 #include "app/Doctor.h"
 #include "platform/drawing/MenuText.h"
 #include "platform/linux/ButtonWatchdog.h"
+#include "platform/linux/Compositor.h"
 #include "platform/linux/DesktopReading.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/MissingPanel.h"
@@ -14,10 +15,8 @@
 #include "platform/posix/FileFacts.h"
 #include "platform/posix/PosixFileSystem.h"
 #include "platform/qt/controls/ViewStyling.h"
-#include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/click/PressedButtonRecord.h"
 #include "platform/wayland/connection/Events.h"
-#include "platform/wayland/kwin/Permission.h"
 #include "platform/x11/click/PressedButtonRecord.h"
 #include "platform/x11/connection/QtConnection.h"
 #include "platform/x11/connection/ServerAbilities.h"
@@ -93,12 +92,9 @@ void releaseButtonOf(pid_t owner) {
 
 /// The Wayland compositor behind an X server, if it lets programs click; null else.
 std::unique_ptr<wayland::Events> compositorAround(const x11::XcbConnection &server) {
-    auto compositor = x11::isInsideWayland(server)
-                          ? wayland::kwin::openWithPermission(wayland::Connection::open())
-                          : nullptr;
-    return compositor && wayland::letsProgramsClick(*compositor)
-               ? std::make_unique<wayland::Events>(std::move(compositor), compositorLost)
-               : nullptr;
+    auto compositor = x11::isInsideWayland(server) ? connectToCompositor() : nullptr;
+    return compositor ? std::make_unique<wayland::Events>(std::move(compositor), compositorLost)
+                      : nullptr;
 }
 
 /// The toolkit's own texts, such as a text field's menu, in the user's language; the system's

@@ -75,6 +75,12 @@ class FakeInput : public ClickDevice {
 
 } // namespace
 
+bool ClickDevice::isOffered(const Connection &connection) {
+    const bool canFindCursor = connection.viewporter() != nullptr;
+    return (connection.virtualPointers() != nullptr && canFindCursor) ||
+           connection.fakeInput() != nullptr;
+}
+
 std::unique_ptr<ClickDevice> ClickDevice::make(Connection &connection) {
     if (connection.virtualPointers() != nullptr) {
         return std::make_unique<VirtualPointer>(connection);

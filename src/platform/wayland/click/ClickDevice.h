@@ -13,7 +13,16 @@ class ClickDevice {
     /// device.
     static std::unique_ptr<ClickDevice> make(Connection &connection);
 
+    /// Whether the compositor offers one.
+    static bool isOffered(const Connection &connection);
+
     virtual ~ClickDevice() = default;
+
+    /// Whether the compositor has taken the device away.
+    virtual bool isLost() const { return false; }
+
+    /// False while a press would come to nothing.
+    virtual bool isReady() { return true; }
 
     virtual void press() = 0;
     virtual void release() = 0;

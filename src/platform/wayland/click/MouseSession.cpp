@@ -1,33 +1,28 @@
 #include "platform/wayland/click/MouseSession.h"
 
 #include "platform/wayland/click/ButtonSource.h"
-#include "platform/wayland/click/MouseEvents.h"
 
 #include <optional>
 #include <utility>
 
 namespace corvane::wayland {
 
-bool letsProgramsClick(const Connection &connection) {
-    const bool canShow = connection.compositor() != nullptr &&
-                         connection.sharedMemory() != nullptr && connection.layerShell() != nullptr;
-    const bool canProbe =
-        connection.virtualPointers() != nullptr && connection.viewporter() != nullptr;
-    return canShow && (canProbe || connection.fakeInput() != nullptr);
-}
-
 std::unique_ptr<platform::MouseSession> MouseEvents::openSession() {
-    return std::make_unique<MouseSession>(cursorReaders_ ? cursorReaders_() : nullptr);
+    return std::make_unique<MouseSession>(cursorReaders_ ? cursorReaders_() : nullptr,
+                                          otherDevices_);
 }
 
-MouseSession::MouseSession(std::unique_ptr<CursorReader> cursor) : reader_(std::move(cursor)) {
+MouseSession::MouseSession(std::unique_ptr<CursorReader> cursor,
+                           MouseEvents::OtherDevices otherDevices)
+    : otherDevices_(std::move(otherDevices)),
+      reader_(std::move(cursor)) {
     connect();
 }
 
 /// While a button is held a probe does not find the cursor; where it was at the press is known.
 std::optional<Point> MouseSession::readyPosition() {
     if (!isPressed_) {
-        position_ = ensureUsable() ? cursorPosition() : std::nullopt;
+        position_ = ensureUsable() && device_->isReady() ? cursorPosition() : std::nullopt;
     }
     return position_;
 }
@@ -37,8 +32,8 @@ std::unique_ptr<platform::MouseEventSource> MouseSession::createEventSource() {
         [this](bool isPressed) { isPressed ? press() : release(); });
 }
 
-/// A compositor that is late would see press and release, or many clicks, at the same time: the hold
-/// begins when the press has been carried out.
+/// A compositor that is late would see press and release, or many clicks, at the same time: the
+/// hold begins when the press has been carried out.
 void MouseSession::press() {
     if (isUsable()) {
         record_.addPress();
@@ -88,6 +83,9 @@ void MouseSession::connect() {
     device_.reset();
     connection_ = Connection::open();
     device_ = connection_ ? ClickDevice::make(*connection_) : nullptr;
+    if (connection_ && !device_ && otherDevices_) {
+        device_ = otherDevices_();
+    }
     probe_ = device_ && !reader_ ? CursorProbe::make(*connection_, *device_) : nullptr;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/wayland/click/ClickDevice.h"
 #include "platform/wayland/click/CursorProbe.h"
 #include "platform/wayland/click/CursorReader.h"
+#include "platform/wayland/click/MouseEvents.h"
 #include "platform/wayland/click/PressedButtonRecord.h"
 #include "platform/wayland/connection/Connection.h"
 
@@ -17,7 +18,7 @@ namespace corvane::wayland {
 class MouseSession : public platform::MouseSession {
   public:
     /// Without a reader the cursor is found by a probe.
-    explicit MouseSession(std::unique_ptr<CursorReader> cursor);
+    MouseSession(std::unique_ptr<CursorReader> cursor, MouseEvents::OtherDevices otherDevices);
 
     std::optional<Point> readyPosition() override;
     std::unique_ptr<platform::MouseEventSource> createEventSource() override;
@@ -29,7 +30,7 @@ class MouseSession : public platform::MouseSession {
   private:
     /// Whether the compositor has carried it out.
     bool releaseOnce() const;
-    bool isUsable() const { return device_ && !connection_->isLost(); }
+    bool isUsable() const { return device_ && !device_->isLost() && !connection_->isLost(); }
     bool ensureUsable();
     std::optional<Point> cursorPosition() const;
     void connect();
@@ -38,6 +39,7 @@ class MouseSession : public platform::MouseSession {
     bool isPressed_ = false;
     /// As read last.
     std::optional<Point> position_;
+    const MouseEvents::OtherDevices otherDevices_;
     std::unique_ptr<Connection> connection_;
     std::unique_ptr<ClickDevice> device_;
     const std::unique_ptr<CursorReader> reader_;

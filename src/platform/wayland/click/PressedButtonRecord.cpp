@@ -93,17 +93,20 @@ bool releaseRecordedButton() {
         return false;
     }
     const auto connection = Connection::open();
-    const auto device = connection ? ClickDevice::make(*connection) : nullptr;
-    if (!device) {
+    if (!connection) {
         return false;
     }
-    // All runs press the same button.
-    device->release();
-    if (!connection->synchronise()) {
-        return false;
+    // Without one, KWin itself handed out the device, and releases its button.
+    const auto device = ClickDevice::make(*connection);
+    if (device) {
+        // All runs press the same button.
+        device->release();
+        if (!connection->synchronise()) {
+            return false;
+        }
     }
     record.clear();
-    return true;
+    return device != nullptr;
 }
 
 } // namespace corvane::wayland

@@ -11,7 +11,6 @@
 #include <string>
 #include <system_error>
 #include <thread>
-#include <utility>
 
 namespace corvane::wayland::kwin {
 
@@ -50,22 +49,21 @@ bool writeDesktopEntry() {
 
 } // namespace
 
-std::unique_ptr<Connection> openWithPermission(std::unique_ptr<Connection> connection) {
-    if (!connection || connection->virtualPointers() != nullptr ||
-        connection->fakeInput() != nullptr || !isRunning() || !writeDesktopEntry()) {
-        return connection;
+std::unique_ptr<Connection> openWithPermission() {
+    if (!isRunning() || !writeDesktopEntry()) {
+        return nullptr;
     }
     log("Waiting for KWin to let this program press the mouse button");
     constexpr std::chrono::milliseconds interval{500};
     constexpr int attempts = 8;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         std::this_thread::sleep_for(interval);
-        auto next = Connection::open();
-        if (next && next->fakeInput() != nullptr) {
-            return next;
+        auto connection = Connection::open();
+        if (connection && connection->fakeInput() != nullptr) {
+            return connection;
         }
     }
-    return connection;
+    return nullptr;
 }
 
 } // namespace corvane::wayland::kwin

@@ -6,9 +6,9 @@
 
 namespace corvane::wayland::kwin {
 
-/// A connection that may press the mouse button where KWin is the compositor, or else `connection`
-/// itself. KWin gives the right to programs whose desktop file asks for it. A hidden one is written
-/// for this program where it is missing; KWin then takes up to three seconds to notice.
-std::unique_ptr<Connection> openWithPermission(std::unique_ptr<Connection> connection);
+/// A connection with fake input where KWin is the compositor; null else. KWin gives the right to
+/// programs whose desktop file asks for it. A hidden one is written for this program where it is
+/// missing; KWin then takes up to three seconds to notice.
+std::unique_ptr<Connection> openWithPermission();
 
 } // namespace corvane::wayland::kwin
