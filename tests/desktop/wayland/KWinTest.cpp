@@ -1,19 +1,44 @@
 #include "WaylandTest.h"
 #include "harness/servers/KWinDesktop.h"
 
+#include <filesystem>
+
 namespace corvane::desktop {
 
 namespace {
 
-class KWinTest : public WaylandTest {
+/// KWin that has been given no desktop file by which it lets Corvane click.
+class KWinWithoutPermissionTest : public WaylandTest {
   protected:
-    KWinTest() : WaylandTest(std::make_unique<KWinDesktop>(KWinDesktop::Permission::missing)) {}
+    KWinWithoutPermissionTest()
+        : WaylandTest(std::make_unique<KWinDesktop>(KWinDesktop::Permission::missing)) {}
+
+    void startClicking() {
+        corvane_ = start({.clickRate = 10});
+        desktop_.pressHotKey();
+        EXPECT_TRUE(client_.waitForClicks(3)) << corvane_->story();
+    }
+
+    bool isDesktopFileWritten() const {
+        return std::filesystem::exists(desktop_.home() /
+                                       ".local/share/applications/corvane-mouse-button.desktop");
+    }
+
+  private:
+    std::unique_ptr<CorvaneProcess> corvane_;
 };
 
-TEST_F(KWinTest, TheFirstStartGetsThePermissionToClick) {
-    const auto corvane = start({.clickRate = 10});
-    desktop_.pressHotKey();
-    EXPECT_TRUE(client_.waitForClicks(3)) << corvane->story();
+class KWin5Test : public KWinWithoutPermissionTest {};
+class KWin6Test : public KWinWithoutPermissionTest {};
+
+TEST_F(KWin5Test, TheFirstStartGetsThePermissionToClick) {
+    startClicking();
+    EXPECT_TRUE(isDesktopFileWritten());
+}
+
+TEST_F(KWin6Test, NoPermissionIsNeededToClick) {
+    startClicking();
+    EXPECT_FALSE(isDesktopFileWritten());
 }
 
 } // namespace

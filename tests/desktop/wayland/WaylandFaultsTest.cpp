@@ -34,6 +34,12 @@ class WaylandFaultsTest : public EveryCompositorTest {
     bool isLeftAlone() {
         return waitUntil([this] { return !isButtonDown(); }) && staysQuiet();
     }
+
+    /// KWin itself releases the button of a mouse that it has handed out.
+    static bool isReleaseLogged(CorvaneProcess &corvane) {
+        return GetParam() == "kwin_eis" ||
+               corvane.waitForLog("Released the mouse button after an unexpected end");
+    }
 };
 
 TEST_P(WaylandFaultsTest, AProgramKilledInAClickLeavesTheButtonUp) {
@@ -44,7 +50,7 @@ TEST_P(WaylandFaultsTest, AProgramKilledInAClickLeavesTheButtonUp) {
         << corvane->story();
     program.signal(SIGKILL);
     EXPECT_TRUE(isLeftAlone());
-    EXPECT_TRUE(corvane->waitForLog("Released the mouse button after an unexpected end"));
+    EXPECT_TRUE(isReleaseLogged(*corvane));
 }
 
 TEST_P(WaylandFaultsTest, AReleaseThatTheCompositorHasNotReadIsMadeUpFor) {
@@ -57,7 +63,7 @@ TEST_P(WaylandFaultsTest, AReleaseThatTheCompositorHasNotReadIsMadeUpFor) {
     ASSERT_TRUE(corvane->process().waitForEnd().has_value());
     desktop_.continueCompositor();
     EXPECT_TRUE(isLeftAlone());
-    EXPECT_TRUE(corvane->waitForLog("Released the mouse button after an unexpected end"));
+    EXPECT_TRUE(isReleaseLogged(*corvane));
 }
 
 TEST_P(WaylandFaultsTest, ACompositorThatGoesEndsTheProgram) {

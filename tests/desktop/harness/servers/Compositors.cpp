@@ -10,6 +10,9 @@ std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor
     if (compositor == "kwin") {
         return std::make_unique<KWinDesktop>();
     }
+    if (compositor == "kwin_eis") {
+        return std::make_unique<KWinDesktop>(KWinDesktop::Permission::missing);
+    }
     if (compositor == "labwc") {
         return std::make_unique<LabwcDesktop>();
     }

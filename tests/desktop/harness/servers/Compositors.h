@@ -9,10 +9,10 @@
 namespace corvane::desktop {
 
 /// The compositors that a Wayland desktop can have here.
-inline const std::array<std::string, 3> compositors{"sway", "labwc", "kwin"};
+inline const std::array<std::string, 4> compositors{"sway", "labwc", "kwin", "kwin_eis"};
 
 /// Those that report to programs where windows are.
-inline const std::array<std::string, 2> windowReportingCompositors{"sway", "kwin"};
+inline const std::array<std::string, 3> windowReportingCompositors{"sway", "kwin", "kwin_eis"};
 
 /// A desktop with the compositor of that name.
 std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor);
