@@ -14,6 +14,7 @@ class MouseSession : public platform::MouseSession {
   public:
     explicit MouseSession(std::shared_ptr<Session> session) : session_(std::move(session)) {
         if (session_) {
+            session_->prepareClicks();
             cast_.emplace(*session_);
             if (!cast_->isStarted()) {
                 log("The cursor cannot be found: the desktop's screen cast does not start");
@@ -24,7 +25,7 @@ class MouseSession : public platform::MouseSession {
     /// Where the cursor was at the press is known: the release waits for nothing.
     std::optional<Point> readyPosition() override {
         if (!isPressed_) {
-            position_ = session_ && session_->isOpen() ? cast_->position() : std::nullopt;
+            position_ = session_ && session_->isReady() ? cast_->position() : std::nullopt;
         }
         return position_;
     }

@@ -6,6 +6,7 @@
 #include <QDBusUnixFileDescriptor>
 #include <QVariantMap>
 
+#include <expected>
 #include <linux/input-event-codes.h>
 #include <string>
 #include <utility>
@@ -15,6 +16,22 @@
 namespace corvane::wayland::portal {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the call returns, or why it fails.
+std::expected<posix::FileDescriptor, std::string> openDescriptor(const QDBusConnection &bus,
+                                                                 const QDBusMessage &call) {
+    constexpr int timeoutMilliseconds = 5000;
+    const QDBusReply<QDBusUnixFileDescriptor> reply =
+        bus.call(call, QDBus::Block, timeoutMilliseconds);
+    if (!reply.isValid()) {
+        return std::unexpected(reply.error().message().toStdString());
+    }
+    return posix::FileDescriptor(fcntl(reply.value().fileDescriptor(), F_DUPFD_CLOEXEC, 0));
+}
+
+} // namespace
 
 QDBusMessage portalCall(const char *interface, const QString &method,
                         const QVariantList &arguments) {
@@ -37,10 +54,39 @@ Session::~Session() {
     }
 }
 
-void Session::setButton(bool isPressed) {
-    if (!isOpen_) {
+void Session::prepareClicks() {
+    const std::lock_guard lock(mutex_);
+    if (std::exchange(isPrepared_, true) || !eis::EmulatedMouse::isPossible()) {
         return;
     }
+    auto socket = openDescriptor(
+        bus_, portalCall(remoteDesktopInterface, u"ConnectToEIS"_s,
+                         {QVariant::fromValue(QDBusObjectPath(path_)), QVariantMap()}));
+    if (!socket) {
+        return;
+    }
+    hasSocket_ = true;
+    mouse_ = eis::EmulatedMouse::connect(std::move(*socket));
+    if (!mouse_) {
+        log("The desktop's portal hands out a socket for clicks, and no mouse");
+    }
+}
+
+bool Session::isReady() {
+    const std::lock_guard lock(mutex_);
+    return isOpen_ && (!hasSocket_ || (mouse_ && mouse_->isReady()));
+}
+
+void Session::setButton(bool isPressed) {
+    const std::lock_guard lock(mutex_);
+    if (mouse_) {
+        mouse_->setButton(isPressed);
+    } else if (isOpen_ && !hasSocket_) {
+        notifyButton(isPressed);
+    }
+}
+
+void Session::notifyButton(bool isPressed) {
     auto message = portalCall(remoteDesktopInterface, u"NotifyPointerButton"_s,
                               {QVariant::fromValue(QDBusObjectPath(path_)), QVariantMap(),
                                int{BTN_LEFT}, QVariant::fromValue(static_cast<uint>(isPressed))});
@@ -50,17 +96,13 @@ void Session::setButton(bool isPressed) {
 }
 
 posix::FileDescriptor Session::openPipeWire() const {
-    constexpr int timeoutMilliseconds = 5000;
-    const QDBusReply<QDBusUnixFileDescriptor> reply =
-        bus_.call(portalCall(screenCastInterface, u"OpenPipeWireRemote"_s,
-                             {QVariant::fromValue(QDBusObjectPath(path_)), QVariantMap()}),
-                  QDBus::Block, timeoutMilliseconds);
-    if (!reply.isValid()) {
-        log("The desktop's portal gives no access to the screen cast: " +
-            reply.error().message().toStdString());
-        return posix::FileDescriptor();
+    auto connection = openDescriptor(
+        bus_, portalCall(screenCastInterface, u"OpenPipeWireRemote"_s,
+                         {QVariant::fromValue(QDBusObjectPath(path_)), QVariantMap()}));
+    if (!connection) {
+        log("The desktop's portal gives no access to the screen cast: " + connection.error());
     }
-    return posix::FileDescriptor(fcntl(reply.value().fileDescriptor(), F_DUPFD_CLOEXEC, 0));
+    return connection ? std::move(*connection) : posix::FileDescriptor();
 }
 
 } // namespace corvane::wayland::portal

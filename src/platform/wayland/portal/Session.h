@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/posix/FileDescriptor.h"
+#include "platform/wayland/eis/EmulatedMouse.h"
 #include "support/Geometry.h"
 
 #include <QDBusConnection>
@@ -9,6 +10,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <memory>
+#include <mutex>
 #include <vector>
 
 namespace corvane::wayland::portal {
@@ -52,6 +55,13 @@ class Session {
     bool isOpen() const { return isOpen_; }
     void markEnded() { isOpen_ = false; }
 
+    /// To be called before the first click. Where the portal hands out a mouse (EIS), clicks no
+    /// longer go over the bus. Waits for the portal.
+    void prepareClicks();
+
+    /// Whether a press would be carried out now.
+    bool isReady();
+
     /// Presses or releases the left button where the cursor is, without waiting for the desktop.
     /// The calls of all threads are carried out in their order.
     void setButton(bool isPressed);
@@ -61,10 +71,18 @@ class Session {
     posix::FileDescriptor openPipeWire() const;
 
   private:
+    void notifyButton(bool isPressed);
+
     QDBusConnection bus_;
     const QString path_;
     const std::vector<Stream> streams_;
     std::atomic<bool> isOpen_ = true;
+    std::mutex mutex_;
+    bool isPrepared_ = false;
+    /// From then on the portal takes no clicks over the bus.
+    bool hasSocket_ = false;
+    /// Null where the desktop gives none over the socket.
+    std::unique_ptr<eis::EmulatedMouse> mouse_;
 };
 
 } // namespace corvane::wayland::portal
