@@ -2,6 +2,7 @@
 #include "harness/servers/KWinDesktop.h"
 #include "harness/servers/SwayDesktop.h"
 
+#include <ostream>
 #include <string>
 
 namespace corvane::desktop {
@@ -12,6 +13,10 @@ namespace {
 struct ScaledDesktop {
     const char *name;
     std::unique_ptr<WaylandDesktop> (*make)();
+
+    friend std::ostream &operator<<(std::ostream &stream, const ScaledDesktop &desktop) {
+        return stream << desktop.name;
+    }
 };
 
 std::unique_ptr<WaylandDesktop> scaledSway(const std::string &scale,
