@@ -67,9 +67,8 @@ void Session::prepareClicks() {
     }
     hasSocket_ = true;
     mouse_ = eis::EmulatedMouse::connect(std::move(*socket));
-    if (!mouse_) {
-        log("The desktop's portal hands out a socket for clicks, and no mouse");
-    }
+    log(mouse_ ? "Clicks go over a socket of the desktop's own"
+               : "The desktop's portal hands out a socket for clicks, and no mouse");
 }
 
 bool Session::isReady() {
