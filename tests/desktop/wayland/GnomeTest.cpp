@@ -1,6 +1,8 @@
 #include "WaylandTest.h"
 #include "harness/servers/GnomeDesktop.h"
 
+#include <csignal>
+
 namespace corvane::desktop {
 
 namespace {
@@ -26,6 +28,22 @@ TEST_F(GnomeTest, EveryClickArrivesOnceTheUserHasConsented) {
     EXPECT_TRUE(staysQuiet());
     EXPECT_EQ(client_.pressCount(), 20);
     EXPECT_EQ(client_.releaseCount(), 20);
+}
+
+class GnomeWithTokensTest : public GnomeTest {};
+
+TEST_F(GnomeWithTokensTest, TheSecondStartAsksNothingAndClicksOverASocket) {
+    start({.clickRate = 10, .maxClicks = 20})->process().signal(SIGTERM);
+    CorvaneProcess second(desktop_);
+    ASSERT_TRUE(second.waitForLog("The desktop's portal lets Corvane click")) << second.story();
+    toggle();
+    EXPECT_TRUE(second.waitForLog("Clicks go over a socket of the desktop's own"))
+        << second.story();
+    EXPECT_TRUE(second.waitForLog("Clicker finished after 20 clicks (limit reached)"))
+        << second.story();
+    EXPECT_TRUE(client_.waitForClicks(20));
+    EXPECT_TRUE(staysQuiet());
+    EXPECT_EQ(client_.pressCount(), 20);
 }
 
 TEST_F(GnomeTest, ARevokedConsentEndsTheRunWithTheButtonUp) {

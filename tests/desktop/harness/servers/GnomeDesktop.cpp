@@ -73,29 +73,50 @@ void GnomeDesktop::startPortal() {
     startService("xdg-desktop-portal", "org.freedesktop.portal.Desktop");
 }
 
+GnomeDesktop::PortalWindow GnomeDesktop::portalWindow() const {
+    if (run({"gnome-shell", "--version"}).starts_with("GNOME Shell 43")) {
+        // The first monitor is chosen already.
+        return {.blueFromTheStart = {80, 22},
+                .monitorsToChoose = {{260, 190}},
+                .remoteInteraction = {80, 276},
+                .share = {80, 22}};
+    }
+    return {.blueFromTheStart = {426, 91},
+            .monitorsToChoose = {{429, 362}, {173, 334}},
+            .remoteInteraction = {75, 156},
+            .share = {48, 22}};
+}
+
 bool GnomeDesktop::consent() const {
     const std::string guide = "Accessibility";
     const std::string question = "xdg-desktop-portal-gnome";
-    awaitWindow(guide);
+    awaitFocus(guide);
     tap(KEY_ENTER);
     // The window moves to its place after it has come up.
     const auto at = [&](int fromRight, int fromTop) {
         const Area frame = awaitWindow(question);
         return Position{frame.x + frame.width - fromRight, frame.y + fromTop};
     };
-    const auto secondMonitor = [&] { return at(260, 190); };
-    const auto remoteInteraction = [&] { return at(80, 276); };
-    const auto share = [&] { return at(80, 22); };
-    awaitBlue(share);
-    // The first monitor is chosen already.
-    click(secondMonitor());
+    const PortalWindow window = portalWindow();
+    const auto place = [&](Position offset) { return at(offset.x, offset.y); };
+    const auto remoteInteraction = [&] { return place(window.remoteInteraction); };
+    awaitBlue([&] { return place(window.blueFromTheStart); });
+    for (const Position monitor : window.monitorsToChoose) {
+        click(place(monitor));
+    }
     click(remoteInteraction());
     awaitBlue(remoteInteraction);
-    click(share());
+    click(place(window.share));
     if (!waitUntil([&] { return !frameOf(question); })) {
         throw std::runtime_error("The portal's window stays open");
     }
     return true;
+}
+
+void GnomeDesktop::awaitFocus(const std::string &title) const {
+    if (!waitUntil([&] { return control_->ask("focused").front() == title; })) {
+        throw std::runtime_error("No such window has the keyboard: " + title);
+    }
 }
 
 /// As GNOME draws what is switched on or suggested.

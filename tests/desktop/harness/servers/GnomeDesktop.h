@@ -26,10 +26,20 @@ class GnomeDesktop : public WaylandDesktop {
     void revokeConsent() const { control_->demand("revoke"); }
 
   private:
+    /// Places in the window in which the portal asks, from its right and its upper edge.
+    struct PortalWindow {
+        Position blueFromTheStart;
+        std::vector<Position> monitorsToChoose;
+        Position remoteInteraction;
+        Position share;
+    };
+
+    PortalWindow portalWindow() const;
     void writeSettings() const;
     void startShell();
     void startPipeWire();
     void startPortal();
+    void awaitFocus(const std::string &title) const;
     void awaitBlue(const std::function<Position()> &position) const;
     void change(int key, bool isPress) const;
     void tap(int key) const;

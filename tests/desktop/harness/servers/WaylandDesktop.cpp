@@ -50,8 +50,15 @@ void WaylandDesktop::takeStatusIcons() {
 }
 
 void WaylandDesktop::place(const std::string &title, Position position) const {
-    requestPlace(title, position);
-    if (!waitUntil([&] { return positionOf(title) == position; })) {
+    const bool isThere = waitUntil([&] {
+        if (positionOf(title) == position) {
+            return true;
+        }
+        // Again, because a compositor may still be about to place a new window itself.
+        requestPlace(title, position);
+        return false;
+    });
+    if (!isThere) {
         throw std::runtime_error("The window did not move");
     }
 }

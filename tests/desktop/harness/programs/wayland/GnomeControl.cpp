@@ -80,6 +80,9 @@ bool GnomeControl::carryOut(const std::vector<std::string> &fields) const {
                    u".move_frame(true, %1, %2)"_s.arg(text(fields.at(2)), text(fields.at(3))))
             .has_value();
     }
+    if (command == "focused") {
+        return reportArray(u"[global.display.focus_window].map(window => window.title)"_s);
+    }
     if (command == "where") {
         return reportArray(u"[%1.get_frame_rect()].flatMap("
                            u"frame => [frame.x, frame.y, frame.width, frame.height])"_s.arg(
