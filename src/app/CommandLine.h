@@ -7,7 +7,7 @@
 
 namespace corvane {
 
-/// What the command line asks for.
+/// What the command line requests.
 struct CommandLine {
     enum class Request {
         /// Start the program.
@@ -27,7 +27,7 @@ struct CommandLine {
     CommandAnswer answer{};
     CommandRequest words{};
 
-    /// What the program tells of itself.
+    /// The program's own properties.
     struct Program {
         /// Such as "1.0.0 (1)".
         std::string version;

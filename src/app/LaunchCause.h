@@ -5,7 +5,7 @@ namespace corvane {
 /// Who started the program.
 enum class LaunchCause {
     user,
-    /// The system, as the login item asks it to.
+    /// The system, because of the login item.
     login
 };
 

@@ -11,7 +11,7 @@
 namespace corvane {
 
 /// Reads the members of a JSON object one by one. A member that cannot be read leaves its target as
-/// it was; the first such member is remembered. A strict reader asks for the `outcome`, a forgiving
+/// it was; the first such member is remembered. A strict reader checks the `outcome`, a forgiving
 /// one does not. The object outlives its members.
 ///
 /// A `Read` is called with a value and gives an `Outcome` of what the target holds.

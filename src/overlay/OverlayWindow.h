@@ -9,7 +9,7 @@
 
 namespace corvane {
 
-/// What the zone picker hears from an overlay; points in screen space.
+/// The input of an overlay, for the zone picker; points in screen space.
 struct OverlayCallbacks {
     std::function<void(Point)> onMouseDown;
     std::function<void()> onCancel;

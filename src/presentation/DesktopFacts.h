@@ -26,7 +26,7 @@ enum class HotKeyState {
     free,
     taken,
     noSuchKey,
-    /// The system gives a key to everybody who wants it and does not tell who else has it.
+    /// The system gives a key to every program that registers it and does not report the others.
     unknown,
     /// The desktop gives no program a hot key.
     notOffered
@@ -66,7 +66,7 @@ struct DesktopFacts {
     std::optional<bool> hasCompositor{};
     /// Empty for none.
     std::optional<std::string> windowManager{};
-    /// What the window manager does not tell of all that Corvane asks it.
+    /// The properties that Corvane needs and the window manager does not set.
     std::vector<std::string> missingHints{};
 
     bool operator==(const DesktopFacts &) const = default;

@@ -184,9 +184,9 @@ using ViewContent = std::variant<Stack, Text, SymbolImage, FileImage, Button, To
 struct View {
     ViewContent content;
 
-    /// Tells siblings of one kind apart: a view keeps its control, and with it the focus, from one
-    /// tree to the next as long as kind and identity stay. Views without one are told apart by
-    /// their order among siblings of their kind.
+    /// Distinguishes siblings of one kind: a view keeps its control, and with it the focus, from
+    /// one tree to the next as long as kind and identity stay. Views without one are distinguished
+    /// by their order among siblings of their kind.
     std::string identity{};
 
     Insets padding{};

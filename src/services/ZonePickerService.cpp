@@ -119,7 +119,7 @@ void ZonePickerService::cleanUp() {
 }
 
 void ZonePickerService::answer(const std::optional<ZonePickResult> &result) {
-    // A pick asked for while the alert was up has opened overlays of its own.
+    // A pick requested while the alert was up has opened overlays of its own.
     cleanUp();
     if (const Answer waiting = std::exchange(continuation_, nullptr)) {
         waiting(result);

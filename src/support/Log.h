@@ -5,7 +5,7 @@
 
 namespace corvane {
 
-/// Where `log` writes unless told otherwise.
+/// Where `log` writes unless another sink is in use.
 inline constexpr const char *logPath = "/tmp/corvane.log";
 
 /// Appends one line with the time in UTC to the diagnostic log. Any thread. A line that cannot be

@@ -9,7 +9,7 @@ namespace corvane {
 
 // Short names for the views that the settings tabs are made of.
 
-/// The space between the neighbours of a row that asks for none of its own, points.
+/// The space between the neighbours of a row that sets none of its own, points.
 inline constexpr double standardSpacing = 8;
 
 View row(std::vector<View> children, double spacing = standardSpacing,

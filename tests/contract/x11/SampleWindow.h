@@ -55,7 +55,7 @@ class SampleWindow {
     /// Puts the names of atoms into a property.
     void setAtoms(std::string_view property, const std::vector<std::string> &names) const;
 
-    /// Asks the window manager for something by a message to the root window.
+    /// Sends the window manager a request by a message to the root window.
     void ask(std::string_view message, const std::vector<std::uint32_t> &values) const {
         connection_.askWindowManager(id_, message, values);
     }

@@ -20,7 +20,7 @@ class HelperProgram {
         : process_(desktop.start(std::move(arguments))) {}
 
     /// The lines of the answer; the last one is "done" or "refused". Lines that say
-    /// `notice` come unasked and are left out. Throws when no answer comes.
+    /// `notice` are no part of a reply and are left out. Throws when no answer comes.
     std::vector<std::string> ask(const std::string &command, const std::string &notice = {});
 
     /// Throws when the command is refused.

@@ -8,7 +8,7 @@ namespace corvane::desktop {
 /// How long a test waits for what it expects to happen; generous, for a loaded machine.
 inline constexpr std::chrono::seconds patience{30};
 
-/// Asks again and again until the condition holds; false when `limit` passes first.
+/// Checks the condition until it holds; false when `limit` passes first.
 template <typename Condition>
 bool waitUntil(Condition condition, std::chrono::milliseconds limit = patience) {
     constexpr std::chrono::milliseconds pause{5};

@@ -123,7 +123,7 @@ TEST_F(AnchorTest, TheZoneFollowsAfterALostConnection) {
 
     const ServerSockets sockets(corvane->process().pid());
     const DisplayConnection &other = desktop_.connection();
-    ASSERT_TRUE(sockets.cutTheOneThatHearsOf([&] {
+    ASSERT_TRUE(sockets.cutTheOneThatReceives([&] {
         xcb_change_property(other.get(), XCB_PROP_MODE_REPLACE, client_.windowId(window_),
                             other.atom("SOMETHING"), XCB_ATOM_CARDINAL, 32, 0, nullptr);
         other.synchronize();

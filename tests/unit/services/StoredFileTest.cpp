@@ -29,7 +29,7 @@ class StoredFileTest : public ::testing::Test {
 TEST_F(StoredFileTest, MakesItsFolderOnceOnly) {
     ASSERT_TRUE(stored_.makeFolder());
     EXPECT_TRUE(files_.isDirectory(folder));
-    files_.setFaults({.createDirectories = Failure{"must not be asked for"}});
+    files_.setFaults({.createDirectories = Failure{"must not be requested"}});
     EXPECT_TRUE(stored_.makeFolder());
 }
 

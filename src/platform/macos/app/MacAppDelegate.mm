@@ -58,7 +58,7 @@ std::string representedObject(id sender) {
     _platform.reset();
 }
 
-/// What the system would restore after a new login is nothing; it asks in the log all the same.
+/// There is no state to restore after a new login; without this method AppKit logs a warning.
 - (BOOL)applicationSupportsSecureRestorableState:(NSApplication *)application {
     return YES;
 }

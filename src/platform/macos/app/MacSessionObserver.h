@@ -6,7 +6,7 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// Hears notifications of the workspace and of the login window for as long as it exists. Main
+/// Observes notifications of the workspace and of the login window for as long as it exists. Main
 /// thread.
 @interface MacSessionObserver : NSObject
 

@@ -6,8 +6,7 @@ NS_ASSUME_NONNULL_BEGIN
 
 namespace corvane::macos {
 
-/// Turns the signals that ask a program to end into an orderly termination, for as long as it
-/// exists.
+/// Turns SIGTERM, SIGINT and SIGHUP into an orderly termination, for as long as it exists.
 class TerminationSignals {
   public:
     TerminationSignals();

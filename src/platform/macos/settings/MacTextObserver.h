@@ -6,7 +6,7 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// Hears what is typed into a text field. The field holds it weakly.
+/// Reports what is typed into a text field. The field holds it weakly.
 @interface MacTextObserver : NSObject <NSTextFieldDelegate>
 
 /// Calls `changed` after every edit and `ended` when the typing ends.

@@ -9,7 +9,7 @@
 
 NS_ASSUME_NONNULL_BEGIN
 
-/// Gives a toolbar its items and hears which one the user chooses.
+/// Gives a toolbar its items and reports which one the user chooses.
 @interface MacToolbarDelegate : NSObject <NSToolbarDelegate>
 
 - (instancetype)initWithToolbar:(const corvane::Toolbar &)toolbar

@@ -26,7 +26,7 @@ class Timer : public platform::Timer {
                                             }
                                           }];
         if (repeats) {
-            // A napping program's timers come late; this one is asked for something every period.
+            // App Nap delays the timers of a program in the background.
             activity_.emplace(NSActivityUserInitiatedAllowingIdleSystemSleep, @"Repeated check");
         }
         // While a menu or an alert is open too.

@@ -23,7 +23,7 @@ class Output {
     std::uint32_t name() const { return name_; }
     wl_output *get() const { return output_.get(); }
 
-    /// Asks where it is, and learns of changes from then on.
+    /// Requests its position and follows changes of it from then on.
     void follow(zxdg_output_manager_v1 *manager);
     bool isFollowed() const { return place_ != nullptr; }
 

@@ -64,7 +64,7 @@ std::optional<std::pair<int, int>> pairIn(const QVariantMap &map, const QString 
     return numbers;
 }
 
-/// Only those whose place is told: the others say nothing of where the cursor is.
+/// Only those with a position: the cursor in the others cannot be located.
 std::vector<Stream> streamsIn(const QVariantMap &results) {
     std::vector<Stream> streams;
     const QVariant value = results.value(u"streams"_s);

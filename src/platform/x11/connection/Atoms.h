@@ -67,7 +67,8 @@ struct Atoms {
     /// The name of every atom.
     static std::span<const Name> names();
 
-    /// Asks the server for all of them in one round trip. XCB_ATOM_NONE for those it does not give.
+    /// Requests all of them from the server in one round trip. XCB_ATOM_NONE for those it does not
+    /// provide.
     static Atoms of(xcb_connection_t *connection, int screenNumber);
 };
 

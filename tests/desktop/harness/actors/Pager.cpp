@@ -11,7 +11,7 @@ namespace corvane::desktop {
 
 namespace {
 
-/// Requests on a user's behalf are obeyed where those of programs may not be.
+/// Window managers carry out a pager's requests also where they refuse a program's.
 constexpr std::uint32_t fromPager = 2;
 
 } // namespace

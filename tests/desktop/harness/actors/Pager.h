@@ -7,8 +7,8 @@
 
 namespace corvane::desktop {
 
-/// Asks the window manager for what a taskbar and a switcher of workspaces do. Every call returns
-/// when it is done and throws when the window manager does not do it.
+/// Requests from the window manager what a taskbar and a switcher of workspaces do. Every call
+/// returns when it is done and throws when the window manager does not do it.
 class Pager {
   public:
     /// The connection outlives it.

@@ -16,7 +16,7 @@ class ProbeWindow {
 
     void close();
 
-    /// Asks to be shown, again if it has been forgotten; whether the window manager took care of
+    /// Maps the window, again if the map request was lost; whether the window manager took care of
     /// it within a moment.
     bool isManaged() const;
 

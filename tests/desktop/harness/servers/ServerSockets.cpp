@@ -76,11 +76,11 @@ ServerSockets::ServerSockets(pid_t program) : program_(program) {
     }
 }
 
-bool ServerSockets::cutTheOneThatHearsOf(const std::function<void()> &happening) const {
+bool ServerSockets::cutTheOneThatReceives(const std::function<void()> &happening) const {
     const Standstill standstill(program_);
     // A late answer may come on another one; hardly each time.
     constexpr int rounds = 5;
-    std::vector<bool> hears(sockets_.size(), true);
+    std::vector<bool> receives(sockets_.size(), true);
     for (int round = 0; round < rounds; ++round) {
         const std::vector<int> before = unreadBytes();
         happening();
@@ -89,13 +89,13 @@ bool ServerSockets::cutTheOneThatHearsOf(const std::function<void()> &happening)
         }
         const std::vector<int> after = unreadBytes();
         for (std::size_t index = 0; index < after.size(); ++index) {
-            hears[index] = hears[index] && after[index] > before[index];
+            receives[index] = receives[index] && after[index] > before[index];
         }
     }
-    if (std::ranges::count(hears, true) != 1) {
+    if (std::ranges::count(receives, true) != 1) {
         return false;
     }
-    const auto index = std::ranges::find(hears, true) - hears.begin();
+    const auto index = std::ranges::find(receives, true) - receives.begin();
     return shutdown(sockets_[static_cast<std::size_t>(index)].get(), SHUT_RDWR) == 0;
 }
 

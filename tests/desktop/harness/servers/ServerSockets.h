@@ -15,9 +15,9 @@ class ServerSockets {
     /// Those the program has at this moment. Throws when the system does not allow it.
     explicit ServerSockets(pid_t program);
 
-    /// Cuts the one connection on which the server tells the program of what `happening` does;
+    /// Cuts the one connection on which the server sends the program what `happening` does;
     /// false where there is not exactly one. The program stands still meanwhile.
-    bool cutTheOneThatHearsOf(const std::function<void()> &happening) const;
+    bool cutTheOneThatReceives(const std::function<void()> &happening) const;
 
   private:
     std::vector<int> unreadBytes() const;

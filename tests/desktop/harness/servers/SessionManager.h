@@ -32,7 +32,7 @@ class SessionManager {
     /// Every program saves once when it joins.
     bool waitForSaves(int count);
 
-    /// Asks for a save as session managers do now and then.
+    /// Requests a save as session managers do now and then.
     void save();
 
     /// Ends the session: a save, and when it is done the end; false when it is never done.

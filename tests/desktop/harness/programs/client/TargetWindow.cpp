@@ -73,7 +73,7 @@ void TargetWindow::describe(const TargetWindowSettings &settings) const {
     }
 }
 
-/// Asks the window manager to leave the position alone, and to mean the client area by it.
+/// Makes the window manager leave the position alone, and to mean the client area by it.
 void TargetWindow::setPosition(const TargetWindowSettings &settings) const {
     xcb_size_hints_t hints{};
     xcb_icccm_size_hints_set_position(&hints, 1, settings.x, settings.y);
