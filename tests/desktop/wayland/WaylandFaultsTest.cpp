@@ -103,8 +103,8 @@ TEST_F(RestartedSwayTest, TheNextStartClicks) {
     ASSERT_TRUE(corvane->process().waitForEnd().has_value()) << corvane->story();
     sway_.restart();
     WaylandClient client(desktop_);
-    client.moveTo(target);
     client.open({.position = corner});
+    client.moveTo(target);
     const auto next = start({.clickRate = 100});
     desktop_.pressHotKey();
     EXPECT_TRUE(client.waitForClicks(3)) << next->story();
