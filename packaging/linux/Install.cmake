@@ -35,7 +35,6 @@ install(FILES "${icon_drawing}"
     DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps" RENAME corvane.svg)
 
 # One drawing in the sizes that panels and menus ask for.
-find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 foreach(size 16 22 24 32 48 64 128 256)
     set(icon "${CMAKE_CURRENT_BINARY_DIR}/icons/${size}.png")
     add_custom_command(OUTPUT "${icon}"

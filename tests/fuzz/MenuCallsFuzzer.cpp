@@ -103,9 +103,8 @@ class Conversation {
     Greeter greeter_;
     std::optional<QDBusConnection> panel_;
     QDBusServer server_{u"unix:tmpdir=/tmp"_s};
-    drawing::SymbolImages symbols_;
     BusConnection bus_{server_.address().toStdString(), {}};
-    DBusMenuExporter menu_{bus_, symbols_, perform};
+    DBusMenuExporter menu_{bus_, perform};
 };
 
 /// Makes choices by the bytes; zeros where they are used up.

@@ -38,7 +38,7 @@ bool isDesktop(QLatin1String name) {
 } // namespace
 
 StatusItem::BusItem::BusItem(StatusItem &owner, freedesktop::BusConnection &bus)
-    : menu(bus, owner.symbols_, owner.perform_),
+    : menu(bus, owner.perform_),
       item(bus, menu.path(), [&owner](QPoint position) { owner.handleClick(position); }),
       registration(bus, {.willRegister = [&owner] { owner.prepareRegistration(); },
                          .changed =

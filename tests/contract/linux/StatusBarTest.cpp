@@ -174,7 +174,9 @@ TEST_F(StatusBarTest, GivesThePanelTheWholeMenu) {
     EXPECT_TRUE(property(2, u"enabled"_s).toBool());
     EXPECT_EQ(qdbus_cast<QList<QStringList>>(property(2, u"shortcut"_s)),
               (QList<QStringList>{{u"Super"_s, u"Shift"_s, u"Y"_s}}));
-    EXPECT_FALSE(QImage::fromData(property(2, u"icon-data"_s).toByteArray(), "PNG").isNull());
+    const auto image = QImage::fromData(property(2, u"icon-data"_s).toByteArray(), "PNG");
+    ASSERT_EQ(image.size(), QSize(32, 32));
+    EXPECT_EQ(image.pixelColor(16, 16), QColor(0x82, 0x82, 0x86));
     EXPECT_EQ(property(3, u"toggle-state"_s).toInt(), 1);
     EXPECT_EQ(property(3, u"toggle-type"_s).toString(), u"checkmark"_s);
     EXPECT_FALSE(property(4, u"toggle-type"_s).isValid());

@@ -3,7 +3,7 @@
 #include "platform/drawing/MenuText.h"
 #include "presentation/MenuAlignment.h"
 
-#include <QBuffer>
+#include <QResource>
 #include <QTimer>
 
 #include <algorithm>
@@ -13,22 +13,13 @@
 
 namespace corvane::freedesktop {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// The colours of the panel's menu are unknown: this grey is visible on light and on dark.
-const QColor imageColour(0x82, 0x82, 0x86);
-constexpr int imagePixels = 32;
-
-std::vector<std::byte> png(const QImage &image) {
-    QByteArray data;
-    QBuffer buffer(&data);
-    buffer.open(QIODevice::WriteOnly);
-    // Little compression is enough for a drawing of a few lines.
-    constexpr int fast = 80;
-    image.save(&buffer, "PNG", fast);
-    const auto bytes =
-        std::as_bytes(std::span(data.constData(), static_cast<std::size_t>(data.size())));
-    return {bytes.begin(), bytes.end()};
+/// The symbol as a PNG file; empty for an unknown symbol.
+QByteArray imageFile(const std::string &symbol) {
+    return QResource(u":/menu/%1.png"_s.arg(QString::fromStdString(symbol))).uncompressedData();
 }
 
 /// Selects a function by the type of its argument.
@@ -100,10 +91,9 @@ const sd_bus_vtable DBusMenuExporter::table[] = {
         0, 0),
     SD_BUS_VTABLE_END};
 
-DBusMenuExporter::DBusMenuExporter(BusConnection &bus, drawing::SymbolImages &symbols,
+DBusMenuExporter::DBusMenuExporter(BusConnection &bus,
                                    std::function<void(const MenuCommand &)> perform)
     : BusObject(bus, "/MenuBar", "com.canonical.dbusmenu"),
-      symbols_(symbols),
       perform_(std::move(perform)) {
     root_.properties.emplace("children-display", "submenu");
     offer(table, this);
@@ -235,25 +225,15 @@ DBusMenuExporter::Properties DBusMenuExporter::propertiesOf(const MenuItem &item
         properties.emplace("toggle-state", 1);
     }
     if (item.image) {
-        const auto &image = imageData(item.image->name);
-        if (!image.empty()) {
-            properties.emplace("icon-data", Image{&image});
+        const QByteArray file = imageFile(item.image->name);
+        if (!file.isEmpty()) {
+            properties.emplace("icon-data", Image{file});
         }
     }
     if (item.submenu) {
         properties.emplace("children-display", "submenu");
     }
     return properties;
-}
-
-const std::vector<std::byte> &DBusMenuExporter::imageData(const std::string &symbol) {
-    const auto known = imageData_.find(symbol);
-    if (known != imageData_.end()) {
-        return known->second;
-    }
-    const QImage image = symbols_.image(symbol, imageColour, imagePixels);
-    return imageData_.emplace(symbol, image.isNull() ? std::vector<std::byte>() : png(image))
-        .first->second;
 }
 
 void DBusMenuExporter::write(BusMessage &message, const Value &value) {
@@ -271,7 +251,9 @@ void DBusMenuExporter::write(BusMessage &message, const Value &value) {
                               });
                           },
                           [&](const Image &image) {
-                              message.writeVariant("ay", [&] { message.writeBytes(*image.file); });
+                              message.writeVariant("ay", [&] {
+                                  message.writeBytes(std::as_bytes(std::span(image.file)));
+                              });
                           }},
                value);
 }

@@ -1,12 +1,11 @@
 #pragma once
 
-#include "platform/drawing/SymbolImages.h"
 #include "platform/freedesktop/bus/BusObject.h"
 #include "presentation/Menu.h"
 
+#include <QByteArray>
 #include <QObject>
 
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -23,8 +22,7 @@ namespace corvane::freedesktop {
 class DBusMenuExporter : public BusObject {
   public:
     /// `perform` receives each command the user chooses, in a later event-loop iteration.
-    DBusMenuExporter(BusConnection &bus, drawing::SymbolImages &symbols,
-                     std::function<void(const MenuCommand &)> perform);
+    DBusMenuExporter(BusConnection &bus, std::function<void(const MenuCommand &)> perform);
 
     void setMenu(const Menu &menu);
 
@@ -34,9 +32,9 @@ class DBusMenuExporter : public BusObject {
         std::vector<std::string> names;
         bool operator==(const Keys &) const = default;
     };
-    /// A file in PNG format, kept with the symbols.
+    /// A file in PNG format.
     struct Image {
-        const std::vector<std::byte> *file;
+        QByteArray file;
         bool operator==(const Image &) const = default;
     };
     using Value = std::variant<bool, std::int32_t, std::string, Keys, Image>;
@@ -60,9 +58,7 @@ class DBusMenuExporter : public BusObject {
                        Changes &changes);
     static void patchProperties(Node &node, Properties properties, Changes &changes);
     void send(const Changes &changes);
-    Properties propertiesOf(const MenuItem &item);
-    /// The symbol as a PNG file; empty for an unknown symbol.
-    const std::vector<std::byte> &imageData(const std::string &symbol);
+    static Properties propertiesOf(const MenuItem &item);
 
     static void write(BusMessage &message, const Value &value);
     /// a{sv}: those with these names, or all where there are no names.
@@ -85,9 +81,7 @@ class DBusMenuExporter : public BusObject {
 
     static const Node *find(const Node &node, std::int32_t id);
 
-    drawing::SymbolImages &symbols_;
     std::function<void(const MenuCommand &)> perform_;
-    std::map<std::string, std::vector<std::byte>> imageData_;
     Menu shown_;
     Node root_;
     std::int32_t lastId_ = 0;
