@@ -34,8 +34,13 @@ Figure Figure::of(std::string name, std::string unit, const Target &target,
             .p99 = samples.percentile(target.medianAtLeast ? 1 : 99)};
 }
 
+void Figure::setFloor(const Reference &floor) {
+    reference = floor;
+    parts = {{.name = floor.name, .amount = floor.median}};
+}
+
 std::optional<double> Figure::ratio() const {
-    return peerMedian ? std::optional(median / *peerMedian) : std::nullopt;
+    return reference ? std::optional(median / reference->median) : std::nullopt;
 }
 
 bool Figure::isMet() const {

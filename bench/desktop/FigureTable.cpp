@@ -24,7 +24,7 @@ Row rowOf(const Figure &figure) {
             target,
             measuredText(figure.median),
             measuredText(figure.p99),
-            ratio ? measuredText(*ratio) : "",
+            ratio ? measuredText(*ratio) + " (" + figure.reference->name + ")" : "",
             target.empty()   ? ""
             : figure.isMet() ? "yes"
                              : "no"};
@@ -50,20 +50,29 @@ nlohmann::json optionalNumber(const std::optional<Number> &number) {
 }
 
 nlohmann::json jsonOf(const Figure &figure) {
+    nlohmann::json parts = nlohmann::json::array();
+    for (const Part &part : figure.parts) {
+        parts.push_back({{"name", part.name}, {"amount", part.amount}});
+    }
+    nlohmann::json referenceJson;
+    if (figure.reference) {
+        referenceJson = {{"name", figure.reference->name}, {"median", figure.reference->median}};
+    }
     return {{"name", figure.name},
             {"unit", figure.unit},
             {"target", figure.target.text()},
             {"median", figure.median},
             {"p99", figure.p99},
-            {"peerMedian", optionalNumber(figure.peerMedian)},
+            {"reference", referenceJson},
             {"ratio", optionalNumber(figure.ratio())},
+            {"parts", parts},
             {"isMet", figure.isMet()}};
 }
 
 } // namespace
 
 std::string FigureTable::text() const {
-    std::vector<Row> rows{{"figure", "target", "median", "p99", "ratio to xdotool", "met"}};
+    std::vector<Row> rows{{"figure", "target", "median", "p99", "ratio to", "met"}};
     for (const Figure &figure : figures) {
         rows.push_back(rowOf(figure));
     }

@@ -45,7 +45,7 @@ std::vector<Figure> measureHighestRate(Extent extent) {
 
     return {Figure::of("highest rate, 9999 clicks/s set", "clicks/s", {.medianAtLeast = 97.8},
                        ratesOf(session.newClicks())),
-            Figure::of("private memory, idle", "MB", {.medianAtMost = 45}, idle),
+            Figure::of("private memory, idle", "MB", {.medianAtMost = 10.6}, idle),
             Figure::of("memory growth over " + std::to_string(clickCount) + " clicks", "MB",
                        {.medianAtMost = 0}, growth)};
 }

@@ -1,26 +1,6 @@
 #include "InstructionCounter.h"
 
-#include "harness/TextFile.h"
-
-#include <stdexcept>
-#include <string_view>
-
 namespace corvane::bench {
-
-namespace {
-
-/// A profile of callgrind ends with the sum of its events.
-double totalOf(const std::filesystem::path &profile) {
-    constexpr std::string_view heading = "totals: ";
-    for (const std::string &line : desktop::wholeLines(desktop::readFile(profile))) {
-        if (line.starts_with(heading)) {
-            return std::stod(line.substr(heading.size()));
-        }
-    }
-    throw std::runtime_error("No sum in " + profile.string());
-}
-
-} // namespace
 
 InstructionCounter::InstructionCounter(const desktop::Desktop &desktop)
     : desktop_(desktop),
@@ -42,10 +22,10 @@ InstructionCounter::Counts InstructionCounter::take(pid_t program) {
     desktop_.run(
         {"vgdb", "--vgdb-prefix=" + (folder_ / "vgdb").string(), "--pid=" + process, "dump"});
     const std::string part = "profile." + process + "." + std::to_string(++parts_) + "-";
-    Counts counts{.mainThread = totalOf(folder_ / (part + "01"))};
+    Counts counts{.mainThread = CallProfile(folder_ / (part + "01"))};
     for (const auto &file : std::filesystem::directory_iterator(folder_)) {
         if (file.path().filename().string().starts_with(part)) {
-            counts.allThreads += totalOf(file.path());
+            counts.allThreads += CallProfile(file.path()).total();
         }
     }
     return counts;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CallProfile.h"
 #include "harness/servers/Desktop.h"
 
 #include <filesystem>
@@ -19,7 +20,7 @@ class InstructionCounter {
     std::vector<std::string> launcher() const;
 
     struct Counts {
-        double mainThread = 0;
+        CallProfile mainThread;
         double allThreads = 0;
     };
     /// What the program has executed since its start or since the last call.
