@@ -1,5 +1,6 @@
 #include "platform/x11/connection/QtConnection.h"
 
+#include "platform/x11/connection/Activation.h"
 #include "platform/x11/connection/Xcb.h"
 
 #include <QGuiApplication>
@@ -19,22 +20,9 @@ xcb_connection_t *connectionOfQt() {
 } // namespace
 
 void activate(const Atoms &atoms, xcb_window_t window) {
-    xcb_connection_t *const connection = connectionOfQt();
-    if (connection == nullptr) {
-        return;
+    if (xcb_connection_t *const connection = connectionOfQt()) {
+        activate(connection, atoms, window);
     }
-    constexpr std::uint32_t fromTaskBar = 2;
-    xcb_client_message_event_t request{};
-    request.response_type = XCB_CLIENT_MESSAGE;
-    request.format = 32;
-    request.window = window;
-    request.type = atoms.activeWindow;
-    request.data.data32[0] = fromTaskBar;
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-    xcb_send_event(connection, 0, root,
-                   XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                   reinterpret_cast<const char *>(&request));
-    xcb_flush(connection);
 }
 
 void showOnEveryWorkspace(const Atoms &atoms, xcb_window_t window) {

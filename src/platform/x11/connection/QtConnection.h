@@ -7,8 +7,7 @@ namespace corvane::x11 {
 // Requests on the connection that Qt has to the X server. Those about a window follow Qt's own
 // requests about it. Main thread, once the application exists.
 
-/// Gives the keyboard to a shown window, also while another program has it. Sent as from a task
-/// bar, because window managers refuse the focus to programs that activate themselves.
+/// Gives the keyboard to a shown window, also while another program has it.
 void activate(const Atoms &atoms, xcb_window_t window);
 
 /// Shows a window on every workspace. To be called before it is mapped.

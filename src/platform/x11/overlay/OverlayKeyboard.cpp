@@ -1,5 +1,8 @@
 #include "platform/x11/overlay/OverlayKeyboard.h"
 
+#include "platform/x11/connection/Activation.h"
+#include "platform/x11/connection/ServerAbilities.h"
+
 #include <algorithm>
 #include <utility>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -9,6 +12,7 @@ namespace corvane::x11 {
 OverlayKeyboard::OverlayKeyboard(XcbEvents &events)
     : connection_(events.connection()),
       keyboardChanges_(connection_),
+      isInsideWayland_(isInsideWayland(connection_)),
       subscription_(events.subscribe([this](const xcb_generic_event_t &event) { handle(event); })) {
 }
 
@@ -33,6 +37,39 @@ void OverlayKeyboard::takeFrom(xcb_window_t window) {
     }
     if (entries_.empty()) {
         escapeGrab_.reset();
+        destroyManagedWindow();
+    }
+}
+
+void OverlayKeyboard::giveTo(xcb_window_t window) {
+    if (isInsideWayland_) {
+        activateManagedWindow();
+    } else {
+        setFocus(window);
+    }
+}
+
+void OverlayKeyboard::activateManagedWindow() {
+    xcb_connection_t *const connection = connection_.get();
+    const Atoms &atoms = connection_.atoms();
+    if (managedWindow_ == XCB_WINDOW_NONE) {
+        // Window managers neither decorate nor list a splash screen.
+        constexpr std::uint32_t events = XCB_EVENT_MASK_KEY_PRESS;
+        managedWindow_ = xcb_generate_id(connection);
+        xcb_create_window(connection, XCB_COPY_FROM_PARENT, managedWindow_, connection_.root(), 0,
+                          0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                          XCB_CW_EVENT_MASK, &events);
+        xcb_change_property(connection, XCB_PROP_MODE_REPLACE, managedWindow_, atoms.type,
+                            XCB_ATOM_ATOM, 32, 1, &atoms.typeSplash);
+        xcb_map_window(connection, managedWindow_);
+    }
+    activate(connection, atoms, managedWindow_);
+}
+
+void OverlayKeyboard::destroyManagedWindow() {
+    if (managedWindow_ != XCB_WINDOW_NONE) {
+        xcb_destroy_window(connection_.get(), std::exchange(managedWindow_, XCB_WINDOW_NONE));
+        connection_.flush();
     }
 }
 
@@ -73,6 +110,7 @@ void OverlayKeyboard::handle(const xcb_generic_event_t &event) {
 void OverlayKeyboard::handle(const xcb_key_press_event_t &press) {
     const bool isEscape = press.detail == escapeKey_;
     const bool isForOverlay =
+        (press.event == managedWindow_ && managedWindow_ != XCB_WINDOW_NONE) ||
         std::ranges::find(entries_, press.event, &Entry::window) != entries_.end();
     if (isForOverlay || (isEscape && press.event == connection_.root())) {
         const Handler handler = entries_.back().handler;

@@ -16,6 +16,11 @@ namespace corvane::x11 {
 /// focus. The keyboard as a whole is not grabbed, so that the hot key keeps working. Main thread.
 class OverlayKeyboard {
   public:
+    ~OverlayKeyboard() { destroyManagedWindow(); }
+
+    OverlayKeyboard(const OverlayKeyboard &) = delete;
+    OverlayKeyboard &operator=(const OverlayKeyboard &) = delete;
+
     using Handler = std::function<void(platform::Key)>;
 
     /// The events outlive the keyboard.
@@ -25,7 +30,7 @@ class OverlayKeyboard {
     void prepareFor(xcb_window_t window, Handler handler);
 
     /// To be called once it is mapped: the server refuses the focus to others.
-    void giveTo(xcb_window_t window) const { setFocus(window); }
+    void giveTo(xcb_window_t window);
 
     /// Gives the focus to the overlay that had it before, or to the window that had it before all
     /// overlays.
@@ -40,6 +45,8 @@ class OverlayKeyboard {
     void handle(const xcb_generic_event_t &event);
     void handle(const xcb_key_press_event_t &press);
     void grabEscape();
+    void activateManagedWindow();
+    void destroyManagedWindow();
     xcb_window_t focus() const;
     void setFocus(xcb_window_t window) const;
 
@@ -49,6 +56,10 @@ class OverlayKeyboard {
     xcb_keycode_t escapeKey_ = 0;
     std::unique_ptr<KeyGrab> escapeGrab_;
     xcb_window_t formerFocus_ = XCB_WINDOW_NONE;
+    const bool isInsideWayland_;
+    /// A Wayland compositor gives the keyboard only to windows that it manages: this one has a
+    /// single pixel and receives the keys for the overlays.
+    xcb_window_t managedWindow_ = XCB_WINDOW_NONE;
     XcbEvents::Subscription subscription_;
 };
 
