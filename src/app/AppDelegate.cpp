@@ -122,7 +122,8 @@ void AppDelegate::sessionChanged() {
 }
 
 void AppDelegate::listenForCommands() {
-    commandService_ = std::make_unique<CommandService>(*this, appState_, platform_.mainQueue());
+    commandService_ = std::make_unique<CommandService>(*this, appState_, platform_.mainQueue(),
+                                                       platform_.clock());
     platform_.commandEndpoint().listen(
         weakly_([](AppDelegate &self, const CommandRequest &request, const CommandReply &reply) {
             self.commandService_->handle(request, reply);

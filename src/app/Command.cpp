@@ -14,13 +14,14 @@ struct Form {
     /// The second word; empty for commands of one.
     std::string_view subject{};
     bool hasJson = false;
+    bool hasKey = false;
     bool hasProfile = false;
 };
 
 constexpr std::array forms{
     Form{.kind = Command::Kind::start, .word = "start"},
     Form{.kind = Command::Kind::stop, .word = "stop"},
-    Form{.kind = Command::Kind::toggle, .word = "toggle"},
+    Form{.kind = Command::Kind::toggle, .word = "toggle", .hasKey = true},
     Form{.kind = Command::Kind::status, .word = "status", .hasJson = true},
     Form{.kind = Command::Kind::selectZone, .word = "select-zone"},
     Form{.kind = Command::Kind::settings, .word = "settings"},
@@ -74,6 +75,10 @@ Outcome<Command> Command::parse(const CommandRequest &words) {
     }
     if (form->hasJson && next < words.size() && words[next] == "--json") {
         command.asJson = true;
+        ++next;
+    }
+    if (form->hasKey && next < words.size() && words[next] == "--key") {
+        command.isByKey = true;
         ++next;
     }
     if (next < words.size()) {

@@ -25,6 +25,8 @@ struct Command {
     Kind kind = Kind::status;
     /// The answer is wanted as JSON.
     bool asJson = false;
+    /// Sent by a key of the desktop, which sends it again and again while it is held.
+    bool isByKey = false;
     /// The name or the id of the profile to load.
     std::string profile{};
 

@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/StatusReport.h"
+#include "platform/ContinuousClock.h"
 #include "platform/MainQueue.h"
 #include "state/AppState.h"
 #include "state/Availability.h"
@@ -31,10 +32,12 @@ CommandReply onlyOnce(const CommandReply &reply) {
 } // namespace
 
 CommandService::CommandService(AppDelegate &delegate, const AppState &appState,
-                               platform::MainQueue &mainQueue)
+                               platform::MainQueue &mainQueue,
+                               const platform::ContinuousClock &clock)
     : delegate_(delegate),
       appState_(appState),
-      mainQueue_(mainQueue) {}
+      mainQueue_(mainQueue),
+      clock_(clock) {}
 
 void CommandService::handle(const CommandRequest &request, const CommandReply &reply) {
     if (request.empty()) {
@@ -57,7 +60,7 @@ void CommandService::perform(const Command &command, const CommandReply &reply) 
     case Command::Kind::stop:
         return stop(reply);
     case Command::Kind::toggle:
-        return appState_.status == ClickStatus::running ? stop(reply) : start(reply);
+        return toggle(command, reply);
     case Command::Kind::status:
         return reply(statusReport(appState_, delegate_.isHotkeyRegistered(), command.asJson));
     case Command::Kind::selectZone:
@@ -71,6 +74,21 @@ void CommandService::perform(const Command &command, const CommandReply &reply) 
     case Command::Kind::loadProfile:
         return reply(loadProfile(command.profile));
     }
+}
+
+void CommandService::toggle(const Command &command, const CommandReply &reply) {
+    if (command.isByKey && isRepeatedKey()) {
+        return reply(done("The key is held."));
+    }
+    appState_.status == ClickStatus::running ? stop(reply) : start(reply);
+}
+
+bool CommandService::isRepeatedKey() {
+    // Longer than keys are held before they repeat.
+    constexpr std::chrono::milliseconds pause{700};
+    const auto now = clock_.now();
+    const auto last = std::exchange(lastKey_, now);
+    return last && now - *last < pause;
 }
 
 void CommandService::start(const CommandReply &reply) {

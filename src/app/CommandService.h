@@ -4,6 +4,7 @@
 #include "presentation/ActionID.h"
 #include "support/WeakCallbacks.h"
 
+#include <chrono>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,8 +12,9 @@
 namespace corvane {
 
 namespace platform {
+class ContinuousClock;
 class MainQueue;
-}
+} // namespace platform
 class AppDelegate;
 class AppState;
 
@@ -21,7 +23,8 @@ class AppState;
 class CommandService {
   public:
     /// All outlive the service.
-    CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue);
+    CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue,
+                   const platform::ContinuousClock &clock);
 
     /// Answers once: when the command has been carried out, in a later turn of the main queue at
     /// the latest; `quit` by `sayGoodbye`.
@@ -32,6 +35,7 @@ class CommandService {
 
   private:
     void perform(const Command &command, const CommandReply &reply);
+    void toggle(const Command &command, const CommandReply &reply);
     void start(const CommandReply &reply);
     void stop(const CommandReply &reply);
     void selectZone(const CommandReply &reply);
@@ -45,12 +49,17 @@ class CommandService {
     CommandAnswer outcomeOfStop() const;
     CommandAnswer outcomeOfSelection() const;
 
+    /// Whether a held key has sent the command anew.
+    bool isRepeatedKey();
+
     /// Nothing where the action can be carried out.
     std::optional<CommandAnswer> refusalOf(ActionID action) const;
 
     AppDelegate &delegate_;
     const AppState &appState_;
     platform::MainQueue &mainQueue_;
+    const platform::ContinuousClock &clock_;
+    std::optional<std::chrono::nanoseconds> lastKey_;
     std::vector<CommandReply> awaitingEnd_;
     const WeakCallbacks<CommandService> weakly_{*this};
 };

@@ -50,6 +50,18 @@ class CommandServiceTest : public testing::AppDelegateTest {
         refused("Corvane may not click in other applications; 'corvane doctor' says why");
 };
 
+TEST_F(CommandServiceTest, AKeyThatIsHeldTogglesOnce) {
+    EXPECT_EQ(send({"toggle", "--key"}), done("Clicking started."));
+    for (int repeat = 0; repeat < 30; ++repeat) {
+        platform.advance(std::chrono::milliseconds(repeat == 0 ? 500 : 33));
+        EXPECT_EQ(send({"toggle", "--key"}), done("The key is held."));
+    }
+    EXPECT_EQ(state().status, ClickStatus::running);
+    platform.advance(std::chrono::milliseconds(700));
+    EXPECT_THAT(send({"toggle", "--key"}).output, HasSubstr("Clicking stopped"));
+    EXPECT_EQ(send({"toggle"}), done("Clicking started."));
+}
+
 TEST_F(CommandServiceTest, StartsAndStops) {
     EXPECT_EQ(send({"start"}), done("Clicking started."));
     EXPECT_EQ(state().status, ClickStatus::running);
