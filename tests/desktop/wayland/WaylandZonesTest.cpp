@@ -9,6 +9,8 @@ namespace {
 
 class WaylandZonesTest : public EveryCompositorTest {};
 
+class WaylandPickTest : public EveryCompositorTest {};
+
 class WaylandAnchorTest : public EveryCompositorTest {};
 
 TEST_P(WaylandZonesTest, ClicksInsideOnlyAndThroughTheOutline) {
@@ -38,7 +40,7 @@ TEST_P(WaylandZonesTest, TheOutlineIsSeenWhileARunLasts) {
     EXPECT_TRUE(waitUntil([&] { return desktop_.sightAt(edge) == window; })) << corvane->story();
 }
 
-TEST_P(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
+TEST_P(WaylandPickTest, AZoneIsDrawnAcrossTwoMonitors) {
     const auto corvane = start({});
     openPicker();
     drag({1200, 100}, {1500, 340});
@@ -50,7 +52,7 @@ TEST_P(WaylandZonesTest, AZoneIsDrawnAcrossTwoMonitors) {
     EXPECT_EQ(client_.pressCount(), 0);
 }
 
-TEST_P(WaylandZonesTest, EscapeCancelsAPick) {
+TEST_P(WaylandPickTest, EscapeCancelsAPick) {
     const auto corvane = start({});
     openPicker();
     desktop_.tapEscape();
@@ -88,6 +90,7 @@ TEST_P(WaylandAnchorTest, AnAnchoredZoneFollowsTheWindow) {
 }
 
 CORVANE_EVERY_COMPOSITOR(WaylandZonesTest);
+CORVANE_COMPOSITORS(WaylandPickTest, pickingCompositors);
 CORVANE_COMPOSITORS(WaylandAnchorTest, windowReportingCompositors);
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Compositors.h"
 
+#include "GnomeDesktop.h"
 #include "KWinDesktop.h"
 #include "LabwcDesktop.h"
 #include "SwayDesktop.h"
@@ -7,6 +8,9 @@
 namespace corvane::desktop {
 
 std::unique_ptr<WaylandDesktop> makeWaylandDesktop(const std::string &compositor) {
+    if (compositor == "gnome") {
+        return std::make_unique<GnomeDesktop>();
+    }
     if (compositor == "kwin") {
         return std::make_unique<KWinDesktop>();
     }

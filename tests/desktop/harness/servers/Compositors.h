@@ -11,6 +11,10 @@ namespace corvane::desktop {
 /// The compositors that a Wayland desktop can have here.
 inline const std::array<std::string, 4> compositors{"sway", "labwc", "kwin", "kwin_eis"};
 
+/// Those and GNOME, whose picker is an X client's. Its users have no hot key to start runs with.
+inline const std::array<std::string, 5> pickingCompositors{"sway", "labwc", "kwin", "kwin_eis",
+                                                           "gnome"};
+
 /// Those that report to programs where windows are.
 inline const std::array<std::string, 3> windowReportingCompositors{"sway", "kwin", "kwin_eis"};
 

@@ -28,7 +28,7 @@ GnomeDesktop::GnomeDesktop() {
 void GnomeDesktop::writeSettings() const {
     writeFile(home() / ".config/glib-2.0/settings/keyfile",
               "[org/gnome/shell]\nwelcome-dialog-last-shown-version='99'\n"
-              "[org/gnome/desktop/interface]\nenable-animations=false\n"
+              "[org/gnome/desktop/interface]\nenable-animations=false\nenable-hot-corners=false\n"
               "[org/gnome/desktop/notifications]\nshow-banners=false\n"
               "[org/gnome/desktop/session]\nidle-delay=uint32 0\n"
               "[org/gnome/mutter]\noverlay-key=''\nedge-tiling=false\n");
@@ -161,9 +161,13 @@ void GnomeDesktop::click(Position position) const {
     control_->demand("button\t" + std::to_string(BTN_LEFT) + "\t0");
 }
 
+/// GNOME Shell itself may be about to place a new window.
 void GnomeDesktop::requestPlace(const std::string &title, Position position) const {
-    control_->demand("place\t" + title + "\t" + std::to_string(position.x) + "\t" +
-                     std::to_string(position.y));
+    waitUntil([&] {
+        control_->demand("place\t" + title + "\t" + std::to_string(position.x) + "\t" +
+                         std::to_string(position.y));
+        return positionOf(title) == position;
+    });
 }
 
 std::optional<Position> GnomeDesktop::positionOf(const std::string &title) const {
