@@ -14,6 +14,7 @@ class WeakCallbacks {
     explicit WeakCallbacks(Owner &owner) : owner_(std::make_shared<Owner *>(&owner)) {}
     WeakCallbacks(const WeakCallbacks &) = delete;
     WeakCallbacks &operator=(const WeakCallbacks &) = delete;
+    ~WeakCallbacks() = default;
 
     /// Calls `work`, a member of the owner or a function that takes the owner first.
     template <typename Work>

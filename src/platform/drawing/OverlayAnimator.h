@@ -28,6 +28,7 @@ class OverlayAnimator {
 
     OverlayAnimator(const OverlayAnimator &) = delete;
     OverlayAnimator &operator=(const OverlayAnimator &) = delete;
+    ~OverlayAnimator() = default;
 
     /// Shows frames that are due within 5 ms. To be called while the program is awake anyway, which
     /// saves a wake-up of their own.

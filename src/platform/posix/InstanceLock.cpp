@@ -45,8 +45,8 @@ claimInstance(const std::filesystem::path &file,
                 CommandAnswer{.result = CommandResult::refused,
                               .error = "cannot lock " + lock.error().description});
         }
-        if (*lock) {
-            return std::move(**lock);
+        if (std::optional<InstanceLock> &claimed = *lock) {
+            return *std::move(claimed);
         }
         if (const auto answer = callRunning()) {
             return std::unexpected(*answer);

@@ -1,9 +1,9 @@
 #include "platform/freedesktop/bus/BusConnection.h"
 
 #include <algorithm>
+#include <ctime>
 #include <limits>
 #include <systemd/sd-bus.h>
-#include <time.h>
 #include <utility>
 
 #include <poll.h>
@@ -163,8 +163,9 @@ BusSlot BusConnection::slotFor(Handler handle,
     if (add(&slot, kept.get()) < 0) {
         return nullptr;
     }
-    sd_bus_slot_set_destroy_callback(
-        slot, [](void *handler) { std::unique_ptr<Handler>(static_cast<Handler *>(handler)); });
+    sd_bus_slot_set_destroy_callback(slot, [](void *handler) {
+        const std::unique_ptr<Handler> owner(static_cast<Handler *>(handler));
+    });
     static_cast<void>(kept.release());
     update();
     return BusSlot(slot);

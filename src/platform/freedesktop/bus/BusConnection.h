@@ -72,6 +72,7 @@ class BusConnection {
     BusConnection(const std::string &address, Listener listener);
     BusConnection(const BusConnection &) = delete;
     BusConnection &operator=(const BusConnection &) = delete;
+    ~BusConnection() = default;
 
     /// Whether it is connected or may still be.
     bool isOpen() const;

@@ -98,7 +98,7 @@ std::uint32_t BusMessage::readUnsigned() {
 
 std::string BusMessage::readString(char type) {
     const char *text = nullptr;
-    readBasic(type, &text);
+    readBasic(type, static_cast<void *>(&text));
     return text == nullptr ? std::string() : text;
 }
 

@@ -38,6 +38,7 @@ class SessionBus {
                         uid_t user = geteuid());
     SessionBus(const SessionBus &) = delete;
     SessionBus &operator=(const SessionBus &) = delete;
+    ~SessionBus() = default;
 
     /// The present connection, until `changed` has been called; not open while there is no bus.
     BusConnection &connection() { return *connection_; }

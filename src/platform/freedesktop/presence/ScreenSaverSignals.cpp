@@ -70,6 +70,7 @@ void ScreenSaverSignals::watch(const std::string &saver) {
 
 /// The owner of a name that belongs to one connection changes only when that ends.
 void ScreenSaverSignals::handleEnd(const std::string &saver) {
+    // The name goes with the entry that is erased. NOLINTNEXTLINE(performance-unnecessary-copy-*)
     const std::string ended = saver;
     if (lockers_.erase(ended) > 0) {
         changed_(false);

@@ -47,7 +47,7 @@ struct DBusMenuExporter::Changes {
     std::vector<std::int32_t> layouts;
 };
 
-const sd_bus_vtable DBusMenuExporter::table[] = {
+const sd_bus_vtable DBusMenuExporter::table[] = { // NOLINT(modernize-avoid-c-arrays)
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("GetLayout", "iias", "u(ia{sv}av)",
                   (handleCall<DBusMenuExporter, &DBusMenuExporter::getLayout>),
@@ -261,11 +261,12 @@ void DBusMenuExporter::write(BusMessage &message, const Value &value) {
 void DBusMenuExporter::write(BusMessage &message, const Properties &properties,
                              const std::vector<std::string> &names) {
     message.writeArray("{sv}", [&] {
-        for (const auto &[name, value] : properties) {
-            if (names.empty() || std::ranges::find(names, name) != names.end()) {
+        for (const auto &property : properties) {
+            if (names.empty() || std::ranges::find(names, property.first) != names.end()) {
                 message.writeEntry("sv", [&] {
-                    message.write(name.data());
-                    write(message, value);
+                    // All names are literals. NOLINTNEXTLINE(bugprone-suspicious-stringview-*)
+                    message.write(property.first.data());
+                    write(message, property.second);
                 });
             }
         }

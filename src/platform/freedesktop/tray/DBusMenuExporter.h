@@ -68,7 +68,7 @@ class DBusMenuExporter : public BusObject {
     static void writeLayout(BusMessage &message, const Node &node, int depth,
                             const std::vector<std::string> &names);
 
-    static const sd_bus_vtable table[];
+    static const sd_bus_vtable table[]; // NOLINT(modernize-avoid-c-arrays): as sd-bus takes it
     bool getLayout(BusMessage &call, BusMessage &reply);
     bool getGroupProperties(BusMessage &call, BusMessage &reply);
     bool getProperty(BusMessage &call, BusMessage &reply);

@@ -23,7 +23,7 @@ void writeNoPixmaps(Item /*item*/, BusMessage &reply) {
 } // namespace
 
 /// ItemIsMenu makes a left click open the menu, as on other desktops.
-const sd_bus_vtable StatusNotifierItem::table[] = {
+const sd_bus_vtable StatusNotifierItem::table[] = { // NOLINT(modernize-avoid-c-arrays)
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("Activate", "ii", "",
                   (handleCall<StatusNotifierItem, &StatusNotifierItem::click>),

@@ -40,7 +40,7 @@ class StatusNotifierItem : public BusObject {
     static Pixmap pixmapOf(const QImage &image);
     static void write(BusMessage &message, const std::vector<Pixmap> &pixmaps);
 
-    static const sd_bus_vtable table[];
+    static const sd_bus_vtable table[]; // NOLINT(modernize-avoid-c-arrays): as sd-bus takes it
     bool click(BusMessage &call, BusMessage &reply);
     bool ignore(BusMessage &call, BusMessage &reply);
 

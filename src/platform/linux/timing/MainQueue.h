@@ -18,7 +18,7 @@ namespace corvane::linux {
 /// thread.
 class MainQueue : public platform::MainQueue {
   public:
-    MainQueue() : receiver_(*this) {}
+    MainQueue() = default;
 
     void post(std::function<void()> work) override;
     std::unique_ptr<platform::Timer> after(std::chrono::nanoseconds delay,
@@ -59,7 +59,7 @@ class MainQueue : public platform::MainQueue {
 
     std::mutex posting_;
     std::deque<std::function<void()>> posted_;
-    Receiver receiver_;
+    Receiver receiver_{*this};
     const Clock clock_{};
     /// By their time.
     std::vector<std::shared_ptr<Call>> calls_;

@@ -38,11 +38,6 @@ std::optional<std::string> titleAt(const Windows &windows, const Rectangle &boun
     return std::nullopt;
 }
 
-bool lacksName(const platform::WindowListEntry &entry) {
-    return !entry.name && entry.bounds && entry.ownerProcessIdentifier &&
-           entry.layer.value_or(0) == 0;
-}
-
 } // namespace
 
 void addMissingNames(std::vector<platform::WindowListEntry> &windows,
@@ -52,10 +47,12 @@ void addMissingNames(std::vector<platform::WindowListEntry> &windows,
     }
     std::map<std::int32_t, Windows> windowsOf;
     for (platform::WindowListEntry &entry : windows) {
-        if (!lacksName(entry) || *entry.ownerProcessIdentifier == ownProcessIdentifier) {
+        const auto &owner = entry.ownerProcessIdentifier;
+        if (entry.name || !entry.bounds || !owner || *owner == ownProcessIdentifier ||
+            entry.layer.value_or(0) != 0) {
             continue;
         }
-        const auto [found, isNew] = windowsOf.try_emplace(*entry.ownerProcessIdentifier);
+        const auto [found, isNew] = windowsOf.try_emplace(*owner);
         if (isNew) {
             found->second = accessibility.windows(found->first);
         }
