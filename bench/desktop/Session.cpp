@@ -25,7 +25,7 @@ std::unique_ptr<desktop::CorvaneProcess> Session::start(const desktop::Settings 
     desktop::writeSettings(desktop_, settings.text());
     auto corvane = std::make_unique<desktop::CorvaneProcess>(
         desktop_, desktop::CorvaneProcess::Options{.launcher = launcher});
-    const auto limit = slowness * desktop::patience;
+    const auto limit = slowness * desktop::timeLimit;
     const bool isReady = corvane->waitForLogBeginning("Hotkey (", 1, limit) &&
                          desktop::waitUntil([&] { return panel_.itemCount() > items; }, limit);
     if (!isReady) {
@@ -52,7 +52,7 @@ Clicks Session::newClicks() {
 
 void awaitFinish(desktop::CorvaneProcess &corvane, std::chrono::milliseconds leastTime) {
     std::this_thread::sleep_for(leastTime);
-    requireLog(corvane, "Clicker finished after ", 1, leastTime + desktop::patience);
+    requireLog(corvane, "Clicker finished after ", 1, leastTime + desktop::timeLimit);
 }
 
 void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count,

@@ -66,6 +66,6 @@ void awaitFinish(desktop::CorvaneProcess &corvane, std::chrono::milliseconds lea
 
 /// Waits until the program has logged `count` lines that begin so; throws when it ends before.
 void requireLog(desktop::CorvaneProcess &corvane, std::string_view beginning, int count = 1,
-                std::chrono::milliseconds limit = desktop::patience);
+                std::chrono::milliseconds limit = desktop::timeLimit);
 
 } // namespace corvane::bench

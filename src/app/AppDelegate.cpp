@@ -125,8 +125,8 @@ void AppDelegate::listenForCommands() {
     commandService_ = std::make_unique<CommandService>(*this, appState_, platform_.mainQueue(),
                                                        platform_.clock());
     platform_.commandEndpoint().listen(
-        weakly_([](AppDelegate &self, const CommandRequest &request, const CommandReply &reply) {
-            self.commandService_->handle(request, reply);
+        weakly_([](AppDelegate &self, const CommandRequest &request, const SendReply &sendReply) {
+            self.commandService_->handle(request, sendReply);
         }));
 }
 
@@ -136,7 +136,7 @@ void AppDelegate::applicationWillTerminate() {
     shared_.clickerService.stop();
     platform_.commandEndpoint().close([this] {
         if (commandService_) {
-            commandService_->sayGoodbye();
+            commandService_->replyToQuit();
         }
     });
 }

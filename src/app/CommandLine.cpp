@@ -43,12 +43,12 @@ std::string usage(const std::string &hotKeyName) {
     return synopsis + hotKeyName + " or Corvane's menu starts and stops it.\n" + details;
 }
 
-CommandLine answering(CommandAnswer answer) {
-    return {.request = CommandLine::Request::answer, .answer = std::move(answer)};
+CommandLine replying(CommandReply reply) {
+    return {.request = CommandLine::Request::reply, .reply = std::move(reply)};
 }
 
 CommandLine misused(const std::string &why) {
-    return answering({.result = CommandResult::misused, .error = why + "; try --help"});
+    return replying({.result = CommandResult::misused, .error = why + "; try --help"});
 }
 
 CommandLine parseWithoutMore(const CommandRequest &words, const CommandLine &meant) {
@@ -69,10 +69,10 @@ CommandLine CommandLine::parse(const CommandRequest &words, const Program &progr
     }
     const std::string &first = words.front();
     if (first == "-h" || first == "--help") {
-        return answering({.output = usage(program.hotKeyName)});
+        return replying({.output = usage(program.hotKeyName)});
     }
     if (first == "-v" || first == "--version") {
-        return answering({.output = "Corvane " + program.version + "\n"});
+        return replying({.output = "Corvane " + program.version + "\n"});
     }
     if (first == "--launch") {
         return parseCommand(CommandRequest(words.begin() + 1, words.end()), Request::launch);
@@ -89,12 +89,12 @@ CommandLine CommandLine::parse(const CommandRequest &words, const Program &progr
     return parseCommand(words, Request::command);
 }
 
-int print(const CommandAnswer &answer) {
-    std::fputs(answer.output.c_str(), stdout);
-    if (!answer.error.empty()) {
-        std::fputs(("corvane: " + answer.error + "\n").c_str(), stderr);
+int print(const CommandReply &reply) {
+    std::fputs(reply.output.c_str(), stdout);
+    if (!reply.error.empty()) {
+        std::fputs(("corvane: " + reply.error + "\n").c_str(), stderr);
     }
-    return static_cast<int>(answer.result);
+    return static_cast<int>(reply.result);
 }
 
 } // namespace corvane

@@ -12,8 +12,8 @@ struct CommandLine {
     enum class Request {
         /// Start the program.
         run,
-        /// Print the answer and end.
-        answer,
+        /// Print the reply and end.
+        reply,
         /// Hand the words to the running program.
         command,
         /// The same; where none is running, start the program with them.
@@ -24,7 +24,7 @@ struct CommandLine {
 
     Request request = Request::run;
     LaunchCause cause = LaunchCause::user;
-    CommandAnswer answer{};
+    CommandReply reply{};
     CommandRequest words{};
 
     /// The program's own properties.
@@ -39,8 +39,8 @@ struct CommandLine {
     static CommandLine parse(const CommandRequest &words, const Program &program);
 };
 
-/// Prints the answer: what it says to standard output, why it was refused to standard error. The
+/// Prints the reply: what it says to standard output, why it was refused to standard error. The
 /// exit code.
-int print(const CommandAnswer &answer);
+int print(const CommandReply &reply);
 
 } // namespace corvane

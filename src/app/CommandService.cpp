@@ -14,17 +14,17 @@ namespace corvane {
 
 namespace {
 
-CommandAnswer done(const std::string &sentence) { return {.output = sentence + "\n"}; }
+CommandReply done(const std::string &sentence) { return {.output = sentence + "\n"}; }
 
-CommandAnswer refused(std::string reason) {
+CommandReply refused(std::string reason) {
     return {.result = CommandResult::refused, .error = std::move(reason)};
 }
 
-/// Passes on the first answer only.
-CommandReply onlyOnce(const CommandReply &reply) {
-    return [open = std::make_shared<bool>(true), reply](const CommandAnswer &answer) {
+/// Passes on the first reply only.
+SendReply onlyOnce(const SendReply &sendReply) {
+    return [open = std::make_shared<bool>(true), sendReply](const CommandReply &reply) {
         if (std::exchange(*open, false)) {
-            reply(answer);
+            sendReply(reply);
         }
     };
 }
@@ -39,48 +39,48 @@ CommandService::CommandService(AppDelegate &delegate, const AppState &appState,
       mainQueue_(mainQueue),
       clock_(clock) {}
 
-void CommandService::handle(const CommandRequest &request, const CommandReply &reply) {
+void CommandService::handle(const CommandRequest &request, const SendReply &sendReply) {
     if (request.empty()) {
         delegate_.applicationShouldHandleReopen();
-        reply({});
+        sendReply({});
         return;
     }
     const auto command = Command::parse(request);
     if (!command) {
-        reply({.result = CommandResult::misused, .error = command.error().description});
+        sendReply({.result = CommandResult::misused, .error = command.error().description});
         return;
     }
-    perform(*command, reply);
+    perform(*command, sendReply);
 }
 
-void CommandService::perform(const Command &command, const CommandReply &reply) {
+void CommandService::perform(const Command &command, const SendReply &sendReply) {
     switch (command.kind) {
     case Command::Kind::start:
-        return start(reply);
+        return start(sendReply);
     case Command::Kind::stop:
-        return stop(reply);
+        return stop(sendReply);
     case Command::Kind::toggle:
-        return toggle(command, reply);
+        return toggle(command, sendReply);
     case Command::Kind::status:
-        return reply(statusReport(appState_, delegate_.isHotkeyRegistered(), command.asJson));
+        return sendReply(statusReport(appState_, delegate_.isHotkeyRegistered(), command.asJson));
     case Command::Kind::selectZone:
-        return selectZone(reply);
+        return selectZone(sendReply);
     case Command::Kind::settings:
-        return reply(showSettings());
+        return sendReply(showSettings());
     case Command::Kind::quit:
-        return quit(reply);
+        return quit(sendReply);
     case Command::Kind::listProfiles:
-        return reply(profilesReport(appState_, command.asJson));
+        return sendReply(profilesReport(appState_, command.asJson));
     case Command::Kind::loadProfile:
-        return reply(loadProfile(command.profile));
+        return sendReply(loadProfile(command.profile));
     }
 }
 
-void CommandService::toggle(const Command &command, const CommandReply &reply) {
+void CommandService::toggle(const Command &command, const SendReply &sendReply) {
     if (command.isByKey && isRepeatedKey()) {
-        return reply(done("The key is held."));
+        return sendReply(done("The key is held."));
     }
-    appState_.status == ClickStatus::running ? stop(reply) : start(reply);
+    appState_.status == ClickStatus::running ? stop(sendReply) : start(sendReply);
 }
 
 bool CommandService::isRepeatedKey() {
@@ -91,25 +91,26 @@ bool CommandService::isRepeatedKey() {
     return last && now - *last < pause;
 }
 
-void CommandService::start(const CommandReply &reply) {
+void CommandService::start(const SendReply &sendReply) {
     if (appState_.status == ClickStatus::running) {
-        return reply(done("Corvane is clicking already."));
+        return sendReply(done("Corvane is clicking already."));
     }
     // A start without the permission opens the settings for it, which a script cannot use.
     if (const auto refusal = refusalOf(ActionID::startClicking);
         refusal && !appState_.isAccessibilityGranted) {
-        return reply(*refusal);
+        return sendReply(*refusal);
     }
-    const CommandReply answer = onlyOnce(reply);
+    const SendReply sendOnce = onlyOnce(sendReply);
     // Comes first only where the start asks the user, which keeps the main queue turning.
-    mainQueue_.post([answer] {
-        answer(refused("the anchored window is not there; Corvane asks on the screen what to do"));
+    mainQueue_.post([sendOnce] {
+        sendOnce(
+            refused("the anchored window is not there; Corvane asks on the screen what to do"));
     });
     delegate_.startClicking();
-    answer(outcomeOfStart());
+    sendOnce(outcomeOfStart());
 }
 
-CommandAnswer CommandService::outcomeOfStart() const {
+CommandReply CommandService::outcomeOfStart() const {
     if (appState_.status == ClickStatus::running) {
         return done("Clicking started.");
     }
@@ -120,34 +121,34 @@ CommandAnswer CommandService::outcomeOfStart() const {
                                          : "the start was cancelled");
 }
 
-void CommandService::stop(const CommandReply &reply) {
+void CommandService::stop(const SendReply &sendReply) {
     if (appState_.status != ClickStatus::running) {
-        return reply(done("Corvane is not clicking."));
+        return sendReply(done("Corvane is not clicking."));
     }
     delegate_.stopClicking();
-    replyLater(reply, &CommandService::outcomeOfStop);
+    replyLater(sendReply, &CommandService::outcomeOfStop);
 }
 
-CommandAnswer CommandService::outcomeOfStop() const {
+CommandReply CommandService::outcomeOfStop() const {
     return done("Clicking stopped after " + std::to_string(appState_.clickCount) + " clicks.");
 }
 
-void CommandService::selectZone(const CommandReply &reply) {
+void CommandService::selectZone(const SendReply &sendReply) {
     if (appState_.status == ClickStatus::pickingZone) {
-        return reply(outcomeOfSelection());
+        return sendReply(outcomeOfSelection());
     }
     if (const auto refusal = refusalOf(ActionID::selectZone)) {
-        return reply(*refusal);
+        return sendReply(*refusal);
     }
     delegate_.selectZone();
-    replyLater(reply, &CommandService::outcomeOfSelection);
+    replyLater(sendReply, &CommandService::outcomeOfSelection);
 }
 
-CommandAnswer CommandService::outcomeOfSelection() const {
+CommandReply CommandService::outcomeOfSelection() const {
     return done("Draw the zone on the screen; Escape leaves everything as it is.");
 }
 
-CommandAnswer CommandService::showSettings() {
+CommandReply CommandService::showSettings() {
     if (const auto refusal = refusalOf(ActionID::showConfig)) {
         return *refusal;
     }
@@ -155,18 +156,18 @@ CommandAnswer CommandService::showSettings() {
     return done("The settings are open.");
 }
 
-void CommandService::quit(const CommandReply &reply) {
-    awaitingEnd_.push_back(reply);
+void CommandService::quit(const SendReply &sendReply) {
+    awaitingEnd_.push_back(sendReply);
     delegate_.perform({ActionID::terminate});
 }
 
-void CommandService::sayGoodbye() {
-    for (const CommandReply &reply : std::exchange(awaitingEnd_, {})) {
-        reply(done("Corvane ends."));
+void CommandService::replyToQuit() {
+    for (const SendReply &sendReply : std::exchange(awaitingEnd_, {})) {
+        sendReply(done("Corvane ends."));
     }
 }
 
-CommandAnswer CommandService::loadProfile(const std::string &nameOrId) {
+CommandReply CommandService::loadProfile(const std::string &nameOrId) {
     std::vector<const Profile *> meant;
     for (const Profile &profile : appState_.profiles) {
         if (profile.name == nameOrId || profile.id.text() == nameOrId) {
@@ -187,13 +188,13 @@ CommandAnswer CommandService::loadProfile(const std::string &nameOrId) {
     return done("Profile '" + nameOrId + "' is loaded.");
 }
 
-void CommandService::replyLater(const CommandReply &reply,
-                                CommandAnswer (CommandService::*answer)() const) {
+void CommandService::replyLater(const SendReply &sendReply,
+                                CommandReply (CommandService::*reply)() const) {
     mainQueue_.post(
-        weakly_([reply, answer](const CommandService &self) { reply((self.*answer)()); }));
+        weakly_([sendReply, reply](const CommandService &self) { sendReply((self.*reply)()); }));
 }
 
-std::optional<CommandAnswer> CommandService::refusalOf(ActionID action) const {
+std::optional<CommandReply> CommandService::refusalOf(ActionID action) const {
     const auto obstacle = obstacleTo(action, appState_);
     return obstacle ? std::optional(refused(reasonFor(*obstacle))) : std::nullopt;
 }

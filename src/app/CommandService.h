@@ -18,7 +18,7 @@ class MainQueue;
 class AppDelegate;
 class AppState;
 
-/// Carries out the commands of scripts and key bindings, and words the answers. What cannot be
+/// Carries out the commands of scripts and key bindings, and words the replies. What cannot be
 /// carried out now is refused with the reason. Main thread.
 class CommandService {
   public:
@@ -26,41 +26,41 @@ class CommandService {
     CommandService(AppDelegate &delegate, const AppState &appState, platform::MainQueue &mainQueue,
                    const platform::ContinuousClock &clock);
 
-    /// Answers once: when the command has been carried out, in a later turn of the main queue at
-    /// the latest; `quit` by `sayGoodbye`.
-    void handle(const CommandRequest &request, const CommandReply &reply);
+    /// Replies once: when the command has been carried out, in a later turn of the main queue at
+    /// the latest; `quit` by `replyToQuit`.
+    void handle(const CommandRequest &request, const SendReply &sendReply);
 
-    /// Answers those who asked the program to end.
-    void sayGoodbye();
+    /// Replies to those who requested the end of the program.
+    void replyToQuit();
 
   private:
-    void perform(const Command &command, const CommandReply &reply);
-    void toggle(const Command &command, const CommandReply &reply);
-    void start(const CommandReply &reply);
-    void stop(const CommandReply &reply);
-    void selectZone(const CommandReply &reply);
-    void quit(const CommandReply &reply);
-    CommandAnswer showSettings();
-    CommandAnswer loadProfile(const std::string &nameOrId);
+    void perform(const Command &command, const SendReply &sendReply);
+    void toggle(const Command &command, const SendReply &sendReply);
+    void start(const SendReply &sendReply);
+    void stop(const SendReply &sendReply);
+    void selectZone(const SendReply &sendReply);
+    void quit(const SendReply &sendReply);
+    CommandReply showSettings();
+    CommandReply loadProfile(const std::string &nameOrId);
 
-    /// Answers after everything that is queued by now.
-    void replyLater(const CommandReply &reply, CommandAnswer (CommandService::*answer)() const);
-    CommandAnswer outcomeOfStart() const;
-    CommandAnswer outcomeOfStop() const;
-    CommandAnswer outcomeOfSelection() const;
+    /// Replies after everything that is queued by now.
+    void replyLater(const SendReply &sendReply, CommandReply (CommandService::*reply)() const);
+    CommandReply outcomeOfStart() const;
+    CommandReply outcomeOfStop() const;
+    CommandReply outcomeOfSelection() const;
 
     /// Whether a held key has sent the command anew.
     bool isRepeatedKey();
 
     /// Nothing where the action can be carried out.
-    std::optional<CommandAnswer> refusalOf(ActionID action) const;
+    std::optional<CommandReply> refusalOf(ActionID action) const;
 
     AppDelegate &delegate_;
     const AppState &appState_;
     platform::MainQueue &mainQueue_;
     const platform::ContinuousClock &clock_;
     std::optional<std::chrono::nanoseconds> lastKey_;
-    std::vector<CommandReply> awaitingEnd_;
+    std::vector<SendReply> awaitingEnd_;
     const WeakCallbacks<CommandService> weakly_{*this};
 };
 

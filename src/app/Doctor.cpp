@@ -41,11 +41,11 @@ struct Running {
     bool isHotkeyRegistered = false;
 };
 
-std::optional<Running> readRunning(const std::optional<CommandAnswer> &answer) {
-    if (!answer || answer->result != CommandResult::done) {
+std::optional<Running> readRunning(const std::optional<CommandReply> &reply) {
+    if (!reply || reply->result != CommandResult::done) {
         return std::nullopt;
     }
-    const auto json = nlohmann::json::parse(answer->output, nullptr, false);
+    const auto json = nlohmann::json::parse(reply->output, nullptr, false);
     if (!json.is_object()) {
         return std::nullopt;
     }
@@ -54,14 +54,14 @@ std::optional<Running> readRunning(const std::optional<CommandAnswer> &answer) {
                    .isHotkeyRegistered = json.value("isHotkeyRegistered", false)};
 }
 
-Finding programFinding(const std::optional<CommandAnswer> &answer,
+Finding programFinding(const std::optional<CommandReply> &reply,
                        const std::optional<Running> &running) {
     if (running) {
         return {.subject = "Corvane",
                 .statement = running->status == "running" ? "It is running, and clicking."
                                                           : "It is running."};
     }
-    if (answer) {
+    if (reply) {
         return {.grade = Grade::limited,
                 .subject = "Corvane",
                 .statement = "It is running, but does not answer.",
@@ -343,8 +343,8 @@ std::string lineOf(const Finding &finding) {
 
 } // namespace
 
-CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
-                       const std::optional<CommandAnswer> &runningStatus) {
+CommandReply diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
+                      const std::optional<CommandReply> &runningStatus) {
     const auto running = readRunning(runningStatus);
     std::vector<Finding> findings{programFinding(runningStatus, running), displayFinding(desktop)};
     if (desktop.takesClicks || desktop.needsConsent ||
@@ -368,7 +368,7 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
     }
     std::ranges::move(fileFindings(files), std::back_inserter(findings));
 
-    CommandAnswer report;
+    CommandReply report;
     for (const Finding &finding : findings) {
         report.output += lineOf(finding);
     }
@@ -378,7 +378,7 @@ CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> 
     return report;
 }
 
-CommandAnswer noDisplay(bool isWaylandSession) {
+CommandReply noDisplay(bool isWaylandSession) {
     return {.result = CommandResult::refused,
             .error = isWaylandSession ? "this Wayland session has no X display, which Corvane "
                                         "needs; 'corvane doctor' tells what to do"

@@ -15,13 +15,13 @@ class FileSystem;
 
 /// Says in plain words what works on this desktop, and what to do about what does not: a line for
 /// each subject. The result is `refused` when something is missing without which Corvane cannot
-/// click or keep its settings. `runningStatus` is what a running Corvane answers to
+/// click or keep its settings. `runningStatus` is what a running Corvane replies to
 /// "status --json"; nothing when none is running.
-CommandAnswer diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
-                       const std::optional<CommandAnswer> &runningStatus);
+CommandReply diagnose(const DesktopFacts &desktop, const std::vector<FileFact> &files,
+                      const std::optional<CommandReply> &runningStatus);
 
 /// What a start says that found no display.
-CommandAnswer noDisplay(bool isWaylandSession);
+CommandReply noDisplay(bool isWaylandSession);
 
 /// Adds to the facts what is wrong with the content of the settings and of the profiles.
 std::vector<FileFact> withContents(std::vector<FileFact> facts, platform::FileSystem &files,

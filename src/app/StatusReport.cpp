@@ -29,11 +29,10 @@ const char *storedValue(ClickStatus status) {
     return "running";
 }
 
-CommandAnswer answerWith(const Json &json) {
+CommandReply answerWith(const Json &json) {
     const auto text = jsonText(json);
-    return text
-               ? CommandAnswer{.output = *text + "\n"}
-               : CommandAnswer{.result = CommandResult::refused, .error = text.error().description};
+    return text ? CommandReply{.output = *text + "\n"}
+                : CommandReply{.result = CommandResult::refused, .error = text.error().description};
 }
 
 const Profile *activeProfile(const AppState &state) {
@@ -105,12 +104,12 @@ std::string statusText(const AppState &state) {
 
 } // namespace
 
-CommandAnswer statusReport(const AppState &appState, bool isHotkeyRegistered, bool asJson) {
+CommandReply statusReport(const AppState &appState, bool isHotkeyRegistered, bool asJson) {
     return asJson ? answerWith(statusJson(appState, isHotkeyRegistered))
-                  : CommandAnswer{.output = statusText(appState)};
+                  : CommandReply{.output = statusText(appState)};
 }
 
-CommandAnswer profilesReport(const AppState &appState, bool asJson) {
+CommandReply profilesReport(const AppState &appState, bool asJson) {
     if (!asJson) {
         std::string names;
         for (const Profile &profile : appState.profiles) {

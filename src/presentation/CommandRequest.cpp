@@ -82,11 +82,11 @@ std::optional<CommandRequest> commandInUrl(std::string_view url) {
     return words;
 }
 
-CommandAnswer noAnswer() {
+CommandReply noReply() {
     return {.result = CommandResult::refused, .error = "the running Corvane does not answer"};
 }
 
-CommandAnswer nothingRunning() {
+CommandReply nothingRunning() {
     return {.result = CommandResult::nothingRunning, .error = "Corvane is not running"};
 }
 

@@ -22,21 +22,21 @@ std::optional<CommandRequest> commandInUrl(std::string_view url);
 std::string urlOfCommand(const CommandRequest &words);
 
 /// What a command line prints and how it ends. In English.
-struct CommandAnswer {
+struct CommandReply {
     CommandResult result = CommandResult::done;
     /// For standard output: nothing or whole lines.
     std::string output{};
     /// For standard error: why the command was not carried out; empty for one that was.
     std::string error{};
 
-    bool operator==(const CommandAnswer &) const = default;
+    bool operator==(const CommandReply &) const = default;
 };
 
-/// What a command line says that got no answer.
-CommandAnswer noAnswer();
-CommandAnswer nothingRunning();
+/// What a command line says that got no reply.
+CommandReply noReply();
+CommandReply nothingRunning();
 
-/// Takes the answer to one request.
-using CommandReply = std::function<void(const CommandAnswer &)>;
+/// Takes the reply to one request.
+using SendReply = std::function<void(const CommandReply &)>;
 
 } // namespace corvane

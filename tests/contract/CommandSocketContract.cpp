@@ -24,33 +24,33 @@ using posix::CommandSocket;
 using posix::FileDescriptor;
 using testing::ElementsAre;
 
-constexpr std::chrono::seconds patience{20};
+constexpr std::chrono::seconds timeLimit{20};
 
 /// The socket with each back end's main queue behind it.
 class CommandSocketContract : public ContractTest {
   protected:
-    /// Answers each request with its own words.
+    /// Replies to each request with its own words.
     void open(const CommandSocket::Options &options = {}) {
         auto socket = CommandSocket::open(
             path_, platform().mainQueue(),
-            [this](const CommandRequest &request, const CommandReply &reply) {
+            [this](const CommandRequest &request, const SendReply &sendReply) {
                 requests_.push_back(request);
-                reply({.output = posix::encodeWords(request)});
+                sendReply({.output = posix::encodeWords(request)});
             },
             options);
         ASSERT_TRUE(socket) << socket.error().description;
         socket_ = std::move(*socket);
     }
 
-    std::future<std::optional<CommandAnswer>> send(const CommandRequest &request) {
+    std::future<std::optional<CommandReply>> send(const CommandRequest &request) {
         return std::async(std::launch::async, [request, path = path_] {
-            return posix::sendCommand(path, request, patience);
+            return posix::sendCommand(path, request, timeLimit);
         });
     }
 
-    bool wait(const std::future<std::optional<CommandAnswer>> &answer) {
-        return backEnd().turnUntil([&answer] {
-            return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    bool wait(const std::future<std::optional<CommandReply>> &reply) {
+        return backEnd().turnUntil([&reply] {
+            return reply.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         });
     }
 
@@ -70,48 +70,49 @@ class CommandSocketContract : public ContractTest {
 
 TEST_P(CommandSocketContract, AnswersARequest) {
     open();
-    auto answer = send({"profile", "load", "Zwei Wörter"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get()->output, posix::encodeWords({"profile", "load", "Zwei Wörter"}));
+    auto reply = send({"profile", "load", "Zwei Wörter"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get()->output, posix::encodeWords({"profile", "load", "Zwei Wörter"}));
 }
 
 TEST_P(CommandSocketContract, AnswersARequestWithoutWords) {
     open();
-    auto answer = send({});
-    ASSERT_TRUE(wait(answer));
+    auto reply = send({});
+    ASSERT_TRUE(wait(reply));
     EXPECT_THAT(requests_, ElementsAre(CommandRequest{}));
 }
 
 TEST_P(CommandSocketContract, AnswersManyAtOnce) {
     open({.mostConnections = 8});
-    std::array<std::future<std::optional<CommandAnswer>>, 50> answers;
-    for (std::size_t number = 0; number < answers.size(); ++number) {
-        answers[number] = send({std::to_string(number)});
+    std::array<std::future<std::optional<CommandReply>>, 50> replies;
+    for (std::size_t number = 0; number < replies.size(); ++number) {
+        replies[number] = send({std::to_string(number)});
     }
-    for (std::size_t number = 0; number < answers.size(); ++number) {
-        ASSERT_TRUE(wait(answers[number]));
-        EXPECT_EQ(answers[number].get()->output, posix::encodeWords({std::to_string(number)}));
+    for (std::size_t number = 0; number < replies.size(); ++number) {
+        ASSERT_TRUE(wait(replies[number]));
+        EXPECT_EQ(replies[number].get()->output, posix::encodeWords({std::to_string(number)}));
     }
-    EXPECT_EQ(requests_.size(), answers.size());
+    EXPECT_EQ(requests_.size(), replies.size());
 }
 
 TEST_P(CommandSocketContract, ALongAnswerArrivesWhole) {
     const std::string text(3'000'000, 'x');
-    auto socket = CommandSocket::open(
-        path_, platform().mainQueue(),
-        [&text](const CommandRequest &, const CommandReply &reply) { reply({.output = text}); },
-        {});
+    auto socket = CommandSocket::open(path_, platform().mainQueue(),
+                                      [&text](const CommandRequest &, const SendReply &sendReply) {
+                                          sendReply({.output = text});
+                                      },
+                                      {});
     ASSERT_TRUE(socket);
-    auto answer = send({"status"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get()->output, text);
+    auto reply = send({"status"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get()->output, text);
 }
 
 TEST_P(CommandSocketContract, TurnsOtherUsersAway) {
     open({.user = geteuid() + 1});
-    auto answer = send({"start"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get(), noAnswer());
+    auto reply = send({"start"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get(), noReply());
     EXPECT_TRUE(requests_.empty());
 }
 
@@ -124,8 +125,8 @@ TEST_P(CommandSocketContract, TurnsGarbageAway) {
         EXPECT_TRUE(isTurnedAway(*connection)) << garbage;
     }
     EXPECT_TRUE(requests_.empty());
-    auto answer = send({"status"});
-    EXPECT_TRUE(wait(answer));
+    auto reply = send({"status"});
+    EXPECT_TRUE(wait(reply));
 }
 
 TEST_P(CommandSocketContract, TurnsAwayWhatIsTooLong) {
@@ -158,49 +159,50 @@ TEST_P(CommandSocketContract, SilentClientsDelayOthersOnlyBriefly) {
     for (auto &sender : silent) {
         sender = posix::connectTo(path_);
     }
-    auto answer = send({"status"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get()->result, CommandResult::done);
+    auto reply = send({"status"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get()->result, CommandResult::done);
 }
 
 TEST_P(CommandSocketContract, AnAnswerGivenBeforeTheEndArrives) {
     open();
-    auto answer = send({"quit"});
+    auto reply = send({"quit"});
     ASSERT_TRUE(backEnd().turnUntil([this] { return !requests_.empty(); }));
     socket_.reset();
-    EXPECT_EQ(answer.get()->output, posix::encodeWords({"quit"}));
+    EXPECT_EQ(reply.get()->output, posix::encodeWords({"quit"}));
     EXPECT_FALSE(std::filesystem::exists(path_));
-    EXPECT_EQ(posix::sendCommand(path_, {"status"}, patience), std::nullopt);
+    EXPECT_EQ(posix::sendCommand(path_, {"status"}, timeLimit), std::nullopt);
 }
 
 TEST_P(CommandSocketContract, WhoReadsTheGoodbyeFindsNobodyRunning) {
-    CommandReply goodbye;
+    SendReply goodbye;
     auto socket = CommandSocket::open(
         path_, platform().mainQueue(),
-        [&goodbye](const CommandRequest &, const CommandReply &reply) { goodbye = reply; }, {});
+        [&goodbye](const CommandRequest &, const SendReply &sendReply) { goodbye = sendReply; },
+        {});
     ASSERT_TRUE(socket);
     auto next = std::async(std::launch::async, [path = path_] {
-        const auto answer = posix::sendCommand(path, {"quit"}, patience);
-        return std::pair(answer, posix::sendCommand(path, {"start"}, patience));
+        const auto reply = posix::sendCommand(path, {"quit"}, timeLimit);
+        return std::pair(reply, posix::sendCommand(path, {"start"}, timeLimit));
     });
     ASSERT_TRUE(backEnd().turnUntil([&goodbye] { return goodbye != nullptr; }));
     (*socket)->close([&goodbye] { goodbye({.output = "bye"}); });
-    const auto [answer, afterwards] = next.get();
-    EXPECT_EQ(answer, (CommandAnswer{.output = "bye"}));
+    const auto [reply, afterwards] = next.get();
+    EXPECT_EQ(reply, (CommandReply{.output = "bye"}));
     EXPECT_EQ(afterwards, std::nullopt);
 }
 
 TEST_P(CommandSocketContract, ALateAnswerGoesNowhere) {
-    CommandReply late;
+    SendReply late;
     auto socket = CommandSocket::open(
         path_, platform().mainQueue(),
-        [&late](const CommandRequest &, const CommandReply &reply) { late = reply; }, {});
+        [&late](const CommandRequest &, const SendReply &sendReply) { late = sendReply; }, {});
     ASSERT_TRUE(socket);
-    auto answer = send({"stop"});
+    auto reply = send({"stop"});
     ASSERT_TRUE(backEnd().turnUntil([&late] { return late != nullptr; }));
     socket->reset();
     late({});
-    EXPECT_EQ(answer.get(), noAnswer());
+    EXPECT_EQ(reply.get(), noReply());
 }
 
 TEST_P(CommandSocketContract, TakesThePlaceOfWhatAnUnexpectedEndLeft) {
@@ -208,10 +210,10 @@ TEST_P(CommandSocketContract, TakesThePlaceOfWhatAnUnexpectedEndLeft) {
     std::filesystem::rename(path_, folder_.path() / "kept");
     socket_.reset();
     std::filesystem::rename(folder_.path() / "kept", path_);
-    EXPECT_EQ(posix::sendCommand(path_, {"status"}, patience), std::nullopt);
+    EXPECT_EQ(posix::sendCommand(path_, {"status"}, timeLimit), std::nullopt);
     open();
-    auto answer = send({"status"});
-    EXPECT_TRUE(wait(answer));
+    auto reply = send({"status"});
+    EXPECT_TRUE(wait(reply));
 }
 
 TEST_P(CommandSocketContract, IsThereAgainAfterItsFileHasGone) {
@@ -219,9 +221,9 @@ TEST_P(CommandSocketContract, IsThereAgainAfterItsFileHasGone) {
     for (const auto &swept : {path_, path_.parent_path()}) {
         std::filesystem::remove_all(swept);
         ASSERT_TRUE(backEnd().turnUntil([this] { return std::filesystem::exists(path_); }));
-        auto answer = send({"status"});
-        ASSERT_TRUE(wait(answer));
-        EXPECT_EQ(answer.get()->result, CommandResult::done);
+        auto reply = send({"status"});
+        ASSERT_TRUE(wait(reply));
+        EXPECT_EQ(reply.get()->result, CommandResult::done);
     }
     socket_.reset();
     EXPECT_FALSE(std::filesystem::exists(path_));
@@ -240,9 +242,9 @@ TEST_P(CommandSocketContract, LeavesItsPathToAnotherAsLongAsThatOneListens) {
         }
     }
     ASSERT_TRUE(backEnd().turnUntil([this] { return posix::connectTo(path_).has_value(); }));
-    auto answer = send({"status"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get()->result, CommandResult::done);
+    auto reply = send({"status"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get()->result, CommandResult::done);
 }
 
 TEST_P(CommandSocketContract, LeavesTheFileOfAnotherWhenItEnds) {
@@ -254,14 +256,14 @@ TEST_P(CommandSocketContract, LeavesTheFileOfAnotherWhenItEnds) {
 }
 
 TEST_P(CommandSocketContract, OneThatHangsUpWhileItWaitsMakesRoomForTheNext) {
-    CommandReply late;
+    SendReply late;
     auto socket =
         CommandSocket::open(path_, platform().mainQueue(),
-                            [&late](const CommandRequest &request, const CommandReply &reply) {
+                            [&late](const CommandRequest &request, const SendReply &sendReply) {
                                 if (request.empty()) {
-                                    late = reply;
+                                    late = sendReply;
                                 } else {
-                                    reply({});
+                                    sendReply({});
                                 }
                             },
                             {.mostConnections = 1});
@@ -272,9 +274,9 @@ TEST_P(CommandSocketContract, OneThatHangsUpWhileItWaitsMakesRoomForTheNext) {
         posix::sendSome(*gone, posix::encodeWords({}));
         ASSERT_TRUE(backEnd().turnUntil([&late] { return late != nullptr; }));
     }
-    auto answer = send({"status"});
-    ASSERT_TRUE(wait(answer));
-    EXPECT_EQ(answer.get()->result, CommandResult::done);
+    auto reply = send({"status"});
+    ASSERT_TRUE(wait(reply));
+    EXPECT_EQ(reply.get()->result, CommandResult::done);
 }
 
 TEST_P(CommandSocketContract, IsClosedToOthers) {
@@ -290,7 +292,7 @@ TEST_P(CommandSocketContract, AFolderOpenToOthersIsNotUsed) {
     std::filesystem::permissions(path_.parent_path(), std::filesystem::perms::group_all,
                                  std::filesystem::perm_options::add);
     EXPECT_FALSE(CommandSocket::open(path_, platform().mainQueue(), {}, {}));
-    EXPECT_EQ(posix::sendCommand(path_, {"start"}, patience), std::nullopt);
+    EXPECT_EQ(posix::sendCommand(path_, {"start"}, timeLimit), std::nullopt);
 }
 
 TEST_P(CommandSocketContract, ALinkInPlaceOfTheFolderIsNotFollowed) {

@@ -66,8 +66,8 @@ TEST_F(InstanceLockTest, TheSecondGetsTheAnswerOfTheFirstAsSoonAsItAnswers) {
     const auto lock = InstanceLock::claim(file_);
     ASSERT_TRUE(lock && *lock);
     int calls = 0;
-    const auto second = posix::claimInstance(file_, [&calls]() -> std::optional<CommandAnswer> {
-        return ++calls < 3 ? std::nullopt : std::optional(CommandAnswer{.output = "here"});
+    const auto second = posix::claimInstance(file_, [&calls]() -> std::optional<CommandReply> {
+        return ++calls < 3 ? std::nullopt : std::optional(CommandReply{.output = "here"});
     });
     ASSERT_FALSE(second);
     EXPECT_EQ(second.error().output, "here");
@@ -77,7 +77,7 @@ TEST_F(InstanceLockTest, TheSecondGetsTheAnswerOfTheFirstAsSoonAsItAnswers) {
 TEST_F(InstanceLockTest, TheSecondTakesOverFromAFirstThatIsEnding) {
     auto lock = InstanceLock::claim(file_);
     ASSERT_TRUE(lock && *lock);
-    const auto second = posix::claimInstance(file_, [&lock]() -> std::optional<CommandAnswer> {
+    const auto second = posix::claimInstance(file_, [&lock]() -> std::optional<CommandReply> {
         lock->reset();
         return std::nullopt;
     });

@@ -1,6 +1,6 @@
 #include "RecorderBackEnd.h"
 
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <chrono>
 #include <thread>
@@ -10,7 +10,7 @@ namespace corvane::contract {
 
 bool RecorderBackEnd::turnUntil(const std::function<bool()> &condition) {
     using RealClock = std::chrono::steady_clock;
-    const auto end = RealClock::now() + corvane::testing::patience;
+    const auto end = RealClock::now() + corvane::testing::timeLimit;
     while (!condition()) {
         if (RealClock::now() > end) {
             return false;

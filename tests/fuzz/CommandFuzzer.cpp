@@ -51,9 +51,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     receiveInPieces(text);
     if (const auto words = decodeWords(text)) {
         handle(*words);
-        if (const auto answer = decodeAnswer(*words)) {
-            require(decodeAnswer(*decodeWords(encodeAnswer(*answer))) == answer,
-                    "an answer arrives as it was sent");
+        if (const auto reply = decodeReply(*words)) {
+            require(decodeReply(*decodeWords(encodeReply(*reply))) == reply,
+                    "an reply arrives as it was sent");
         }
     }
     if (const auto words = commandInUrl("corvane:" + std::string(text))) {

@@ -81,8 +81,8 @@ class Conversation {
                                                       u"com.canonical.dbusmenu"_s, method);
         message.setArguments(arguments);
         // A machine that sleeps meanwhile is no broken promise.
-        constexpr int patience = std::numeric_limits<int>::max();
-        QDBusPendingCallWatcher answer(panel_->asyncCall(message, patience));
+        constexpr int timeLimit = std::numeric_limits<int>::max();
+        QDBusPendingCallWatcher answer(panel_->asyncCall(message, timeLimit));
         QEventLoop untilAnswered;
         QObject::connect(&answer, &QDBusPendingCallWatcher::finished, &untilAnswered,
                          &QEventLoop::quit);

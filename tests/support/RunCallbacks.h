@@ -1,7 +1,7 @@
 #pragma once
 
 #include "services/ClickerService.h"
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <condition_variable>
 #include <mutex>
@@ -54,7 +54,7 @@ class RunCallbacks {
     }
     [[nodiscard]] bool awaitFinish() {
         std::unique_lock lock(mutex_);
-        return changed_.wait_for(lock, testing::patience, [this] { return finishes_ > 0; });
+        return changed_.wait_for(lock, testing::timeLimit, [this] { return finishes_ > 0; });
     }
 
   private:

@@ -120,9 +120,9 @@ void startOnlyAsSet(QSessionManager &session) {
     session.setRestartHint(QSessionManager::RestartNever);
 }
 
-/// The right to be the Corvane of this display, or else the answer of the one that has it. That may
+/// The right to be the Corvane of this display, or else the reply of the one that has it. That may
 /// be about to end, or only just starting: then it does not answer yet and is waited for.
-std::expected<std::unique_ptr<x11::SingleInstance>, CommandAnswer>
+std::expected<std::unique_ptr<x11::SingleInstance>, CommandReply>
 claimInstance(const x11::XcbConnection &connection, const CommandLine &commandLine) {
     constexpr int mostAttempts = 250;
     constexpr std::chrono::milliseconds pause{20};
@@ -133,12 +133,12 @@ claimInstance(const x11::XcbConnection &connection, const CommandLine &commandLi
         if (auto instance = x11::SingleInstance::claim(connection)) {
             return instance;
         }
-        if (const auto answer = callRunning(request)) {
-            return std::unexpected(*answer);
+        if (const auto reply = callRunning(request)) {
+            return std::unexpected(*reply);
         }
         std::this_thread::sleep_for(pause);
     }
-    return std::unexpected(noAnswer());
+    return std::unexpected(noReply());
 }
 
 int runApp(x11::XcbEvents &events, std::unique_ptr<x11::XcbConnection> windowConnection,
@@ -195,11 +195,11 @@ int runProgram(int argc, char **argv, const CommandLine &commandLine) {
 }
 
 int runLaunch(int argc, char **argv, const CommandLine &commandLine) {
-    const auto answer = callRunning(commandLine.words);
-    return answer ? print(*answer) : runProgram(argc, argv, commandLine);
+    const auto reply = callRunning(commandLine.words);
+    return reply ? print(*reply) : runProgram(argc, argv, commandLine);
 }
 
-CommandAnswer examine(int argc, char **argv) {
+CommandReply examine(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     posix::PosixFileSystem files;
     return diagnose(readDesktopFacts(startStopKey),
@@ -218,8 +218,8 @@ int main(int argc, char **argv) {
                            {.version = CORVANE_VERSION " (" CORVANE_BUILD_NUMBER ")",
                             .hotKeyName = drawing::hotKeyText(startStopKey)});
     switch (commandLine.request) {
-    case CommandLine::Request::answer:
-        return print(commandLine.answer);
+    case CommandLine::Request::reply:
+        return print(commandLine.reply);
     case CommandLine::Request::command:
         return print(callRunning(commandLine.words).value_or(nothingRunning()));
     case CommandLine::Request::launch:

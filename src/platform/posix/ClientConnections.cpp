@@ -94,7 +94,7 @@ std::vector<pollfd> CommandSocket::ClientConnections::watched() const {
         {.fd = wakeUpRead_.get(), .events = POLLIN, .revents = 0},
         {.fd = hasRoom ? listener_.descriptor() : -1, .events = POLLIN, .revents = 0}};
     for (const Connection &connection : connections_) {
-        // A client that waits for its answer can only hang up. Some systems do not report that
+        // A client that waits for its reply can only hang up. Some systems do not report that
         // without an event to wait for.
         const short events = connection.hasRequest && !connection.unsent.empty() ? POLLOUT : POLLIN;
         descriptors.push_back({.fd = connection.socket.get(), .events = events, .revents = 0});
@@ -173,30 +173,30 @@ void CommandSocket::ClientConnections::handle(const Connection &connection) {
     mainQueue_.post([held = weak_from_this(), number = connection.number,
                      request = connection.request.words()] {
         if (const auto self = held.lock()) {
-            self->handler_(request, [held, number](const CommandAnswer &answer) {
+            self->handler_(request, [held, number](const CommandReply &reply) {
                 if (const auto connections = held.lock()) {
-                    connections->answer(number, answer);
+                    connections->reply(number, reply);
                 }
             });
         }
     });
 }
 
-void CommandSocket::ClientConnections::answer(std::uint64_t number, const CommandAnswer &answer) {
+void CommandSocket::ClientConnections::reply(std::uint64_t number, const CommandReply &reply) {
     {
         const std::lock_guard lock(mutex_);
-        answers_.emplace_back(number, encodeAnswer(answer));
+        replies_.emplace_back(number, encodeReply(reply));
     }
     wakeUp();
 }
 
 void CommandSocket::ClientConnections::takeAnswers() {
-    std::vector<std::pair<std::uint64_t, std::string>> answers;
+    std::vector<std::pair<std::uint64_t, std::string>> replies;
     {
         const std::lock_guard lock(mutex_);
-        answers.swap(answers_);
+        replies.swap(replies_);
     }
-    for (auto &[number, text] : answers) {
+    for (auto &[number, text] : replies) {
         const auto connection = std::ranges::find(connections_, number, &Connection::number);
         if (connection != connections_.end() && !connection->isDone) {
             connection->unsent = std::move(text);

@@ -19,7 +19,7 @@
 namespace corvane::posix {
 
 /// The clients connected to the command socket: reads their requests, passes them on to the main
-/// thread and sends the answers.
+/// thread and sends the replies.
 class CommandSocket::ClientConnections
     : public std::enable_shared_from_this<CommandSocket::ClientConnections> {
   public:
@@ -33,7 +33,7 @@ class CommandSocket::ClientConnections
     /// Removes the socket's path, so that no more clients find it. Main thread.
     void hide();
 
-    /// Makes `serve` send the answers given by now and return. Main thread.
+    /// Makes `serve` send the replies given by now and return. Main thread.
     void end();
 
   private:
@@ -55,7 +55,7 @@ class CommandSocket::ClientConnections
     void read(Connection &connection);
     static void send(Connection &connection);
     void handle(const Connection &connection);
-    void answer(std::uint64_t number, const CommandAnswer &answer);
+    void reply(std::uint64_t number, const CommandReply &reply);
     void takeAnswers();
     void dropDone();
     void wakeUp() const;
@@ -72,7 +72,7 @@ class CommandSocket::ClientConnections
 
     std::mutex mutex_;
     ListeningSocket listener_;
-    std::vector<std::pair<std::uint64_t, std::string>> answers_;
+    std::vector<std::pair<std::uint64_t, std::string>> replies_;
     bool isEnding_ = false;
 };
 

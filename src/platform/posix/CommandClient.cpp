@@ -34,7 +34,7 @@ bool sendAll(const FileDescriptor &connection, std::string_view text, Clock::tim
     return text.empty();
 }
 
-std::optional<CommandAnswer> receive(const FileDescriptor &connection, Clock::time_point deadline) {
+std::optional<CommandReply> receive(const FileDescriptor &connection, Clock::time_point deadline) {
     MessageReader reader(std::numeric_limits<std::size_t>::max());
     std::array<char, 4096> bytes{};
     while (waitFor(connection, POLLIN, deadline)) {
@@ -44,7 +44,7 @@ std::optional<CommandAnswer> receive(const FileDescriptor &connection, Clock::ti
         }
         const auto state = reader.append({bytes.data(), static_cast<std::size_t>(count)});
         if (state != MessageReader::State::incomplete) {
-            return decodeAnswer(reader.words());
+            return decodeReply(reader.words());
         }
     }
     return std::nullopt;
@@ -52,18 +52,18 @@ std::optional<CommandAnswer> receive(const FileDescriptor &connection, Clock::ti
 
 } // namespace
 
-std::optional<CommandAnswer> sendCommand(const std::filesystem::path &path,
-                                         const CommandRequest &request,
-                                         std::chrono::milliseconds timeout) {
+std::optional<CommandReply> sendCommand(const std::filesystem::path &path,
+                                        const CommandRequest &request,
+                                        std::chrono::milliseconds timeout) {
     const auto deadline = Clock::now() + timeout;
     const auto connection = isPrivateFolder(path.parent_path()) ? connectTo(path) : std::nullopt;
     if (!connection || peerOf(*connection) != geteuid()) {
         return std::nullopt;
     }
-    auto answer = sendAll(*connection, encodeWords(request), deadline)
-                      ? receive(*connection, deadline)
-                      : std::nullopt;
-    return answer ? answer : noAnswer();
+    auto reply = sendAll(*connection, encodeWords(request), deadline)
+                     ? receive(*connection, deadline)
+                     : std::nullopt;
+    return reply ? reply : noReply();
 }
 
 } // namespace corvane::posix

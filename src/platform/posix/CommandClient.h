@@ -9,9 +9,9 @@
 namespace corvane::posix {
 
 /// Sends the request to the program of this user that listens at the path, and waits for its
-/// answer: a refusal where none comes in time. Nothing when no such program listens. Any thread.
-std::optional<CommandAnswer> sendCommand(const std::filesystem::path &path,
-                                         const CommandRequest &request,
-                                         std::chrono::milliseconds timeout);
+/// reply: a refusal where none comes in time. Nothing when no such program listens. Any thread.
+std::optional<CommandReply> sendCommand(const std::filesystem::path &path,
+                                        const CommandRequest &request,
+                                        std::chrono::milliseconds timeout);
 
 } // namespace corvane::posix

@@ -92,12 +92,11 @@ MessageReader::State MessageReader::state() const {
     return text_.size() < colon + *length + 2 ? State::incomplete : State::complete;
 }
 
-std::string encodeAnswer(const CommandAnswer &answer) {
-    return encodeWords(
-        {std::to_string(static_cast<int>(answer.result)), answer.output, answer.error});
+std::string encodeReply(const CommandReply &reply) {
+    return encodeWords({std::to_string(static_cast<int>(reply.result)), reply.output, reply.error});
 }
 
-std::optional<CommandAnswer> decodeAnswer(const std::vector<std::string> &words) {
+std::optional<CommandReply> decodeReply(const std::vector<std::string> &words) {
     if (words.size() != 3 || words.front().size() != 1) {
         return std::nullopt;
     }
@@ -105,7 +104,7 @@ std::optional<CommandAnswer> decodeAnswer(const std::vector<std::string> &words)
     if (result < 0 || result > static_cast<int>(CommandResult::nothingRunning)) {
         return std::nullopt;
     }
-    return CommandAnswer{static_cast<CommandResult>(result), words[1], words[2]};
+    return CommandReply{static_cast<CommandResult>(result), words[1], words[2]};
 }
 
 } // namespace corvane::posix

@@ -37,9 +37,9 @@ class MessageReader {
     std::vector<std::string> words_;
 };
 
-std::string encodeAnswer(const CommandAnswer &answer);
+std::string encodeReply(const CommandReply &reply);
 
-/// Nothing for words that are not an answer.
-std::optional<CommandAnswer> decodeAnswer(const std::vector<std::string> &words);
+/// Nothing for words that are not an reply.
+std::optional<CommandReply> decodeReply(const std::vector<std::string> &words);
 
 } // namespace corvane::posix

@@ -35,25 +35,25 @@ Outcome<std::optional<InstanceLock>> InstanceLock::claim(const std::filesystem::
     return std::unexpected(Failure{file.string() + ": " + std::generic_category().message(errno)});
 }
 
-std::expected<InstanceLock, CommandAnswer>
+std::expected<InstanceLock, CommandReply>
 claimInstance(const std::filesystem::path &file,
-              const std::function<std::optional<CommandAnswer>()> &callRunning) {
+              const std::function<std::optional<CommandReply>()> &callRunning) {
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         auto lock = InstanceLock::claim(file);
         if (!lock) {
             return std::unexpected(
-                CommandAnswer{.result = CommandResult::refused,
-                              .error = "cannot lock " + lock.error().description});
+                CommandReply{.result = CommandResult::refused,
+                             .error = "cannot lock " + lock.error().description});
         }
         if (std::optional<InstanceLock> &claimed = *lock) {
             return *std::move(claimed);
         }
-        if (const auto answer = callRunning()) {
-            return std::unexpected(*answer);
+        if (const auto reply = callRunning()) {
+            return std::unexpected(*reply);
         }
         std::this_thread::sleep_for(pause);
     }
-    return std::unexpected(noAnswer());
+    return std::unexpected(noReply());
 }
 
 } // namespace corvane::posix

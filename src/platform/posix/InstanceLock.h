@@ -26,11 +26,11 @@ class InstanceLock {
     FileDescriptor file_;
 };
 
-/// The lock, or else the answer of the program that has it, as `callRunning` gets it. That program
+/// The lock, or else the reply of the program that has it, as `callRunning` gets it. That program
 /// may be about to end, or only just starting: then it does not answer yet and is called again, for
 /// some seconds. Blocks. Fails also where the lock cannot be made.
-std::expected<InstanceLock, CommandAnswer>
+std::expected<InstanceLock, CommandReply>
 claimInstance(const std::filesystem::path &file,
-              const std::function<std::optional<CommandAnswer>()> &callRunning);
+              const std::function<std::optional<CommandReply>()> &callRunning);
 
 } // namespace corvane::posix

@@ -35,7 +35,7 @@ class SessionBusTest : public WindowSystemTest {
         freedesktop::BusConnection &connection = bus.connection();
         return !connection
                     .callAndWait(connection.newCall(freedesktop::busMethod("ListNames")),
-                                 desktop::patience)
+                                 desktop::timeLimit)
                     .isError();
     }
 

@@ -35,9 +35,9 @@ class OtherUserAtSocketTest : public testing::TestWithParam<uid_t> {
 
     Outcome<std::unique_ptr<CommandSocket>> open() {
         return CommandSocket::open(path_, queue_,
-                                   [this](const CommandRequest &, const CommandReply &reply) {
+                                   [this](const CommandRequest &, const SendReply &sendReply) {
                                        ++requests_;
-                                       reply({});
+                                       sendReply({});
                                    },
                                    {});
     }

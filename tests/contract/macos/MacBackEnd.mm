@@ -12,11 +12,11 @@
 namespace corvane::contract {
 
 bool MacBackEnd::turnUntil(const std::function<bool()> &condition) {
-    constexpr std::chrono::seconds patience{20};
+    constexpr std::chrono::seconds timeLimit{20};
     constexpr CFTimeInterval pause = 0.005;
     const auto start = platform_.clock().now();
     while (!condition()) {
-        if (platform_.clock().now() - start > patience) {
+        if (platform_.clock().now() - start > timeLimit) {
             return false;
         }
         @autoreleasepool {

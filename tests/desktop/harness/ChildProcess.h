@@ -61,7 +61,7 @@ class ChildProcess {
     void write(std::string_view text) const;
 
     /// How it ended; nothing while it still runs when `limit` has passed.
-    std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds limit = patience);
+    std::optional<ProcessEnd> waitForEnd(std::chrono::milliseconds limit = timeLimit);
 
     /// Where the standard output is collected.
     const std::filesystem::path &outputFile() const { return outputFile_; }

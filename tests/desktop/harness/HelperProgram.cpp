@@ -15,7 +15,8 @@ bool isAnswered(const std::vector<std::string> &lines) {
 
 } // namespace
 
-std::vector<std::string> HelperProgram::ask(const std::string &command, const std::string &notice) {
+std::vector<std::string> HelperProgram::request(const std::string &command,
+                                                const std::string &notice) {
     process_->write(command + "\n");
     std::vector<std::string> answer;
     const bool hasCome = waitUntil([&] {
@@ -32,7 +33,7 @@ std::vector<std::string> HelperProgram::ask(const std::string &command, const st
 }
 
 void HelperProgram::demand(const std::string &command) {
-    if (ask(command).back() != "done") {
+    if (request(command).back() != "done") {
         throw std::runtime_error("Refused: " + command);
     }
 }

@@ -21,7 +21,7 @@ class HelperProgram {
 
     /// The lines of the answer; the last one is "done" or "refused". Lines that say
     /// `notice` are no part of a reply and are left out. Throws when no answer comes.
-    std::vector<std::string> ask(const std::string &command, const std::string &notice = {});
+    std::vector<std::string> request(const std::string &command, const std::string &notice = {});
 
     /// Throws when the command is refused.
     void demand(const std::string &command);

@@ -6,11 +6,11 @@
 namespace corvane::desktop {
 
 /// How long a test waits for what it expects to happen; generous, for a loaded machine.
-inline constexpr std::chrono::seconds patience{30};
+inline constexpr std::chrono::seconds timeLimit{30};
 
 /// Checks the condition until it holds; false when `limit` passes first.
 template <typename Condition>
-bool waitUntil(Condition condition, std::chrono::milliseconds limit = patience) {
+bool waitUntil(Condition condition, std::chrono::milliseconds limit = timeLimit) {
     constexpr std::chrono::milliseconds pause{5};
     const auto deadline = std::chrono::steady_clock::now() + limit;
     while (!condition()) {

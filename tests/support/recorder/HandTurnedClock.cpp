@@ -1,6 +1,6 @@
 #include "support/recorder/HandTurnedClock.h"
 
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <algorithm>
 
@@ -98,12 +98,12 @@ void HandTurnedClock::setSleepsBlock(bool sleepsBlock) {
 
 bool HandTurnedClock::awaitBlocked(std::size_t threads) const {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [&] { return countBlocked() >= threads; });
+    return changed_.wait_for(lock, timeLimit, [&] { return countBlocked() >= threads; });
 }
 
 bool HandTurnedClock::awaitCancellation() const {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [this] { return hasCancelledWait_; });
+    return changed_.wait_for(lock, timeLimit, [this] { return hasCancelledWait_; });
 }
 
 std::size_t HandTurnedClock::blockedCount() const {

@@ -5,8 +5,8 @@
 
 namespace corvane {
 
-void PrintTo(const CommandAnswer &answer, std::ostream *out) {
-    *out << static_cast<int>(answer.result) << " \"" << answer.output << "\" \"" << answer.error
+void PrintTo(const CommandReply &reply, std::ostream *out) {
+    *out << static_cast<int>(reply.result) << " \"" << reply.output << "\" \"" << reply.error
          << '"';
 }
 
@@ -29,9 +29,9 @@ void RecordingCommandEndpoint::send(const CommandRequest &request) {
     if (!handler_) {
         throw std::logic_error("nobody listens for commands");
     }
-    handler_(request, [this](const CommandAnswer &answer) {
+    handler_(request, [this](const CommandReply &reply) {
         mainThread_.check();
-        answers.push_back(answer);
+        replies.push_back(reply);
     });
 }
 

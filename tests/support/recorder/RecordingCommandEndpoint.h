@@ -9,7 +9,7 @@
 namespace corvane {
 
 /// For the messages of failed tests.
-void PrintTo(const CommandAnswer &answer, std::ostream *out);
+void PrintTo(const CommandReply &reply, std::ostream *out);
 
 } // namespace corvane
 
@@ -23,12 +23,12 @@ class RecordingCommandEndpoint : public platform::CommandEndpoint {
 
     bool isListening() const { return handler_ != nullptr; }
 
-    /// Hands over a request; what it is answered is appended to `answers`. Fails the test when
+    /// Hands over a request; what it is answered is appended to `replies`. Fails the test when
     /// nobody listens.
     void send(const CommandRequest &request);
 
-    /// The answers so far.
-    std::vector<CommandAnswer> answers;
+    /// The replies so far.
+    std::vector<CommandReply> replies;
 
   private:
     const OneThread mainThread_{"the command endpoint"};

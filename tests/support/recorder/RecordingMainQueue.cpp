@@ -1,6 +1,6 @@
 #include "support/recorder/RecordingMainQueue.h"
 
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,7 +69,7 @@ void RecordingMainQueue::turnUntilIdle() {
 bool RecordingMainQueue::turnUntil(const std::function<bool()> &condition) {
     // Some conditions come true without anything being posted, so they are asked now and then.
     constexpr std::chrono::milliseconds pollPeriod{2};
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto deadline = std::chrono::steady_clock::now() + timeLimit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() >= deadline) {
             return false;

@@ -1,7 +1,7 @@
 #include "support/recorder/RecordingMouseEvents.h"
 
 #include "support/OneThread.h"
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <algorithm>
 #include <utility>
@@ -122,7 +122,7 @@ std::vector<PostedMouseEvent> RecordingMouseEvents::posted() const {
 
 bool RecordingMouseEvents::awaitPosted(std::size_t count) const {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, patience, [&] { return posted_.size() >= count; });
+    return changed_.wait_for(lock, timeLimit, [&] { return posted_.size() >= count; });
 }
 
 void RecordingMouseEvents::setHeldUp(bool isHeldUp) {

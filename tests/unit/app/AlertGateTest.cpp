@@ -71,9 +71,9 @@ TEST_F(AlertGateTest, CommandsAreRefusedWithTheReason) {
             platform.mainQueue().turn();
         }
     });
-    const CommandAnswer refused{.result = CommandResult::refused,
-                                .error = "a question on the screen has to be answered first"};
-    EXPECT_EQ(platform.commandEndpoint().answers, std::vector(2, refused));
+    const CommandReply refused{.result = CommandResult::refused,
+                               .error = "a question on the screen has to be answered first"};
+    EXPECT_EQ(platform.commandEndpoint().replies, std::vector(2, refused));
 }
 
 TEST_F(AlertGateTest, AZoneDrawnMeanwhileIsNotAnchored) {
@@ -120,8 +120,8 @@ TEST_F(AlertGateTest, TheProgramEndsUnderTheAlert) {
         delegate->applicationWillTerminate();
         shared.clickerService.awaitEnd();
     });
-    EXPECT_EQ(platform.commandEndpoint().answers,
-              std::vector{CommandAnswer{.output = "Corvane ends.\n"}});
+    EXPECT_EQ(platform.commandEndpoint().replies,
+              std::vector{CommandReply{.output = "Corvane ends.\n"}});
     EXPECT_TRUE(platform.hotKeys().registered().empty());
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
 }
@@ -137,13 +137,13 @@ TEST_F(AlertGateTest, AnEndThatTheSystemRefusesIsMadeUpForByTheNextOne) {
         platform.mainQueue().turn();
         EXPECT_EQ(state().status, ClickStatus::running);
     });
-    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    EXPECT_TRUE(platform.commandEndpoint().replies.empty());
     EXPECT_TRUE(platform.commandEndpoint().isListening());
     statusItem().choose("Quit Corvane");
     EXPECT_EQ(platform.application().terminations, 1);
     delegate->applicationWillTerminate();
-    EXPECT_EQ(platform.commandEndpoint().answers,
-              std::vector{CommandAnswer{.output = "Corvane ends.\n"}});
+    EXPECT_EQ(platform.commandEndpoint().replies,
+              std::vector{CommandReply{.output = "Corvane ends.\n"}});
 }
 
 } // namespace

@@ -401,8 +401,8 @@ TEST_P(UnusableSessionTest, IsTheReasonThatACommandGetsForARefusedStart) {
     platform.commandEndpoint().send({"start"});
     settle();
     EXPECT_EQ(
-        platform.commandEndpoint().answers,
-        (std::vector{CommandAnswer{.result = CommandResult::refused, .error = GetParam().reason}}));
+        platform.commandEndpoint().replies,
+        (std::vector{CommandReply{.result = CommandResult::refused, .error = GetParam().reason}}));
     EXPECT_EQ(logged(std::string("Cannot start: ") + GetParam().reason), 1);
 }
 

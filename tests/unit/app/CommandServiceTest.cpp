@@ -13,20 +13,20 @@ class CommandServiceTest : public testing::AppDelegateTest {
     void SetUp() override { launch(); }
 
     /// Sends a command and lets the main queue turn until nothing is left to do.
-    CommandAnswer send(const CommandRequest &request) {
-        const std::size_t before = platform.commandEndpoint().answers.size();
+    CommandReply send(const CommandRequest &request) {
+        const std::size_t before = platform.commandEndpoint().replies.size();
         platform.commandEndpoint().send(request);
         platform.mainQueue().turnUntilIdle();
-        const auto &answers = platform.commandEndpoint().answers;
-        EXPECT_EQ(answers.size(), before + 1);
-        return answers.empty() ? CommandAnswer{} : answers.back();
+        const auto &replies = platform.commandEndpoint().replies;
+        EXPECT_EQ(replies.size(), before + 1);
+        return replies.empty() ? CommandReply{} : replies.back();
     }
 
-    static CommandAnswer done(const std::string &sentence) {
+    static CommandReply done(const std::string &sentence) {
         return {.result = CommandResult::done, .output = sentence + "\n"};
     }
 
-    static CommandAnswer refused(const std::string &reason) {
+    static CommandReply refused(const std::string &reason) {
         return {.result = CommandResult::refused, .error = reason};
     }
 
@@ -44,9 +44,9 @@ class CommandServiceTest : public testing::AppDelegateTest {
 
     nlohmann::json statusJson() { return nlohmann::json::parse(send({"status", "--json"}).output); }
 
-    const CommandAnswer notWhileClicking =
+    const CommandReply notWhileClicking =
         refused("not while Corvane clicks; 'corvane stop' ends that");
-    const CommandAnswer notGranted =
+    const CommandReply notGranted =
         refused("Corvane may not click in other applications; 'corvane doctor' says why");
 };
 
@@ -88,9 +88,9 @@ TEST_F(CommandServiceTest, TogglesAsTheHotKeyDoes) {
 TEST_F(CommandServiceTest, StopIsAnsweredWhenTheRunIsOver) {
     startRunning();
     platform.commandEndpoint().send({"stop"});
-    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    EXPECT_TRUE(platform.commandEndpoint().replies.empty());
     platform.mainQueue().turnUntilIdle();
-    EXPECT_EQ(platform.commandEndpoint().answers.size(), 1U);
+    EXPECT_EQ(platform.commandEndpoint().replies.size(), 1U);
     EXPECT_EQ(state().status, ClickStatus::idle);
 }
 
@@ -110,10 +110,10 @@ TEST_F(CommandServiceTest, AStartIsRefusedWhenTheTrustHasJustGone) {
 TEST_F(CommandServiceTest, AStartThatAsksIsAnsweredBeforeTheUserAnswers) {
     anchorZone();
     platform.applications().runningApplications.clear();
-    std::vector<CommandAnswer> answersMeanwhile;
+    std::vector<CommandReply> answersMeanwhile;
     platform.alerts().whileShown = [&](const Alert &) {
         platform.mainQueue().turnUntilIdle();
-        answersMeanwhile = platform.commandEndpoint().answers;
+        answersMeanwhile = platform.commandEndpoint().replies;
     };
     platform.alerts().answers = {{.button = 0}};
     const auto asks =
@@ -131,7 +131,7 @@ TEST_F(CommandServiceTest, AStartMeanwhileIsRefused) {
     };
     platform.commandEndpoint().send({"start"});
     platform.mainQueue().turnUntilIdle();
-    EXPECT_EQ(platform.commandEndpoint().answers,
+    EXPECT_EQ(platform.commandEndpoint().replies,
               (std::vector{refused("a question on the screen has to be answered first"),
                            refused("the start was cancelled")}));
     EXPECT_EQ(platform.alerts().shown.size(), 1U);
@@ -183,13 +183,13 @@ TEST_F(CommandServiceTest, LoadsAProfileByNameOrId) {
 TEST_F(CommandServiceTest, RefusesAProfileThatIsNotOne) {
     saveProfiles({"Twin", "Twin"});
     EXPECT_EQ(send({"profile", "load", "twin"}), refused("there is no profile 'twin'"));
-    const CommandAnswer twins = send({"profile", "load", "Twin"});
+    const CommandReply twins = send({"profile", "load", "Twin"});
     EXPECT_EQ(twins.result, CommandResult::refused);
     EXPECT_THAT(twins.error, HasSubstr("several profiles are called 'Twin'"));
 }
 
 TEST_F(CommandServiceTest, ListsTheProfiles) {
-    EXPECT_EQ(send({"profile", "list"}), CommandAnswer{});
+    EXPECT_EQ(send({"profile", "list"}), CommandReply{});
     saveProfiles({"Slow", "Two\nlines"});
     EXPECT_EQ(send({"profile", "list"}).output, "Slow\nTwo lines\n");
     const auto json = nlohmann::json::parse(send({"profile", "list", "--json"}).output);
@@ -257,20 +257,20 @@ TEST_F(CommandServiceTest, QuitIsAnsweredWhenNoMoreCommandsAreTaken) {
     platform.commandEndpoint().send({"quit"});
     platform.mainQueue().turnUntilIdle();
     EXPECT_GE(platform.application().terminations, 1);
-    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    EXPECT_TRUE(platform.commandEndpoint().replies.empty());
     delegate->applicationWillTerminate();
     EXPECT_FALSE(platform.commandEndpoint().isListening());
-    EXPECT_EQ(platform.commandEndpoint().answers, std::vector(2, done("Corvane ends.")));
+    EXPECT_EQ(platform.commandEndpoint().replies, std::vector(2, done("Corvane ends.")));
 }
 
 TEST_F(CommandServiceTest, AnotherStartOfTheProgramShowsWhereItIs) {
-    EXPECT_EQ(send({}), CommandAnswer{});
+    EXPECT_EQ(send({}), CommandReply{});
     EXPECT_EQ(statusItem().menusOpened, 1);
 }
 
 TEST_F(CommandServiceTest, RefusesWhatIsNoCommand) {
     EXPECT_EQ(send({"fly"}),
-              (CommandAnswer{.result = CommandResult::misused, .error = "unknown command 'fly'"}));
+              (CommandReply{.result = CommandResult::misused, .error = "unknown command 'fly'"}));
 }
 
 TEST_F(CommandServiceTest, DoesNothingOnceTheProgramHasEnded) {
@@ -279,7 +279,7 @@ TEST_F(CommandServiceTest, DoesNothingOnceTheProgramHasEnded) {
     delegate.reset();
     platform.mainQueue().turnUntilIdle();
     platform.commandEndpoint().send({"start"});
-    EXPECT_TRUE(platform.commandEndpoint().answers.empty());
+    EXPECT_TRUE(platform.commandEndpoint().replies.empty());
 }
 
 class CommandsAtLaunchTest : public testing::AppDelegateTest {};
@@ -295,7 +295,7 @@ TEST_F(CommandsAtLaunchTest, TellThatTheHotKeyIsNotToBeHad) {
     platform.hotKeys().registerFailure = 10;
     launch();
     platform.commandEndpoint().send({"status", "--json"});
-    const auto json = nlohmann::json::parse(platform.commandEndpoint().answers.front().output);
+    const auto json = nlohmann::json::parse(platform.commandEndpoint().replies.front().output);
     EXPECT_EQ(json["isHotkeyRegistered"], false);
 }
 

@@ -2,7 +2,7 @@
 
 #include "support/LineCapture.h"
 #include "support/Localised.h"
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 #include "support/recorder/RecordingPlatform.h"
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ TEST_F(CorvaneAppTest, TheEndOfTheWorkEndsTheRunAndAwaitsIt) {
     auto work = finishWork();
     EXPECT_TRUE(isWaiting(work));
     platform.clock().setSleepsBlock(false);
-    ASSERT_EQ(work.wait_for(testing::patience), std::future_status::ready);
+    ASSERT_EQ(work.wait_for(testing::timeLimit), std::future_status::ready);
     EXPECT_EQ(log.lines().back(), "Clicker stopped after 1 clicks");
     EXPECT_FALSE(platform.mouseEvents().isButtonPressed());
 }
@@ -49,7 +49,7 @@ TEST_F(CorvaneAppTest, TheEndOfTheWorkFinishesEverySave) {
     const auto work = finishWork();
     EXPECT_TRUE(isWaiting(work));
     disk.set_value();
-    ASSERT_EQ(work.wait_for(testing::patience), std::future_status::ready);
+    ASSERT_EQ(work.wait_for(testing::timeLimit), std::future_status::ready);
     const auto saved = app->sharedServices().configService.currentConfig();
     ASSERT_TRUE(saved);
     EXPECT_EQ(saved->clickRate, 7);

@@ -23,32 +23,32 @@ const DesktopFacts goodDesktop{.displayServer = DisplayServer::x11,
 
 const std::vector<FileFact> goodFiles{{.path = "/home/user/.config/corvane"}};
 
-CommandAnswer running(const std::string &status, bool isHotkeyRegistered,
-                      bool isAccessibilityGranted = true) {
+CommandReply running(const std::string &status, bool isHotkeyRegistered,
+                     bool isAccessibilityGranted = true) {
     const auto text = [](bool value) { return value ? "true" : "false"; };
     return {.output = R"({"status": ")" + status + R"(", "isHotkeyRegistered": )" +
                       text(isHotkeyRegistered) + R"(, "isAccessibilityGranted": )" +
                       text(isAccessibilityGranted) + "}"};
 }
 
-CommandAnswer diagnose(const DesktopFacts &desktop,
-                       const std::optional<CommandAnswer> &status = std::nullopt) {
+CommandReply diagnose(const DesktopFacts &desktop,
+                      const std::optional<CommandReply> &status = std::nullopt) {
     return corvane::diagnose(desktop, goodFiles, status);
 }
 
 TEST(DoctorTest, ReportsAGoodDesktopLineByLine) {
     EXPECT_EQ(
         diagnose(goodDesktop),
-        (CommandAnswer{.output = "[ok]      Corvane: It is not running.\n"
-                                 "[ok]      Display: Corvane is on the X server :0.\n"
-                                 "[ok]      Clicks: They reach other applications.\n"
-                                 "[ok]      Hot key: It is free for Corvane.\n"
-                                 "[ok]      Menu: A panel shows Corvane's symbol.\n"
-                                 "[ok]      Compositor: One is running: outlines and ripples are "
-                                 "translucent.\n"
-                                 "[ok]      Windows: Openbox tells all that Corvane asks of it.\n"
-                                 "[ok]      Files: Settings, profiles and log can be read and "
-                                 "written.\n"}));
+        (CommandReply{.output = "[ok]      Corvane: It is not running.\n"
+                                "[ok]      Display: Corvane is on the X server :0.\n"
+                                "[ok]      Clicks: They reach other applications.\n"
+                                "[ok]      Hot key: It is free for Corvane.\n"
+                                "[ok]      Menu: A panel shows Corvane's symbol.\n"
+                                "[ok]      Compositor: One is running: outlines and ripples are "
+                                "translucent.\n"
+                                "[ok]      Windows: Openbox tells all that Corvane asks of it.\n"
+                                "[ok]      Files: Settings, profiles and log can be read and "
+                                "written.\n"}));
 }
 
 TEST(DoctorTest, WhereNobodyTellsWhoHasTheHotKeyThatIsSaid) {
@@ -218,9 +218,9 @@ TEST(DoctorTest, SaysWhatTheRunningProgramDoes) {
                 HasSubstr("Corvane: It is running, and clicking."));
     EXPECT_THAT(diagnose(goodDesktop, running("idle", true)).output,
                 HasSubstr("Corvane: It is running.\n"));
-    EXPECT_THAT(diagnose(goodDesktop, noAnswer()).output,
+    EXPECT_THAT(diagnose(goodDesktop, noReply()).output,
                 HasSubstr("[limited] Corvane: It is running, but does not answer."));
-    EXPECT_THAT(diagnose(goodDesktop, CommandAnswer{.output = "[]"}).output,
+    EXPECT_THAT(diagnose(goodDesktop, CommandReply{.output = "[]"}).output,
                 HasSubstr("does not answer"));
 }
 

@@ -56,14 +56,14 @@ TEST(CommandMessageTest, DoesNotWaitForMoreThanItReads) {
 }
 
 TEST(CommandMessageTest, AnAnswerComesThrough) {
-    const CommandAnswer answer{.result = CommandResult::refused, .output = "", .error = "not now"};
-    EXPECT_EQ(decodeAnswer(*decodeWords(encodeAnswer(answer))), answer);
+    const CommandReply reply{.result = CommandResult::refused, .output = "", .error = "not now"};
+    EXPECT_EQ(decodeReply(*decodeWords(encodeReply(reply))), reply);
 }
 
 TEST(CommandMessageTest, RefusesWhatIsNoAnswer) {
     for (const Words &words : {Words{}, Words{"0", ""}, Words{"4", "", ""}, Words{"00", "", ""},
                                Words{"", "", ""}, Words{"-", "", ""}, Words{"0", "", "", ""}}) {
-        EXPECT_EQ(decodeAnswer(words), std::nullopt);
+        EXPECT_EQ(decodeReply(words), std::nullopt);
     }
 }
 

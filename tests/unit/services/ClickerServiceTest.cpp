@@ -1,7 +1,7 @@
 #include "support/ClickerServiceTest.h"
 
 #include "support/Log.h"
-#include "support/Patience.h"
+#include "support/TimeLimit.h"
 
 #include <limits>
 #include <pthread.h>
@@ -209,7 +209,7 @@ TEST_F(ClickerServiceTest, AStartReleasesTheRunsThatHaveEnded) {
     auto held = std::make_shared<int>();
     const std::weak_ptr ofFirstRun(held);
     clicker_.start({}, nullptr, [held = std::move(held)](auto, auto) {}, [] {});
-    const auto deadline = std::chrono::steady_clock::now() + patience;
+    const auto deadline = std::chrono::steady_clock::now() + timeLimit;
     while (!ofFirstRun.expired() && std::chrono::steady_clock::now() < deadline) {
         start({});
         ASSERT_TRUE(awaitWait());

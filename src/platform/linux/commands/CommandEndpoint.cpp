@@ -18,9 +18,9 @@ CommandEndpoint::CommandEndpoint(platform::MainQueue &mainQueue, CommandRequest 
 void CommandEndpoint::listen(RequestHandler handler) {
     if (!first_.empty()) {
         mainQueue_.post([handler, request = first_] {
-            handler(request, [](const CommandAnswer &answer) {
-                if (!answer.error.empty()) {
-                    std::fputs(("corvane: " + answer.error + "\n").c_str(), stderr);
+            handler(request, [](const CommandReply &reply) {
+                if (!reply.error.empty()) {
+                    std::fputs(("corvane: " + reply.error + "\n").c_str(), stderr);
                 }
             });
         });
@@ -42,12 +42,12 @@ void CommandEndpoint::close(const std::function<void()> &announceEnd) {
     socket_.reset();
 }
 
-std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
-    // The program answers at once, also where a command opens a question on the screen.
+std::optional<CommandReply> callRunning(const CommandRequest &request) {
+    // The program replies at once, also where a command opens a question on the screen.
     constexpr std::chrono::milliseconds timeout{15000};
     for (const auto &socket : commandSockets()) {
-        if (auto answer = posix::sendCommand(socket, request, timeout)) {
-            return answer;
+        if (auto reply = posix::sendCommand(socket, request, timeout)) {
+            return reply;
         }
     }
     return std::nullopt;

@@ -29,7 +29,7 @@ class CommandEndpoint : public platform::CommandEndpoint {
 };
 
 /// Sends the request to the running Corvane of this user, on the display that DISPLAY names where
-/// it names one, and waits for the answer. Nothing when none is running. Any thread.
-std::optional<CommandAnswer> callRunning(const CommandRequest &request);
+/// it names one, and waits for the reply. Nothing when none is running. Any thread.
+std::optional<CommandReply> callRunning(const CommandRequest &request);
 
 } // namespace corvane::linux

@@ -16,7 +16,7 @@ class MainQueue;
 
 namespace corvane::macos {
 
-/// Commands come as URLs of the program's own scheme, which get no answer but a line in the log
+/// Commands come as URLs of the program's own scheme, which get no reply but a line in the log
 /// when they are refused, and from the command line through a socket in `commandFolder`.
 class CommandEndpoint : public platform::CommandEndpoint {
   public:
@@ -34,9 +34,9 @@ class CommandEndpoint : public platform::CommandEndpoint {
     std::unique_ptr<posix::CommandSocket> socket_;
 };
 
-/// Hands the request to the running Corvane of this user and waits for the answer. Nothing when
+/// Hands the request to the running Corvane of this user and waits for the reply. Nothing when
 /// none is running.
-std::optional<CommandAnswer> callRunning(const CommandRequest &request);
+std::optional<CommandReply> callRunning(const CommandRequest &request);
 
 } // namespace corvane::macos
 

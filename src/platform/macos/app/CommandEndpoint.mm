@@ -14,7 +14,7 @@ namespace corvane::macos {
 
 namespace {
 
-/// Answers come at once, whatever the program is doing.
+/// Replies come at once, whatever the program is doing.
 constexpr std::chrono::seconds replyTimeout{15};
 
 std::filesystem::path socketPath() { return commandFolder() / "commands.socket"; }
@@ -25,9 +25,9 @@ void handleUrl(const std::string &url, const platform::CommandEndpoint::RequestH
         log("Cannot read the command " + url);
         return;
     }
-    handler(*request, [url](const CommandAnswer &answer) {
-        if (answer.result != CommandResult::done) {
-            log("Refused " + url + ": " + answer.error);
+    handler(*request, [url](const CommandReply &reply) {
+        if (reply.result != CommandResult::done) {
+            log("Refused " + url + ": " + reply.error);
         }
     });
 }
@@ -58,7 +58,7 @@ void CommandEndpoint::close(const std::function<void()> &announceEnd) {
     socket_.reset();
 }
 
-std::optional<CommandAnswer> callRunning(const CommandRequest &request) {
+std::optional<CommandReply> callRunning(const CommandRequest &request) {
     return posix::sendCommand(socketPath(), request, replyTimeout);
 }
 

@@ -45,8 +45,8 @@ CommandLine readCommandLine(int argc, char **argv) {
 
 /// Where the program does not run, the system starts it for a URL of its own and hands that over.
 int runLaunch(const CommandRequest &words) {
-    if (const auto answer = macos::callRunning(words)) {
-        return print(*answer);
+    if (const auto reply = macos::callRunning(words)) {
+        return print(*reply);
     }
     NSURL *address = [NSURL URLWithString:macos::systemText(urlOfCommand(words))];
     const bool isLaunched = address != nil && [NSWorkspace.sharedWorkspace openURL:address];
@@ -63,9 +63,9 @@ int runDoctor() {
                  macos::callRunning({"status", "--json"})));
 }
 
-/// The right to be the Corvane of this user, or else the answer of the one that has it, which has
+/// The right to be the Corvane of this user, or else the reply of the one that has it, which has
 /// shown itself. The system may start two at a login: as a login item, and as what was running.
-std::expected<posix::InstanceLock, CommandAnswer> claimInstance() {
+std::expected<posix::InstanceLock, CommandReply> claimInstance() {
     return posix::claimInstance(macos::commandFolder() / "instance.lock",
                                 [] { return macos::callRunning({}); });
 }
@@ -112,8 +112,8 @@ int main(int argc, char **argv) {
         leaveLink(argv);
         const auto commandLine = readCommandLine(argc, argv);
         switch (commandLine.request) {
-        case CommandLine::Request::answer:
-            return print(commandLine.answer);
+        case CommandLine::Request::reply:
+            return print(commandLine.reply);
         case CommandLine::Request::command:
             return print(macos::callRunning(commandLine.words).value_or(nothingRunning()));
         case CommandLine::Request::launch:

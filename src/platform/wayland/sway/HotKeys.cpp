@@ -57,8 +57,8 @@ class HotKeys::BoundKeys : public platform::RegisteredHotKey {
 };
 
 HotKeys::HotKeys() {
-    if (!events_ ||
-        !flagAt(events_->ask(MessageType::subscribe, R"(["binding","workspace"])"), "success")) {
+    if (!events_ || !flagAt(events_->request(MessageType::subscribe, R"(["binding","workspace"])"),
+                            "success")) {
         return;
     }
     readable_ = std::make_unique<QSocketNotifier>(events_->descriptor(), QSocketNotifier::Read);
@@ -84,14 +84,14 @@ HotKeys::registerHotKey(const HotKey &hotKey) {
 }
 
 bool HotKeys::run(const std::string &command) const {
-    const json answers = commands_ ? commands_->ask(MessageType::runCommand, command) : json();
+    const json answers = commands_ ? commands_->request(MessageType::runCommand, command) : json();
     return answers.is_array() && !answers.empty() &&
            std::ranges::all_of(answers,
                                [](const json &answer) { return flagAt(answer, "success"); });
 }
 
 bool HotKeys::isTaken(const HotKey &hotKey) const {
-    const json answer = commands_ ? commands_->ask(MessageType::getConfig) : json();
+    const json answer = commands_ ? commands_->request(MessageType::getConfig) : json();
     return bindsKeys(textAt(answer, "config"), keysOf(hotKey));
 }
 

@@ -86,7 +86,7 @@ std::optional<Message> Ipc::receive() const {
                                                                 : std::nullopt;
 }
 
-nlohmann::json Ipc::ask(MessageType type, const std::string &payload) const {
+nlohmann::json Ipc::request(MessageType type, const std::string &payload) const {
     const auto answer = send(type, payload) ? receive() : std::nullopt;
     return nlohmann::json::parse(answer ? answer->payload : "", nullptr, false);
 }

@@ -40,7 +40,7 @@ class Ipc {
     std::optional<Message> receive() const;
 
     /// Sends a message and waits for the answer; discarded JSON without one.
-    nlohmann::json ask(MessageType type, const std::string &payload = {}) const;
+    nlohmann::json request(MessageType type, const std::string &payload = {}) const;
 
   private:
     explicit Ipc(posix::FileDescriptor socket) : socket_(std::move(socket)) {}

@@ -59,7 +59,7 @@ std::optional<std::vector<Window>> windowsOf(const json &tree) {
 
 /// sway may have been started anew since the last time.
 std::optional<std::vector<Window>> Windows::windows() {
-    json tree = ipc_ ? ipc_->ask(MessageType::getTree) : json(json::value_t::discarded);
+    json tree = ipc_ ? ipc_->request(MessageType::getTree) : json(json::value_t::discarded);
     if (tree.is_discarded()) {
         ipc_ = Ipc::open();
         return std::nullopt;

@@ -78,7 +78,7 @@ class ClickClient {
     int releaseCount() const;
 
     /// Waits until there are that many presses and as many releases; false when time runs out.
-    bool waitForClicks(int count, std::chrono::milliseconds limit = patience) const;
+    bool waitForClicks(int count, std::chrono::milliseconds limit = timeLimit) const;
 
     pid_t pid() const { return program_->pid(); }
 

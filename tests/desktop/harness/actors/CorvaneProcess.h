@@ -47,7 +47,7 @@ class CorvaneProcess {
     bool waitForLog(std::string_view message, int count = 1);
     /// The same for any message that begins so.
     bool waitForLogBeginning(std::string_view beginning, int count = 1,
-                             std::chrono::milliseconds limit = patience);
+                             std::chrono::milliseconds limit = timeLimit);
 
     std::string standardOutput() const { return process_->standardOutput(); }
     std::string standardError() const { return process_->standardError(); }

@@ -20,11 +20,11 @@ ScreenReader::ScreenReader(const VirtualDesktop &desktop)
 }
 
 std::vector<std::string> ScreenReader::window(const std::string &title) {
-    return withoutEnd(program_.ask("window\t" + title));
+    return withoutEnd(program_.request("window\t" + title));
 }
 
 std::string ScreenReader::focus() {
-    const auto lines = withoutEnd(program_.ask("focus"));
+    const auto lines = withoutEnd(program_.request("focus"));
     return lines.empty() ? std::string() : lines.front();
 }
 

@@ -16,7 +16,7 @@ constexpr const char *registered = "registered";
 
 StatusPanel::StatusPanel(const VirtualDesktop &desktop) : program_(desktop, CORVANE_STATUS_PANEL) {
     // It answers once it is on the bus.
-    ask("menu");
+    request("menu");
 }
 
 bool StatusPanel::waitForItem() const {
@@ -30,7 +30,7 @@ int StatusPanel::itemCount() const {
 
 std::vector<MenuLine> StatusPanel::menu() {
     std::vector<MenuLine> menu;
-    for (const std::string &line : ask("menu")) {
+    for (const std::string &line : request("menu")) {
         const std::vector<std::string> fields = split(line, '\t');
         if (fields.front() == "line") {
             menu.push_back({.depth = std::stoi(fields.at(1)),
@@ -53,12 +53,12 @@ std::optional<MenuLine> StatusPanel::line(const std::string &title) {
 }
 
 bool StatusPanel::choose(const std::string &title) {
-    return ask("choose\t" + title).back() == "done";
+    return request("choose\t" + title).back() == "done";
 }
 
-std::vector<std::string> StatusPanel::ask(const std::string &command) {
+std::vector<std::string> StatusPanel::request(const std::string &command) {
     // Items that register meanwhile are reported by signals between the replies.
-    return program_.ask(command, registered);
+    return program_.request(command, registered);
 }
 
 } // namespace corvane::desktop

@@ -44,7 +44,7 @@ class StatusPanel {
     ChildProcess &process() { return program_.process(); }
 
   private:
-    std::vector<std::string> ask(const std::string &command);
+    std::vector<std::string> request(const std::string &command);
 
     HelperProgram program_;
 };

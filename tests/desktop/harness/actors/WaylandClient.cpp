@@ -29,8 +29,8 @@ WaylandClient::WaylandClient(const WaylandDesktop &desktop)
 
 int WaylandClient::open(const Window &window) {
     const int number = ++windowCount_;
-    ask("open\t" + std::to_string(number) + "\t" + std::to_string(window.width) + "\t" +
-        std::to_string(window.height) + "\t" + window.application + "\t" + window.title);
+    request("open\t" + std::to_string(number) + "\t" + std::to_string(window.width) + "\t" +
+            std::to_string(window.height) + "\t" + window.application + "\t" + window.title);
     const bool isShown = waitUntil([&] {
         listen();
         return shown_.contains(number) && desktop_.shows(window.title);
@@ -43,18 +43,18 @@ int WaylandClient::open(const Window &window) {
 }
 
 void WaylandClient::retitle(int window, const std::string &title) {
-    ask("retitle\t" + std::to_string(window) + "\t" + title);
+    request("retitle\t" + std::to_string(window) + "\t" + title);
 }
 
-void WaylandClient::close(int window) { ask("close\t" + std::to_string(window)); }
+void WaylandClient::close(int window) { request("close\t" + std::to_string(window)); }
 
 void WaylandClient::moveTo(Position position) {
-    ask("point\t" + std::to_string(position.x) + "\t" + std::to_string(position.y));
+    request("point\t" + std::to_string(position.x) + "\t" + std::to_string(position.y));
 }
 
-void WaylandClient::press() { ask("button\t" + std::to_string(BTN_LEFT) + "\t1"); }
+void WaylandClient::press() { request("button\t" + std::to_string(BTN_LEFT) + "\t1"); }
 
-void WaylandClient::release() { ask("button\t" + std::to_string(BTN_LEFT) + "\t0"); }
+void WaylandClient::release() { request("button\t" + std::to_string(BTN_LEFT) + "\t0"); }
 
 const std::vector<PointerEvent> &WaylandClient::events() const {
     listen();
@@ -69,7 +69,7 @@ bool WaylandClient::waitForClicks(int count, std::chrono::milliseconds limit) co
     return waitUntil([&] { return pressCount() >= count && releaseCount() >= count; }, limit);
 }
 
-void WaylandClient::ask(const std::string &command) {
+void WaylandClient::request(const std::string &command) {
     const int before = answers_;
     program_->write(command + "\n");
     const bool isAnswered = waitUntil([&] {

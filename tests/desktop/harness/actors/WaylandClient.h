@@ -57,12 +57,12 @@ class WaylandClient {
     int releaseCount() const { return count(PointerEvent::Kind::release); }
 
     /// Waits until there are that many presses and as many releases; false when time runs out.
-    bool waitForClicks(int count, std::chrono::milliseconds limit = patience) const;
+    bool waitForClicks(int count, std::chrono::milliseconds limit = timeLimit) const;
 
     pid_t pid() const { return program_->pid(); }
 
   private:
-    void ask(const std::string &command);
+    void request(const std::string &command);
     void listen() const;
 
     const WaylandDesktop &desktop_;

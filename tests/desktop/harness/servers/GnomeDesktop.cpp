@@ -43,7 +43,7 @@ void GnomeDesktop::startShell() {
                      environment.at("WAYLAND_DISPLAY")},
                     environment, {});
     control_ = std::make_unique<HelperProgram>(*this, CORVANE_WAYLAND_CLIENT);
-    const auto variables = split(control_->ask("variables").front(), '\t');
+    const auto variables = split(control_->request("variables").front(), '\t');
     set("DISPLAY", variables.at(0));
     set("XAUTHORITY", variables.at(1));
     // For the test's own connection to the X server.
@@ -114,7 +114,7 @@ bool GnomeDesktop::consent() const {
 }
 
 void GnomeDesktop::awaitFocus(const std::string &title) const {
-    if (!waitUntil([&] { return control_->ask("focused").front() == title; })) {
+    if (!waitUntil([&] { return control_->request("focused").front() == title; })) {
         throw std::runtime_error("No such window has the keyboard: " + title);
     }
 }
@@ -177,7 +177,7 @@ std::optional<Position> GnomeDesktop::positionOf(const std::string &title) const
 }
 
 std::optional<Area> GnomeDesktop::frameOf(const std::string &window) const {
-    const auto answer = control_->ask("where\t" + window);
+    const auto answer = control_->request("where\t" + window);
     if (answer.back() == "refused") {
         return std::nullopt;
     }

@@ -75,14 +75,15 @@ void KWinDesktop::tapEscape() const {
 }
 
 bool KWinDesktop::takesScreenshots() const {
-    return control_->ask("picture\t" + (folder() / "try.png").string()).back() != "refused";
+    return control_->request("picture\t" + (folder() / "try.png").string()).back() != "refused";
 }
 
 std::string KWinDesktop::sightAt(Position position) const {
     if (takesScreenshots()) {
         return WaylandDesktop::sightAt(position);
     }
-    return control_->ask("front\t" + std::to_string(position.x) + "\t" + std::to_string(position.y))
+    return control_
+        ->request("front\t" + std::to_string(position.x) + "\t" + std::to_string(position.y))
         .front();
 }
 
@@ -100,7 +101,7 @@ void KWinDesktop::requestPlace(const std::string &title, Position position) cons
 }
 
 std::optional<Position> KWinDesktop::positionOf(const std::string &title) const {
-    const auto answer = control_->ask("where\t" + title);
+    const auto answer = control_->request("where\t" + title);
     if (answer.back() == "refused") {
         return std::nullopt;
     }

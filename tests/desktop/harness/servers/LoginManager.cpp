@@ -9,11 +9,11 @@ LoginManager::LoginManager(const VirtualDesktop &desktop)
       program_(desktop,
                {"env", environment_.first + "=" + environment_.second, CORVANE_LOGIN_MANAGER}) {
     // It answers once it has its name on the bus.
-    program_.ask("is known");
+    program_.request("is known");
 }
 
 bool LoginManager::waitForProgram() {
-    return waitUntil([this] { return program_.ask("is known").back() == "done"; });
+    return waitUntil([this] { return program_.request("is known").back() == "done"; });
 }
 
 } // namespace corvane::desktop

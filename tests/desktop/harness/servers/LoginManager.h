@@ -19,12 +19,12 @@ class LoginManager {
     bool waitForProgram();
 
     /// As `loginctl lock-session` does.
-    void lock() { program_.ask("lock"); }
-    void unlock() { program_.ask("unlock"); }
+    void lock() { program_.request("lock"); }
+    void unlock() { program_.request("unlock"); }
     /// Another user's session gets the screen.
-    void switchAway() { program_.ask("switch away"); }
+    void switchAway() { program_.request("switch away"); }
     /// The system is about to sleep.
-    void prepareForSleep() { program_.ask("sleep"); }
+    void prepareForSleep() { program_.request("sleep"); }
 
   private:
     std::pair<const std::string, std::string> environment_;

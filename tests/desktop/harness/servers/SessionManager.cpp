@@ -7,10 +7,10 @@ namespace corvane::desktop {
 
 SessionManager::SessionManager(const VirtualDesktop &desktop)
     : program_(desktop, CORVANE_SESSION_MANAGER),
-      address_(program_.ask("address").front()) {}
+      address_(program_.request("address").front()) {}
 
 std::vector<SessionMember> SessionManager::members() {
-    std::vector<std::string> lines = program_.ask("clients");
+    std::vector<std::string> lines = program_.request("clients");
     lines.pop_back();
     std::vector<SessionMember> members;
     for (const std::string &line : lines) {
@@ -28,15 +28,15 @@ bool SessionManager::waitForSaves(int count) {
     });
 }
 
-void SessionManager::save() { program_.ask("save"); }
+void SessionManager::save() { program_.request("save"); }
 
 bool SessionManager::logOut() {
     const std::vector<SessionMember> before = members();
-    program_.ask("shutdown");
+    program_.request("shutdown");
     if (before.size() != 1 || !waitForSaves(before.front().saves + 1)) {
         return false;
     }
-    program_.ask("die");
+    program_.request("die");
     return true;
 }
 
