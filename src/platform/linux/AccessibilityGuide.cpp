@@ -55,6 +55,12 @@ std::vector<std::string> paragraphsFor(AccessibilityObstacle obstacle) {
                 localised("Log out, choose a session whose name ends in “on Xorg” or “X11” "
                           "on the login screen, and log in again. The choice is often behind the "
                           "gear button.")};
+    case AccessibilityObstacle::kwinRefusal:
+        return {
+            localised("KDE Plasma lets only programs press the mouse button whose desktop file "
+                      "asks for it. It does not accept Corvane’s (corvane-mouse-button.desktop)."),
+            localised("Quit Corvane and start it again. If that does not help, install it and "
+                      "start it from the applications menu.")};
     case AccessibilityObstacle::none:
         break;
     }
@@ -81,6 +87,7 @@ bool isAnsweredByUser(AccessibilityObstacle obstacle) {
     case AccessibilityObstacle::none:
     case AccessibilityObstacle::noTestExtension:
     case AccessibilityObstacle::waylandSession:
+    case AccessibilityObstacle::kwinRefusal:
     case AccessibilityObstacle::noScreenCast:
         break;
     }

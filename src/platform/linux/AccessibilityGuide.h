@@ -9,6 +9,8 @@ enum class AccessibilityObstacle {
     none,
     noTestExtension,
     waylandSession,
+    /// KWin does not accept the desktop file by which this program may press the button.
+    kwinRefusal,
     /// The desktop asks the user before it lets a program click; the user has not answered yet.
     consentNeeded,
     consentRefused,

@@ -1,5 +1,6 @@
 #include "platform/linux/X11System.h"
 
+#include "platform/wayland/kwin/Bus.h"
 #include "platform/x11/connection/ServerAbilities.h"
 
 #include <memory>
@@ -18,12 +19,18 @@ WindowOwners ownersOf(const x11::ClientWindows::Owners &windows) {
     return owners;
 }
 
+/// Around an XWayland.
+AccessibilityObstacle obstacleOfCompositor() {
+    return wayland::kwin::isRunning() ? AccessibilityObstacle::kwinRefusal
+                                      : AccessibilityObstacle::waylandSession;
+}
+
 /// Whether the server is an XWayland never changes; the extensions are read each time.
 std::function<AccessibilityObstacle()> obstacleOf(const x11::XcbConnection &connection) {
-    return [&connection, isInsideWayland = x11::isInsideWayland(connection)] {
-        if (isInsideWayland) {
-            return AccessibilityObstacle::waylandSession;
-        }
+    if (x11::isInsideWayland(connection)) {
+        return [obstacle = obstacleOfCompositor()] { return obstacle; };
+    }
+    return [&connection] {
         return x11::offersFakeInput(connection) ? AccessibilityObstacle::none
                                                 : AccessibilityObstacle::noTestExtension;
     };

@@ -31,6 +31,15 @@ TEST(AccessibilityGuideTest, SendsUsersOfWaylandToAnotherSession) {
     EXPECT_THAT(guide.paragraphs[2], HasSubstr("Xorg"));
 }
 
+TEST(AccessibilityGuideTest, NamesTheFileThatKWinDoesNotAccept) {
+    const auto guide = accessibilityGuide(AccessibilityObstacle::kwinRefusal);
+    EXPECT_EQ(guide.heading, "Corvane cannot click in other applications");
+    ASSERT_EQ(guide.paragraphs.size(), 2U);
+    EXPECT_THAT(guide.paragraphs[0], HasSubstr("KDE Plasma"));
+    EXPECT_THAT(guide.paragraphs[0], HasSubstr("corvane-mouse-button.desktop"));
+    EXPECT_THAT(guide.paragraphs[1], HasSubstr("start it again"));
+}
+
 TEST(AccessibilityGuideTest, SaysWhenNothingIsMissing) {
     const auto guide = accessibilityGuide(AccessibilityObstacle::none);
     EXPECT_EQ(guide.heading, "Corvane can click in other applications");

@@ -36,6 +36,16 @@ TEST_F(KWin5Test, TheFirstStartGetsThePermissionToClick) {
     EXPECT_TRUE(isDesktopFileWritten());
 }
 
+TEST_F(KWin5Test, AProgramThatKWinDoesNotAcceptSaysSoAndDoesNotClick) {
+    writeSettings(desktop_, Settings{.clickRate = 10}.text());
+    CorvaneProcess corvane(desktop_, {.environment = {{"XDG_DATA_HOME", "/dev/null/nowhere"}}});
+    ASSERT_TRUE(corvane.waitUntilReady()) << corvane.story();
+    EXPECT_TRUE(corvane.waitForLog("Initial accessibility: false")) << corvane.story();
+    CorvaneProcess command(desktop_, {.arguments = {"start"}});
+    EXPECT_NE(command.process().waitForEnd(), (ProcessEnd{.exitCode = 0})) << command.story();
+    EXPECT_TRUE(staysQuiet());
+}
+
 TEST_F(KWin6Test, NoPermissionIsNeededToClick) {
     startClicking();
     EXPECT_FALSE(isDesktopFileWritten());
