@@ -8,8 +8,7 @@ namespace corvane::desktop {
 
 namespace {
 
-constexpr double nanosecondsPerMillisecond = 1e6;
-constexpr double nanosecondsPerSecond = 1e9;
+constexpr double millisecondsPerSecond = 1e3;
 
 double median(std::vector<double> values) {
     const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
@@ -21,7 +20,7 @@ double median(std::vector<double> values) {
 
 ClickReport::ClickReport(const std::vector<ButtonChange> &changes) {
     for (const ButtonChange &change : changes) {
-        const auto time = static_cast<double>(change.nanoseconds);
+        const auto time = static_cast<double>(change.milliseconds);
         if (change.isPress) {
             pressed_.push_back(time);
         } else {
@@ -38,15 +37,14 @@ std::string ClickReport::text() const {
     line << presses() << " presses, " << releases() << " releases";
     if (pressed_.size() > 1 && !holds_.empty()) {
         line << std::fixed << std::setprecision(2) << ", " << clicksPerSecond()
-             << " a second, held for " << median(holds_) / nanosecondsPerMillisecond
-             << " ms (median), " << *std::ranges::max_element(holds_) / nanosecondsPerMillisecond
-             << " ms at most";
+             << " a second, held for " << median(holds_) << " ms (median), "
+             << *std::ranges::max_element(holds_) << " ms at most";
     }
     return line.str();
 }
 
 double ClickReport::clicksPerSecond() const {
-    const double seconds = (pressed_.back() - pressed_.front()) / nanosecondsPerSecond;
+    const double seconds = (pressed_.back() - pressed_.front()) / millisecondsPerSecond;
     return static_cast<double>(pressed_.size() - 1) / seconds;
 }
 

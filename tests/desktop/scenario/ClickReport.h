@@ -21,7 +21,7 @@ class ClickReport {
   private:
     double clicksPerSecond() const;
 
-    /// When the button went down, and for how long; nanoseconds.
+    /// When the button went down, and for how long; milliseconds.
     std::vector<double> pressed_;
     std::vector<double> holds_;
     int releases_ = 0;

@@ -55,7 +55,7 @@ class X11Stage : public Stage {
         std::vector<ButtonChange> changes;
         for (const ButtonEvent &event : client_.events()) {
             if (event.button == 1) {
-                changes.push_back({event.isPress, event.nanoseconds});
+                changes.push_back({event.isPress, event.milliseconds});
             }
         }
         return changes;
@@ -127,7 +127,7 @@ class WaylandStage : public Stage {
         for (const PointerEvent &event : client_.events()) {
             if (event.kind == PointerEvent::Kind::press ||
                 event.kind == PointerEvent::Kind::release) {
-                changes.push_back({event.kind == PointerEvent::Kind::press, event.nanoseconds});
+                changes.push_back({event.kind == PointerEvent::Kind::press, event.milliseconds});
             }
         }
         return changes;

@@ -15,8 +15,8 @@ namespace corvane::desktop {
 /// The left button going down or up in the other program's window.
 struct ButtonChange {
     bool isPress = false;
-    /// The monotonic clock when the program saw it.
-    std::int64_t nanoseconds = 0;
+    /// Of the desktop's clock, when it happened.
+    std::int64_t milliseconds = 0;
 };
 
 /// A desktop on which the scenario is played, with a window of another program ("Target", 400 by
