@@ -24,7 +24,8 @@ Row rowOf(const Figure &figure) {
             target,
             measuredText(figure.median),
             measuredText(figure.p99),
-            ratio ? measuredText(*ratio) + " (" + figure.reference->name + ")" : "",
+            ratio && figure.reference ? measuredText(*ratio) + " (" + figure.reference->name + ")"
+                                      : "",
             target.empty()   ? ""
             : figure.isMet() ? "yes"
                              : "no"};

@@ -32,7 +32,7 @@ constexpr const char *chooseX11 =
     "Log out, choose a session whose name ends in \"on Xorg\" or \"X11\" on the login screen "
     "(often behind the gear button), and log in again.";
 constexpr const char *bindKey =
-    "Let a keyboard shortcut of your desktop run 'corvane toggle', or use the menu.";
+    "Let a keyboard shortcut of your desktop run 'corvane toggle --key', or use the menu.";
 
 /// What the running Corvane says of itself.
 struct Running {

@@ -69,8 +69,8 @@ class LinuxPlatform : public platform::Platform {
 
     /// Calls `changed` on the main thread whenever the user gives the right to click or takes it
     /// back.
-    void whenPermissionChanges(std::function<void()> changed) {
-        windowSystem_->whenPermissionChanges(std::move(changed));
+    void whenPermissionChanges(const std::function<void()> &changed) {
+        windowSystem_->whenPermissionChanges(changed);
     }
 
   private:

@@ -40,8 +40,8 @@ class PortalSystem : public WindowSystem {
                 overlayWindows_, screens_,      windowList_};
     }
 
-    void whenPermissionChanges(std::function<void()> changed) override {
-        permissionChanged_ = std::move(changed);
+    void whenPermissionChanges(const std::function<void()> &changed) override {
+        permissionChanged_ = changed;
     }
 
   private:

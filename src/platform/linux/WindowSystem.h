@@ -32,7 +32,7 @@ class WindowSystem {
 
     /// Calls `changed` whenever the user gives the right to click or takes it back; never where
     /// nobody grants it.
-    virtual void whenPermissionChanges(std::function<void()> /*changed*/) {}
+    virtual void whenPermissionChanges(const std::function<void()> & /*changed*/) {}
 };
 
 } // namespace corvane::linux

@@ -203,7 +203,7 @@ TEST(DoctorTest, KnowsWhoHasTheHotKey) {
     desktop.hotKey = HotKeyState::taken;
     EXPECT_THAT(diagnose(desktop).output,
                 HasSubstr("[limited] Hot key: Another program has Super+Shift+Y.\n"));
-    EXPECT_THAT(diagnose(desktop).output, HasSubstr("'corvane toggle'"));
+    EXPECT_THAT(diagnose(desktop).output, HasSubstr("'corvane toggle --key'"));
     EXPECT_THAT(diagnose(desktop, running("idle", true)).output,
                 HasSubstr("[ok]      Hot key: It belongs to the running Corvane."));
     EXPECT_THAT(diagnose(desktop, running("idle", false)).output,

@@ -166,7 +166,7 @@ BusSlot BusConnection::slotFor(Handler handle,
     sd_bus_slot_set_destroy_callback(slot, [](void *handler) {
         const std::unique_ptr<Handler> owner(static_cast<Handler *>(handler));
     });
-    static_cast<void>(kept.release());
+    kept.release(); // NOLINT(bugprone-unused-return-value): the slot owns it
     update();
     return BusSlot(slot);
 }

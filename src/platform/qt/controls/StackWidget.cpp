@@ -122,8 +122,8 @@ std::vector<StackWidget::Child> StackWidget::matchChildren(const std::vector<Vie
     std::vector<Child> former = std::exchange(children_, {});
     std::vector<Child> next;
     for (std::size_t index = 0; index < children.size(); ++index) {
-        if (matches[index]) {
-            ViewWidget *widget = std::exchange(former[*matches[index]].widget, nullptr);
+        if (const auto match = matches[index]) {
+            ViewWidget *widget = std::exchange(former[*match].widget, nullptr);
             next.push_back({nextKinds[index], widget, false});
         } else {
             next.push_back({nextKinds[index], makeViewWidget(children[index], symbols_), true});

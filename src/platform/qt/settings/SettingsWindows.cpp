@@ -31,9 +31,10 @@ class NativeSettingsWindow : public platform::NativeSettingsWindow {
   public:
     NativeSettingsWindow(const OwnWindows &ownWindows, const SettingsWindow &window,
                          std::shared_ptr<drawing::SymbolImages> symbols,
-                         const std::function<void(const std::string &)> &toolbarItemSelected)
+                         std::function<void(const std::string &)> toolbarItemSelected)
         : ownWindows_(ownWindows),
-          widget_(new SettingsWindowWidget(window, std::move(symbols), toolbarItemSelected)) {}
+          widget_(new SettingsWindowWidget(window, std::move(symbols),
+                                           std::move(toolbarItemSelected))) {}
 
     bool isVisible() const override { return widget_->isVisible(); }
 
