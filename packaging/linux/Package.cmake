@@ -15,8 +15,9 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE "${package_revision}")
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The texts that the toolkit adds, such as a text field's menu, in other languages than English.
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libpipewire-0.3-0 | libpipewire-0.3-0t64, qt6-translations-l10n")
+# Clicks on Plasma 6 and GNOME 48, where Debian has the library; the pointer on GNOME; the texts that
+# the toolkit adds, such as a text field's menu, in other languages than English.
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "libei1, libpipewire-0.3-0 | libpipewire-0.3-0t64, qt6-translations-l10n")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Corvane lives in the panel and clicks the left mouse button, at the cursor or
 only while the cursor is inside a zone drawn on the screen, at a rate per
