@@ -48,7 +48,7 @@ struct SignalFilter {
     std::string firstArgument{};
 };
 
-/// The filter as a match rule of the D-Bus specification.
+/// The filter as a match rule of D-Bus.
 std::string signalRule(const SignalFilter &filter);
 
 /// For the signal that a name on the bus has another owner, or none.
@@ -84,7 +84,7 @@ class BusConnection {
     /// Exports an object, which outlives the slot, by a table of the library.
     BusSlot addObject(const std::string &path, const char *interface, const sd_bus_vtable *table,
                       void *object);
-    /// Subscribes to the signals that match a rule of the D-Bus specification.
+    /// Subscribes to the signals that match a rule of D-Bus.
     BusSlot subscribe(const std::string &rule, Handler handle);
 
     BusMessage newSignal(const std::string &path, const char *interface, const char *name) const;
